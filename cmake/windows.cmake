@@ -1,0 +1,27 @@
+enable_language(RC)
+file(GLOB_RECURSE win32_sources CONFIGURE_DEPENDS src/platform/win32/*.cpp src/flatlook/win32/*.cpp)
+
+add_library(gateway STATIC ${portable_sources} ${win32_sources})
+target_include_directories(gateway PUBLIC src ${CMAKE_CURRENT_BINARY_DIR}/generated)
+target_compile_definitions(gateway PUBLIC UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX
+  WINVER=0x0A00 _WIN32_WINNT=0x0A00)
+target_compile_options(gateway PUBLIC -ffunction-sections -fdata-sections -fstack-protector-strong)
+target_link_options(gateway PUBLIC -static -fstack-protector-strong -Wl,--gc-sections)
+target_link_libraries(gateway PUBLIC comctl32 comdlg32 gdi32 ole32 oleaut32 shell32 shlwapi uuid
+  version advapi32)
+target_link_libraries(gateway PRIVATE gateway_warnings)
+
+add_executable(gateway3 WIN32 src/main.cpp resources/gateway.rc)
+# windres reads UTF-8; the pictures named in the script are its dependencies.
+set_source_files_properties(resources/gateway.rc PROPERTIES COMPILE_OPTIONS "-c;65001")
+file(GLOB picture_files CONFIGURE_DEPENDS resources/icons/*.ico resources/pictures/*.bmp)
+set_source_files_properties(resources/gateway.rc PROPERTIES OBJECT_DEPENDS
+  "${picture_files};${CMAKE_SOURCE_DIR}/resources/gateway.manifest")
+target_include_directories(gateway3 PRIVATE resources)
+target_link_options(gateway3 PRIVATE -municode -s)
+target_link_libraries(gateway3 PRIVATE gateway gateway_warnings)
+set_target_properties(gateway3 PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
+
+if(EXISTS ${CMAKE_SOURCE_DIR}/tests/desktop/CMakeLists.txt)
+  add_subdirectory(tests/desktop)
+endif()

@@ -1,0 +1,39 @@
+// Facts about the running program, and its life.
+#pragma once
+
+#include <string>
+
+namespace platform::application {
+
+/// Title of the program, also the default title of message boxes.
+inline constexpr const wchar_t* title = L"Quillmark Suite 3 Gateway";
+
+/// Name under which the program keeps its per-user settings.
+inline constexpr const wchar_t* settingsName = L"Quillmark Suite 3";
+
+/// Version number from the version resource.
+struct Version {
+  int major = 0;
+  int minor = 0;
+  int revision = 0;
+};
+
+/// Folder of the running executable, without a trailing backslash.
+[[nodiscard]] std::wstring folder();
+
+/// Version of the running executable; zeros when it has no version resource.
+[[nodiscard]] Version version();
+
+/// Legal copyright text of the version resource, "" when there is none.
+[[nodiscard]] std::wstring copyright();
+
+/// Whether another copy of the program was already running in this session when this one began.
+[[nodiscard]] bool previousInstance();
+
+/// Lets the window system run: one pass over the messages that are waiting.
+void processPendingMessages();
+
+/// Ends the program at once, without any further clean-up.
+[[noreturn]] void end();
+
+}  // namespace platform::application

@@ -1,0 +1,191 @@
+// A list view: the object owns columns, items, order and selection; a native peer only asks for
+// the rows that it paints.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/controls/control.h"
+#include "platform/controls/image_list.h"
+
+namespace controls {
+
+/// View modes, as the list view numbers them.
+inline constexpr int iconView = 0;
+inline constexpr int reportView = 3;
+
+/// Sort orders, as the list view numbers them.
+inline constexpr int ascending = 0;
+inline constexpr int descending = 1;
+
+/// Native side of a list view, with what only it can know.
+class ListViewPeer : public Peer {
+ public:
+  /// Displayed index of the first row that is in view.
+  [[nodiscard]] virtual std::size_t topIndex() const = 0;
+  /// Scrolls so that the row `index` is the first in view, as far as the list is long enough.
+  virtual void scrollTo(std::size_t index) = 0;
+};
+
+/// Keys that a list hands to its window.
+enum class ListKey { remove, rename, insert, reload };
+
+class ListView : public Control {
+ public:
+  using Control::Control;
+  [[nodiscard]] Kind kind() const override { return Kind::listView; }
+
+  // --- columns ---
+
+  struct Column {
+    std::wstring text;
+    int widthTwips = 0;  ///< 0 hides the column; it carries data for the code only.
+  };
+  void addColumn(std::wstring text, int widthTwips);
+  [[nodiscard]] const std::vector<Column>& columns() const { return columns_; }
+  /// Raises 35600 when there is no such column (from 0).
+  void setColumnWidth(std::size_t column, int widthTwips);
+  /// The user dragged a column to another width; tells nobody.
+  void acceptColumnWidth(std::size_t column, int widthTwips);
+  [[nodiscard]] bool headersHidden() const { return headersHidden_; }
+  void setHeadersHidden(bool hidden) { assign(headersHidden_, hidden, Change::columns); }
+
+  // --- items; an index is a place in the displayed order and counts from 0 ---
+
+  /// An item to add. `subItems[0]` is sub-item 1.
+  struct Item {
+    std::wstring text;
+    std::wstring icon;  ///< Key in both image lists, "" for no picture.
+    std::vector<std::wstring> subItems;
+  };
+  /// Adds an item, in its sorted place when the list is sorted and at the end otherwise. The first
+  /// item of an empty list becomes the selected one.
+  void add(Item item);
+  /// Removes all items; nothing is selected afterwards.
+  void clear();
+  /// Makes room for `count` items.
+  void reserve(std::size_t count);
+  [[nodiscard]] std::size_t count() const { return items_.size(); }
+  [[nodiscard]] const std::wstring& text(std::size_t index) const;
+  /// In a list sorted by the text the item moves to its new place.
+  void setText(std::size_t index, std::wstring text);
+  [[nodiscard]] const std::wstring& icon(std::size_t index) const;
+  /// Sub-item `n` (from 1); "" when it was never set.
+  [[nodiscard]] const std::wstring& subItem(std::size_t index, std::size_t n) const;
+  void setSubItem(std::size_t index, std::size_t n, std::wstring text);
+  /// Index of the next item from `from` on, wrapping round, whose text begins with `prefix`
+  /// without regard to case. Nothing when there is none.
+  [[nodiscard]] std::optional<std::size_t> find(const std::wstring& prefix, std::size_t from) const;
+
+  // --- selection ---
+
+  /// The selected item, nothing when there is none.
+  [[nodiscard]] std::optional<std::size_t> selected() const;
+  /// The selected item; raises 91 when there is none.
+  [[nodiscard]] std::size_t selectedItem() const;
+  void select(std::size_t index);
+  /// The item with the focus mark, nothing when there is none.
+  [[nodiscard]] std::optional<std::size_t> focused() const;
+  /// The user moved selection or focus mark in the native list; tells nobody.
+  void acceptSelection(std::size_t index) { selected_ = focused_ = ordered(index); }
+  void acceptFocus(std::size_t index) { focused_ = ordered(index); }
+
+  // --- view, order, pictures ---
+
+  [[nodiscard]] int view() const { return view_; }
+  void setView(int view) { assign(view_, view, Change::view); }
+  [[nodiscard]] bool sorted() const { return sorted_; }
+  void setSorted(bool sorted);
+  /// Column that the list is sorted by, from 0 (the text).
+  [[nodiscard]] int sortKey() const { return sortKey_; }
+  void setSortKey(int column);
+  [[nodiscard]] int sortOrder() const { return sortOrder_; }
+  void setSortOrder(int order);
+  /// Image lists, not owned; nullptr for none.
+  void setImages(const ImageList* large, const ImageList* small);
+  [[nodiscard]] const ImageList* largeImages() const { return largeImages_; }
+  [[nodiscard]] const ImageList* smallImages() const { return smallImages_; }
+
+  /// Tells the peer once, at its end, of all changes made to the items while it lives.
+  class Update {
+   public:
+    explicit Update(ListView& list) : list_(list) { ++list_.updating_; }
+    Update(const Update&) = delete;
+    Update& operator=(const Update&) = delete;
+    ~Update() {
+      --list_.updating_;
+      list_.itemsChanged();
+    }
+
+   private:
+    ListView& list_;
+  };
+
+  /// Keeps selection, focus mark and scroll position on the same entries while the list is rebuilt:
+  /// remembers the entries by key and finds them again when it ends. Includes an `Update`.
+  class KeepPlace {
+   public:
+    /// `keyOf` gives what identifies the entry at an index.
+    KeepPlace(ListView& list, std::function<std::wstring(const ListView&, std::size_t)> keyOf);
+    KeepPlace(const KeepPlace&) = delete;
+    KeepPlace& operator=(const KeepPlace&) = delete;
+    ~KeepPlace();
+
+   private:
+    struct Mark {
+      bool set = false;
+      std::wstring key;
+      std::optional<std::size_t> found;
+    };
+    ListView& list_;
+    std::function<std::wstring(const ListView&, std::size_t)> keyOf_;
+    std::size_t topIndex_;
+    Mark selected_;
+    Mark focused_;
+    Mark top_;
+  };
+
+  // --- events ---
+
+  std::function<void()> onDoubleClick;
+  /// Column header clicked; the index counts from 1.
+  std::function<void(int)> onColumnClick;
+  std::function<void(ListKey)> onKey;
+  void raiseDoubleClick();
+  void raiseColumnClick(int index);
+  void raiseKey(ListKey key);
+
+ private:
+  friend class Update;
+  using Place = std::uint32_t;  // position in items_, stable while the order changes
+
+  [[nodiscard]] const Item& at(std::size_t index) const;
+  Item& at(std::size_t index);
+  [[nodiscard]] Place ordered(std::size_t index) const;
+  [[nodiscard]] std::optional<std::size_t> indexOf(std::optional<Place> place) const;
+  void itemsChanged();
+  void orderChanged();
+  void ensureOrder() const;
+
+  std::vector<Column> columns_;
+  bool headersHidden_ = false;
+  std::vector<Item> items_;
+  mutable std::vector<Place> order_;
+  mutable bool orderStale_ = false;
+  std::optional<Place> selected_;
+  std::optional<Place> focused_;
+  int view_ = iconView;
+  bool sorted_ = false;
+  int sortKey_ = 0;
+  int sortOrder_ = ascending;
+  const ImageList* largeImages_ = nullptr;
+  const ImageList* smallImages_ = nullptr;
+  int updating_ = 0;
+  bool changedWhileUpdating_ = false;
+};
+
+}  // namespace controls

@@ -1,0 +1,21 @@
+// The shell's special folders.
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace controls {
+class Window;
+}
+
+namespace platform::folders {
+
+/// The user's documents folder, the only special folder the program asks for.
+inline constexpr int personal = 5;
+
+/// Path of a special folder exactly as the shell reports it (a drive's root keeps its backslash).
+/// Nothing when the shell does not know the folder or it has no path. `owner` owns whatever the
+/// shell shows on the way.
+[[nodiscard]] std::optional<std::wstring> specialFolder(const controls::Window& owner, int id);
+
+}  // namespace platform::folders

@@ -1,0 +1,40 @@
+// Native windows for the program's window objects.
+//
+// A window object and its controls are complete without any of this; these calls give them a
+// face. The native side holds peers that mirror property changes and call the raise functions.
+#pragma once
+
+#include <string>
+
+#include "platform/geometry.h"
+
+namespace controls {
+class Window;
+}
+
+namespace platform::windows {
+
+/// Creates the hidden native window and the native controls of `window` and attaches their peers.
+/// Raises 7 when the system refuses a window.
+void create(controls::Window& window);
+
+/// Detaches all peers of `window` and destroys its native windows and timers.
+void destroy(controls::Window& window);
+
+/// Processes messages until `window` is no longer loaded; other windows take no input meanwhile.
+void runModal(controls::Window& window);
+
+/// The program's main loop: processes messages until `mainWindow` is no longer loaded.
+void run(controls::Window& mainWindow);
+
+/// A text style of the program's windows.
+struct Font {
+  int pointSize = 9;
+  bool bold = false;
+  bool operator==(const Font&) const = default;
+};
+
+/// Size in pixels of `text` on one line in `font` at `dpi`.
+[[nodiscard]] Size textSize(const std::wstring& text, const Font& font, int dpi);
+
+}  // namespace platform::windows

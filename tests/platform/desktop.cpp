@@ -1,0 +1,288 @@
+#include "platform/desktop.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+
+#include "platform/link_text.h"
+#include "platform/run_time_error.h"
+#include "platform/text.h"
+#include "platform/window_record.h"
+
+namespace desktop {
+
+using platform::RunTimeError;
+using platform::dialogs::Answer;
+using platform::dialogs::MessageStyle;
+using platform::text::upper;
+
+namespace {
+
+std::wstring twoDigits(int number) { return (number < 10 ? L"0" : L"") + std::to_wstring(number); }
+
+std::wstring shortDate(const DateTime& moment) {
+  return std::to_wstring(moment.month) + L"/" + std::to_wstring(moment.day) + L"/" +
+         std::to_wstring(moment.year);
+}
+
+std::wstring shortDateAndTime(const DateTime& moment) {
+  const int hour = moment.hour % 12 == 0 ? 12 : moment.hour % 12;
+  return shortDate(moment) + L" " + std::to_wstring(hour) + L":" + twoDigits(moment.minute) + L":" +
+         twoDigits(moment.second) + (moment.hour < 12 ? L" AM" : L" PM");
+}
+
+std::wstring settingName(const std::wstring& section, const std::wstring& key) {
+  return upper(section) + L"\\" + upper(key);
+}
+
+std::wstring registryName(platform::registry::Root root, const std::wstring& key,
+                          const std::wstring& name) {
+  const bool user = root == platform::registry::Root::currentUser;
+  return (user ? L"user\\" : L"machine\\") + upper(key) + L"\n" + upper(name);
+}
+
+}  // namespace
+
+Desktop& desktop() {
+  static Desktop theDesktop;
+  return theDesktop;
+}
+
+Desktop::Desktop() { reset(); }
+
+Desktop::~Desktop() = default;
+
+void Desktop::reset() {
+  while (!windows_.empty()) {
+    closeWindow(windows_.back()->window());
+  }
+  clock_.reset();
+  disk_ = std::make_unique<FileSystem>([this] { return clock_.now(); });
+  putFolder(L"C:\\App");
+  putFolder(L"C:\\Users\\Ann\\Documents");
+  putFolder(L"C:\\Windows");
+  onReplace = nullptr;
+  calls_ = 0;
+  failNothing();
+  journal_.clear();
+  formatDate = shortDate;
+  formatDateAndTime = shortDateAndTime;
+  answers.clear();
+  messages.clear();
+  errorReports.clear();
+  onMessage = nullptr;
+  inputAnswers.clear();
+  inputs.clear();
+  fileDialogResults.clear();
+  fileDialogs.clear();
+  starts.clear();
+  linkWrites.clear();
+  linkFailure.reset();
+  browserResult = 42;
+  browsed.clear();
+  helpShown.clear();
+  documents = L"C:\\Users\\Ann\\Documents";
+  icons_.clear();
+  iconsAsked.clear();
+  applicationFolder = L"C:\\App";
+  version = {3, 0, 0};
+  copyright = L"Copyright \u00A9 2026 Quillmark";
+  previousInstance = false;
+  onPump = nullptr;
+  pumps = 0;
+  settings_.clear();
+  registry_.clear();
+  registryQueries.clear();
+  dpi = platform::designDpi;
+  active_ = nullptr;
+  onMistake = nullptr;
+  shownCounts.clear();
+  activatedCounts.clear();
+}
+
+void Desktop::putFile(const std::wstring& path, const std::string& bytes, unsigned attributes,
+                      platform::files::FileTime modified) {
+  disk_->putFile(path, bytes, attributes, modified);
+}
+
+void Desktop::putFolder(const std::wstring& path) { disk_->putFolder(path); }
+
+void Desktop::putProgram(const std::wstring& path) { putFile(path, "MZ a program"); }
+
+void Desktop::putLink(const std::wstring& path, const platform::shell_links::Link& link) {
+  putFile(path, textOf(link));
+}
+
+std::optional<std::string> Desktop::bytesOf(const std::wstring& path) const {
+  return disk_->bytesOf(path);
+}
+
+bool Desktop::has(const std::wstring& path) const { return disk_->has(path); }
+
+std::vector<std::wstring> Desktop::namesIn(const std::wstring& folder) const {
+  return disk_->namesIn(folder);
+}
+
+void Desktop::setReadOnly(const std::wstring& path, bool readOnly) {
+  disk_->setReadOnly(path, readOnly);
+}
+
+void Desktop::setHidden(const std::wstring& path, bool hidden) { disk_->setHidden(path, hidden); }
+
+void Desktop::lock(const std::wstring& path) { disk_->setLocked(path, true); }
+
+void Desktop::unlock(const std::wstring& path) { disk_->setLocked(path, false); }
+
+void Desktop::alias(const std::wstring& shortPath, const std::wstring& longPath) {
+  disk_->alias(shortPath, longPath);
+}
+
+std::optional<platform::shell_links::Link> Desktop::linkAt(const std::wstring& path) const {
+  const auto bytes = bytesOf(path);
+  return bytes ? linkOf(*bytes) : std::nullopt;
+}
+
+void Desktop::failCall(int n, int number, bool forever) {
+  failAt_ = calls_ + n;
+  failWith_ = number;
+  failForever_ = forever;
+}
+
+void Desktop::failNothing() {
+  failAt_ = 0;
+  failWith_ = 0;
+  failForever_ = false;
+}
+
+bool Desktop::journalHas(const std::wstring& line) const { return journalPlace(line).has_value(); }
+
+std::optional<std::size_t> Desktop::journalPlace(const std::wstring& line) const {
+  const auto found = std::find(journal_.begin(), journal_.end(), line);
+  if (found == journal_.end()) {
+    return std::nullopt;
+  }
+  return static_cast<std::size_t>(found - journal_.begin());
+}
+
+void Desktop::call(const std::wstring& what) {
+  call(what, [] {});
+}
+
+void Desktop::call(const std::wstring& what, const std::function<void()>& operation) {
+  const std::size_t line = journal_.size();
+  note(what);
+  try {
+    look(operation);
+  } catch (const RunTimeError& failure) {
+    // The journal may have been cleared by a hook that ran meanwhile.
+    if (line < journal_.size()) {
+      journal_[line] += L" failed " + std::to_wstring(failure.number());
+    }
+    throw;
+  }
+}
+
+void Desktop::look(const std::function<void()>& operation) {
+  ++calls_;
+  if (failAt_ > 0 && (calls_ == failAt_ || (failForever_ && calls_ > failAt_))) {
+    throw RunTimeError(failWith_);
+  }
+  operation();
+}
+
+void Desktop::setNow(const DateTime& now) { clock_.setNow(fileTime(now)); }
+
+void Desktop::advance(int milliseconds) { clock_.advance(milliseconds); }
+
+void Desktop::at(int milliseconds, std::function<void()> action) {
+  clock_.set(milliseconds, std::move(action), false);
+}
+
+void Desktop::mistake(const std::string& what) const {
+  if (!onMistake) {
+    static_cast<void>(std::fprintf(stderr, "%s\n", what.c_str()));
+    std::abort();
+  }
+  onMistake(what);
+}
+
+Answer Desktop::show(Message message) {
+  note(L"message " + message.text);
+  const bool asks =
+      message.style == MessageStyle::yesNoWarning || message.style == MessageStyle::yesNoQuestion;
+  if (asks) {
+    if (answers.empty()) {
+      mistake("A message box asks and the test has no answer for it: " +
+              platform::text::toCodePage(message.text));
+      message.answer = Answer::no;
+    } else {
+      message.answer = answers.front();
+      answers.pop_front();
+    }
+  }
+  messages.push_back(message);
+  if (onMessage) {
+    onMessage(message);
+  }
+  return message.answer;
+}
+
+std::wstring Desktop::ask(Input input) {
+  note(L"input " + input.prompt);
+  if (inputAnswers.empty()) {
+    mistake("An input box asks and the test has no answer for it: " +
+            platform::text::toCodePage(input.prompt));
+  } else {
+    input.answer = inputAnswers.front().value_or(input.defaultAnswer);
+    inputAnswers.pop_front();
+  }
+  inputs.push_back(input);
+  return input.answer;
+}
+
+void Desktop::setIcon(const std::wstring& program, std::uint32_t colour) {
+  icons_[upper(program)] = colour;
+}
+
+std::optional<std::uint32_t> Desktop::iconColour(const std::wstring& program) const {
+  const auto found = icons_.find(upper(program));
+  if (found == icons_.end() || !has(program)) {
+    return std::nullopt;
+  }
+  return found->second;
+}
+
+void Desktop::setSetting(const std::wstring& section, const std::wstring& key,
+                         const std::wstring& value) {
+  settings_[settingName(section, key)] = value;
+}
+
+std::optional<std::wstring> Desktop::setting(const std::wstring& section,
+                                             const std::wstring& key) const {
+  const auto found = settings_.find(settingName(section, key));
+  return found == settings_.end() ? std::nullopt : std::optional(found->second);
+}
+
+void Desktop::setRegistry(platform::registry::Root root, const std::wstring& key,
+                          const std::wstring& name, platform::registry::Value value) {
+  registry_[registryName(root, key, name)] = std::move(value);
+}
+
+void Desktop::setRegistryText(platform::registry::Root root, const std::wstring& key,
+                              const std::wstring& name, const std::wstring& text) {
+  platform::registry::Value value{platform::registry::typeString, {}};
+  for (const wchar_t c : text + L'\0') {
+    value.bytes.push_back(static_cast<std::uint8_t>(c & 0xFF));
+    value.bytes.push_back(static_cast<std::uint8_t>((c >> 8) & 0xFF));
+  }
+  setRegistry(root, key, name, std::move(value));
+}
+
+std::optional<platform::registry::Value> Desktop::registryValue(platform::registry::Root root,
+                                                                const std::wstring& key,
+                                                                const std::wstring& name) const {
+  const auto found = registry_.find(registryName(root, key, name));
+  return found == registry_.end() ? std::nullopt : std::optional(found->second);
+}
+
+}  // namespace desktop

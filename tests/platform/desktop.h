@@ -1,0 +1,296 @@
+// The in-memory desktop that unit tests link in place of the Windows side of the platform.
+//
+// There is one of it for the process, because the platform's functions are plain functions. Tests
+// derive from `DesktopTest` (desktop_test.h), which resets it before every test.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include "platform/application.h"
+#include "platform/controls/window.h"
+#include "platform/dialogs.h"
+#include "platform/file_system.h"
+#include "platform/files.h"
+#include "platform/pictures.h"
+#include "platform/registry.h"
+#include "platform/shell_links.h"
+#include "platform/virtual_clock.h"
+
+namespace desktop {
+
+/// Thrown by `application::end`. It is no standard exception, so that nothing in the program that
+/// traps errors can trap it.
+struct ProgramEnded {};
+
+/// A message box that was shown. An error report is one too, with the critical style.
+struct Message {
+  std::wstring text;
+  platform::dialogs::MessageStyle style = platform::dialogs::MessageStyle::information;
+  std::wstring title;
+  platform::dialogs::Answer answer = platform::dialogs::Answer::ok;
+};
+
+/// An input box that was shown.
+struct Input {
+  std::wstring prompt;
+  std::wstring title;
+  std::wstring defaultAnswer;
+  std::wstring answer;
+};
+
+/// A program that was started.
+struct Start {
+  std::wstring executable;
+  std::wstring commandLine;
+  bool operator==(const Start&) const = default;
+};
+
+/// A shortcut that was written.
+struct LinkWrite {
+  std::wstring path;
+  platform::shell_links::Link link;
+};
+
+/// An address that was handed to the shell.
+struct Browse {
+  std::wstring address;
+  int showCommand = 0;
+};
+
+/// A help viewer that was opened; `command` only has a meaning for classic help.
+struct Help {
+  bool compiled = false;
+  std::wstring file;
+  int command = 0;
+};
+
+/// A registry value that was asked for.
+struct RegistryQuery {
+  platform::registry::Root root = platform::registry::Root::currentUser;
+  std::wstring key;
+  std::wstring name;
+  std::uint32_t access = 0;
+  std::size_t bufferBytes = 0;
+};
+
+/// What the desktop keeps for each native window.
+struct WindowRecord;
+
+class Desktop {
+ public:
+  Desktop();
+  Desktop(const Desktop&) = delete;
+  Desktop& operator=(const Desktop&) = delete;
+  ~Desktop();
+
+  /// Back to the state of a fresh system: the folders C:\App, C:\Users\Ann\Documents and
+  /// C:\Windows, 20 November 2026 14:30:15, nothing scripted, nothing recorded.
+  void reset();
+
+  // --- parts ---
+
+  /// The disk. Also reached by the short calls below.
+  FileSystem& disk() { return *disk_; }
+  /// The clock with the timers of the loaded windows.
+  VirtualClock& clock() { return clock_; }
+
+  // --- files (see file_system.h) ---
+
+  /// Puts a file there with all its folders, in the place of one of that name.
+  /// `modified` 0 stands for now.
+  void putFile(const std::wstring& path, const std::string& bytes,
+               unsigned attributes = platform::files::normal,
+               platform::files::FileTime modified = 0);
+  /// Makes a folder and those above it.
+  void putFolder(const std::wstring& path);
+  /// A file that can be started.
+  void putProgram(const std::wstring& path);
+  /// A shortcut, without a record in `linkWrites`.
+  void putLink(const std::wstring& path, const platform::shell_links::Link& link);
+  /// Takes a file or a folder with its content away, whatever its attributes and locks.
+  void take(const std::wstring& path) { disk_->take(path); }
+  /// Bytes of a file; nothing when there is no such file.
+  [[nodiscard]] std::optional<std::string> bytesOf(const std::wstring& path) const;
+  /// Whether there is a file or a folder of that path, whatever its attributes.
+  [[nodiscard]] bool has(const std::wstring& path) const;
+  /// Names in a folder, hidden ones too, in directory order.
+  [[nodiscard]] std::vector<std::wstring> namesIn(const std::wstring& folder) const;
+  void setReadOnly(const std::wstring& path, bool readOnly = true);
+  void setHidden(const std::wstring& path, bool hidden = true);
+  /// While a file is locked every operation on it raises 70.
+  void lock(const std::wstring& path);
+  void unlock(const std::wstring& path);
+  /// Gives a file or folder the short name that is the last component of `shortPath`.
+  void alias(const std::wstring& shortPath, const std::wstring& longPath);
+  /// The shortcut stored in a file, nothing when it holds none.
+  [[nodiscard]] std::optional<platform::shell_links::Link> linkAt(const std::wstring& path) const;
+  /// Runs just before `files::replace` looks at its target, once per call: another program that
+  /// writes in that moment.
+  std::function<void()> onReplace;
+
+  // --- failing calls, and the journal ---
+
+  /// Makes the n-th call from now (1 is the next one) that can raise an error raise `number`
+  /// instead of working; with `forever` every later one too. A `writeWhole` that fails with 61 or
+  /// 57 leaves the first half of its bytes behind.
+  void failCall(int n, int number, bool forever = false);
+  /// Forgets what `failCall` asked for.
+  void failNothing();
+  /// Number of calls that could have raised an error, since the reset.
+  [[nodiscard]] int calls() const { return calls_; }
+  /// What the program did to the desktop, in order: "make folder P", "remove P", "rename P -> Q",
+  /// "copy P -> Q", "read P", "read to append P", "write P", "replace P -> Q" (with " (changed)"
+  /// when it was refused), "setting S\K = V", "link P", "start E", "browse A", "classic help F",
+  /// "compiled help F", "message T", "error N", "input P", "open file dialog", "create W",
+  /// "show W", "activate W", "destroy W", "modal W", "run W", "tick T", "pump", "end".
+  /// Calls that only look are not in it; a call that failed is, with " failed N" behind it.
+  [[nodiscard]] const std::vector<std::wstring>& journal() const { return journal_; }
+  /// Whether the journal has that line.
+  [[nodiscard]] bool journalHas(const std::wstring& line) const;
+  /// Place of the first such line, nothing when there is none; for questions of order.
+  [[nodiscard]] std::optional<std::size_t> journalPlace(const std::wstring& line) const;
+  void clearJournal() { journal_.clear(); }
+
+  // --- time ---
+
+  /// Sets the date and time; timers keep the waits that they have left.
+  void setNow(const DateTime& now);
+  [[nodiscard]] platform::files::FileTime now() const { return clock_.now(); }
+  /// Lets time pass: timers tick and scripted actions run, each at its moment.
+  void advance(int milliseconds);
+  /// Runs `action` that many milliseconds from now, when time gets there.
+  void at(int milliseconds, std::function<void()> action);
+  /// Texts of dates; by default "11/20/2026" and "11/20/2026 2:30:15 PM".
+  std::function<std::wstring(const DateTime&)> formatDate;
+  std::function<std::wstring(const DateTime&)> formatDateAndTime;
+
+  // --- dialogs ---
+
+  /// Answers of the Yes/No boxes to come. A box without one is a mistake of the test: it is
+  /// reported and answered No.
+  std::deque<platform::dialogs::Answer> answers;
+  std::vector<Message> messages;
+  /// Numbers of the error reports, which are in `messages` too.
+  std::vector<int> errorReports;
+  /// Runs while a message box is up.
+  std::function<void(const Message&)> onMessage;
+  /// Texts typed into the input boxes to come; nothing stands for "leave the default and OK".
+  std::deque<std::optional<std::wstring>> inputAnswers;
+  std::vector<Input> inputs;
+  /// Results of the file dialogs to come: a path, or the number of an error (32755 is Cancel).
+  std::deque<std::variant<std::wstring, int>> fileDialogResults;
+  std::vector<platform::dialogs::OpenFileRequest> fileDialogs;
+
+  // --- other programs, the shell ---
+
+  std::vector<Start> starts;
+  std::vector<LinkWrite> linkWrites;
+  /// Number that every write of a shortcut raises.
+  std::optional<int> linkFailure;
+  std::intptr_t browserResult = 42;
+  std::vector<Browse> browsed;
+  std::vector<Help> helpShown;
+  /// Documents folder as the shell reports it; nothing when the shell has none.
+  std::optional<std::wstring> documents;
+  /// Gives a program file an icon: a square of one colour, 0xAARRGGBB.
+  void setIcon(const std::wstring& program, std::uint32_t colour);
+  /// Files whose icon was asked for, and the side.
+  std::vector<std::pair<std::wstring, int>> iconsAsked;
+
+  // --- the program ---
+
+  std::wstring applicationFolder;
+  platform::application::Version version;
+  std::wstring copyright;
+  bool previousInstance = false;
+  /// Runs during every pass over the pending messages.
+  std::function<void()> onPump;
+  int pumps = 0;
+
+  // --- settings and registry ---
+
+  void setSetting(const std::wstring& section, const std::wstring& key, const std::wstring& value);
+  [[nodiscard]] std::optional<std::wstring> setting(const std::wstring& section,
+                                                    const std::wstring& key) const;
+  void setRegistry(platform::registry::Root root, const std::wstring& key, const std::wstring& name,
+                   platform::registry::Value value);
+  /// A text value, stored with its final NUL.
+  void setRegistryText(platform::registry::Root root, const std::wstring& key,
+                       const std::wstring& name, const std::wstring& text);
+  std::vector<RegistryQuery> registryQueries;
+
+  // --- windows ---
+
+  /// Dots per inch of the screen on which windows appear.
+  int dpi = platform::designDpi;
+  /// Windows that have a native window now, the oldest first.
+  [[nodiscard]] std::vector<controls::Window*> windows() const;
+  /// The open window of that name, nullptr when there is none.
+  [[nodiscard]] controls::Window* window(const std::wstring& name) const;
+  /// How often a window of that name was shown or activated by the program, since the reset.
+  [[nodiscard]] int shown(const std::wstring& name) const;
+  [[nodiscard]] int activated(const std::wstring& name) const;
+  /// The window that is in front, nullptr when there is none.
+  [[nodiscard]] controls::Window* active() const { return active_; }
+
+  // --- mistakes of a test ---
+
+  /// Told when a test left something unscripted (an unanswered box, a modal window that nothing
+  /// would ever close). `DesktopTest` makes a test failure of it; without a receiver it aborts.
+  std::function<void(const std::string&)> onMistake;
+
+  // --- for the implementation of the seam ---
+
+  /// One call that can fail: counts it, writes it into the journal and raises what `failCall`
+  /// asked for.
+  void call(const std::wstring& what);
+  /// Runs `operation` as one such call; an error that it raises is marked in the journal.
+  void call(const std::wstring& what, const std::function<void()>& operation);
+  /// The same for a call that only looks and has no line in the journal.
+  void look(const std::function<void()>& operation);
+  void note(const std::wstring& what) { journal_.push_back(what); }
+  /// Adds to the last line of the journal.
+  void amend(const std::wstring& more) { journal_.back() += more; }
+  void mistake(const std::string& what) const;
+  platform::dialogs::Answer show(Message message);
+  std::wstring ask(Input input);
+  void openWindow(controls::Window& window);
+  void closeWindow(controls::Window& window);
+  void runUntilUnloaded(controls::Window& window);
+  void bringToFront(controls::Window& window);
+  std::optional<platform::registry::Value> registryValue(platform::registry::Root root,
+                                                         const std::wstring& key,
+                                                         const std::wstring& name) const;
+  std::optional<std::uint32_t> iconColour(const std::wstring& program) const;
+  std::map<std::wstring, int> shownCounts;
+  std::map<std::wstring, int> activatedCounts;
+
+ private:
+  std::unique_ptr<FileSystem> disk_;
+  VirtualClock clock_;
+  int calls_ = 0;
+  int failAt_ = 0;
+  int failWith_ = 0;
+  bool failForever_ = false;
+  std::vector<std::wstring> journal_;
+  std::map<std::wstring, std::wstring> settings_;
+  std::map<std::wstring, platform::registry::Value> registry_;
+  std::map<std::wstring, std::uint32_t> icons_;
+  std::vector<std::unique_ptr<WindowRecord>> windows_;
+  controls::Window* active_ = nullptr;
+};
+
+/// The desktop of this process.
+Desktop& desktop();
+
+}  // namespace desktop

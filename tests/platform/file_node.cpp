@@ -1,0 +1,144 @@
+#include "platform/file_node.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/run_time_error.h"
+#include "platform/text.h"
+
+namespace desktop {
+
+using platform::text::upper;
+
+void FileSystem::Node::setName(const std::wstring& newName) {
+  name = newName;
+  upperName_ = upper(newName);
+}
+
+FileSystem::Node* FileSystem::Node::child(const std::wstring& wanted) const {
+  const std::wstring key = upper(wanted);
+  const auto found = std::find_if(children.begin(), children.end(), [&key](const auto& entry) {
+    return entry->upperName_ == key ||
+           (!entry->shortName.empty() && upper(entry->shortName) == key);
+  });
+  return found == children.end() ? nullptr : found->get();
+}
+
+FileSystem::Node& FileSystem::Node::add(const std::wstring& newName) {
+  auto node = std::make_unique<Node>();
+  node->setName(newName);
+  adopt(std::move(node));
+  return *children.back();
+}
+
+void FileSystem::Node::adopt(std::unique_ptr<Node> node) {
+  node->parent = this;
+  children.push_back(std::move(node));
+}
+
+std::unique_ptr<FileSystem::Node> FileSystem::Node::drop(const Node& node) {
+  const auto found = std::find_if(children.begin(), children.end(),
+                                  [&node](const auto& entry) { return entry.get() == &node; });
+  auto dropped = std::move(*found);
+  children.erase(found);
+  return dropped;
+}
+
+unsigned FileSystem::Node::attributes() const {
+  return (hidden ? platform::files::hidden : 0U) | (system ? platform::files::system : 0U) |
+         (folder ? platform::files::directory : 0U);
+}
+
+platform::files::Stamp FileSystem::Node::stamp() const {
+  return {true, modified, bytes.size(), id};
+}
+
+bool FileSystem::Node::matches(const std::wstring& pattern) const {
+  const std::wstring wanted = upper(pattern);
+  return fits(upperName_, wanted) || (!shortName.empty() && fits(upper(shortName), wanted));
+}
+
+void FileSystem::Node::refuseDeletion() const {
+  if (folder || readOnly) {
+    throw platform::RunTimeError(platform::error::pathFileAccess);
+  }
+  if (locked) {
+    throw platform::RunTimeError(platform::error::permissionDenied);
+  }
+}
+
+bool isName(const std::wstring& name) {
+  return std::none_of(name.begin(), name.end(), [](wchar_t c) {
+    return c < L' ' || std::wstring_view(L"<>:\"/\\|?*").find(c) != std::wstring_view::npos;
+  });
+}
+
+PathParts splitPath(const std::wstring& path) {
+  PathParts parts;
+  if (path.find(L'\0') != std::wstring::npos) {
+    return parts;
+  }
+  std::wstring rest = path;
+  std::replace(rest.begin(), rest.end(), L'/', L'\\');
+  if (rest.starts_with(L"\\\\?\\")) {
+    rest.erase(0, 4);
+  }
+  if (rest.size() >= 2 && rest[1] == L':') {
+    parts.drive = rest.substr(0, 2);
+    rest.erase(0, 2);
+  } else if (rest.starts_with(L"\\\\")) {
+    const auto share = rest.find(L'\\', 2);
+    const auto end = share == std::wstring::npos ? share : rest.find(L'\\', share + 1);
+    parts.drive = rest.substr(0, end);
+    rest.erase(0, parts.drive.size());
+  }
+  parts.valid = true;
+  parts.endsInSeparator = rest.ends_with(L'\\');
+  for (std::size_t from = 0; from < rest.size();) {
+    const auto end = std::min(rest.find(L'\\', from), rest.size());
+    std::wstring name = rest.substr(from, end - from);
+    from = end + 1;
+    if (name == L"..") {
+      if (!parts.names.empty()) {
+        parts.names.pop_back();
+      }
+      continue;
+    }
+    // The system takes dots and blanks off the end of every component.
+    name.erase(name.find_last_not_of(L". ") + 1);
+    if (name.empty()) {
+      continue;
+    }
+    parts.names.push_back(name);
+    const bool last = from >= rest.size();
+    parts.valid = parts.valid && (last || isName(name));
+  }
+  return parts;
+}
+
+bool fits(const std::wstring& name, const std::wstring& pattern) {
+  if (pattern == L"*.*") {
+    return true;
+  }
+  // Row by row: which beginnings of the name fit the beginning of the pattern so far.
+  std::vector<bool> reached(name.size() + 1, false);
+  reached[0] = true;
+  for (const wchar_t wanted : pattern) {
+    std::vector<bool> next(name.size() + 1, false);
+    for (std::size_t at = 0; at <= name.size(); ++at) {
+      const bool here = reached[at];
+      const bool before = at > 0 && reached[at - 1];
+      if (wanted == L'*') {
+        next[at] = here || (at > 0 && next[at - 1]);
+      } else if (wanted == L'?') {
+        next[at] = before || (here && (at == name.size() || name[at] == L'.'));
+      } else {
+        next[at] = before && name[at - 1] == wanted;
+      }
+    }
+    reached = std::move(next);
+  }
+  return reached[name.size()];
+}
+
+}  // namespace desktop

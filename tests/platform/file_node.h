@@ -1,0 +1,73 @@
+// The entries of the disk in memory, and the grammar of paths and wildcards.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/file_system.h"
+#include "platform/files.h"
+
+namespace desktop {
+
+/// A file, a folder or the root of a drive.
+struct FileSystem::Node {
+  std::wstring name;
+  std::wstring shortName;  ///< 8.3 name, "" for none.
+  bool folder = false;
+  bool readOnly = false;
+  bool hidden = false;
+  bool system = false;
+  bool locked = false;
+  std::string bytes;
+  platform::files::FileTime modified = 0;
+  std::uint64_t id = 0;
+  Node* parent = nullptr;
+  std::vector<std::unique_ptr<Node>> children;
+
+  void setName(const std::wstring& newName);
+  /// The entry of that long or short name, nullptr when there is none.
+  [[nodiscard]] Node* child(const std::wstring& wanted) const;
+  Node& add(const std::wstring& newName);
+  void adopt(std::unique_ptr<Node> node);
+  /// Takes an entry out and hands it over.
+  std::unique_ptr<Node> drop(const Node& node);
+  [[nodiscard]] unsigned attributes() const;
+  [[nodiscard]] platform::files::Stamp stamp() const;
+  /// Whether a wildcard pattern fits the long or the short name.
+  [[nodiscard]] bool matches(const std::wstring& pattern) const;
+  /// Raises what a deletion would raise: 75 for a folder or a read-only file, 70 for one in use.
+  void refuseDeletion() const;
+
+ private:
+  std::wstring upperName_;
+};
+
+/// What a path leads to.
+struct FileSystem::Place {
+  Node* drive = nullptr;   ///< Root that the path begins at.
+  Node* folder = nullptr;  ///< Folder that holds the last component, if it exists.
+  std::wstring name;       ///< Last component.
+  Node* node = nullptr;    ///< What has that name, if anything.
+  int failure = 0;         ///< Without a node: the error that opening the path raises.
+};
+
+/// A path in its parts. `names` has neither "." nor "..".
+struct PathParts {
+  bool valid = false;  ///< False for embedded NULs and forbidden characters in a folder's name.
+  std::wstring drive;  ///< "C:" or "\\server\share", "" when the path is not absolute.
+  std::vector<std::wstring> names;
+  bool endsInSeparator = false;
+};
+
+[[nodiscard]] PathParts splitPath(const std::wstring& path);
+
+/// Whether a file or folder can have that name.
+[[nodiscard]] bool isName(const std::wstring& name);
+
+/// Whether an upper-cased name fits an upper-cased pattern. "*" stands for any characters, "?" for
+/// one, or for none at the end of the name or before a dot; "*.*" fits names without a dot too.
+[[nodiscard]] bool fits(const std::wstring& name, const std::wstring& pattern);
+
+}  // namespace desktop

@@ -1,0 +1,372 @@
+#include "platform/file_system.h"
+
+#include <algorithm>
+#include <cwctype>
+#include <utility>
+
+#include "platform/file_node.h"
+#include "platform/run_time_error.h"
+#include "platform/text.h"
+
+namespace desktop {
+
+using platform::RunTimeError;
+using platform::files::Contents;
+using platform::files::Replaced;
+using platform::files::Stamp;
+namespace error = platform::error;
+
+FileSystem::FileSystem(std::function<FileTime()> now) : now_(std::move(now)) {}
+
+FileSystem::~FileSystem() = default;
+
+FileSystem::FileTime FileSystem::stampTime() {
+  constexpr FileTime second = 10'000'000;
+  const FileTime now = now_();
+  // A clock that was set back, or ahead, counts from its new time on.
+  const bool stands = now <= lastWrite_ && lastWrite_ - now < second;
+  lastWrite_ = stands ? lastWrite_ + 1 : now;
+  return lastWrite_;
+}
+
+FileSystem::Place FileSystem::locate(const std::wstring& path) const {
+  Place place;
+  const PathParts parts = splitPath(path);
+  if (!parts.valid) {
+    place.failure = error::badFileName;
+    return place;
+  }
+  const auto drive = drives_.find(platform::text::upper(parts.drive));
+  if (drive == drives_.end()) {
+    place.failure = parts.drive.starts_with(L"\\\\") ? error::badFileName : error::pathNotFound;
+    return place;
+  }
+  Node* node = drive->second.get();
+  place.drive = node;
+  for (const std::wstring& name : parts.names) {
+    place.folder = node;
+    place.name = name;
+    if (node == nullptr || !node->folder) {
+      place.folder = nullptr;
+      place.failure = error::pathNotFound;
+      return place;
+    }
+    node = node->child(name);
+  }
+  place.node = node;
+  if (node == nullptr) {
+    place.failure = error::fileNotFound;
+  } else if (parts.endsInSeparator && !node->folder) {
+    place.node = nullptr;
+    place.failure = error::badFileName;
+  }
+  if (place.node == nullptr && !isName(place.name)) {
+    place.failure = error::badFileName;
+  }
+  return place;
+}
+
+FileSystem::Node& FileSystem::existing(const std::wstring& path) const {
+  const Place place = locate(path);
+  if (place.node == nullptr) {
+    throw RunTimeError(place.failure);
+  }
+  return *place.node;
+}
+
+FileSystem::Node& FileSystem::existingFile(const std::wstring& path) const {
+  try {
+    return existing(path);
+  } catch (const RunTimeError& failure) {
+    throw RunTimeError(failure.number() == error::pathNotFound ? error::fileNotFound
+                                                               : failure.number());
+  }
+}
+
+FileSystem::Node& FileSystem::folderFor(const std::wstring& path) {
+  const PathParts parts = splitPath(path);
+  if (!parts.valid) {
+    throw RunTimeError(error::badFileName);
+  }
+  auto& root = drives_[platform::text::upper(parts.drive)];
+  if (!root) {
+    root = std::make_unique<Node>();
+    root->setName(parts.drive);
+    root->folder = true;
+  }
+  Node* node = root.get();
+  for (const std::wstring& name : parts.names) {
+    Node* next = node->child(name);
+    if (next == nullptr) {
+      next = &node->add(name);
+      next->folder = true;
+      next->modified = stampTime();
+    }
+    node = next;
+  }
+  return *node;
+}
+
+void FileSystem::store(Node& file, const std::string& bytes) {
+  if (freeBytes_) {
+    const std::uint64_t room = *freeBytes_ + file.bytes.size();
+    const std::uint64_t fits = std::min<std::uint64_t>(room, bytes.size());
+    file.bytes = bytes.substr(0, fits);
+    freeBytes_ = room - fits;
+    file.modified = stampTime();
+    if (fits < bytes.size()) {
+      throw RunTimeError(error::diskFull);
+    }
+    return;
+  }
+  file.bytes = bytes;
+  file.modified = stampTime();
+}
+
+std::vector<platform::files::Entry> FileSystem::search(const std::wstring& pattern,
+                                                       unsigned attributes) const {
+  std::vector<platform::files::Entry> found;
+  const auto separator = pattern.find_last_of(L"\\/");
+  if (separator == std::wstring::npos || pattern.find(L'\0') != std::wstring::npos) {
+    return found;
+  }
+  std::wstring wanted = pattern.substr(separator + 1);
+  if (wanted.find_first_of(L"*?") == std::wstring::npos) {
+    // As in every other path, dots and blanks at the end of a plain name do not count.
+    wanted.erase(wanted.find_last_not_of(L". ") + 1);
+  }
+  const Place place = locate(pattern.substr(0, separator + 1));
+  if (wanted.empty() || place.node == nullptr || !place.node->folder) {
+    return found;
+  }
+  for (const auto& child : place.node->children) {
+    const unsigned special = child->attributes();
+    if ((special & ~attributes) == 0 && child->matches(wanted)) {
+      found.push_back({child->name, child->modified});
+    }
+  }
+  return found;
+}
+
+void FileSystem::makeFolder(const std::wstring& path) {
+  const Place place = locate(path);
+  if (place.node != nullptr) {
+    throw RunTimeError(error::pathFileAccess);
+  }
+  if (place.folder == nullptr || place.failure != error::fileNotFound) {
+    throw RunTimeError(place.failure);
+  }
+  Node& made = place.folder->add(place.name);
+  made.folder = true;
+  made.modified = stampTime();
+}
+
+void FileSystem::remove(const std::wstring& path) {
+  Node& node = existingFile(path);
+  node.refuseDeletion();
+  if (freeBytes_) {
+    *freeBytes_ += node.bytes.size();
+  }
+  node.parent->drop(node);
+}
+
+void FileSystem::rename(const std::wstring& from, const std::wstring& to) {
+  Node& node = existingFile(from);
+  const Place target = locate(to);
+  if (node.locked) {
+    throw RunTimeError(error::permissionDenied);
+  }
+  if (target.node != nullptr && target.node != &node) {
+    throw RunTimeError(error::fileExists);
+  }
+  if (target.node == &node) {
+    node.setName(target.name);
+    return;
+  }
+  if (target.drive != nullptr && target.drive != locate(from).drive) {
+    throw RunTimeError(74);
+  }
+  if (target.folder == nullptr || target.failure != error::fileNotFound) {
+    throw RunTimeError(target.failure);
+  }
+  auto moved = node.parent->drop(node);
+  moved->setName(target.name);
+  moved->shortName.clear();
+  target.folder->adopt(std::move(moved));
+}
+
+void FileSystem::copy(const std::wstring& from, const std::wstring& to) {
+  const Node& source = existingFile(from);
+  Place target = locate(to);
+  if (source.folder) {
+    throw RunTimeError(error::pathFileAccess);
+  }
+  if (source.locked || target.node == &source) {
+    throw RunTimeError(error::permissionDenied);
+  }
+  if (target.node == nullptr) {
+    if (target.folder == nullptr || target.failure != error::fileNotFound) {
+      throw RunTimeError(target.failure);
+    }
+    target.node = &target.folder->add(target.name);
+    target.node->id = ++lastId_;
+  } else {
+    if (target.node->hidden) {
+      throw RunTimeError(error::pathFileAccess);
+    }
+    target.node->refuseDeletion();
+  }
+  store(*target.node, source.bytes);
+  // The copy is as old as what it was made from, and as protected.
+  target.node->modified = source.modified;
+  target.node->readOnly = source.readOnly;
+  target.node->hidden = source.hidden;
+  target.node->system = source.system;
+}
+
+FileSystem::FileTime FileSystem::modifiedTime(const std::wstring& path) const {
+  return existingFile(path).modified;
+}
+
+Contents FileSystem::readWhole(const std::wstring& path) const {
+  const Node& node = existing(path);
+  if (node.folder) {
+    throw RunTimeError(error::pathFileAccess);
+  }
+  if (node.locked) {
+    throw RunTimeError(error::permissionDenied);
+  }
+  return {node.bytes, node.stamp()};
+}
+
+Contents FileSystem::readForAppending(const std::wstring& path) const {
+  const Place place = locate(path);
+  if (place.node == nullptr) {
+    if (place.failure != error::fileNotFound) {
+      throw RunTimeError(place.failure);
+    }
+    return {};
+  }
+  place.node->refuseDeletion();
+  return {place.node->bytes, place.node->stamp()};
+}
+
+void FileSystem::writeWhole(const std::wstring& path, const std::string& bytes) {
+  Place place = locate(path);
+  if (place.node == nullptr) {
+    if (place.failure != error::fileNotFound) {
+      throw RunTimeError(place.failure);
+    }
+    place.node = &place.folder->add(place.name);
+    place.node->id = ++lastId_;
+  } else {
+    place.node->refuseDeletion();
+  }
+  store(*place.node, bytes);
+}
+
+Replaced FileSystem::replace(const std::wstring& from, const std::wstring& to,
+                             const Stamp& expected) {
+  Node& source = existingFile(from);
+  const Place target = locate(to);
+  if (source.locked) {
+    throw RunTimeError(error::permissionDenied);
+  }
+  if (target.node == nullptr) {
+    if (expected.present) {
+      static_cast<void>(existingFile(to));
+    }
+    rename(from, to);
+    return Replaced::yes;
+  }
+  if (!expected.present) {
+    return Replaced::changedSince;
+  }
+  target.node->refuseDeletion();
+  if (target.node->stamp() != expected) {
+    return Replaced::changedSince;
+  }
+  if (freeBytes_) {
+    *freeBytes_ += target.node->bytes.size();
+  }
+  // The name keeps its place in the folder; everything behind it is the other file's.
+  const auto moved = source.parent->drop(source);
+  target.node->bytes = std::move(moved->bytes);
+  target.node->modified = moved->modified;
+  target.node->id = moved->id;
+  target.node->hidden = moved->hidden;
+  target.node->system = moved->system;
+  target.node->readOnly = moved->readOnly;
+  return Replaced::yes;
+}
+
+// --- what a test prepares and looks at ---
+
+void FileSystem::putFile(const std::wstring& path, const std::string& bytes, unsigned attributes,
+                         FileTime modified) {
+  Place place = locate(path);
+  if (place.node == nullptr) {
+    const auto separator = path.find_last_of(L"\\/");
+    if (separator == std::wstring::npos) {
+      throw RunTimeError(error::badFileName);
+    }
+    Node& folder = folderFor(path.substr(0, separator));
+    place.node = &folder.add(path.substr(separator + 1));
+    place.node->id = ++lastId_;
+  } else if (place.node->folder) {
+    throw RunTimeError(error::pathFileAccess);
+  }
+  place.node->bytes = bytes;
+  place.node->hidden = (attributes & platform::files::hidden) != 0;
+  place.node->system = (attributes & platform::files::system) != 0;
+  place.node->modified = modified != 0 ? modified : stampTime();
+}
+
+void FileSystem::putFolder(const std::wstring& path) { folderFor(path); }
+
+void FileSystem::take(const std::wstring& path) {
+  Node& node = existing(path);
+  if (node.parent != nullptr) {
+    node.parent->drop(node);
+  }
+}
+
+std::optional<std::string> FileSystem::bytesOf(const std::wstring& path) const {
+  const Place place = locate(path);
+  if (place.node == nullptr || place.node->folder) {
+    return std::nullopt;
+  }
+  return place.node->bytes;
+}
+
+bool FileSystem::has(const std::wstring& path) const { return locate(path).node != nullptr; }
+
+std::vector<std::wstring> FileSystem::namesIn(const std::wstring& folder) const {
+  std::vector<std::wstring> names;
+  for (const auto& child : existing(folder).children) {
+    names.push_back(child->name);
+  }
+  return names;
+}
+
+void FileSystem::setReadOnly(const std::wstring& path, bool readOnly) {
+  existing(path).readOnly = readOnly;
+}
+
+void FileSystem::setHidden(const std::wstring& path, bool hidden) {
+  existing(path).hidden = hidden;
+}
+
+void FileSystem::setModified(const std::wstring& path, FileTime modified) {
+  existing(path).modified = modified;
+}
+
+void FileSystem::setLocked(const std::wstring& path, bool locked) {
+  existing(path).locked = locked;
+}
+
+void FileSystem::alias(const std::wstring& shortPath, const std::wstring& longPath) {
+  existing(longPath).shortName = shortPath.substr(shortPath.find_last_of(L'\\') + 1);
+}
+
+}  // namespace desktop

@@ -1,0 +1,83 @@
+// A disk in memory that behaves like a Windows volume.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/files.h"
+
+namespace desktop {
+
+/// Drives, folders and files.
+///
+/// Names compare without regard to case and keep the case they were made with. Folders list their
+/// entries in the order in which they were added. Doubled backslashes count as one, slashes as
+/// backslashes. A path that is not absolute names nothing.
+class FileSystem {
+ public:
+  using FileTime = platform::files::FileTime;
+
+  /// `now` gives the moment of a write; each write gets a later one than the write before, as on
+  /// a real disk, even while the clock stands still.
+  explicit FileSystem(std::function<FileTime()> now);
+  FileSystem(const FileSystem&) = delete;
+  FileSystem& operator=(const FileSystem&) = delete;
+  ~FileSystem();
+
+  // --- what a test prepares and looks at; these ignore attributes and locks ---
+
+  void putFile(const std::wstring& path, const std::string& bytes, unsigned attributes,
+               FileTime modified);
+  void putFolder(const std::wstring& path);
+  void take(const std::wstring& path);
+  [[nodiscard]] std::optional<std::string> bytesOf(const std::wstring& path) const;
+  [[nodiscard]] bool has(const std::wstring& path) const;
+  [[nodiscard]] std::vector<std::wstring> namesIn(const std::wstring& folder) const;
+  void setReadOnly(const std::wstring& path, bool readOnly);
+  void setHidden(const std::wstring& path, bool hidden);
+  void setModified(const std::wstring& path, FileTime modified);
+  void setLocked(const std::wstring& path, bool locked);
+  void alias(const std::wstring& shortPath, const std::wstring& longPath);
+  /// Bytes that fit on the disk beside what is there; nothing for no limit. A write that needs
+  /// more raises 61 and leaves what fitted.
+  void setFreeBytes(std::optional<std::uint64_t> bytes) { freeBytes_ = bytes; }
+
+  // --- the operations of platform/files.h, raising what they raise ---
+
+  [[nodiscard]] std::vector<platform::files::Entry> search(const std::wstring& pattern,
+                                                           unsigned attributes) const;
+  void makeFolder(const std::wstring& path);
+  void remove(const std::wstring& path);
+  void rename(const std::wstring& from, const std::wstring& to);
+  void copy(const std::wstring& from, const std::wstring& to);
+  [[nodiscard]] FileTime modifiedTime(const std::wstring& path) const;
+  [[nodiscard]] platform::files::Contents readWhole(const std::wstring& path) const;
+  [[nodiscard]] platform::files::Contents readForAppending(const std::wstring& path) const;
+  void writeWhole(const std::wstring& path, const std::string& bytes);
+  [[nodiscard]] platform::files::Replaced replace(const std::wstring& from, const std::wstring& to,
+                                                  const platform::files::Stamp& expected);
+
+ private:
+  struct Node;
+  struct Place;
+  [[nodiscard]] Place locate(const std::wstring& path) const;
+  [[nodiscard]] Node& existing(const std::wstring& path) const;
+  /// The same for the operations that call a missing folder a missing file, too.
+  [[nodiscard]] Node& existingFile(const std::wstring& path) const;
+  Node& folderFor(const std::wstring& path);
+  void store(Node& file, const std::string& bytes);
+  FileTime stampTime();
+
+  std::function<FileTime()> now_;
+  std::map<std::wstring, std::unique_ptr<Node>> drives_;
+  FileTime lastWrite_ = 0;
+  std::uint64_t lastId_ = 0;
+  std::optional<std::uint64_t> freeBytes_;
+};
+
+}  // namespace desktop

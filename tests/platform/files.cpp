@@ -1,0 +1,90 @@
+#include "platform/files.h"
+
+#include "platform/desktop.h"
+#include "platform/run_time_error.h"
+
+namespace platform::files {
+
+using desktop::desktop;
+
+std::vector<Entry> search(const std::wstring& pattern, unsigned attributes) {
+  return desktop().disk().search(pattern, attributes);
+}
+
+std::wstring findFirst(const std::wstring& pattern, unsigned attributes) {
+  const auto found = search(pattern, attributes);
+  return found.empty() ? L"" : found.front().name;
+}
+
+bool fileExists(const std::wstring& path) { return !search(path, normal).empty(); }
+
+bool folderExists(const std::wstring& path) { return !search(path, directory).empty(); }
+
+void makeFolder(const std::wstring& path) {
+  desktop().call(L"make folder " + path, [&path] { desktop().disk().makeFolder(path); });
+}
+
+void remove(const std::wstring& path) {
+  desktop().call(L"remove " + path, [&path] { desktop().disk().remove(path); });
+}
+
+void rename(const std::wstring& from, const std::wstring& to) {
+  desktop().call(L"rename " + from + L" -> " + to, [&] { desktop().disk().rename(from, to); });
+}
+
+void copy(const std::wstring& from, const std::wstring& to) {
+  desktop().call(L"copy " + from + L" -> " + to, [&] { desktop().disk().copy(from, to); });
+}
+
+FileTime modifiedTime(const std::wstring& path) {
+  FileTime modified = 0;
+  desktop().look([&] { modified = desktop().disk().modifiedTime(path); });
+  return modified;
+}
+
+Contents readWhole(const std::wstring& path) {
+  Contents contents;
+  desktop().call(L"read " + path, [&] { contents = desktop().disk().readWhole(path); });
+  return contents;
+}
+
+Contents readForAppending(const std::wstring& path) {
+  Contents contents;
+  desktop().call(L"read to append " + path,
+                 [&] { contents = desktop().disk().readForAppending(path); });
+  return contents;
+}
+
+void writeWhole(const std::wstring& path, const std::string& bytes) {
+  bool reached = false;
+  try {
+    desktop().call(L"write " + path, [&] {
+      reached = true;
+      desktop().disk().writeWhole(path, bytes);
+    });
+  } catch (const RunTimeError& failure) {
+    // A disk that fills up or breaks does so in the middle of the writing.
+    if (!reached &&
+        (failure.number() == error::diskFull || failure.number() == error::deviceError)) {
+      desktop().disk().writeWhole(path, bytes.substr(0, bytes.size() / 2));
+    }
+    throw;
+  }
+}
+
+Replaced replace(const std::wstring& from, const std::wstring& to, const Stamp& expected) {
+  if (desktop().onReplace) {
+    desktop().onReplace();
+  }
+  const std::wstring what = L"replace " + from + L" -> " + to;
+  Replaced result = Replaced::changedSince;
+  desktop().call(what, [&] {
+    result = desktop().disk().replace(from, to, expected);
+    if (result == Replaced::changedSince) {
+      desktop().amend(L" (changed)");
+    }
+  });
+  return result;
+}
+
+}  // namespace platform::files

@@ -1,0 +1,138 @@
+// Dialogs, and what the shell does for the program: shortcuts, starting, browsing, help, icons.
+#include <cstddef>
+#include <optional>
+
+#include "platform/browser.h"
+#include "platform/desktop.h"
+#include "platform/dialogs.h"
+#include "platform/help.h"
+#include "platform/link_text.h"
+#include "platform/pictures.h"
+#include "platform/processes.h"
+#include "platform/run_time_error.h"
+#include "platform/shell_links.h"
+
+namespace platform {
+
+using desktop::desktop;
+
+namespace dialogs {
+
+Answer showMessage(const std::wstring& text, MessageStyle style) {
+  return showMessage(text, style, application::title);
+}
+
+Answer showMessage(const std::wstring& text, MessageStyle style, const std::wstring& title) {
+  return desktop().show({text, style, title, Answer::ok});
+}
+
+std::wstring inputBox(const std::wstring& prompt, const std::wstring& title,
+                      const std::wstring& defaultAnswer) {
+  return desktop().ask({prompt, title, defaultAnswer, L""});
+}
+
+void reportRunTimeError(const RunTimeError& error) {
+  desktop().note(L"error " + std::to_wstring(error.number()));
+  desktop().errorReports.push_back(error.number());
+  showMessage(
+      L"Run-time error '" + std::to_wstring(error.number()) + L"':\r\n\r\n" + error.description(),
+      MessageStyle::critical);
+}
+
+std::wstring openFile(const OpenFileRequest& request) {
+  std::wstring chosen;
+  desktop().call(L"open file dialog", [&] {
+    desktop().fileDialogs.push_back(request);
+    auto& results = desktop().fileDialogResults;
+    if (results.empty()) {
+      desktop().mistake("A file dialog asks and the test has no result for it");
+      throw RunTimeError(error::cancelled);
+    }
+    const auto result = results.front();
+    results.pop_front();
+    if (const auto* const number = std::get_if<int>(&result)) {
+      throw RunTimeError(*number);
+    }
+    chosen = std::get<std::wstring>(result);
+  });
+  return chosen;
+}
+
+}  // namespace dialogs
+
+namespace processes {
+
+void start(const std::wstring& executable, const std::wstring& commandLine) {
+  desktop().call(L"start " + executable, [&] {
+    if (executable.empty()) {
+      throw RunTimeError(error::invalidCall);
+    }
+    if (!desktop().has(executable)) {
+      throw RunTimeError(error::fileNotFound);
+    }
+    if (!desktop().bytesOf(executable).value_or("").starts_with("MZ")) {
+      throw RunTimeError(error::invalidCall);
+    }
+    desktop().starts.push_back({executable, commandLine});
+  });
+}
+
+}  // namespace processes
+
+namespace shell_links {
+
+void write(const std::wstring& linkPath, const Link& link) {
+  desktop().call(L"link " + linkPath, [&] {
+    if (desktop().linkFailure) {
+      throw RunTimeError(*desktop().linkFailure);
+    }
+    desktop().disk().writeWhole(linkPath, ::desktop::textOf(link));
+    desktop().linkWrites.push_back({linkPath, link});
+  });
+}
+
+std::wstring targetOf(const std::wstring& linkPath) {
+  const auto link = desktop().linkAt(linkPath);
+  return link ? link->targetPath : L"";
+}
+
+}  // namespace shell_links
+
+namespace browser {
+
+std::intptr_t open(const std::wstring& address, int showCommand) {
+  desktop().note(L"browse " + address);
+  desktop().browsed.push_back({address, showCommand});
+  return desktop().browserResult;
+}
+
+}  // namespace browser
+
+namespace help {
+
+void showClassic(const std::wstring& file, int command) {
+  desktop().note(L"classic help " + file);
+  desktop().helpShown.push_back({false, file, command});
+}
+
+void showCompiled(const std::wstring& file) {
+  desktop().note(L"compiled help " + file);
+  desktop().helpShown.push_back({true, file, 0});
+}
+
+}  // namespace help
+
+namespace pictures {
+
+std::optional<Picture> programIcon(const std::wstring& file, int side) {
+  desktop().iconsAsked.emplace_back(file, side);
+  const auto colour = desktop().iconColour(file);
+  if (!colour) {
+    return std::nullopt;
+  }
+  const auto area = static_cast<std::size_t>(side) * static_cast<std::size_t>(side);
+  return Picture{{side, side}, std::vector<std::uint32_t>(area, *colour)};
+}
+
+}  // namespace pictures
+}  // namespace platform

@@ -1,0 +1,34 @@
+// The light native side that the in-memory desktop gives to windows.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "platform/controls/window.h"
+#include "platform/desktop.h"
+
+namespace desktop {
+
+/// Stands for the native window: counts what is done to it and lets its timers tick.
+struct WindowRecord : controls::WindowPeer {
+ public:
+  WindowRecord(Desktop& owner, controls::Window& window);
+  WindowRecord(const WindowRecord&) = delete;
+  WindowRecord& operator=(const WindowRecord&) = delete;
+  ~WindowRecord() override;
+
+  void changed(controls::Change /*change*/) override {}
+  void show() override;
+  void activate() override;
+  [[nodiscard]] void* handle() const override { return &window_; }
+  [[nodiscard]] controls::Window& window() const { return window_; }
+
+ private:
+  class TimerPeer;
+  Desktop& owner_;
+  controls::Window& window_;
+  bool laidOut_ = false;
+  std::vector<std::unique_ptr<TimerPeer>> timers_;
+};
+
+}  // namespace desktop

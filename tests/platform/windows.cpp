@@ -1,0 +1,197 @@
+#include "platform/windows.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "platform/desktop.h"
+#include "platform/text.h"
+#include "platform/window_record.h"
+
+namespace desktop {
+
+using controls::Window;
+using controls::WindowKind;
+
+/// Sets an alarm of the clock while its timer may tick, afresh at every change.
+class WindowRecord::TimerPeer : public controls::Peer {
+ public:
+  TimerPeer(Desktop& owner, controls::Timer& timer) : owner_(owner), timer_(&timer) {
+    timer_->attach(this);
+    set();
+  }
+  TimerPeer(const TimerPeer&) = delete;
+  TimerPeer& operator=(const TimerPeer&) = delete;
+  ~TimerPeer() override {
+    owner_.clock().cancel(alarm_);
+    if (timer_ != nullptr) {
+      timer_->attach(nullptr);
+    }
+  }
+
+  void changed(controls::Change change) override {
+    if (change == controls::Change::timer || change == controls::Change::enabled) {
+      owner_.clock().cancel(alarm_);
+      set();
+    }
+  }
+  void orphaned() override {
+    owner_.clock().cancel(alarm_);
+    timer_ = nullptr;
+  }
+
+ private:
+  void set() {
+    if (timer_->enabled() && timer_->interval() > 0) {
+      // The tick may unload the window, and this peer with it: nothing may follow it.
+      alarm_ = owner_.clock().set(
+          timer_->interval(),
+          [&owner = owner_, timer = timer_] {
+            owner.note(L"tick " + timer->name());
+            timer->raiseTimer();
+          },
+          true);
+    }
+  }
+
+  Desktop& owner_;
+  controls::Timer* timer_;
+  VirtualClock::Alarm alarm_ = 0;
+};
+
+WindowRecord::WindowRecord(Desktop& owner, Window& window) : owner_(owner), window_(window) {
+  window_.attach(this);
+  window_.acceptDpi(owner_.dpi);
+  for (controls::Timer* timer : window_.timers()) {
+    timers_.push_back(std::make_unique<TimerPeer>(owner_, *timer));
+  }
+}
+
+WindowRecord::~WindowRecord() { window_.attach(nullptr); }
+
+void WindowRecord::show() {
+  owner_.note(L"show " + window_.name());
+  ++owner_.shownCounts[window_.name()];
+  if (window_.kind() == WindowKind::hidden) {
+    return;
+  }
+  if (!laidOut_) {
+    laidOut_ = true;
+    const platform::Size design = window_.designSize();
+    window_.raiseLayout(
+        {platform::scaled(design.width, owner_.dpi), platform::scaled(design.height, owner_.dpi)},
+        owner_.dpi);
+  }
+  owner_.bringToFront(window_);
+}
+
+void WindowRecord::activate() {
+  owner_.note(L"activate " + window_.name());
+  ++owner_.activatedCounts[window_.name()];
+  owner_.bringToFront(window_);
+}
+
+void Desktop::openWindow(Window& window) {
+  windows_.push_back(std::make_unique<WindowRecord>(*this, window));
+}
+
+void Desktop::closeWindow(Window& window) {
+  const auto found = std::find_if(windows_.begin(), windows_.end(), [&window](const auto& record) {
+    return &record->window() == &window;
+  });
+  if (found == windows_.end()) {
+    return;
+  }
+  windows_.erase(found);
+  if (active_ != &window) {
+    return;
+  }
+  // The system activates the window behind the one that goes.
+  active_ = nullptr;
+  const auto behind = std::find_if(windows_.rbegin(), windows_.rend(), [](const auto& record) {
+    return record->window().visible() && record->window().kind() != WindowKind::hidden;
+  });
+  if (behind != windows_.rend()) {
+    bringToFront((*behind)->window());
+  }
+}
+
+void Desktop::bringToFront(Window& window) {
+  if (active_ != &window) {
+    active_ = &window;
+    window.raiseActivate();
+  }
+}
+
+void Desktop::runUntilUnloaded(Window& window) {
+  constexpr std::int64_t bound = 600'000;
+  const std::int64_t end = clock_.elapsed() + bound;
+  while (window.loaded()) {
+    const auto wait = clock_.untilNext();
+    if (!wait || clock_.elapsed() + *wait > end) {
+      mistake("Nothing closes the window " + platform::text::toCodePage(window.name()));
+      closeWindow(window);
+      return;
+    }
+    clock_.advance(*wait);
+  }
+}
+
+std::vector<Window*> Desktop::windows() const {
+  std::vector<Window*> open;
+  open.reserve(windows_.size());
+  for (const auto& record : windows_) {
+    open.push_back(&record->window());
+  }
+  return open;
+}
+
+Window* Desktop::window(const std::wstring& name) const {
+  const auto found = std::find_if(windows_.begin(), windows_.end(), [&name](const auto& record) {
+    return record->window().name() == name;
+  });
+  return found == windows_.end() ? nullptr : &(*found)->window();
+}
+
+int Desktop::shown(const std::wstring& name) const {
+  const auto found = shownCounts.find(name);
+  return found == shownCounts.end() ? 0 : found->second;
+}
+
+int Desktop::activated(const std::wstring& name) const {
+  const auto found = activatedCounts.find(name);
+  return found == activatedCounts.end() ? 0 : found->second;
+}
+
+}  // namespace desktop
+
+namespace platform::windows {
+
+void create(controls::Window& window) {
+  desktop::desktop().call(L"create " + window.name(),
+                          [&window] { desktop::desktop().openWindow(window); });
+}
+
+void destroy(controls::Window& window) {
+  desktop::desktop().note(L"destroy " + window.name());
+  desktop::desktop().closeWindow(window);
+}
+
+void runModal(controls::Window& window) {
+  desktop::desktop().note(L"modal " + window.name());
+  desktop::desktop().runUntilUnloaded(window);
+}
+
+void run(controls::Window& mainWindow) {
+  desktop::desktop().note(L"run " + mainWindow.name());
+  desktop::desktop().runUntilUnloaded(mainWindow);
+}
+
+Size textSize(const std::wstring& text, const Font& font, int dpi) {
+  // Every character is as wide as every other: 7 pixels at 9 points and 96 dpi, 15 high.
+  constexpr int basePoints = 9;
+  const int width = static_cast<int>(text.size()) * 7 * font.pointSize / basePoints;
+  const int height = 15 * font.pointSize / basePoints;
+  return {scaled(width, dpi), scaled(height, dpi)};
+}
+
+}  // namespace platform::windows

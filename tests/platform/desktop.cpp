@@ -88,6 +88,7 @@ void Desktop::reset() {
   version = {3, 0, 0};
   copyright = L"Copyright \u00A9 2026 Quillmark";
   previousInstance = false;
+  workAreas = {{0, 0, 1280, 984}};
   onPump = nullptr;
   pumps = 0;
   settings_.clear();

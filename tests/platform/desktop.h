@@ -152,8 +152,8 @@ class Desktop {
   /// "copy P -> Q", "read P", "read to append P", "write P", "replace P -> Q" (with " (changed)"
   /// when it was refused), "setting S\K = V", "link P", "start E", "browse A", "classic help F",
   /// "compiled help F", "message T", "error N", "input P", "open file dialog", "create W",
-  /// "show W", "activate W", "destroy W", "modal W", "run W", "tick T", "pump", "end".
-  /// Calls that only look are not in it; a call that failed is, with " failed N" behind it.
+  /// "show W", "activate W", "menu M at X Y", "destroy W", "modal W", "run W", "tick T", "pump",
+  /// "end". Calls that only look are not in it; a call that failed is, with " failed N" behind it.
   [[nodiscard]] const std::vector<std::wstring>& journal() const { return journal_; }
   /// Whether the journal has that line.
   [[nodiscard]] bool journalHas(const std::wstring& line) const;
@@ -231,6 +231,8 @@ class Desktop {
 
   // --- windows ---
 
+  /// Work areas of the screens, the primary one first.
+  std::vector<platform::Rect> workAreas;
   /// Dots per inch of the screen on which windows appear.
   int dpi = platform::designDpi;
   /// Windows that have a native window now, the oldest first.

@@ -20,6 +20,9 @@ struct WindowRecord : controls::WindowPeer {
   void changed(controls::Change /*change*/) override {}
   void show() override;
   void activate() override;
+  [[nodiscard]] controls::Placement placement() const override { return placement_; }
+  void place(const controls::Placement& placement) override { placement_ = placement; }
+  void popUp(const controls::MenuItem& menu, int x, int y) override;
   [[nodiscard]] void* handle() const override { return &window_; }
   [[nodiscard]] controls::Window& window() const { return window_; }
 
@@ -28,6 +31,7 @@ struct WindowRecord : controls::WindowPeer {
   Desktop& owner_;
   controls::Window& window_;
   bool laidOut_ = false;
+  controls::Placement placement_{.normal = {100, 80, 800, 560}};
   std::vector<std::unique_ptr<TimerPeer>> timers_;
 };
 

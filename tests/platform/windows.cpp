@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "platform/desktop.h"
+#include "platform/screens.h"
 #include "platform/text.h"
 #include "platform/window_record.h"
 
@@ -88,6 +89,10 @@ void WindowRecord::activate() {
   owner_.note(L"activate " + window_.name());
   ++owner_.activatedCounts[window_.name()];
   owner_.bringToFront(window_);
+}
+
+void WindowRecord::popUp(const controls::MenuItem& menu, int x, int y) {
+  owner_.note(L"menu " + menu.name() + L" at " + std::to_wstring(x) + L" " + std::to_wstring(y));
 }
 
 void Desktop::openWindow(Window& window) {
@@ -195,3 +200,9 @@ Size textSize(const std::wstring& text, const Font& font, int dpi) {
 }
 
 }  // namespace platform::windows
+
+namespace platform::screens {
+
+std::vector<Rect> workAreas() { return desktop::desktop().workAreas; }
+
+}  // namespace platform::screens

@@ -247,6 +247,14 @@ void ListView::raiseColumnClick(int index) {
   });
 }
 
+void ListView::raiseContextMenu(int x, int y) {
+  platform::dispatch([this, x, y] {
+    if (onContextMenu) {
+      onContextMenu(x, y);
+    }
+  });
+}
+
 void ListView::raiseKey(ListKey key) {
   platform::dispatch([this, key] {
     if (onKey) {

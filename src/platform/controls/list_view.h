@@ -155,9 +155,13 @@ class ListView : public Control {
   /// Column header clicked; the index counts from 1.
   std::function<void(int)> onColumnClick;
   std::function<void(ListKey)> onKey;
+  /// The user asks for the commands of the list, by the right button or the context-menu key; the
+  /// point, in pixels of the virtual screen, is where a menu belongs.
+  std::function<void(int x, int y)> onContextMenu;
   void raiseDoubleClick();
   void raiseColumnClick(int index);
   void raiseKey(ListKey key);
+  void raiseContextMenu(int x, int y);
 
  private:
   friend class Update;

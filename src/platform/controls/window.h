@@ -41,6 +41,14 @@ class WindowPeer : public Peer {
   virtual void show() = 0;
   /// Brings the window to the front and gives it the focus.
   virtual void activate() = 0;
+  /// Where the native window stands now.
+  [[nodiscard]] virtual Placement placement() const = 0;
+  /// Moves the native window; a maximised placement takes effect when the window is shown. The
+  /// size is taken as it is, whatever `dpi` it was measured at.
+  virtual void place(const Placement& placement) = 0;
+  /// Shows the entries of `menu`, one of the menu bar's, as a menu at a point of the virtual
+  /// screen. The chosen entry's click is raised later, as from the menu bar.
+  virtual void popUp(const MenuItem& menu, int x, int y) = 0;
   /// Native handle, for the calls of the platform that want an owner.
   [[nodiscard]] virtual void* handle() const = 0;
 };

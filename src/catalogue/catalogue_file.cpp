@@ -1,0 +1,174 @@
+#include "catalogue/catalogue_file.h"
+
+#include <algorithm>
+#include <array>
+
+#include "catalogue/list_file.h"
+#include "platform/clock.h"
+#include "platform/dialogs.h"
+#include "platform/files.h"
+#include "platform/run_time_error.h"
+#include "platform/text.h"
+#include "startup/paths.h"
+
+namespace modQMKGeneral {
+
+using list_file::Missing;
+using list_file::Reader;
+using list_file::Record;
+using platform::RunTimeError;
+using platform::text::toCodePage;
+using platform::text::upper;
+
+namespace clock = platform::clock;
+namespace files = platform::files;
+
+namespace {
+
+/// Fields of a catalogue record.
+constexpr std::size_t typeField = 0;
+constexpr std::size_t pathField = 1;
+
+std::wstring trimmed(const std::wstring& text) {
+  const std::size_t first = text.find_first_not_of(L' ');
+  const std::size_t last = text.find_last_not_of(L' ');
+  return first == std::wstring::npos ? L"" : text.substr(first, last - first + 1);
+}
+
+/// Appends the data folder's files to the records in `bytes`.
+void appendDataFolder(std::string& bytes) {
+  for (const std::wstring type : {L"fp3", L"bi3", L"bs3", L"cw3"}) {
+    const std::wstring folder = AppFolder() + L"\\data\\";
+    for (const files::Entry& file : files::search(folder + L"*." + type)) {
+      list_file::append(bytes,
+                        list_file::line({toCodePage(type), toCodePage(folder + file.name),
+                                         toCodePage(clock::dateAndTimeText(file.modified))}));
+    }
+  }
+}
+
+bool inDataFolder(const Record& record, const std::wstring& dataFolder) {
+  std::wstring name;
+  std::wstring folder;
+  SmodMisc::SplitPath(record.text(pathField), name, folder);
+  return trimmed(upper(folder)) == dataFolder;
+}
+
+/// The record with another path and today's date; its type code keeps its bytes, and so does
+/// whatever follows the three fields.
+std::string restamped(const Record& record, const std::string& path) {
+  std::string line =
+      list_file::line({record.fields.at(typeField), path, toCodePage(clock::todayText())});
+  line.insert(line.size() - 2, record.rest);
+  return line;
+}
+
+/// The catalogue with the record of `path` restamped, or with a new record at its end.
+std::string withEntry(std::string_view old, const std::wstring& path,
+                      const std::wstring& typeCode) {
+  const std::wstring wanted = upper(path);
+  const std::string pathBytes = toCodePage(path);
+  // A path that the code page cannot hold stands in the file as its substitute.
+  const std::wstring stored = upper(platform::text::fromCodePage(pathBytes));
+  std::string bytes;
+  bytes.reserve(old.size() + path.size());
+  bool found = false;
+  Reader reader(old);
+  for (Record record; reader.next(record);) {
+    const std::wstring candidate = upper(record.text(pathField));
+    if (record.has(pathField) && (candidate == wanted || candidate == stored)) {
+      bytes += restamped(record, pathBytes);
+      found = true;
+    } else {
+      bytes += record.line;
+    }
+  }
+  if (!found) {
+    list_file::append(
+        bytes, list_file::line({toCodePage(typeCode), pathBytes, toCodePage(clock::todayText())}));
+  }
+  return bytes;
+}
+
+}  // namespace
+
+std::wstring CatalogueFile() { return AppFolder() + L"\\QMKFileList3.txt"; }
+
+std::wstring TemporaryFile() { return AppFolder() + L"\\qmklist.tmp"; }
+
+void ShowListFileProblem(const std::wstring& sentence, const RunTimeError& failure) {
+  platform::dialogs::showMessage(sentence + L"\r" + failure.numberAndDescription());
+}
+
+void AppendDataFolderRecords() {
+  list_file::rewrite(CatalogueFile(), TemporaryFile(), Missing::isEmpty, [](std::string_view old) {
+    std::string bytes(old);
+    appendDataFolder(bytes);
+    return bytes;
+  });
+}
+
+void BuildCatalogue(CatalogueView& view) {
+  AppendDataFolderRecords();
+  LoadCatalogueView(view);
+}
+
+void AddOrUpdateCatalogueEntry(const std::wstring& path, const std::wstring& typeCode) {
+  try {
+    const Missing missing =
+        files::fileExists(CatalogueFile()) ? Missing::isError : Missing::isEmpty;
+    list_file::rewrite(CatalogueFile(), TemporaryFile(), missing,
+                       [&](std::string_view old) { return withEntry(old, path, typeCode); });
+  } catch (const RunTimeError& failure) {
+    ShowListFileProblem(L"Problem saving to QMK list", failure);
+  }
+}
+
+void RemoveCatalogueEntry(const std::wstring& path) {
+  list_file::rewrite(CatalogueFile(), TemporaryFile(), Missing::isError,
+                     [&path](std::string_view old) {
+                       return list_file::filtered(old, [&path](const Record& record) {
+                         return !record.has(pathField) || record.text(pathField) != path;
+                       });
+                     });
+  if (files::fileExists(path)) {
+    files::remove(path);
+  }
+}
+
+void RefreshDataFolderEntries(CatalogueView& view) {
+  const std::wstring dataFolder = trimmed(upper(AppFolder() + L"\\Data\\"));
+  // One replacement does both the dropping and the building, so that no instant shows the
+  // catalogue without the data folder's entries.
+  list_file::rewrite(
+      CatalogueFile(), TemporaryFile(), Missing::isError, [&dataFolder](std::string_view old) {
+        std::string bytes = list_file::filtered(
+            old, [&dataFolder](const Record& record) { return !inDataFolder(record, dataFolder); });
+        appendDataFolder(bytes);
+        return bytes;
+      });
+  LoadCatalogueView(view);
+}
+
+int TypeNumberFromExtension(const std::wstring& fileName) {
+  if (fileName.empty()) {
+    return typeFP3;
+  }
+  constexpr std::size_t extensionLength = 4;
+  if (fileName.size() < extensionLength) {
+    throw RunTimeError(platform::error::invalidCall);
+  }
+  const std::wstring extension = upper(fileName.substr(fileName.size() - extensionLength));
+  if (extension == L".FP3") {
+    return typeFP3;
+  }
+  if (extension == L".BI3") {
+    return typeBI3;
+  }
+  if (extension == L".BS3") {
+    return typeBS3;
+  }
+  return extension == L".CW3" ? typeCW3 : typeUnknown;
+}
+
+}  // namespace modQMKGeneral

@@ -1,0 +1,54 @@
+// The catalogue file of data files: "QMKFileList3.txt" in the application folder.
+#pragma once
+
+#include <string>
+
+#include "catalogue/catalogue_view.h"
+#include "platform/run_time_error.h"
+
+namespace modQMKGeneral {
+
+/// Path of the catalogue file, and of the temporary file that every rewrite of a list file goes
+/// through.
+[[nodiscard]] std::wstring CatalogueFile();
+[[nodiscard]] std::wstring TemporaryFile();
+
+/// Numbers of the data types, as `TypeNumberFromExtension` gives them.
+inline constexpr int typeFP3 = 0;
+inline constexpr int typeBS3 = 1;
+inline constexpr int typeBI3 = 2;
+inline constexpr int typeCW3 = 3;
+inline constexpr int typeUnknown = 99;
+
+/// Appends one record per data file of the data folder to the catalogue (which is created when it
+/// is missing), then reloads the view. Errors go to the caller.
+void BuildCatalogue(CatalogueView& view);
+
+/// The same without the reload, for the view's own load.
+void AppendDataFolderRecords();
+
+/// Stamps today's date on the record of `path`, or appends a record of that type code. Paths
+/// compare without regard to case. Errors are trapped and shown as "Problem saving to QMK list".
+void AddOrUpdateCatalogueEntry(const std::wstring& path, const std::wstring& typeCode);
+
+/// Drops every record whose path is exactly `path` (case matters), then deletes the data file
+/// itself if it exists. Errors go to the caller (53: no catalogue).
+void RemoveCatalogueEntry(const std::wstring& path);
+
+/// Replaces the records of the data folder by what the folder holds now, behind the records of
+/// files elsewhere, and reloads the view. Errors go to the caller (53: no catalogue).
+void RefreshDataFolderEntries(CatalogueView& view);
+
+/// Renames the data file of the view's selected item, adding the type's extension where `newName`
+/// lacks it, and rewrites the catalogue from the list. When the file is gone its entry is removed
+/// instead. Errors are trapped and shown as "Problem saving to QMK list".
+void RenameCatalogueFile(CatalogueView& view, const std::wstring& newName);
+
+/// Number of the type that the extension names; an empty name counts as a fuel profile, an
+/// unknown extension is 99. Raises 5 for a name of one to three characters.
+[[nodiscard]] int TypeNumberFromExtension(const std::wstring& fileName);
+
+/// Shows `sentence`, a line break, and the error's number and description.
+void ShowListFileProblem(const std::wstring& sentence, const platform::RunTimeError& failure);
+
+}  // namespace modQMKGeneral

@@ -1,0 +1,111 @@
+#include <optional>
+#include <utility>
+
+#include "catalogue/catalogue_file.h"
+#include "catalogue/list_file.h"
+#include "platform/dialogs.h"
+#include "platform/files.h"
+#include "platform/run_time_error.h"
+#include "platform/text.h"
+
+namespace modQMKGeneral {
+
+using controls::ListView;
+using platform::RunTimeError;
+using platform::text::toCodePage;
+using platform::text::upper;
+
+namespace files = platform::files;
+
+namespace {
+
+/// The new name with the type's extension, unless its last three characters are the type code
+/// already; a name of up to three characters always gets it.
+std::wstring withExtension(const std::wstring& newName, const std::wstring& typeCode) {
+  const std::wstring type = upper(typeCode);
+  constexpr std::size_t codeLength = 3;
+  if (newName.size() > codeLength && upper(newName.substr(newName.size() - codeLength)) == type) {
+    return newName;
+  }
+  return newName + L"." + type;
+}
+
+std::optional<std::size_t> indexOf(const ListView& list, const std::wstring& folder,
+                                   const std::wstring& name) {
+  for (std::size_t index = 0; index < list.count(); ++index) {
+    if (list.text(index) == name && list.subItem(index, data_column::folder) == folder) {
+      return index;
+    }
+  }
+  return std::nullopt;
+}
+
+/// The list as a catalogue, in its displayed order.
+std::string recordsOf(const ListView& list) {
+  std::string bytes;
+  for (std::size_t index = 0; index < list.count(); ++index) {
+    bytes +=
+        list_file::line({toCodePage(list.subItem(index, data_column::type)),
+                         toCodePage(list.subItem(index, data_column::folder) + list.text(index)),
+                         toCodePage(list.subItem(index, data_column::date))});
+  }
+  return bytes;
+}
+
+/// Gives the entry its new name and writes the list to the catalogue. The list may be older than
+/// the file when another program has just written it; then it is reloaded and done again, so that
+/// the other program's records stay. Leaves the list reloaded.
+void saveRenamed(CatalogueView& view, std::size_t selected, const std::wstring& newName) {
+  const std::wstring oldName = view.dataList.text(selected);
+  const std::wstring folder = view.dataList.subItem(selected, data_column::folder);
+  constexpr int mostTries = 50;
+  std::optional<std::size_t> item = selected;
+  for (int tries = 0; tries < mostTries; ++tries) {
+    if (item) {
+      view.dataList.setText(*item, newName);
+    }
+    if (list_file::replaceAll(CatalogueFile(), TemporaryFile(), recordsOf(view.dataList),
+                              view.shown) == files::Replaced::yes) {
+      LoadCatalogueView(view);
+      return;
+    }
+    view.shown = {};
+    LoadCatalogueView(view);
+    if (!view.shown.present) {
+      // The load has told the user why; a list without its records must not become the file.
+      return;
+    }
+    item = indexOf(view.dataList, folder, oldName);
+  }
+  throw RunTimeError(platform::error::permissionDenied);
+}
+
+void rename(CatalogueView& view, const std::wstring& newName) {
+  list_file::discardStale(TemporaryFile());
+  const std::size_t selected = view.dataList.selectedItem();
+  const std::wstring oldName = view.dataList.text(selected);
+  const std::wstring folder = view.dataList.subItem(selected, data_column::folder);
+  const std::wstring name =
+      withExtension(newName, view.dataList.subItem(selected, data_column::type));
+  const std::wstring oldPath = folder + L"\\" + oldName;
+  if (!files::fileExists(oldPath)) {
+    platform::dialogs::showMessage(L"File does not exists, removing entry",
+                                   platform::dialogs::MessageStyle::critical);
+    RemoveCatalogueEntry(oldPath);
+    return;
+  }
+  files::rename(oldPath, folder + L"\\" + name);
+  saveRenamed(view, selected, name);
+}
+
+}  // namespace
+
+void RenameCatalogueFile(CatalogueView& view, const std::wstring& newName) {
+  try {
+    rename(view, newName);
+  } catch (const RunTimeError& failure) {
+    ShowListFileProblem(L"Problem saving to QMK list", failure);
+  }
+}
+
+}  // namespace modQMKGeneral

@@ -1,0 +1,153 @@
+#include "catalogue/opening.h"
+
+#include <algorithm>
+
+#include "catalogue/catalogue_file.h"
+#include "platform/dialogs.h"
+#include "platform/files.h"
+#include "platform/processes.h"
+#include "platform/run_time_error.h"
+#include "platform/text.h"
+#include "startup/paths.h"
+
+namespace ModQMKgeneral2 {
+
+using modQMKGeneral::AppFolder;
+using platform::RunTimeError;
+using platform::text::upper;
+
+namespace data_column = modQMKGeneral::data_column;
+namespace dialogs = platform::dialogs;
+namespace files = platform::files;
+
+namespace {
+
+std::wstring profileTool() { return AppFolder() + L"\\plv3.exe"; }
+std::wstring canopyTool() { return AppFolder() + L"\\cw3.exe"; }
+std::wstring inventoryTool() { return AppFolder() + L"\\brtpc3.exe"; }
+
+/// Tool that owns a type code in upper case, "" for a code that no tool owns.
+std::wstring toolOf(const std::wstring& type) {
+  if (type == L"FP3") {
+    return profileTool();
+  }
+  if (type == L"CW3") {
+    return canopyTool();
+  }
+  return type == L"BI3" || type == L"BS3" ? inventoryTool() : L"";
+}
+
+void recoverMissingFile(Opening& opening, const std::wstring& folder, const std::wstring& name) {
+  const std::wstring question =
+      L"File does not exist: " + EncodePath(folder) + EncodePath(name) +
+      L"\rIt may have been moved or deleted. Do you wish to locate the file yourself? ";
+  if (dialogs::showMessage(question, dialogs::MessageStyle::yesNoWarning) == dialogs::Answer::yes) {
+    // The question marks are wildcards to the dialog: it lists every name of that shape.
+    opening.cmdBrowse.setTag(EncodePath(name));
+    opening.clickBrowse();
+  } else {
+    modQMKGeneral::RemoveCatalogueEntry(folder + name);
+    modQMKGeneral::LoadCatalogueView(opening.view);
+  }
+}
+
+}  // namespace
+
+std::wstring EncodePath(std::wstring path) {
+  std::replace(path.begin(), path.end(), L' ', L'?');
+  return path;
+}
+
+void RunToolCommand(modQMKGeneral::CatalogueView& view, const ToolCommand& command) {
+  try {
+    platform::processes::start(command.executable, command.text());
+  } catch (const RunTimeError& failure) {
+    dialogs::showMessage(L"Can't start application\r" + failure.numberAndDescription() +
+                             L"\rPath: " + command.text(),
+                         dialogs::MessageStyle::critical);
+    return;
+  }
+  modQMKGeneral::LoadCatalogueView(view);
+}
+
+void OpenSelectedDataFile(Opening& opening) {
+  const controls::ListView& list = opening.view.dataList;
+  if (list.count() == 0) {
+    return;
+  }
+  const std::size_t selected = list.selectedItem();
+  // Copies: the list may be reloaded while a message waits for its answer.
+  const std::wstring folder = list.subItem(selected, data_column::folder);
+  const std::wstring name = list.text(selected);
+  const std::wstring tool = toolOf(upper(list.subItem(selected, data_column::type)));
+  if (!files::fileExists(folder + name)) {
+    recoverMissingFile(opening, folder, name);
+  } else if (!tool.empty()) {
+    RunToolCommand(opening.view, {tool, L" " + EncodePath(folder) + EncodePath(name)});
+  }
+}
+
+void StartNewFile(Opening& opening) {
+  const controls::ListView& list = opening.view.newList;
+  if (list.count() == 0) {
+    return;
+  }
+  const std::wstring listed = list.subItem(list.selectedItem(), 1);
+  const std::wstring type = upper(listed);
+  if (type == L"FP3" || type == L"CW3") {
+    RunToolCommand(opening.view, {toolOf(type), L" #NEW#"});
+  } else if (type == L"BI3" || type == L"BS3") {
+    // The inventory tool takes the type code itself as the wish for a new file.
+    RunToolCommand(opening.view, {toolOf(type), L" " + listed});
+  }
+}
+
+void BrowseForDataFile(Opening& opening) {
+  std::wstring path;
+  const int failure = ChooseDataFile(opening.diaCommon, opening.cmdBrowse.tag(), path);
+  opening.cmdBrowse.setTag(L"");
+  if (failure != 0) {
+    return;
+  }
+  const std::wstring encoded = EncodePath(path);
+  switch (modQMKGeneral::TypeNumberFromExtension(path)) {
+    case modQMKGeneral::typeFP3:
+      RunToolCommand(opening.view, {profileTool(), L" " + encoded});
+      break;
+    case modQMKGeneral::typeBS3:
+      RunToolCommand(opening.view, {inventoryTool(), L" bps " + encoded});
+      break;
+    case modQMKGeneral::typeBI3:
+      RunToolCommand(opening.view, {inventoryTool(), L" bpi " + encoded});
+      break;
+    case modQMKGeneral::typeCW3:
+      RunToolCommand(opening.view, {canopyTool(), L" " + encoded});
+      break;
+    default:
+      dialogs::showMessage(L"The file can not be opened");
+  }
+}
+
+int ChooseDataFile(controls::CommonDialog& dialog, const std::wstring& preset, std::wstring& path) {
+  try {
+    dialog.initDir =
+        AppFolder() + L"\\" + files::findFirst(AppFolder() + L"\\data", files::directory);
+    dialog.fileName = preset;
+    dialog.cancelError = true;
+    dialog.dialogTitle = L"Open File";
+    dialog.filter =
+        L"Plotscan Fuel Profile(*.fp3)|*.fp3|Brushtally Planar Intercept(*.bi3)|*.bi3|"
+        L"Brushtally Plotview(*.bs3)|*.bs3|Canopy Weigh(*.cw3)|*.cw3";
+    dialog.filterIndex = 1;
+    dialog.showOpen();
+    path = dialog.fileName;
+    return 0;
+  } catch (const RunTimeError& failure) {
+    if (failure.number() != platform::error::cancelled) {
+      path = dialog.fileName;
+    }
+    return failure.number();
+  }
+}
+
+}  // namespace ModQMKgeneral2

@@ -1,0 +1,52 @@
+// Opening data files in the tools that own them, and starting tools on new files.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "catalogue/catalogue_view.h"
+#include "platform/controls/common_dialog.h"
+#include "platform/controls/control.h"
+
+namespace ModQMKgeneral2 {
+
+/// A program to start: its path, and what follows the path on the command line (with the blank
+/// that parts them).
+struct ToolCommand {
+  std::wstring executable;
+  std::wstring arguments;
+  /// The command line as the program receives it; the path is not quoted.
+  [[nodiscard]] std::wstring text() const { return executable + arguments; }
+};
+
+/// What opening works with on the main window.
+struct Opening {
+  modQMKGeneral::CatalogueView& view;
+  controls::CommonDialog& diaCommon;
+  controls::Control& cmdBrowse;       ///< Its tag may hold a file name to preset in the dialog.
+  std::function<void()> clickBrowse;  ///< Runs the click handler of `cmdBrowse`.
+};
+
+/// Starts a tool in a normal, focused window without waiting for it, then reloads the catalogue
+/// view. When it cannot be started "Can't start application" is shown and nothing else happens.
+void RunToolCommand(modQMKGeneral::CatalogueView& view, const ToolCommand& command);
+
+/// The path as a tool expects it: never quoted, every blank replaced by a question mark.
+[[nodiscard]] std::wstring EncodePath(std::wstring path);
+
+/// Double-click on the Open tab: opens the selected data file in its tool; offers to locate a file
+/// that is missing, and drops its entry when the user declines.
+void OpenSelectedDataFile(Opening& opening);
+
+/// Double-click on the New tab: starts the tool of the selected item's type on a new file.
+void StartNewFile(Opening& opening);
+
+/// The browse button: lets the user choose a data file and opens it in its tool.
+void BrowseForDataFile(Opening& opening);
+
+/// Shows the open dialog with `preset` as the file name. 0 when a file was chosen (its full path
+/// is then in `path`), 32755 when the user cancelled (`path` is untouched), otherwise the number
+/// of the dialog's failure. No error escapes.
+int ChooseDataFile(controls::CommonDialog& dialog, const std::wstring& preset, std::wstring& path);
+
+}  // namespace ModQMKgeneral2

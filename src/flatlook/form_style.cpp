@@ -1,0 +1,63 @@
+#include "flatlook/form_style.h"
+
+namespace OC_COLOR {
+
+namespace {
+
+std::vector<std::unique_ptr<cFlatControl>>& objects() {
+  static std::vector<std::unique_ptr<cFlatControl>> flatControls;
+  return flatControls;
+}
+
+void attach(controls::Control& control, const controls::Window& form) {
+  objects().push_back(std::make_unique<cFlatControl>());
+  objects().back()->Attach(flatTargetOf(control, form));
+}
+
+void colour(controls::CoolButton& button, const ButtonColours& colours) {
+  button.setBackColor(colours.background);
+  button.setColorDarkShadow(colours.lines);
+  button.setColorHighlight(colours.lines);
+  button.setColorLightShadow(colours.lines);
+}
+
+}  // namespace
+
+const std::vector<std::unique_ptr<cFlatControl>>& FlatControls() { return objects(); }
+
+void ApplyFlatStyle(controls::Window& form) {
+  using controls::Kind;
+  for (controls::Control* const control : form.controls()) {
+    switch (control->kind()) {
+      case Kind::comboBox:
+        static_cast<controls::ComboBox&>(*control).setAppearance(controls::flat);
+        attach(*control, form);
+        break;
+      case Kind::imageButton:
+        colour(static_cast<controls::CoolButton&>(*control), idleColours);
+        break;
+      case Kind::textBox: {
+        auto& box = static_cast<controls::TextBox&>(*control);
+        box.setAppearance(controls::flat);
+        box.setBorderStyle(controls::noBorder);
+        if (!box.locked()) {
+          attach(box, form);
+        }
+        break;
+      }
+      case Kind::label:
+        attach(*control, form);
+        break;
+      default:
+        break;
+    }
+  }
+}
+
+void SetButtonHot(controls::CoolButton& button) { colour(button, hotColours); }
+
+void SetButtonIdle(controls::CoolButton& button) { colour(button, idleColours); }
+
+void SetButtonIdleAfterClick(controls::CoolButton& button) { colour(button, idleColours); }
+
+}  // namespace OC_COLOR

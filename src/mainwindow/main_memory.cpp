@@ -1,0 +1,45 @@
+// What the main window remembers for its user from run to run.
+#include "mainwindow/main_window.h"
+#include "mainwindow/placement.h"
+#include "platform/screens.h"
+#include "platform/settings.h"
+
+namespace settings = platform::settings;
+
+namespace {
+
+constexpr const wchar_t* section = L"General";
+constexpr const wchar_t* placementKey = L"Placement";
+
+std::wstring columnsKey(std::size_t list) { return L"Columns" + std::to_wstring(list); }
+
+}  // namespace
+
+void frmQMK::restorePlace() {
+  auto placement = mainwindow::placementFromText(settings::read(section, placementKey, L""));
+  if (!placement || peer() == nullptr) {
+    return;
+  }
+  // The screens may have been rearranged, or have another density, since then.
+  platform::Rect& normal = placement->normal;
+  normal.width = normal.width * dpi() / placement->dpi;
+  normal.height = normal.height * dpi() / placement->dpi;
+  normal = mainwindow::broughtOntoScreen(normal, platform::screens::workAreas());
+  peer()->place(*placement);
+}
+
+void frmQMK::restoreColumnWidths() {
+  for (std::size_t i = 0; i < lstQMK.size(); ++i) {
+    mainwindow::setColumnWidths(lstQMK.at(i), settings::read(section, columnsKey(i), L""));
+  }
+}
+
+void frmQMK::remember() const {
+  if (peer() == nullptr) {
+    return;
+  }
+  settings::write(section, placementKey, mainwindow::placementText(peer()->placement()));
+  for (std::size_t i = 0; i < lstQMK.size(); ++i) {
+    settings::write(section, columnsKey(i), mainwindow::columnWidthsText(lstQMK.at(i)));
+  }
+}

@@ -1,0 +1,120 @@
+// The launcher's main window.
+#pragma once
+
+#include <array>
+#include <memory>
+#include <string>
+
+#include "about/about_box.h"
+#include "catalogue/catalogue_view.h"
+#include "catalogue/opening.h"
+#include "platform/controls/bars.h"
+#include "platform/controls/common_dialog.h"
+#include "platform/controls/image_list.h"
+#include "platform/controls/list_view.h"
+#include "platform/controls/window.h"
+#include "shortcuts/shortcut_list.h"
+#include "web/web_dialog.h"
+#include "web/web_list.h"
+
+/// Four tabs with a list each, a toolbar and a menu bar. It routes every command to the subsystem
+/// that the tab in front belongs to.
+class frmQMK : public controls::Window {
+ public:
+  frmQMK();
+
+  /// Indices of the tabs and of their lists.
+  enum Tab { tools = 0, open = 1, fresh = 2, web = 3 };
+
+  controls::Toolbar barMain;
+  controls::TabControl TabMain;
+  std::array<controls::ListView, 4> lstQMK;
+  controls::CoolButton cmdBrowse;
+  controls::Timer tmrFileUpdate;
+  /// [0] large and [1] small pictures of the lists, [2] pictures of the toolbar.
+  std::array<controls::ImageList, 3> imgIcons;
+  std::array<controls::ImageList, 2> imgShortCut;
+  controls::PictureBox picShortCuts;
+  controls::CommonDialog diaCommon;
+
+  controls::MenuItem mnuFile;
+  controls::MenuItem mnuExit;
+  controls::MenuItem mnuEdit;
+  controls::MenuItem mnuCreate;
+  controls::MenuItem mnuRename;
+  controls::MenuItem mnuDelete;
+  controls::MenuItem mnuView;
+  controls::MenuItem mnuList;
+  controls::MenuItem mnuIcon;
+  controls::MenuItem mnuHelp;
+  controls::MenuItem mnuHelpContents;
+  controls::MenuItem mnuWeb;
+  controls::MenuItem mnuAbout;
+
+  /// What the subsystems work with.
+  modQMKGeneral::CatalogueView catalogue;
+  modSC::ShortcutList shortcuts;
+  modQMKGeneral::WebList webList;
+  ModQMKgeneral2::Opening opening;
+
+  /// Adds the lists' columns and the toolbar's pictures and captions. Raises the platform's error
+  /// when the shortcuts folder has vanished and cannot be created.
+  void SetupMainWindow();
+
+  // Handlers; each is also called by its control.
+  void TabMain_Click(int newTab);
+  void barMain_ButtonClick(const std::wstring& key);
+  void mnuExit_Click();
+  void mnuCreate_Click();
+  void mnuRename_Click();
+  void mnuDelete_Click();
+  void mnuIcon_Click();
+  void mnuList_Click();
+  void mnuHelpContents_Click();
+  static void mnuWeb_Click();
+  void mnuAbout_Click();
+  void cmdBrowse_Click();
+  void lstQMK_DblClick(int index);
+  void lstQMK_ColumnClick(int index, int column);
+  void lstQMK_KeyDown(int index, controls::ListKey key);
+  void tmrFileUpdate_Timer();
+
+  /// The web shortcut dialog and the about box; nullptr until they are first shown.
+  [[nodiscard]] frmWeb* webDialog() const { return frmWeb_.get(); }
+  [[nodiscard]] frmAbout* aboutBox() const { return frmAbout_.get(); }
+
+ protected:
+  void Form_Load() override;
+  void Form_Activate() override;
+  void Form_QueryUnload(bool& cancel, controls::UnloadMode mode) override;
+  void Form_Unload(bool& cancel) override;
+  void layout(platform::Size client, int dpi) override;
+
+ private:
+  /// What the user had when the program last ended: place of the window, widths of the columns.
+  void restorePlace();
+  void restoreColumnWidths();
+  void remember() const;
+  void buildMenus();
+  void buildToolbar();
+  void buildLists();
+  void connect();
+  void showViewMode(bool report);
+  void setCommandsEnabled(bool create, bool rename, bool remove);
+  void setToolTips(const std::wstring& create, const std::wstring& rename,
+                   const std::wstring& remove);
+  void setEditCaptions(const std::wstring& create, const std::wstring& rename,
+                       const std::wstring& remove);
+  [[nodiscard]] controls::ListView& currentList();
+  [[nodiscard]] const std::wstring& currentCaption() const;
+  void renameCatalogueEntry();
+  void deleteCatalogueEntry();
+  /// The web shortcut dialog; a closed one is made afresh, an open one is kept.
+  frmWeb& webDialogForShowing();
+  void createWebShortcut();
+  void renameWebShortcut();
+  void deleteWebShortcut();
+
+  std::unique_ptr<frmWeb> frmWeb_;
+  std::unique_ptr<frmAbout> frmAbout_;
+};

@@ -1,0 +1,103 @@
+#include "mainwindow/placement.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <sstream>
+
+namespace mainwindow {
+
+using controls::ListView;
+using controls::Placement;
+using platform::Rect;
+
+namespace {
+
+/// Whole numbers parted by blanks; nothing when there is anything else in the text.
+std::optional<std::vector<int>> numbers(const std::wstring& text) {
+  std::wistringstream stream(text);
+  stream.imbue(std::locale::classic());
+  std::vector<int> found;
+  for (int number = 0; stream >> number;) {
+    found.push_back(number);
+  }
+  if (!stream.eof()) {
+    return std::nullopt;
+  }
+  return found;
+}
+
+std::int64_t sharedArea(const Rect& a, const Rect& b) {
+  const std::int64_t width = std::min(a.right(), b.right()) - std::max(a.left, b.left);
+  const std::int64_t height = std::min(a.bottom(), b.bottom()) - std::max(a.top, b.top);
+  return width > 0 && height > 0 ? width * height : 0;
+}
+
+}  // namespace
+
+std::wstring placementText(const Placement& placement) {
+  std::wstring text;
+  for (const int number : {placement.normal.left, placement.normal.top, placement.normal.width,
+                           placement.normal.height, placement.dpi}) {
+    text += std::to_wstring(number) + L' ';
+  }
+  return text + (placement.maximised ? L"1" : L"0");
+}
+
+std::optional<Placement> placementFromText(const std::wstring& text) {
+  constexpr std::size_t numbersWritten = 6;
+  // Far beyond every screen, and small enough that sums of two do not overflow.
+  constexpr int limit = 1'000'000;
+  const auto read = numbers(text);
+  if (!read || read->size() != numbersWritten ||
+      std::any_of(read->begin(), read->end(),
+                  [](int number) { return number < -limit || number > limit; })) {
+    return std::nullopt;
+  }
+  const Placement placement{.normal = {(*read)[0], (*read)[1], (*read)[2], (*read)[3]},
+                            .dpi = (*read)[4],
+                            .maximised = (*read)[5] == 1};
+  if (placement.normal.width <= 0 || placement.normal.height <= 0 || placement.dpi <= 0) {
+    return std::nullopt;
+  }
+  return placement;
+}
+
+Rect broughtOntoScreen(const Rect& rect, const std::vector<Rect>& workAreas) {
+  const auto area = std::max_element(
+      workAreas.begin(), workAreas.end(),
+      [&rect](const Rect& a, const Rect& b) { return sharedArea(rect, a) < sharedArea(rect, b); });
+  if (area == workAreas.end()) {
+    return rect;
+  }
+  Rect placed = rect;
+  placed.width = std::min(rect.width, area->width);
+  placed.height = std::min(rect.height, area->height);
+  placed.left = std::clamp(rect.left, area->left, area->right() - placed.width);
+  placed.top = std::clamp(rect.top, area->top, area->bottom() - placed.height);
+  return placed;
+}
+
+std::wstring columnWidthsText(const ListView& list) {
+  std::wstring text;
+  for (const ListView::Column& column : list.columns()) {
+    text += (text.empty() ? L"" : L" ") + std::to_wstring(column.widthTwips);
+  }
+  return text;
+}
+
+void setColumnWidths(ListView& list, const std::wstring& text) {
+  constexpr int smallest = 15;
+  constexpr int largest = 60'000;
+  const auto widths = numbers(text);
+  if (!widths || widths->size() != list.columns().size()) {
+    return;
+  }
+  for (std::size_t i = 0; i < widths->size(); ++i) {
+    if (list.columns()[i].widthTwips > 0) {
+      list.setColumnWidth(i, std::clamp((*widths)[i], smallest, largest));
+    }
+  }
+}
+
+}  // namespace mainwindow

@@ -1,0 +1,67 @@
+// Subclassing: objects that get chosen messages of native windows which they do not own.
+//
+// Any number of objects can be attached to any number of windows. Everything ends with the first of
+// its two ends: after an object has been detached, or after a window is gone, no call is made.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+#include "platform/native_windows.h"
+
+namespace platform::subclass {
+
+using native::WindowHandle;
+
+/// Calls a handler relative to the window's own handling of the message.
+namespace response {
+inline constexpr int before = 1;
+inline constexpr int after = 2;
+}  // namespace response
+
+/// What an object with attached messages implements. It detaches its messages before it dies.
+class ISubclass {
+ public:
+  ISubclass() = default;
+  ISubclass(const ISubclass&) = delete;
+  ISubclass& operator=(const ISubclass&) = delete;
+  virtual ~ISubclass() = default;
+
+  /// Asked for each message (see `currentMessage`) how the handler is to be called: `before` or
+  /// `after`.
+  [[nodiscard]] virtual int MsgResponse() const = 0;
+  virtual void setMsgResponse(int response) = 0;
+  /// Handles an attached message. The result is the handler's own affair: the window's result
+  /// stays that of its own handling. An error that escapes is reported and ends the call only.
+  virtual std::int32_t WindowProc(WindowHandle window, unsigned message, std::uintptr_t first,
+                                  std::intptr_t second) = 0;
+  /// A window with attached messages is about to be gone; they are detached already.
+  virtual void windowGone(WindowHandle window) = 0;
+};
+
+/// Lets `object` have `message` of `window` from now on; it gets it once, however often it asks.
+/// Nothing happens when the window is gone.
+void attachMessage(ISubclass& object, WindowHandle window, unsigned message);
+/// Takes that back; nothing happens when it was not attached.
+void detachMessage(ISubclass& object, WindowHandle window, unsigned message);
+
+/// The message that is being brought to the objects; 0 when there is none.
+[[nodiscard]] unsigned currentMessage();
+
+/// Number of messages that are attached to windows, for all objects together.
+[[nodiscard]] std::size_t attachedMessages();
+
+// For the native side, which `watch` asks to hand over the messages of a window.
+
+/// Starts or ends the handing over of a window's messages. `watch` is false when the window is
+/// gone or belongs to another thread.
+[[nodiscard]] bool watch(WindowHandle window);
+void unwatch(WindowHandle window);
+/// A message of a watched window; `original` is the window's own handling, which is called exactly
+/// once. Its result is the message's.
+std::intptr_t deliver(WindowHandle window, unsigned message, std::uintptr_t first,
+                      std::intptr_t second, const std::function<std::intptr_t()>& original);
+/// A watched window is about to be gone: detaches everything and tells its objects.
+void windowIsGoing(WindowHandle window);
+
+}  // namespace platform::subclass

@@ -1,0 +1,144 @@
+#include <algorithm>
+#include <array>
+
+#include "platform/dialogs.h"
+#include "platform/files.h"
+#include "platform/run_time_error.h"
+#include "platform/shell_links.h"
+#include "platform/text.h"
+#include "shortcuts/shortcut_list.h"
+#include "shortcuts/tool_shortcuts.h"
+#include "startup/paths.h"
+
+namespace modSC {
+
+using modQMKGeneral::AppFolder;
+using modQMKGeneral::ShortCutsFolder;
+using platform::RunTimeError;
+using platform::text::upper;
+using SmodMisc::CanonicalPath;
+using SmodMisc::SplitPath;
+
+namespace dialogs = platform::dialogs;
+namespace files = platform::files;
+
+namespace {
+
+constexpr int startMaximised = 3;
+constexpr std::wstring_view linkExtension = L".lnk";
+
+/// Shortcuts of the suite's own tools, in upper case. The first of them may be deleted, but not
+/// renamed.
+constexpr std::array<std::wstring_view, 7> protectedNames{
+    L"SPRAWL.LNK",    L"MODELHOUSE.LNK",   L"BRUSHTALLYPC.LNK", L"PLOTVIEW.LNK",
+    L"IMAGEKEEP.LNK", L"CANOPY WEIGH.LNK", L"UNITSHIFT.LNK",
+};
+
+bool protectedFromRenaming(const std::wstring& name) {
+  return std::find(protectedNames.begin(), protectedNames.end(), upper(name)) !=
+         protectedNames.end();
+}
+
+bool protectedFromDeleting(const std::wstring& name) {
+  return std::find(protectedNames.begin() + 1, protectedNames.end(), upper(name)) !=
+         protectedNames.end();
+}
+
+/// Path of the selected shortcut's file; raises 91 without a selected item.
+std::wstring selectedFile(const ShortcutList& shortcuts) {
+  return shortcuts.list.subItem(shortcuts.list.selectedItem(), shortcut_column::file);
+}
+
+}  // namespace
+
+void BrowseForProgram(controls::CommonDialog& dialog, int& errorNumber, std::wstring& path) {
+  path.clear();
+  errorNumber = 0;
+  try {
+    dialog.initDir = AppFolder();
+    dialog.fileName.clear();
+    dialog.cancelError = true;
+    dialog.dialogTitle = L"Open File";
+    dialog.filter = L"Files (.exe,.hlp)|*.exe;*.hlp";
+    dialog.filterIndex = 1;
+    dialog.showOpen();
+    path = dialog.fileName;
+  } catch (const RunTimeError& failure) {
+    errorNumber = failure.number();
+  }
+}
+
+void CreateShortcut(ShortcutList& shortcuts) {
+  int errorNumber = 0;
+  std::wstring program;
+  BrowseForProgram(shortcuts.diaCommon, errorNumber, program);
+  if (errorNumber != platform::error::cancelled) {
+    std::wstring name;
+    std::wstring folder;
+    SplitPath(program, name, folder);
+    const std::wstring link = CanonicalPath(ShortCutsFolder) + L"\\Shortcut to " + name + L".lnk";
+    platform::shell_links::write(link, {.arguments = L"",
+                                        .description = name,
+                                        .hotKey = L"",
+                                        .iconLocation = program,
+                                        .targetPath = program,
+                                        .windowStyle = startMaximised,
+                                        .workingDirectory = folder});
+  }
+  LoadShortcutList(shortcuts);
+}
+
+void RenameShortcut(ShortcutList& shortcuts) {
+  const std::wstring file = selectedFile(shortcuts);
+  if (!files::fileExists(file)) {
+    dialogs::showMessage(L"Please select shortcut");
+    return;
+  }
+  std::wstring name;
+  std::wstring folder;
+  SplitPath(file, name, folder);
+  if (protectedFromRenaming(name)) {
+    dialogs::showMessage(L"Sorry, you can't rename this shortcut");
+    return;
+  }
+  const std::wstring bareName = name.substr(0, name.size() - linkExtension.size());
+  const std::wstring answer = dialogs::inputBox(L"Rename shortcut " + bareName, L"  ", L" ");
+  if (!answer.empty()) {
+    if (files::fileExists(folder + answer + L".lnk")) {
+      dialogs::showMessage(upper(answer) + L" already exists, can't change name");
+    } else {
+      // The renamed shortcut goes to the program's own folder, out of this list.
+      files::copy(file, CanonicalPath(AppFolder()) + L"\\shortcuts\\" + answer + L".lnk");
+      files::remove(selectedFile(shortcuts));
+    }
+  }
+  LoadShortcutList(shortcuts);
+}
+
+void DeleteShortcut(ShortcutList& shortcuts) {
+  const std::wstring file = selectedFile(shortcuts);
+  if (!files::fileExists(file)) {
+    dialogs::showMessage(L"Please select shortcut");
+    return;
+  }
+  std::wstring name;
+  std::wstring folder;
+  SplitPath(file, name, folder);
+  if (protectedFromDeleting(name)) {
+    dialogs::showMessage(L"Sorry, you can't delete this shortcut");
+    return;
+  }
+  if (dialogs::showMessage(L"Are your sure you want to delete the shortcut: " + upper(name),
+                           dialogs::MessageStyle::yesNoWarning) != dialogs::Answer::yes) {
+    return;
+  }
+  const std::wstring doomed = selectedFile(shortcuts);
+  if (!files::fileExists(doomed)) {
+    return;
+  }
+  // A shortcut that cannot be deleted is still in the list that is loaded next.
+  RemoveIgnoringErrors(doomed);
+  LoadShortcutList(shortcuts);
+}
+
+}  // namespace modSC

@@ -1,0 +1,101 @@
+#include "shortcuts/shortcut_list.h"
+
+#include "catalogue/opening.h"
+#include "platform/files.h"
+#include "platform/geometry.h"
+#include "platform/pictures.h"
+#include "platform/shell_links.h"
+#include "shortcuts/tool_shortcuts.h"
+#include "startup/paths.h"
+
+namespace modSC {
+
+using controls::ListView;
+using modQMKGeneral::ShortCutsFolder;
+using platform::Picture;
+
+namespace files = platform::files;
+
+namespace {
+
+/// Sides of large and small icons at 96 dpi.
+constexpr std::array iconSides{32, 16};
+
+/// The target's icon at `side` pixels, or a blank picture when it has none. The icon is drawn with
+/// a margin of one pixel, which is not taken over: scaling it away would blur the icon.
+Picture iconOf(controls::PictureBox& surface, const std::wstring& target, int side) {
+  constexpr int margin = 1;
+  surface.loadEmptyPicture({side + 2 * margin, side + 2 * margin});
+  if (const auto icon = platform::pictures::programIcon(target, side)) {
+    surface.draw(*icon, margin, margin);
+  }
+  return surface.image(margin);
+}
+
+void clearImages(ShortcutList& shortcuts) {
+  for (std::size_t i = 0; i < iconSides.size(); ++i) {
+    shortcuts.imgShortCut.at(i).clear();
+    shortcuts.imgShortCut.at(i).setImageSize({iconSides.at(i), iconSides.at(i)});
+  }
+}
+
+void addImages(ShortcutList& shortcuts, const std::wstring& key, const std::wstring& target) {
+  for (std::size_t i = 0; i < iconSides.size(); ++i) {
+    const int side = platform::scaled(iconSides.at(i), shortcuts.dpi);
+    shortcuts.imgShortCut.at(i).add(key, iconOf(shortcuts.picShortCuts, target, side));
+  }
+}
+
+void attachImages(ShortcutList& shortcuts) {
+  shortcuts.list.setImages(shortcuts.imgShortCut.data(), &shortcuts.imgShortCut[1]);
+}
+
+void addShortcut(ShortcutList& shortcuts, const std::wstring& fileName) {
+  const std::wstring link = ShortCutsFolder + L"\\" + fileName;
+  std::wstring target;
+  GetShortcutTarget(link, target);
+  addImages(shortcuts, fileName, target);
+  attachImages(shortcuts);
+  const std::wstring text = fileName.substr(0, fileName.find(L'.'));
+  shortcuts.list.add({text, fileName, {L"", link, target}});
+}
+
+std::wstring fileOf(const ListView& list, std::size_t index) {
+  return list.subItem(index, shortcut_column::file);
+}
+
+}  // namespace
+
+void LoadShortcutList(ShortcutList& shortcuts) {
+  const ListView::KeepPlace keep(shortcuts.list, fileOf);
+  shortcuts.list.clear();
+  shortcuts.list.setImages(nullptr, nullptr);
+  clearImages(shortcuts);
+  for (const files::Entry& file : files::search(ShortCutsFolder + L"\\*.lnk")) {
+    addShortcut(shortcuts, file.name);
+  }
+  shortcuts.list.setView(controls::iconView);
+}
+
+void RedrawShortcutIcons(ShortcutList& shortcuts) {
+  if (shortcuts.list.count() == 0) {
+    return;
+  }
+  clearImages(shortcuts);
+  for (std::size_t index = 0; index < shortcuts.list.count(); ++index) {
+    addImages(shortcuts, shortcuts.list.icon(index),
+              shortcuts.list.subItem(index, shortcut_column::target));
+  }
+  attachImages(shortcuts);
+}
+
+void StartSelectedShortcut(ShortcutList& shortcuts) {
+  if (shortcuts.list.count() == 0) {
+    return;
+  }
+  const std::wstring target =
+      shortcuts.list.subItem(shortcuts.list.selectedItem(), shortcut_column::target);
+  ModQMKgeneral2::RunToolCommand(shortcuts.catalogue, {target, L""});
+}
+
+}  // namespace modSC

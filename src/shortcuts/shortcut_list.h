@@ -1,0 +1,57 @@
+// The Tools tab: the shortcuts of the user's shortcuts folder with their programs' icons, and the
+// commands that create, rename and delete them.
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "catalogue/catalogue_view.h"
+#include "platform/controls/common_dialog.h"
+#include "platform/controls/image_list.h"
+#include "platform/controls/list_view.h"
+
+namespace modSC {
+
+/// Sub-items of the Tools list.
+namespace shortcut_column {
+inline constexpr std::size_t file = 2;    ///< Full path of the shortcut file.
+inline constexpr std::size_t target = 3;  ///< Path of the program that it starts.
+}  // namespace shortcut_column
+
+/// What the shortcuts work with on the main window.
+struct ShortcutList {
+  controls::ListView& list;
+  /// [0] large and [1] small icons, keyed by the shortcut's file name.
+  std::array<controls::ImageList, 2>& imgShortCut;
+  controls::PictureBox& picShortCuts;
+  controls::CommonDialog& diaCommon;
+  modQMKGeneral::CatalogueView& catalogue;
+  /// Dots per inch that the icons are drawn for.
+  int dpi = 96;
+};
+
+/// Rebuilds the list and both image lists from the shortcuts folder, and shows large icons. An
+/// error stops the rebuild and goes to the caller; the items added before it stay.
+void LoadShortcutList(ShortcutList& shortcuts);
+
+/// Draws the icons of all listed shortcuts again, for a changed `dpi`.
+void RedrawShortcutIcons(ShortcutList& shortcuts);
+
+/// Double-click on the Tools tab: starts the target of the selected shortcut, with nothing of the
+/// shortcut's arguments.
+void StartSelectedShortcut(ShortcutList& shortcuts);
+
+/// Shows the open dialog for a program. `errorNumber` is 0 and `path` the chosen file, or the
+/// number of what went wrong (32755: cancelled) and `path` is "". No error escapes.
+void BrowseForProgram(controls::CommonDialog& dialog, int& errorNumber, std::wstring& path);
+
+/// Create on the Tools tab: a shortcut to a program that the user chooses.
+void CreateShortcut(ShortcutList& shortcuts);
+
+/// Rename on the Tools tab. Raises 91 without a selected item, and what the copy raises.
+void RenameShortcut(ShortcutList& shortcuts);
+
+/// Delete on the Tools tab. Raises 91 without a selected item.
+void DeleteShortcut(ShortcutList& shortcuts);
+
+}  // namespace modSC

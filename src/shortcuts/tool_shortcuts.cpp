@@ -1,0 +1,98 @@
+#include "shortcuts/tool_shortcuts.h"
+
+#include <array>
+
+#include "platform/files.h"
+#include "platform/run_time_error.h"
+#include "platform/shell_links.h"
+#include "platform/text.h"
+#include "startup/paths.h"
+
+namespace modSC {
+
+using modQMKGeneral::AppFolder;
+using modQMKGeneral::ShortCutsFolder;
+using SmodMisc::CanonicalPath;
+
+namespace files = platform::files;
+
+namespace {
+
+constexpr int startMaximised = 3;
+
+struct Tool {
+  const wchar_t* shortcut;
+  const wchar_t* executable;
+  /// Compared, with regard to case, with the upper-cased name of the shortcut's target. A name
+  /// with small letters never matches: such a shortcut is written afresh at every start, and
+  /// goes when its tool is not installed.
+  const wchar_t* expectedTarget;
+};
+
+constexpr std::array tools{
+    Tool{L"Plotview Browser.lnk", L"plv3.exe", L"PLV3.EXE"},
+    Tool{L"BrushtallyPC.lnk", L"brtpc3.exe", L"brtpc3.exe"},
+    Tool{L"Imagekeep.lnk", L"imgkeep3.exe", L"imgkeep3.exe"},
+    Tool{L"Modelhouse.lnk", L"MDLHS3.EXE", L"MDLHS3.EXE"},
+    Tool{L"CanopyWeigh.lnk", L"CW3.EXE", L"CW3.EXE"},
+    Tool{L"Unitshift.lnk", L"unishift3.exe", L"unishift4.exe"},
+};
+
+void removeObsoleteShortcuts() {
+  const std::wstring oldest = CanonicalPath(ShortCutsFolder) + L"\\PlotviewX.lnk";
+  if (files::fileExists(oldest)) {
+    files::remove(oldest);
+  }
+  // An obsolete shortcut that is missing or in use does no harm.
+  RemoveIgnoringErrors(ShortCutsFolder + L"\\Plotview.lnk");
+  RemoveIgnoringErrors(ShortCutsFolder + L"\\Canopy Weigh.lnk");
+}
+
+void provision(const Tool& tool) {
+  const std::wstring link = CanonicalPath(ShortCutsFolder) + L"\\" + tool.shortcut;
+  if (files::fileExists(link)) {
+    std::wstring target;
+    GetShortcutTarget(link, target);
+    if (platform::text::upper(files::findFirst(target)) != tool.expectedTarget) {
+      files::remove(ShortCutsFolder + L"\\" + tool.shortcut);
+    }
+  }
+  if (files::fileExists(AppFolder() + L"\\" + tool.executable)) {
+    CreateToolShortcut(CanonicalPath(AppFolder()) + L"\\" + tool.executable, link, AppFolder(),
+                       L"XXX");
+  }
+}
+
+}  // namespace
+
+void RemoveIgnoringErrors(const std::wstring& path) {
+  try {
+    files::remove(path);
+  } catch (const platform::RunTimeError&) {
+    return;
+  }
+}
+
+void CreateToolShortcut(const std::wstring& targetPath, const std::wstring& linkPath,
+                        const std::wstring& workingFolder, const std::wstring& /*reserved*/) {
+  platform::shell_links::write(linkPath, {.arguments = L"",
+                                          .description = linkPath,
+                                          .hotKey = L"",
+                                          .iconLocation = targetPath,
+                                          .targetPath = targetPath,
+                                          .windowStyle = startMaximised,
+                                          .workingDirectory = workingFolder});
+}
+
+void GetShortcutTarget(const std::wstring& linkPath, std::wstring& target) {
+  target = platform::shell_links::targetOf(linkPath);
+}
+
+void ProvisionToolShortcuts() {
+  removeObsoleteShortcuts();
+  for (const Tool& tool : tools) {
+    provision(tool);
+  }
+}
+
+}  // namespace modSC

@@ -1,0 +1,95 @@
+#include "startup/paths.h"
+
+#include <utility>
+
+#include "platform/application.h"
+#include "platform/controls/window.h"
+#include "platform/files.h"
+#include "platform/folders.h"
+
+namespace files = platform::files;
+
+namespace modQMKGeneral {
+
+std::wstring UserFolder;
+std::wstring ShortCutsFolder;
+
+std::wstring AppFolder() { return platform::application::folder(); }
+
+void EnsureFolder(const std::wstring& path) {
+  if (!files::folderExists(path)) {
+    files::makeFolder(path);
+  }
+}
+
+void InitUserFolders() {
+  std::wstring documents = smodFolders::GetSpecialFolder(platform::folders::personal);
+  // The shell ends the documents folder with a backslash when it is a drive's root.
+  if (documents.ends_with(L'\\')) {
+    documents.pop_back();
+  }
+  UserFolder = documents + L"\\My QMKExtra3";
+  EnsureFolder(UserFolder);
+  ShortCutsFolder = UserFolder + L"\\ShortCuts";
+  EnsureFolder(ShortCutsFolder);
+}
+
+}  // namespace modQMKGeneral
+
+namespace smodFolders {
+namespace {
+
+/// Never shown; it only lends its handle to the shell.
+class frmSpecialFolders : public controls::Window {
+ public:
+  frmSpecialFolders() : Window(L"frmSpecialFolders", controls::WindowKind::hidden) {}
+};
+
+}  // namespace
+
+std::wstring GetSpecialFolder(int folderId) {
+  frmSpecialFolders owner;
+  owner.load();
+  const auto path = platform::folders::specialFolder(owner, folderId);
+  owner.unload();
+  return path.value_or(L"");
+}
+
+}  // namespace smodFolders
+
+namespace SmodMisc {
+
+std::wstring CanonicalPath(const std::wstring& path) {
+  if (path.empty()) {
+    return L"";
+  }
+  std::wstring scanned = path;
+  if (scanned.back() == L'\\') {
+    scanned.pop_back();
+  }
+  scanned += L'\\';
+  constexpr std::size_t behindDrive = 3;
+  constexpr unsigned everything = files::hidden | files::system | files::directory;
+  std::wstring found;
+  for (std::size_t separator = scanned.find(L'\\', behindDrive); separator != std::wstring::npos;
+       separator = scanned.find(L'\\', separator + 1)) {
+    const std::wstring name = files::findFirst(scanned.substr(0, separator), everything);
+    if (name.empty()) {
+      return L"";
+    }
+    found += L'\\' + name;
+  }
+  return scanned.substr(0, 2) + found;
+}
+
+void SplitPath(const std::wstring& path, std::wstring& name, std::wstring& folder) {
+  const std::size_t last = path.rfind(L'\\');
+  const std::size_t behind = last == std::wstring::npos ? 0 : last + 1;
+  // The outputs may be the very string that is split.
+  std::wstring lastPart = path.substr(behind);
+  std::wstring before = path.substr(0, behind);
+  name = std::move(lastPart);
+  folder = std::move(before);
+}
+
+}  // namespace SmodMisc

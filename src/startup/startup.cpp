@@ -1,0 +1,101 @@
+#include "startup/startup.h"
+
+#include <array>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "catalogue/catalogue_file.h"
+#include "catalogue/catalogue_view.h"
+#include "platform/application.h"
+#include "platform/dispatcher.h"
+#include "platform/settings.h"
+#include "platform/text.h"
+#include "platform/windows.h"
+#include "shortcuts/shortcut_list.h"
+#include "startup/paths.h"
+#include "web/web_list.h"
+
+namespace modSystem {
+
+using platform::dispatch;
+using platform::application::processPendingMessages;
+
+namespace {
+
+/// Registers the example canopy file once per user.
+void registerExample() {
+  constexpr const wchar_t* section = L"General";
+  constexpr const wchar_t* key = L"CWIExample";
+  const std::wstring registered = platform::settings::read(section, key, L"False");
+  if (platform::text::upper(registered) == L"TRUE") {
+    return;
+  }
+  modQMKGeneral::AddOrUpdateCatalogueEntry(modQMKGeneral::AppFolder() + L"\\data\\CWIexample.cw3",
+                                           L"CW3");
+  platform::settings::write(section, key, L"True");
+}
+
+}  // namespace
+
+bool Gateway::prepare() {
+  return dispatch([this] {
+    modQMKGeneral::InitUserFolders();
+    // No tick may reload the list half-way through.
+    main.tmrFileUpdate.setEnabled(false);
+    main.load();
+    processPendingMessages();
+    main.SetupMainWindow();
+  });
+}
+
+void Gateway::showSplash() {
+  // A tool shortcut that cannot be written ends the splash, but not the start.
+  dispatch([this] { splash.showModal(); });
+}
+
+void Gateway::fillLists() {
+  const std::array<std::function<void()>, 10> steps{
+      registerExample,
+      [this] { modQMKGeneral::LoadCatalogueView(main.catalogue); },
+      [this] { modQMKGeneral::AddNewFileItems(main.catalogue); },
+      [this] { modSC::LoadShortcutList(main.shortcuts); },
+      processPendingMessages,
+      [this] { modQMKGeneral::LoadWebList(main.webList); },
+      [this] { main.TabMain.setCurrent(frmQMK::tools); },
+      processPendingMessages,
+      [this] { modQMKGeneral::RefreshDataFolderEntries(main.catalogue); },
+      [this] { main.tmrFileUpdate.setEnabled(true); },
+  };
+  for (const auto& step : steps) {
+    // The user may close the window while messages run.
+    if (main.loaded()) {
+      dispatch(step);
+    }
+  }
+}
+
+bool Gateway::start() {
+  if (!prepare()) {
+    return false;
+  }
+  showSplash();
+  if (!splash.foldersReady()) {
+    return false;
+  }
+  main.show();
+  processPendingMessages();
+  fillLists();
+  return true;
+}
+
+int Main() {
+  const auto gateway = std::make_unique<Gateway>();
+  if (!gateway->start()) {
+    return 1;
+  }
+  platform::windows::run(gateway->main);
+  return 0;
+}
+
+}  // namespace modSystem

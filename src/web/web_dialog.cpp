@@ -1,0 +1,81 @@
+#include "web/web_dialog.h"
+
+#include <algorithm>
+
+#include "flatlook/form_style.h"
+#include "platform/controls/control_ids.h"
+#include "platform/windows.h"
+
+namespace ids = controls::ids;
+using platform::Rect;
+using platform::scaled;
+
+frmWeb::frmWeb(modQMKGeneral::WebList& web)
+    : Window(L"frmWeb", controls::WindowKind::dialog),
+      Label1(L"Label1", ids::webLabel1),
+      txtName(L"txtName", ids::txtName),
+      Label2(L"Label2", ids::webLabel2),
+      txtUrl(L"txtUrl", ids::txtUrl),
+      cmdOK(L"cmdOK", ids::webOK),
+      cmdCancel(L"cmdCancel", ids::webCancel),
+      web_(web) {
+  setCaption(createCaption);
+  setDesignSize({420, 124}, {});
+  Label1.setCaption(L"Name");
+  txtName.setText(L"New Web Short Cut");
+  txtName.setAccessibleName(L"Name");
+  Label2.setCaption(L"URL");
+  txtUrl.setText(L"http://");
+  txtUrl.setAccessibleName(L"URL");
+  cmdOK.isDefault = true;
+  cmdOK.onClick = [this] { cmdOK_Click(); };
+  cmdCancel.setCaption(L"Cancel");
+  cmdCancel.isCancel = true;
+  cmdCancel.onClick = [this] { cmdCancel_Click(); };
+  add(Label1);
+  add(txtName);
+  add(Label2);
+  add(txtUrl);
+  add(cmdOK);
+  add(cmdCancel);
+}
+
+void frmWeb::Form_Load() { OC_COLOR::ApplyFlatStyle(*this); }
+
+void frmWeb::layout(platform::Size client, int dpi) {
+  const auto at = [dpi](int length) { return scaled(length, dpi); };
+  const int margin = at(12);
+  // A flat field is as high as its text with a pixel above and below, and the ring around it: the
+  // system writes at the top of a field without a border.
+  constexpr int ring = 2;
+  const int textHeight = platform::windows::textSize(L"Xg", {}, dpi).height;
+  const int rowHeight = textHeight + 2 * ring;
+  const int labelWidth = at(48);
+  const int fieldLeft = margin + labelWidth + at(4);
+  const int fieldWidth = std::max(0, client.width - fieldLeft - margin);
+  const auto row = [&](int top, controls::Label& label, controls::TextBox& field) {
+    // The label's text stands on the base line of the field's, which loses a pixel to its ring.
+    label.setBounds({margin, top + 1, labelWidth, textHeight});
+    field.setBounds({fieldLeft, top, fieldWidth, rowHeight});
+  };
+  row(margin, Label1, txtName);
+  row(margin + rowHeight + at(12), Label2, txtUrl);
+  const int buttonWidth = at(84);
+  const int buttonHeight = at(26);
+  const int buttonTop = client.height - margin - buttonHeight;
+  const int cancelLeft = client.width - margin - buttonWidth;
+  cmdCancel.setBounds({cancelLeft, buttonTop, buttonWidth, buttonHeight});
+  cmdOK.setBounds({cancelLeft - at(8) - buttonWidth, buttonTop, buttonWidth, buttonHeight});
+}
+
+void frmWeb::cmdOK_Click() {
+  if (cmdOK.caption() == L"Create") {
+    modQMKGeneral::AppendWebEntry(web_, txtName.text(), txtUrl.text());
+    unload();
+  } else if (cmdOK.caption() == L"Rename") {
+    modQMKGeneral::SaveWebList(web_, txtName.text(), txtUrl.text());
+    unload();
+  }
+}
+
+void frmWeb::cmdCancel_Click() { unload(); }

@@ -1,0 +1,96 @@
+#include "web/web_list.h"
+
+#include "catalogue/catalogue_file.h"
+#include "catalogue/list_file.h"
+#include "platform/files.h"
+#include "platform/run_time_error.h"
+#include "platform/text.h"
+#include "startup/paths.h"
+
+namespace modQMKGeneral {
+
+using controls::ListView;
+using list_file::Missing;
+using list_file::Reader;
+using list_file::Record;
+using platform::RunTimeError;
+using platform::text::toCodePage;
+
+namespace files = platform::files;
+
+namespace {
+
+std::wstring nameAndUrl(const ListView& list, std::size_t index) {
+  // A name may hold anything that can be typed, but never a NUL.
+  return list.text(index) + L'\0' + list.subItem(index, urlColumn);
+}
+
+std::string recordOf(const std::wstring& name, const std::wstring& url) {
+  return list_file::line({toCodePage(name), toCodePage(url)});
+}
+
+}  // namespace
+
+std::wstring WebListFile() { return AppFolder() + L"\\QMKWebList.txt"; }
+
+void LoadWebList(WebList& web) {
+  try {
+    const ListView::KeepPlace keep(web.list(), nameAndUrl);
+    web.list().clear();
+    web.list().setImages(&web.largeImages, &web.smallImages);
+    web.list().setView(controls::reportView);
+    if (!files::fileExists(WebListFile())) {
+      return;
+    }
+    const files::Contents contents = files::readWhole(WebListFile());
+    Reader reader(contents.bytes);
+    for (Record record; reader.next(record);) {
+      if (record.has(0)) {
+        web.list().add({record.text(0), L"Web", {record.text(1)}});
+      }
+    }
+  } catch (const RunTimeError& failure) {
+    ShowListFileProblem(L"Problem reading Web file list", failure);
+  }
+}
+
+void AppendWebEntry(WebList& web, const std::wstring& name, const std::wstring& url) {
+  list_file::rewrite(WebListFile(), TemporaryFile(), Missing::isEmpty, [&](std::string_view old) {
+    std::string bytes(old);
+    list_file::append(bytes, recordOf(name, url));
+    return bytes;
+  });
+  LoadWebList(web);
+}
+
+void SaveWebList(WebList& web, const std::wstring& name, const std::wstring& url) {
+  ListView& list = web.lists.at(static_cast<std::size_t>(web.tabs.current()));
+  {
+    const ListView::Update update(list);
+    // A sorted list may move the item between the two.
+    list.setText(list.selectedItem(), name);
+    list.setSubItem(list.selectedItem(), urlColumn, url);
+  }
+  try {
+    std::string bytes;
+    for (std::size_t index = 0; index < list.count(); ++index) {
+      bytes += recordOf(list.text(index), list.subItem(index, urlColumn));
+    }
+    // The file becomes what the list holds, whatever it holds itself.
+    list_file::rewrite(WebListFile(), TemporaryFile(), Missing::isError,
+                       [&bytes](std::string_view) { return bytes; });
+    LoadWebList(web);
+  } catch (const RunTimeError& failure) {
+    ShowListFileProblem(L"Problem saving to QMK list", failure);
+  }
+}
+
+void DeleteWebEntry(WebList& web, const std::wstring& name) {
+  list_file::rewrite(WebListFile(), TemporaryFile(), Missing::isError, [&](std::string_view old) {
+    return list_file::filtered(
+        old, [&name](const Record& record) { return !record.has(0) || record.text(0) != name; });
+  });
+  LoadWebList(web);
+}
+
+}  // namespace modQMKGeneral

@@ -1,0 +1,261 @@
+#include "catalogue/opening.h"
+
+#include <gtest/gtest.h>
+
+#include "unit/support/catalogue_test.h"
+#include "unit/support/fault_sweep.h"
+
+namespace {
+
+using desktop::desktop;
+using desktop::Start;
+using ModQMKgeneral2::EncodePath;
+using ModQMKgeneral2::RunToolCommand;
+using platform::dialogs::Answer;
+using platform::dialogs::MessageStyle;
+using unit::record;
+using unit::Texts;
+
+using Starts = std::vector<Start>;
+
+class Opening : public unit::CatalogueTest {
+ protected:
+  Opening() {
+    for (const wchar_t* const tool : {L"plv3.exe", L"cw3.exe", L"brtpc3.exe"}) {
+      desktop().putProgram(std::wstring(L"C:\\App\\") + tool);
+    }
+  }
+  /// A catalogue of one entry, loaded.
+  void listOne(const std::string& type, const std::string& path) {
+    putCatalogue(record({type, path, "1"}));
+    modQMKGeneral::LoadCatalogueView(view);
+  }
+  void doubleClick(frmQMK::Tab tab) { main.lstQMK.at(tab).raiseDoubleClick(); }
+  const std::wstring missingQuestionEnd =
+      L"\rIt may have been moved or deleted. Do you wish to locate the file yourself? ";
+};
+
+TEST(EncodePath, ReplacesEveryBlankByAQuestionMarkAndQuotesNothing) {
+  EXPECT_EQ(EncodePath(L"C:\\My Data\\plot 1.fp3"), L"C:\\My?Data\\plot?1.fp3");
+  EXPECT_EQ(EncodePath(L"  "), L"??");
+  EXPECT_EQ(EncodePath(L""), L"");
+  EXPECT_EQ(EncodePath(L"C:\\a,\t\u00A0b.fp3"), L"C:\\a,\t\u00A0b.fp3");
+}
+
+TEST_F(Opening, TheDataTabGivesEachToolTheFileAndNothingElse) {
+  struct Case {
+    const char* type;
+    const char* name;
+    const wchar_t* tool;
+  };
+  for (const Case& c : {Case{"FP3", "a.fp3", L"plv3.exe"}, Case{"CW3", "a.cw3", L"cw3.exe"},
+                        Case{"BI3", "a.bi3", L"brtpc3.exe"}, Case{"BS3", "a.bs3", L"brtpc3.exe"},
+                        Case{"bi3", "a.bi3", L"brtpc3.exe"}, Case{"fP3", "a.fp3", L"plv3.exe"}}) {
+    SCOPED_TRACE(c.type);
+    const std::string name = c.name;
+    putData(std::wstring(name.begin(), name.end()));
+    listOne(c.type, "C:\\App\\data\\" + name);
+    desktop().starts.clear();
+    doubleClick(frmQMK::open);
+    const std::wstring tool = std::wstring(L"C:\\App\\") + c.tool;
+    EXPECT_EQ(
+        desktop().starts,
+        (Starts{{tool, tool + L" C:\\App\\data\\" + std::wstring(name.begin(), name.end())}}));
+  }
+  EXPECT_TRUE(messages().empty());
+}
+
+TEST_F(Opening, APathWithBlanksReachesTheToolWithQuestionMarksAndNoQuotes) {
+  desktop().putFile(L"D:\\My Data\\plot 1, old.fp3", "");
+  listOne("FP3", "D:\\My Data\\plot 1, old.fp3");
+  doubleClick(frmQMK::open);
+  EXPECT_EQ(desktop().starts,
+            (Starts{{L"C:\\App\\plv3.exe", L"C:\\App\\plv3.exe D:\\My?Data\\plot?1,?old.fp3"}}));
+}
+
+TEST_F(Opening, ABlankInTheApplicationFolderStaysOneAndTheToolIsNamedExplicitly) {
+  desktop().applicationFolder = L"C:\\Program Files\\Q 3";
+  desktop().putProgram(L"C:\\Program Files\\Q 3\\plv3.exe");
+  desktop().putProgram(L"C:\\Program.exe");
+  desktop().putFile(L"D:\\a b.fp3", "");
+  desktop().putFile(L"C:\\Program Files\\Q 3\\QMKFileList3.txt",
+                    record({"FP3", "D:\\a b.fp3", ""}));
+  modQMKGeneral::LoadCatalogueView(view);
+  doubleClick(frmQMK::open);
+  EXPECT_EQ(desktop().starts, (Starts{{L"C:\\Program Files\\Q 3\\plv3.exe",
+                                       L"C:\\Program Files\\Q 3\\plv3.exe D:\\a?b.fp3"}}));
+}
+
+TEST_F(Opening, AnEmptyListOpensNothing) {
+  doubleClick(frmQMK::open);
+  doubleClick(frmQMK::fresh);
+  EXPECT_TRUE(desktop().starts.empty());
+  EXPECT_TRUE(messages().empty());
+}
+
+TEST_F(Opening, TheSelectedItemIsOpened) {
+  desktop().putFile(L"D:\\a.fp3", "");
+  desktop().putFile(L"D:\\b.fp3", "");
+  putCatalogue(record({"FP3", "D:\\a.fp3", ""}) + record({"FP3", "D:\\b.fp3", ""}));
+  modQMKGeneral::LoadCatalogueView(view);
+  select(list, L"b.fp3");
+  doubleClick(frmQMK::open);
+  EXPECT_EQ(desktop().starts, (Starts{{L"C:\\App\\plv3.exe", L"C:\\App\\plv3.exe D:\\b.fp3"}}));
+}
+
+TEST_F(Opening, AnyOtherTypeDoesNothing) {
+  desktop().putFile(L"D:\\a.fp3", "");
+  for (const char* const type : {"BW3", "PV3", "XYZ", "", "FP33"}) {
+    listOne(type, "D:\\a.fp3");
+    doubleClick(frmQMK::open);
+  }
+  EXPECT_TRUE(desktop().starts.empty());
+  EXPECT_TRUE(messages().empty());
+}
+
+TEST_F(Opening, AMissingFileOfAnyTypeIsAskedAboutInItsEncodedForm) {
+  listOne("XYZ", "D:\\My Data\\plot 1.fp3");
+  desktop().answers = {Answer::no};
+  doubleClick(frmQMK::open);
+  ASSERT_EQ(messages(),
+            Texts{L"File does not exist: D:\\My?Data\\plot?1.fp3" + missingQuestionEnd});
+  EXPECT_EQ(desktop().messages[0].style, MessageStyle::yesNoWarning);
+  EXPECT_EQ(desktop().messages[0].title, L"Quillmark Suite 3 Gateway");
+  EXPECT_TRUE(desktop().starts.empty());
+}
+
+TEST_F(Opening, DecliningToLocateAMissingFileRemovesItsEntry) {
+  const std::string other = record({"FP3", "D:\\other.fp3", "1"});
+  putCatalogue(record({"FP3", "D:\\a b.fp3", "1"}) + other);
+  modQMKGeneral::LoadCatalogueView(view);
+  select(list, L"a b.fp3");
+  desktop().answers = {Answer::no};
+  doubleClick(frmQMK::open);
+  EXPECT_EQ(catalogue(), other);
+  EXPECT_EQ(rows(), Texts{L"other.fp3"});
+  EXPECT_TRUE(desktop().fileDialogs.empty());
+}
+
+TEST_F(Opening, AcceptingToLocateAMissingFilePresetsItsNameWithQuestionMarksForBlanks) {
+  listOne("FP3", "D:\\My Data\\plot 1.fp3");
+  desktop().answers = {Answer::yes};
+  desktop().fileDialogResults = {32755};
+  doubleClick(frmQMK::open);
+  ASSERT_EQ(desktop().fileDialogs.size(), 1U);
+  EXPECT_EQ(desktop().fileDialogs[0].fileName, L"plot?1.fp3");
+  EXPECT_EQ(main.cmdBrowse.tag(), L"");
+  EXPECT_EQ(catalogue(), record({"FP3", "D:\\My Data\\plot 1.fp3", "1"}));
+  EXPECT_EQ(messages().size(), 1U);
+}
+
+TEST_F(Opening, ALocatedFileIsOpenedAsTheBrowseButtonDoes) {
+  listOne("BI3", "D:\\gone.bi3");
+  desktop().answers = {Answer::yes};
+  desktop().fileDialogResults = {L"E:\\found it.bi3"};
+  doubleClick(frmQMK::open);
+  EXPECT_EQ(desktop().starts,
+            (Starts{{L"C:\\App\\brtpc3.exe", L"C:\\App\\brtpc3.exe bpi E:\\found?it.bi3"}}));
+}
+
+TEST_F(Opening, TheListMayBeReloadedWhileTheQuestionIsUp) {
+  listOne("FP3", "D:\\gone.fp3");
+  desktop().answers = {Answer::no};
+  desktop().onMessage = [this](const ::desktop::Message&) {
+    putCatalogue(record({"FP3", "D:\\gone.fp3", "1"}) + record({"FP3", "D:\\0.fp3", "1"}));
+    modQMKGeneral::LoadCatalogueView(view);
+    list.clear();
+  };
+  doubleClick(frmQMK::open);
+  EXPECT_EQ(catalogue(), record({"FP3", "D:\\0.fp3", "1"}));
+}
+
+TEST_F(Opening, AnErrorWhileTheEntryIsRemovedIsReported) {
+  listOne("FP3", "D:\\gone.fp3");
+  desktop().answers = {Answer::no};
+  desktop().setReadOnly(unit::catalogueFile);
+  doubleClick(frmQMK::open);
+  EXPECT_EQ(desktop().errorReports, std::vector<int>{75});
+  EXPECT_EQ(catalogue(), record({"FP3", "D:\\gone.fp3", "1"}));
+}
+
+TEST_F(Opening, DecliningLeavesTheOldOrTheNewCatalogueWhateverCallFails) {
+  const std::string gone = record({"FP3", "D:\\gone.fp3", "1"});
+  const std::string other = record({"FP3", "D:\\other.fp3", "1"});
+  unit::sweepFaults(
+      4, {.prepare =
+              [&] {
+                putCatalogue(gone + other);
+                modQMKGeneral::LoadCatalogueView(view);
+                select(list, L"gone.fp3");
+                desktop().answers = {Answer::no};
+                desktop().errorReports.clear();
+              },
+          .operation = [this] { doubleClick(frmQMK::open); },
+          .check =
+              [&](const unit::Fault& fault) {
+                const bool onlyReload = fault.was(L"read C:") &&
+                                        desktop().journalHas(L"replace " + unit::temporaryFile +
+                                                             L" -> " + unit::catalogueFile);
+                EXPECT_EQ(catalogue(), fault.happened && !onlyReload ? gone + other : other);
+                EXPECT_EQ(desktop().errorReports.size(), fault.happened && !onlyReload ? 1U : 0U);
+                EXPECT_EQ(messages().size(), fault.happened ? 2U : 1U);
+              }});
+}
+
+TEST_F(Opening, ANewFileItemStartsTheToolWithNewOrWithTheTypeCode) {
+  modQMKGeneral::AddNewFileItems(view);
+  controls::ListView& fresh = main.lstQMK[frmQMK::fresh];
+  for (std::size_t index = 0; index < 4; ++index) {
+    fresh.select(index);
+    doubleClick(frmQMK::fresh);
+  }
+  EXPECT_EQ(desktop().starts, (Starts{{L"C:\\App\\plv3.exe", L"C:\\App\\plv3.exe #NEW#"},
+                                      {L"C:\\App\\brtpc3.exe", L"C:\\App\\brtpc3.exe BI3"},
+                                      {L"C:\\App\\brtpc3.exe", L"C:\\App\\brtpc3.exe BS3"},
+                                      {L"C:\\App\\cw3.exe", L"C:\\App\\cw3.exe #NEW#"}}));
+  EXPECT_TRUE(messages().empty());
+}
+
+TEST_F(Opening, AnUnknownNewFileItemDoesNothing) {
+  main.lstQMK[frmQMK::fresh].add({L"Other", L"", {L"XYZ"}});
+  doubleClick(frmQMK::fresh);
+  EXPECT_TRUE(desktop().starts.empty());
+}
+
+TEST_F(Opening, StartingAToolReloadsTheView) {
+  putCatalogue(record({"FP3", "D:\\a.fp3", "1"}));
+  RunToolCommand(view, {L"C:\\App\\plv3.exe", L" #NEW#"});
+  EXPECT_EQ(rows(), Texts{L"a.fp3"});
+  EXPECT_EQ(desktop().journal().front(), L"start C:\\App\\plv3.exe");
+}
+
+TEST_F(Opening, AToolThatIsMissingIsReportedWithItsCommandLineAndNothingElseChanges) {
+  desktop().take(L"C:\\App\\plv3.exe");
+  desktop().putFile(L"D:\\a b.fp3", "");
+  listOne("FP3", "D:\\a b.fp3");
+  putCatalogue("");
+  doubleClick(frmQMK::open);
+  ASSERT_EQ(messages(), Texts{L"Can't start application\r53-File not found\rPath: "
+                              L"C:\\App\\plv3.exe D:\\a?b.fp3"});
+  EXPECT_EQ(desktop().messages[0].style, MessageStyle::critical);
+  EXPECT_EQ(desktop().messages[0].title, L"Quillmark Suite 3 Gateway");
+  EXPECT_EQ(rows(), Texts{L"a b.fp3"});
+}
+
+TEST_F(Opening, AToolThatIsNoProgramIsReported) {
+  desktop().putFile(L"C:\\App\\cw3.exe", "text");
+  RunToolCommand(view, {L"C:\\App\\cw3.exe", L" #NEW#"});
+  EXPECT_EQ(messages(), Texts{L"Can't start application\r5-Invalid procedure call or argument\r"
+                              L"Path: C:\\App\\cw3.exe #NEW#"});
+}
+
+TEST_F(Opening, AFailedReloadAfterTheStartIsTheReloadsToReport) {
+  putCatalogue("");
+  desktop().lock(unit::catalogueFile);
+  RunToolCommand(view, {L"C:\\App\\cw3.exe", L" #NEW#"});
+  EXPECT_EQ(desktop().starts.size(), 1U);
+  EXPECT_EQ(messages(),
+            Texts{L"Problem building QMK file list\rLocation: 2\r70-Permission denied"});
+}
+
+}  // namespace

@@ -1,0 +1,81 @@
+// The flat look of the program's own windows.
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <vector>
+
+#include "about/about_box.h"
+#include "flatlook/form_style.h"
+#include "unit/support/main_window_fixture.h"
+#include "web/web_dialog.h"
+
+namespace {
+
+using desktop::desktop;
+using OC_COLOR::FlatControls;
+
+std::vector<std::uint32_t> coloursOf(const controls::CoolButton& button) {
+  return {button.backColor(), button.colorDarkShadow(), button.colorHighlight(),
+          button.colorLightShadow()};
+}
+
+const std::vector<std::uint32_t> hot{0xC0FFFF, 0x0080FF, 0x0080FF, 0x0080FF};
+const std::vector<std::uint32_t> idle{0xFFC0C0, 0, 0, 0};
+
+class ProgramWindowsTest : public MainWindowTest {};
+
+TEST_F(ProgramWindowsTest, TheMainWindowColoursItsBrowseButtonAndAttachesNothing) {
+  const std::size_t before = FlatControls().size();
+  frmQMK another;
+  another.load();
+  EXPECT_EQ(coloursOf(another.cmdBrowse), idle);
+  EXPECT_EQ(FlatControls().size(), before);
+}
+
+TEST_F(ProgramWindowsTest, TheBrowseButtonFollowsThePointer) {
+  window.cmdBrowse.raisePointerEnter();
+  EXPECT_EQ(coloursOf(window.cmdBrowse), hot);
+  window.cmdBrowse.raisePointerLeave();
+  EXPECT_EQ(coloursOf(window.cmdBrowse), idle);
+}
+
+TEST_F(ProgramWindowsTest, AClickOnTheBrowseButtonMakesItIdle) {
+  constexpr int cancelled = 32755;
+  desktop().fileDialogResults = {cancelled};
+  window.cmdBrowse.raisePointerEnter();
+  window.cmdBrowse.raiseClick();
+  EXPECT_EQ(coloursOf(window.cmdBrowse), idle);
+  EXPECT_EQ(desktop().fileDialogs.size(), 1U);
+}
+
+TEST_F(ProgramWindowsTest, EveryShowingOfTheWebDialogAddsItsControls) {
+  constexpr std::size_t perShowing = 4;  // two labels, two text boxes
+  for (int showing = 0; showing < 3; ++showing) {
+    const std::size_t before = FlatControls().size();
+    frmWeb dialog(window.webList);
+    dialog.show();
+    EXPECT_EQ(FlatControls().size(), before + perShowing);
+    for (const controls::TextBox* const box : {&dialog.txtName, &dialog.txtUrl}) {
+      EXPECT_EQ(box->appearance(), controls::flat);
+      EXPECT_EQ(box->borderStyle(), controls::noBorder);
+    }
+    dialog.unload();
+    EXPECT_EQ(FlatControls().size(), before + perShowing);
+  }
+}
+
+TEST_F(ProgramWindowsTest, TheAboutBoxColoursItsButtonAndAttachesNothing) {
+  const std::size_t before = FlatControls().size();
+  frmAbout about;
+  about.show();
+  EXPECT_EQ(FlatControls().size(), before);
+  EXPECT_EQ(coloursOf(about.cmdOK), idle);
+  about.cmdOK.raisePointerEnter();
+  EXPECT_EQ(coloursOf(about.cmdOK), hot);
+  about.cmdOK.raisePointerLeave();
+  EXPECT_EQ(coloursOf(about.cmdOK), idle);
+  about.cmdOK.raiseClick();
+  EXPECT_FALSE(about.loaded());
+}
+
+}  // namespace

@@ -1,0 +1,111 @@
+// Closing the main window.
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+
+#include "unit/support/journal_order.h"
+#include "unit/support/main_window_fixture.h"
+
+namespace {
+
+using controls::UnloadMode;
+using desktop::desktop;
+using platform::dialogs::Answer;
+using platform::dialogs::MessageStyle;
+
+class ExitTest : public MainWindowTest {};
+
+TEST_F(ExitTest, AsksWithAQuestionIconAndAnEmptyTitle) {
+  desktop().answers = {Answer::no};
+  window.raiseClose(UnloadMode::user);
+  ASSERT_EQ(desktop().messages.size(), 1U);
+  EXPECT_EQ(desktop().messages.front().text, L"Exit Gateway?");
+  EXPECT_EQ(desktop().messages.front().style, MessageStyle::yesNoQuestion);
+  EXPECT_EQ(desktop().messages.front().title, L"");
+}
+
+TEST_F(ExitTest, YesClosesTheWindow) {
+  desktop().answers = {Answer::yes};
+  EXPECT_TRUE(window.raiseClose(UnloadMode::user));
+  EXPECT_FALSE(window.loaded());
+}
+
+TEST_F(ExitTest, NoKeepsTheWindow) {
+  desktop().answers = {Answer::no};
+  EXPECT_FALSE(window.raiseClose(UnloadMode::user));
+  EXPECT_TRUE(window.loaded());
+  EXPECT_TRUE(window.visible());
+}
+
+TEST_F(ExitTest, AnyAnswerButYesKeepsTheWindow) {
+  desktop().answers = {Answer::ok};
+  EXPECT_FALSE(window.raiseClose(UnloadMode::user));
+  EXPECT_TRUE(window.loaded());
+}
+
+TEST_F(ExitTest, NoLeavesSelectionsAndViewModesAsTheyWere) {
+  addDataFile(L"C:\\Data\\", L"a.fp3");
+  addDataFile(L"C:\\Data\\", L"b.fp3");
+  addWebEntry(L"One", L"http://one.example");
+  switchTo(frmQMK::open);
+  window.mnuIcon.raiseClick();
+  window.lstQMK[frmQMK::open].select(1);
+  window.setCaption(L"my title");
+  desktop().answers = {Answer::no};
+
+  window.raiseClose(UnloadMode::user);
+
+  const auto& list = window.lstQMK[frmQMK::open];
+  EXPECT_EQ(window.TabMain.current(), frmQMK::open);
+  EXPECT_EQ(list.selected(), std::optional<std::size_t>(1));
+  EXPECT_EQ(list.view(), controls::iconView);
+  EXPECT_EQ(list.tag(), L"0");
+  EXPECT_TRUE(window.mnuIcon.checked());
+  EXPECT_EQ(window.lstQMK[frmQMK::web].count(), 1U);
+  EXPECT_EQ(window.caption(), L"my title");
+}
+
+TEST_F(ExitTest, TheMenuEntryAsks) {
+  desktop().answers = {Answer::no, Answer::yes};
+  window.mnuExit.raiseClick();
+  EXPECT_EQ(onlyMessage(), L"Exit Gateway?");
+  EXPECT_TRUE(window.loaded());
+  window.mnuExit.raiseClick();
+  EXPECT_FALSE(window.loaded());
+}
+
+TEST_F(ExitTest, TheToolbarButtonAsks) {
+  desktop().answers = {Answer::no, Answer::yes};
+  window.barMain.raiseButtonClick(L"Exit");
+  EXPECT_EQ(onlyMessage(), L"Exit Gateway?");
+  EXPECT_TRUE(window.loaded());
+  window.barMain.raiseButtonClick(L"Exit");
+  EXPECT_FALSE(window.loaded());
+}
+
+TEST_F(ExitTest, TheShutdownOfTheSystemAsksToo) {
+  desktop().answers = {Answer::no, Answer::yes};
+  EXPECT_FALSE(window.raiseClose(UnloadMode::sessionEnd));
+  EXPECT_EQ(onlyMessage(), L"Exit Gateway?");
+  EXPECT_TRUE(window.raiseClose(UnloadMode::sessionEnd));
+}
+
+TEST_F(ExitTest, EveryWishToCloseAsksAgain) {
+  desktop().answers = {Answer::no, Answer::no, Answer::no};
+  for (int wish = 0; wish < 3; ++wish) {
+    window.raiseClose(UnloadMode::user);
+  }
+  EXPECT_EQ(desktop().messages.size(), 3U);
+}
+
+TEST_F(ExitTest, TheWatchStopsWithTheWindow) {
+  window.tmrFileUpdate.setEnabled(true);
+  desktop().answers = {Answer::yes};
+  window.raiseClose(UnloadMode::user);
+  desktop().clearJournal();
+  desktop().advance(10'000);
+  EXPECT_FALSE(desktop().journalHas(L"tick tmrFileUpdate"));
+}
+
+}  // namespace

@@ -1,0 +1,181 @@
+#include "mainwindow/main_layout.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+#include "platform/desktop_test.h"
+#include "unit/support/main_window_fixture.h"
+
+namespace {
+
+using mainwindow::layOut;
+using mainwindow::MainLayout;
+using mainwindow::MeasuredParts;
+using platform::Rect;
+using platform::scaled;
+using platform::Size;
+
+/// The smallest client area that the window can have, at 96 dpi.
+constexpr Size smallest{420, 300};
+constexpr std::array dpis{96, 120, 144, 168, 192, 288};
+
+/// What a tab control would measure: a row of tabs above, a thin frame around.
+MeasuredParts partsAt(int dpi) {
+  return {scaled(46, dpi), [dpi](const Rect& bounds) {
+            const int frame = scaled(3, dpi);
+            const int tabs = scaled(23, dpi);
+            return Rect{bounds.left + frame, bounds.top + tabs,
+                        std::max(0, bounds.width - 2 * frame),
+                        std::max(0, bounds.height - tabs - frame)};
+          }};
+}
+
+std::vector<Rect> allOf(const MainLayout& layout) {
+  return {layout.toolbar, layout.tabs, layout.list, layout.listOnOpen, layout.browseButton};
+}
+
+bool inside(const Rect& inner, const Rect& outer) {
+  return inner.left >= outer.left && inner.top >= outer.top && inner.right() <= outer.right() &&
+         inner.bottom() <= outer.bottom();
+}
+
+bool apart(const Rect& a, const Rect& b) {
+  return a.right() <= b.left || b.right() <= a.left || a.bottom() <= b.top || b.bottom() <= a.top;
+}
+
+/// Runs `check(client, dpi, layout)` for client areas from the smallest one up, at every dpi.
+template <class Check>
+void forSensibleSizes(const Check& check) {
+  for (const int dpi : dpis) {
+    for (int width = smallest.width; width <= 2600; width += 109) {
+      for (int height = smallest.height; height <= 1500; height += 101) {
+        const Size client{scaled(width, dpi), scaled(height, dpi)};
+        SCOPED_TRACE(::testing::Message()
+                     << client.width << " x " << client.height << " at " << dpi << " dpi");
+        check(client, dpi, layOut(client, dpi, partsAt(dpi)));
+        if (::testing::Test::HasFailure()) {
+          return;
+        }
+      }
+    }
+  }
+}
+
+TEST(MainLayoutTest, EverythingStandsInsideTheClientArea) {
+  forSensibleSizes([](Size client, int /*dpi*/, const MainLayout& layout) {
+    for (const Rect& place : allOf(layout)) {
+      EXPECT_TRUE(inside(place, {0, 0, client.width, client.height}));
+    }
+  });
+}
+
+TEST(MainLayoutTest, EverythingHasRoom) {
+  forSensibleSizes([](Size /*client*/, int dpi, const MainLayout& layout) {
+    for (const Rect& place : allOf(layout)) {
+      EXPECT_GT(place.width, scaled(40, dpi));
+      EXPECT_GE(place.height, scaled(20, dpi));
+    }
+  });
+}
+
+TEST(MainLayoutTest, TheToolbarFillsTheTopAndTheTabsTheRest) {
+  forSensibleSizes([](Size client, int dpi, const MainLayout& layout) {
+    EXPECT_EQ(layout.toolbar, (Rect{0, 0, client.width, partsAt(dpi).toolbarHeight}));
+    EXPECT_TRUE(apart(layout.toolbar, layout.tabs));
+    const int widestGap = scaled(8, dpi);
+    EXPECT_LE(layout.tabs.top - layout.toolbar.bottom(), widestGap);
+    EXPECT_LE(layout.tabs.left, widestGap);
+    EXPECT_LE(client.width - layout.tabs.right(), widestGap);
+    EXPECT_LE(client.height - layout.tabs.bottom(), widestGap);
+  });
+}
+
+TEST(MainLayoutTest, TheListFillsItsTab) {
+  forSensibleSizes([](Size /*client*/, int dpi, const MainLayout& layout) {
+    const Rect area = partsAt(dpi).displayArea(layout.tabs);
+    EXPECT_TRUE(inside(layout.list, area));
+    const int widestGap = scaled(6, dpi);
+    EXPECT_LE(layout.list.left - area.left, widestGap);
+    EXPECT_LE(layout.list.top - area.top, widestGap);
+    EXPECT_LE(area.right() - layout.list.right(), widestGap);
+    EXPECT_LE(area.bottom() - layout.list.bottom(), widestGap);
+  });
+}
+
+TEST(MainLayoutTest, OnOpenTheListLeavesTheBottomRightToTheButton) {
+  forSensibleSizes([](Size /*client*/, int dpi, const MainLayout& layout) {
+    EXPECT_TRUE(apart(layout.listOnOpen, layout.browseButton));
+    EXPECT_EQ(layout.listOnOpen.left, layout.list.left);
+    EXPECT_EQ(layout.listOnOpen.top, layout.list.top);
+    EXPECT_EQ(layout.listOnOpen.width, layout.list.width);
+    EXPECT_LE(layout.browseButton.top - layout.listOnOpen.bottom(), scaled(6, dpi));
+    EXPECT_EQ(layout.browseButton.right(), layout.list.right());
+    EXPECT_EQ(layout.browseButton.bottom(), layout.list.bottom());
+  });
+}
+
+TEST(MainLayoutTest, TheButtonGrowsWithTheDpiOnly) {
+  forSensibleSizes([](Size /*client*/, int dpi, const MainLayout& layout) {
+    EXPECT_EQ(layout.browseButton.width, scaled(96, dpi));
+    EXPECT_EQ(layout.browseButton.height, scaled(28, dpi));
+  });
+}
+
+TEST(MainLayoutTest, NothingIsEverNegativeHoweverSmallTheWindow) {
+  for (const int dpi : dpis) {
+    for (int width = 0; width <= 500; width += 7) {
+      for (int height = 0; height <= 400; height += 7) {
+        for (const Rect& place : allOf(layOut({width, height}, dpi, partsAt(dpi)))) {
+          ASSERT_GE(place.left, 0) << width << " x " << height << " at " << dpi;
+          ASSERT_GE(place.top, 0) << width << " x " << height << " at " << dpi;
+          ASSERT_GE(place.width, 0) << width << " x " << height << " at " << dpi;
+          ASSERT_GE(place.height, 0) << width << " x " << height << " at " << dpi;
+        }
+      }
+    }
+  }
+}
+
+TEST(MainLayoutTest, AHigherToolbarPushesTheTabsDown) {
+  MeasuredParts low = partsAt(96);
+  MeasuredParts high = partsAt(96);
+  high.toolbarHeight = low.toolbarHeight + 40;
+  const MainLayout before = layOut({780, 500}, 96, low);
+  const MainLayout after = layOut({780, 500}, 96, high);
+  EXPECT_EQ(after.tabs.top, before.tabs.top + 40);
+  EXPECT_EQ(after.tabs.bottom(), before.tabs.bottom());
+  EXPECT_EQ(after.list.height, before.list.height - 40);
+}
+
+// --- the window uses it ---
+
+TEST_F(MainWindowTest, TheControlsStandWhereTheLayoutPutsThem) {
+  for (const int dpi : {96, 144}) {
+    const Size client{scaled(800, dpi), scaled(600, dpi)};
+    window.barMain.acceptMeasuredHeight(scaled(46, dpi));
+    window.raiseLayout(client, dpi);
+
+    const MainLayout expected =
+        layOut(client, dpi, {scaled(46, dpi), [&](const Rect& bounds) {
+                               return window.TabMain.displayArea(bounds, dpi);
+                             }});
+    EXPECT_EQ(window.barMain.bounds(), expected.toolbar);
+    EXPECT_EQ(window.TabMain.bounds(), expected.tabs);
+    EXPECT_EQ(window.lstQMK[frmQMK::tools].bounds(), expected.list);
+    EXPECT_EQ(window.lstQMK[frmQMK::open].bounds(), expected.listOnOpen);
+    EXPECT_EQ(window.lstQMK[frmQMK::fresh].bounds(), expected.list);
+    EXPECT_EQ(window.lstQMK[frmQMK::web].bounds(), expected.list);
+    EXPECT_EQ(window.cmdBrowse.bounds(), expected.browseButton);
+  }
+}
+
+TEST_F(MainWindowTest, TheWindowCannotBecomeSmallerThanItsPartsNeed) {
+  EXPECT_EQ(window.minimumSize(), smallest);
+  EXPECT_GE(window.designSize().width, window.minimumSize().width);
+  EXPECT_GE(window.designSize().height, window.minimumSize().height);
+}
+
+}  // namespace

@@ -1,0 +1,179 @@
+#include "mainwindow/placement.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "mainwindow/main_window.h"
+#include "platform/desktop.h"
+#include "platform/desktop_test.h"
+#include "startup/paths.h"
+
+namespace {
+
+using controls::Placement;
+using desktop::desktop;
+using mainwindow::broughtOntoScreen;
+using mainwindow::placementFromText;
+using mainwindow::placementText;
+using platform::Rect;
+
+const std::vector<Rect> twoScreens{{0, 0, 1280, 984}, {1280, 0, 1920, 1040}};
+
+TEST(Placement, SurvivesBeingWrittenAndRead) {
+  const Placement placement{.normal = {-1900, 20, 800, 600}, .dpi = 144, .maximised = true};
+  EXPECT_EQ(placementText(placement), L"-1900 20 800 600 144 1");
+  EXPECT_EQ(placementFromText(placementText(placement)), placement);
+}
+
+TEST(Placement, IsNothingWhenTheTextIsAnythingElse) {
+  for (const wchar_t* const text :
+       {L"", L"1 2 3", L"1 2 3 4 96 0 7", L"1 2 3 4 96 x", L"1 2 0 4 96 0", L"1 2 3 -4 96 0",
+        L"1 2 3 4 0 0", L"1 2 3 4 96 0x", L"99999999999 2 3 4 96 0", L"2000000 2 3 4 96 0",
+        L"1,2,3,4,96,0"}) {
+    EXPECT_EQ(placementFromText(text), std::nullopt) << text;
+  }
+}
+
+TEST(Placement, OnAScreenStaysWhereItIs) {
+  EXPECT_EQ(broughtOntoScreen({100, 50, 800, 600}, twoScreens), (Rect{100, 50, 800, 600}));
+  EXPECT_EQ(broughtOntoScreen({1400, 50, 800, 600}, twoScreens), (Rect{1400, 50, 800, 600}));
+}
+
+TEST(Placement, PartlyOffTheScreenIsMovedInOnTheScreenThatHoldsMostOfIt) {
+  EXPECT_EQ(broughtOntoScreen({-300, -40, 800, 600}, twoScreens), (Rect{0, 0, 800, 600}));
+  EXPECT_EQ(broughtOntoScreen({3000, 900, 800, 600}, twoScreens), (Rect{2400, 440, 800, 600}));
+  EXPECT_EQ(broughtOntoScreen({1200, 50, 800, 600}, twoScreens), (Rect{1280, 50, 800, 600}));
+}
+
+TEST(Placement, OnAScreenThatIsGoneComesToThePrimaryOne) {
+  EXPECT_EQ(broughtOntoScreen({-5000, -5000, 800, 600}, twoScreens), (Rect{0, 0, 800, 600}));
+  EXPECT_EQ(broughtOntoScreen({9000, 9000, 800, 600}, twoScreens), (Rect{480, 384, 800, 600}));
+}
+
+TEST(Placement, LargerThanTheScreenIsMadeSmaller) {
+  EXPECT_EQ(broughtOntoScreen({-10, -10, 5000, 4000}, {{0, 40, 1280, 944}}),
+            (Rect{0, 40, 1280, 944}));
+}
+
+TEST(Placement, WithoutAnyScreenStaysWhereItIs) {
+  EXPECT_EQ(broughtOntoScreen({1, 2, 3, 4}, {}), (Rect{1, 2, 3, 4}));
+}
+
+class RememberedWindow : public desktop::DesktopTest {
+ protected:
+  std::unique_ptr<frmQMK> made() {
+    modQMKGeneral::InitUserFolders();
+    auto window = std::make_unique<frmQMK>();
+    window->load();
+    window->SetupMainWindow();
+    return window;
+  }
+  static bool close(frmQMK& window, platform::dialogs::Answer answer) {
+    desktop().answers.push_back(answer);
+    return window.unload();
+  }
+};
+
+using platform::dialogs::Answer;
+
+TEST_F(RememberedWindow, ComesBackToItsPlace) {
+  auto first = made();
+  first->peer()->place({.normal = {40, 30, 900, 700}, .dpi = 96, .maximised = true});
+  EXPECT_TRUE(close(*first, Answer::yes));
+  EXPECT_EQ(desktop().setting(L"General", L"Placement"), L"40 30 900 700 96 1");
+  const auto second = made();
+  EXPECT_EQ(second->peer()->placement(),
+            (Placement{.normal = {40, 30, 900, 700}, .dpi = 96, .maximised = true}));
+}
+
+TEST_F(RememberedWindow, ForgetsNothingAndLearnsNothingWhenTheUserStays) {
+  desktop().setSetting(L"General", L"Placement", L"1 2 300 200 96 0");
+  auto window = made();
+  EXPECT_FALSE(close(*window, Answer::no));
+  EXPECT_EQ(desktop().setting(L"General", L"Placement"), L"1 2 300 200 96 0");
+}
+
+TEST_F(RememberedWindow, IsRememberedAtTheEndOfASessionToo) {
+  auto window = made();
+  desktop().answers.push_back(Answer::yes);
+  EXPECT_TRUE(window->raiseClose(controls::UnloadMode::sessionEnd));
+  EXPECT_TRUE(desktop().setting(L"General", L"Placement").has_value());
+}
+
+TEST_F(RememberedWindow, IsScaledToTheDensityOfTheScreen) {
+  desktop().dpi = 192;
+  desktop().setSetting(L"General", L"Placement", L"10 20 500 300 96 0");
+  const auto window = made();
+  EXPECT_EQ(window->peer()->placement().normal, (Rect{10, 20, 1000, 600}));
+}
+
+TEST_F(RememberedWindow, OffScreenIsBroughtBack) {
+  desktop().setSetting(L"General", L"Placement", L"5000 5000 800 600 96 0");
+  const auto window = made();
+  EXPECT_EQ(window->peer()->placement().normal, (Rect{480, 384, 800, 600}));
+}
+
+TEST_F(RememberedWindow, WithASpoiltSettingStaysWhereTheSystemPutIt) {
+  const Placement before = made()->peer()->placement();
+  desktop().setSetting(L"General", L"Placement", L"spoilt");
+  EXPECT_EQ(made()->peer()->placement(), before);
+}
+
+TEST_F(RememberedWindow, KeepsTheWidthsOfItsColumns) {
+  auto first = made();
+  first->lstQMK[1].acceptColumnWidth(0, 2222);
+  EXPECT_TRUE(close(*first, Answer::yes));
+  const auto second = made();
+  EXPECT_EQ(second->lstQMK[1].columns()[0].widthTwips, 2222);
+  EXPECT_EQ(second->lstQMK[1].columns()[1].widthTwips, 2000);
+  EXPECT_EQ(second->lstQMK[1].columns()[4].widthTwips, 0);
+}
+
+TEST_F(RememberedWindow, NeverOpensAHiddenColumnNorHidesAnother) {
+  desktop().setSetting(L"General", L"Columns1", L"0 -5 99999999 4000 700");
+  const auto window = made();
+  EXPECT_EQ(window->lstQMK[1].columns()[0].widthTwips, 15);
+  EXPECT_EQ(window->lstQMK[1].columns()[1].widthTwips, 15);
+  EXPECT_EQ(window->lstQMK[1].columns()[2].widthTwips, 60'000);
+  EXPECT_EQ(window->lstQMK[1].columns()[3].widthTwips, 4000);
+  EXPECT_EQ(window->lstQMK[1].columns()[4].widthTwips, 0);
+}
+
+TEST_F(RememberedWindow, TakesTheTablesWidthsWhenTheSettingDoesNotFitTheList) {
+  for (const wchar_t* const text : {L"1 2", L"a b c d e", L"1 2 3 4 5 6"}) {
+    desktop().setSetting(L"General", L"Columns1", text);
+    const auto window = made();
+    EXPECT_EQ(window->lstQMK[1].columns()[0].widthTwips, 1500) << text;
+  }
+}
+
+TEST_F(RememberedWindow, ClosesEvenWhenNothingCanBeRemembered) {
+  auto window = made();
+  desktop().failCall(1, 75, true);
+  EXPECT_TRUE(close(*window, Answer::yes));
+  EXPECT_EQ(desktop().errorReports, std::vector<int>{75});
+}
+
+TEST_F(RememberedWindow, ShowsTheEditCommandsWhereTheUserAsksForThem) {
+  const auto window = made();
+  window->show();
+  for (controls::ListView& list : window->lstQMK) {
+    desktop().clearJournal();
+    list.raiseContextMenu(30, 40);
+    EXPECT_TRUE(desktop().journalHas(L"menu mnuEdit at 30 40"));
+  }
+}
+
+TEST_F(RememberedWindow, TakesItsDialogsWithItWhenItCloses) {
+  const auto window = made();
+  window->show();
+  window->mnuAbout_Click();
+  window->TabMain.setCurrent(frmQMK::web);
+  window->mnuCreate_Click();
+  EXPECT_TRUE(close(*window, Answer::yes));
+  EXPECT_EQ(desktop().window(L"frmAbout"), nullptr);
+  EXPECT_EQ(desktop().window(L"frmWeb"), nullptr);
+}
+
+}  // namespace

@@ -1,0 +1,283 @@
+// Filling the Tools list.
+#include "shortcuts/shortcut_list.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "unit/support/shortcuts_fixture.h"
+
+namespace {
+
+using desktop::desktop;
+using modSC::LoadShortcutList;
+using Texts = std::vector<std::wstring>;
+
+constexpr std::uint32_t red = 0xFFCC2211;
+constexpr std::uint32_t green = 0xFF11CC22;
+
+class ShortcutListTest : public ShortcutsTest {
+ protected:
+  /// Whether a picture is there and every pixel has that colour; 0 is the blank one.
+  bool shows(std::size_t size, const std::wstring& key, std::uint32_t colour) {
+    const auto& images = window.imgShortCut.at(size);
+    const auto index = images.indexOf(key);
+    if (!index) {
+      return false;
+    }
+    const platform::Picture& picture = images.images().at(*index).picture;
+    return !picture.pixels.empty() &&
+           std::all_of(picture.pixels.begin(), picture.pixels.end(),
+                       [colour](std::uint32_t pixel) { return pixel == colour; });
+  }
+
+  platform::Size sizeOf(std::size_t size, const std::wstring& key) {
+    const auto& images = window.imgShortCut.at(size);
+    const auto index = images.indexOf(key);
+    return index ? images.images().at(*index).picture.size : platform::Size{};
+  }
+};
+
+// --- items ---
+
+TEST_F(ShortcutListTest, EveryShortcutOfTheFolderIsListedInDirectoryOrder) {
+  putShortcut(L"Zebra.lnk");
+  putShortcut(L"Aardvark.lnk");
+  LoadShortcutList(window.shortcuts);
+  EXPECT_EQ(listed(), (Texts{L"Zebra", L"Aardvark"}));
+}
+
+TEST_F(ShortcutListTest, OnlyNormalShortcutFilesAreListed) {
+  putShortcut(L"Notes.lnk");
+  putShortcut(L"Hidden.lnk");
+  desktop().setHidden(pathOf(L"Hidden.lnk"));
+  desktop().putFile(pathOf(L"readme.txt"), "text");
+  desktop().putFolder(pathOf(L"Folder.lnk"));
+  LoadShortcutList(window.shortcuts);
+  EXPECT_EQ(listed(), Texts{L"Notes"});
+}
+
+TEST_F(ShortcutListTest, TheTextEndsAtTheFirstDotNotAtTheExtension) {
+  putShortcut(L"Shortcut to notepad.exe.lnk");
+  putShortcut(L".lnk");
+  LoadShortcutList(window.shortcuts);
+  EXPECT_EQ(listed(), (Texts{L"Shortcut to notepad", L""}));
+}
+
+TEST_F(ShortcutListTest, SubItemTwoIsTheFileAndThreeTheTarget) {
+  putShortcut(L"Notes.lnk", L"C:\\Tools\\notes.exe");
+  LoadShortcutList(window.shortcuts);
+  ASSERT_EQ(list.count(), 1U);
+  EXPECT_EQ(list.subItem(0, 1), L"");
+  EXPECT_EQ(list.subItem(0, 2), std::wstring(folder) + L"\\Notes.lnk");
+  EXPECT_EQ(list.subItem(0, 3), L"C:\\Tools\\notes.exe");
+  EXPECT_EQ(modSC::shortcut_column::file, 2U);
+  EXPECT_EQ(modSC::shortcut_column::target, 3U);
+}
+
+TEST_F(ShortcutListTest, SubItemTwoOfEveryItemNamesAnExistingFile) {
+  for (const wchar_t* const name : {L"One.lnk", L"Two.exe.lnk", L"Two.two.lnk"}) {
+    putShortcut(name);
+  }
+  LoadShortcutList(window.shortcuts);
+  ASSERT_EQ(list.count(), 3U);
+  for (std::size_t i = 0; i < list.count(); ++i) {
+    EXPECT_TRUE(desktop().has(list.subItem(i, 2)));
+  }
+}
+
+TEST_F(ShortcutListTest, AShortcutThatCannotBeReadIsListedWithoutATarget) {
+  desktop().putFile(pathOf(L"Broken.lnk"), "no shortcut");
+  LoadShortcutList(window.shortcuts);
+  ASSERT_EQ(list.count(), 1U);
+  EXPECT_EQ(list.subItem(0, 3), L"");
+}
+
+TEST_F(ShortcutListTest, AShortcutToAMissingProgramIsListedAndNobodyIsAsked) {
+  putShortcut(L"Dead.lnk", L"Z:\\away\\gone.exe");
+  LoadShortcutList(window.shortcuts);
+  ASSERT_EQ(list.count(), 1U);
+  EXPECT_EQ(list.subItem(0, 3), L"Z:\\away\\gone.exe");
+  EXPECT_TRUE(desktop().messages.empty());
+}
+
+TEST_F(ShortcutListTest, ARebuildDropsWhatIsGoneAndAddsWhatIsNew) {
+  putShortcut(L"Old.lnk");
+  LoadShortcutList(window.shortcuts);
+  desktop().take(pathOf(L"Old.lnk"));
+  putShortcut(L"New.lnk");
+  LoadShortcutList(window.shortcuts);
+  EXPECT_EQ(listed(), Texts{L"New"});
+  EXPECT_FALSE(window.imgShortCut[0].indexOf(L"Old.lnk"));
+}
+
+TEST_F(ShortcutListTest, AnEmptyFolderGivesAnEmptyListAndEmptyImageLists) {
+  putShortcut(L"Old.lnk");
+  LoadShortcutList(window.shortcuts);
+  desktop().take(pathOf(L"Old.lnk"));
+  window.imgShortCut[0].setImageSize({1, 1});
+  window.imgShortCut[1].setImageSize({1, 1});
+
+  LoadShortcutList(window.shortcuts);
+
+  EXPECT_EQ(list.count(), 0U);
+  EXPECT_TRUE(window.imgShortCut[0].images().empty());
+  EXPECT_TRUE(window.imgShortCut[1].images().empty());
+  EXPECT_EQ(window.imgShortCut[0].imageSize(), (platform::Size{32, 32}));
+  EXPECT_EQ(window.imgShortCut[1].imageSize(), (platform::Size{16, 16}));
+  EXPECT_EQ(list.largeImages(), nullptr);
+  EXPECT_EQ(list.smallImages(), nullptr);
+}
+
+TEST_F(ShortcutListTest, AMissingFolderGivesAnEmptyListWithoutAnError) {
+  putShortcut(L"Old.lnk");
+  LoadShortcutList(window.shortcuts);
+  desktop().take(folder);
+  LoadShortcutList(window.shortcuts);
+  EXPECT_EQ(list.count(), 0U);
+  EXPECT_TRUE(window.imgShortCut[0].images().empty());
+  EXPECT_TRUE(desktop().messages.empty());
+}
+
+TEST_F(ShortcutListTest, ReadingTheFolderChangesNothingOnTheDisk) {
+  putShortcut(L"Notes.lnk");
+  LoadShortcutList(window.shortcuts);
+  EXPECT_TRUE(desktop().journal().empty());
+}
+
+// --- icons ---
+
+TEST_F(ShortcutListTest, EachItemShowsTheIconOfItsProgramKeyedByTheFileName) {
+  desktop().putProgram(L"C:\\Tools\\red.exe");
+  desktop().setIcon(L"C:\\Tools\\red.exe", red);
+  desktop().putProgram(L"C:\\Tools\\green.exe");
+  desktop().setIcon(L"C:\\Tools\\green.exe", green);
+  putShortcut(L"R.exe.lnk", L"C:\\Tools\\red.exe");
+  putShortcut(L"G.lnk", L"C:\\Tools\\green.exe");
+
+  LoadShortcutList(window.shortcuts);
+
+  EXPECT_EQ(list.icon(0), L"R.exe.lnk");
+  EXPECT_EQ(list.icon(1), L"G.lnk");
+  for (const std::size_t size : {0U, 1U}) {
+    EXPECT_TRUE(shows(size, L"R.exe.lnk", red)) << size;
+    EXPECT_TRUE(shows(size, L"G.lnk", green)) << size;
+  }
+}
+
+TEST_F(ShortcutListTest, LargeIconsHave32PixelsAndSmallOnes16) {
+  putShortcut(L"Notes.lnk");
+  LoadShortcutList(window.shortcuts);
+  EXPECT_EQ(window.imgShortCut[0].imageSize(), (platform::Size{32, 32}));
+  EXPECT_EQ(window.imgShortCut[1].imageSize(), (platform::Size{16, 16}));
+  EXPECT_EQ(sizeOf(0, L"Notes.lnk"), (platform::Size{32, 32}));
+  EXPECT_EQ(sizeOf(1, L"Notes.lnk"), (platform::Size{16, 16}));
+}
+
+TEST_F(ShortcutListTest, ATargetWithoutAnIconGivesABlankPicture) {
+  desktop().putFile(L"C:\\Tools\\readme.txt", "text");
+  desktop().putProgram(L"C:\\Tools\\red.exe");
+  desktop().setIcon(L"C:\\Tools\\red.exe", red);
+  putShortcut(L"Program.lnk", L"C:\\Tools\\red.exe");
+  putShortcut(L"Text.lnk", L"C:\\Tools\\readme.txt");
+  putShortcut(L"Dead.lnk", L"C:\\Tools\\gone.exe");
+
+  LoadShortcutList(window.shortcuts);
+
+  // Nothing of the program drawn before them shines through.
+  ASSERT_EQ(list.count(), 3U);
+  for (const std::size_t size : {0U, 1U}) {
+    EXPECT_TRUE(shows(size, L"Text.lnk", 0)) << size;
+    EXPECT_TRUE(shows(size, L"Dead.lnk", 0)) << size;
+  }
+}
+
+TEST_F(ShortcutListTest, TheListShowsBothImageLists) {
+  putShortcut(L"Notes.lnk");
+  LoadShortcutList(window.shortcuts);
+  EXPECT_EQ(list.largeImages(), window.imgShortCut.data());
+  EXPECT_EQ(list.smallImages(), &window.imgShortCut[1]);
+}
+
+TEST_F(ShortcutListTest, IconsAreExtractedOncePerRebuildForEachSize) {
+  putShortcut(L"Notes.lnk", L"C:\\Tools\\notes.exe");
+  const std::vector<std::pair<std::wstring, int>> once{{L"C:\\Tools\\notes.exe", 32},
+                                                       {L"C:\\Tools\\notes.exe", 16}};
+  LoadShortcutList(window.shortcuts);
+  EXPECT_EQ(desktop().iconsAsked, once);
+  desktop().iconsAsked.clear();
+  LoadShortcutList(window.shortcuts);
+  EXPECT_EQ(desktop().iconsAsked, once);
+}
+
+TEST_F(ShortcutListTest, IconsAreDrawnAtTheSizeThatTheScreenNeeds) {
+  desktop().putProgram(L"C:\\Tools\\red.exe");
+  desktop().setIcon(L"C:\\Tools\\red.exe", red);
+  putShortcut(L"Notes.lnk", L"C:\\Tools\\red.exe");
+  window.shortcuts.dpi = 144;
+  LoadShortcutList(window.shortcuts);
+  EXPECT_EQ(sizeOf(0, L"Notes.lnk"), (platform::Size{48, 48}));
+  EXPECT_EQ(sizeOf(1, L"Notes.lnk"), (platform::Size{24, 24}));
+  EXPECT_TRUE(shows(0, L"Notes.lnk", red));
+  EXPECT_EQ(window.imgShortCut[0].imageSize(), (platform::Size{32, 32}));
+}
+
+TEST_F(ShortcutListTest, AScreenOfAnotherDensityGetsItsIconsDrawnAfresh) {
+  desktop().putProgram(L"C:\\Tools\\red.exe");
+  desktop().setIcon(L"C:\\Tools\\red.exe", red);
+  putShortcut(L"Notes.lnk", L"C:\\Tools\\red.exe");
+  putShortcut(L"Dead.lnk", L"C:\\Tools\\gone.exe");
+  LoadShortcutList(window.shortcuts);
+  list.select(1);
+
+  window.raiseLayout({1200, 800}, 144);
+
+  EXPECT_EQ(sizeOf(0, L"Notes.lnk"), (platform::Size{48, 48}));
+  EXPECT_EQ(sizeOf(1, L"Dead.lnk"), (platform::Size{24, 24}));
+  EXPECT_TRUE(shows(1, L"Notes.lnk", red));
+  EXPECT_TRUE(shows(1, L"Dead.lnk", 0));
+  EXPECT_EQ(list.largeImages(), window.imgShortCut.data());
+  EXPECT_EQ(list.selected(), std::optional<std::size_t>(1));
+}
+
+TEST_F(ShortcutListTest, AResizeAloneDrawsNoIcons) {
+  putShortcut(L"Notes.lnk");
+  LoadShortcutList(window.shortcuts);
+  desktop().iconsAsked.clear();
+  window.raiseLayout({1200, 800}, 96);
+  EXPECT_TRUE(desktop().iconsAsked.empty());
+}
+
+// --- what a rebuild does to the view ---
+
+TEST_F(ShortcutListTest, ARebuildShowsLargeIconsWhateverTheUserChose) {
+  putShortcut(L"Notes.lnk");
+  window.mnuList.raiseClick();
+  LoadShortcutList(window.shortcuts);
+  EXPECT_EQ(list.view(), controls::iconView);
+}
+
+TEST_F(ShortcutListTest, ARebuildLeavesTagMenuAndToolbarAsTheyAre) {
+  window.mnuList.raiseClick();
+  LoadShortcutList(window.shortcuts);
+  EXPECT_EQ(list.tag(), L"3");
+  EXPECT_TRUE(window.mnuList.checked());
+  EXPECT_FALSE(window.mnuIcon.checked());
+  EXPECT_EQ(window.barMain.button(L"List").value, 1);
+  EXPECT_EQ(window.barMain.button(L"Icon").value, 0);
+}
+
+TEST_F(ShortcutListTest, ARebuildKeepsTheSelectionOnItsShortcut) {
+  putShortcut(L"One.lnk");
+  putShortcut(L"Two.lnk");
+  putShortcut(L"Three.lnk");
+  LoadShortcutList(window.shortcuts);
+  select(L"Three");
+  desktop().take(pathOf(L"One.lnk"));
+  LoadShortcutList(window.shortcuts);
+  EXPECT_EQ(list.text(list.selectedItem()), L"Three");
+}
+
+}  // namespace

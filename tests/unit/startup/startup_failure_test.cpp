@@ -1,0 +1,177 @@
+// What a start survives, and what ends it.
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "unit/support/journal_order.h"
+#include "unit/support/startup_fixture.h"
+
+namespace {
+
+using desktop::desktop;
+using modSystem::Gateway;
+
+class StartupFailureTest : public StartupTest {
+ protected:
+  /// A first start on a fresh system whose n-th call that can fail does so. True when the call
+  /// came behind the showing of the main window.
+  bool failsBehindMainWindow(int n, int number) {
+    gateway.reset();
+    desktop().reset();
+    desktop().onMistake = [](const std::string& what) { ADD_FAILURE() << what; };
+    prepareDisk();
+    gateway = std::make_unique<Gateway>();
+    int callsWhenShown = -1;
+    desktop().onPump = [&] {
+      if (gateway->main.visible() && callsWhenShown < 0) {
+        callsWhenShown = desktop().calls();
+      }
+    };
+    desktop().failCall(n, number);
+    started = gateway->start();
+    desktop().onPump = nullptr;
+    return callsWhenShown >= 0 && n > callsWhenShown;
+  }
+
+  /// Result of the start in `failsBehindMainWindow`.
+  bool started = false;
+};
+
+// --- failures before the main window is up ---
+
+TEST_F(StartupFailureTest, AUserFolderThatCannotBeMadeEndsTheStartWithTheReport) {
+  desktop().take(L"C:\\Users\\Ann\\Documents");
+
+  EXPECT_FALSE(gateway->start());
+
+  EXPECT_EQ(desktop().errorReports, std::vector<int>{76});
+  ASSERT_EQ(desktop().messages.size(), 1U);
+  EXPECT_EQ(desktop().messages.front().text, L"Run-time error '76':\r\n\r\nPath not found");
+  EXPECT_FALSE(desktop().journalHas(L"create frmQMK"));
+}
+
+TEST_F(StartupFailureTest, AShortcutsFolderThatVanishesBehindTheLoadIsMadeAgain) {
+  desktop().onPump = [] {
+    if (desktop().pumps == 1) {
+      desktop().take(shortcutsFolder);
+    }
+  };
+  EXPECT_TRUE(gateway->start());
+  EXPECT_EQ(timesInJournal(std::wstring(L"make folder ") + shortcutsFolder), 2U);
+}
+
+TEST_F(StartupFailureTest, AShortcutsFolderThatCannotBeMadeInTheSetUpEndsTheStartWithTheReport) {
+  desktop().onPump = [] { desktop().take(userFolder); };
+
+  EXPECT_FALSE(gateway->start());
+
+  EXPECT_EQ(desktop().errorReports, std::vector<int>{76});
+  EXPECT_FALSE(desktop().journalHas(L"create frmSplash"));
+  EXPECT_EQ(desktop().shown(L"frmQMK"), 0);
+}
+
+TEST_F(StartupFailureTest, APhotoImagesFolderThatCannotBeMadeEndsTheStartWithTheReport) {
+  desktop().onPump = [] { desktop().take(L"C:\\App"); };
+
+  EXPECT_FALSE(gateway->start());
+
+  EXPECT_EQ(desktop().errorReports, std::vector<int>{76});
+  EXPECT_EQ(desktop().shown(L"frmSplash"), 0);
+  EXPECT_EQ(desktop().shown(L"frmQMK"), 0);
+}
+
+// --- failures that the start survives ---
+
+TEST_F(StartupFailureTest, ALockedToolShortcutIsReportedAndTheStartGoesOn) {
+  desktop().putFile(std::wstring(shortcutsFolder) + L"\\Plotview Browser.lnk", "no shortcut");
+  desktop().lock(std::wstring(shortcutsFolder) + L"\\Plotview Browser.lnk");
+
+  EXPECT_TRUE(gateway->start());
+
+  EXPECT_EQ(desktop().errorReports, std::vector<int>{70});
+  EXPECT_EQ(desktop().messages.size(), 1U);
+  EXPECT_EQ(desktop().messages.front().text, L"Run-time error '70':\r\n\r\nPermission denied");
+  EXPECT_EQ(desktop().shown(L"frmSplash"), 0);
+  EXPECT_TRUE(gateway->main.visible());
+  EXPECT_EQ(list(frmQMK::fresh).count(), 4U);
+  EXPECT_TRUE(gateway->main.tmrFileUpdate.enabled());
+}
+
+TEST_F(StartupFailureTest, ASettingThatCannotBeWrittenIsReportedAndTheListsAreStillFilled) {
+  EXPECT_TRUE(gateway->start());
+  const int all = desktop().calls();
+  const std::wstring failed = L"setting General\\CWIExample = True failed 75";
+  int n = 1;
+  while (n <= all && !(failsBehindMainWindow(n, 75) && desktop().journalHas(failed))) {
+    ++n;
+  }
+  ASSERT_LE(n, all);
+  EXPECT_TRUE(started);
+  EXPECT_EQ(desktop().errorReports, std::vector<int>{75});
+  EXPECT_EQ(list(frmQMK::fresh).count(), 4U);
+  EXPECT_EQ(list(frmQMK::web).count(), 1U);
+  EXPECT_TRUE(gateway->main.tmrFileUpdate.enabled());
+}
+
+TEST_F(StartupFailureTest, ACatalogueThatCannotBeReadIsReportedAndTheNextStepsStillRun) {
+  desktop().setSetting(L"General", L"CWIExample", L"True");
+  desktop().putFile(catalogueFile, "\"FP3\",\"C:\\x\\a.fp3\",\"1/1/2026\"\r\n");
+  desktop().lock(catalogueFile);
+
+  EXPECT_TRUE(gateway->start());
+
+  // The view tells of it in its own words; the refresh has no trap.
+  ASSERT_EQ(desktop().messages.size(), 2U);
+  EXPECT_EQ(desktop().messages.front().text,
+            L"Problem building QMK file list\rLocation: 2\r70-Permission denied");
+  EXPECT_EQ(desktop().errorReports, std::vector<int>{70});
+  EXPECT_EQ(list(frmQMK::fresh).count(), 4U);
+  EXPECT_EQ(list(frmQMK::tools).count(), 1U);
+  EXPECT_EQ(list(frmQMK::web).count(), 1U);
+  EXPECT_TRUE(gateway->main.tmrFileUpdate.enabled());
+}
+
+TEST_F(StartupFailureTest, AnErrorInAnyCallBehindTheMainWindowIsToldAndTheStartGoesOnToItsEnd) {
+  EXPECT_TRUE(gateway->start());
+  const int all = desktop().calls();
+  int survived = 0;
+  for (int n = 1; n <= all; ++n) {
+    SCOPED_TRACE(n);
+    if (!failsBehindMainWindow(n, 75)) {
+      continue;
+    }
+    ++survived;
+    EXPECT_TRUE(started);
+    EXPECT_FALSE(desktop().messages.empty());
+    EXPECT_EQ(desktop().pumps, 5);
+    EXPECT_EQ(list(frmQMK::fresh).count(), 4U);
+    EXPECT_EQ(list(frmQMK::tools).count(), 1U);
+    EXPECT_EQ(gateway->main.TabMain.current(), frmQMK::tools);
+    EXPECT_TRUE(gateway->main.tmrFileUpdate.enabled());
+  }
+  EXPECT_GT(survived, 5);
+}
+
+TEST_F(StartupFailureTest, AnErrorInAnyCallBeforeTheMainWindowIsReportedOnce) {
+  EXPECT_TRUE(gateway->start());
+  const int all = desktop().calls();
+  int failures = 0;
+  for (int n = 1; n <= all; ++n) {
+    SCOPED_TRACE(n);
+    if (failsBehindMainWindow(n, 75)) {
+      continue;
+    }
+    ++failures;
+    // The removal of an obsolete shortcut is the only call whose error does not count.
+    const bool ignored = started && desktop().pumps == 5;
+    EXPECT_EQ(desktop().errorReports.size(), ignored ? 0U : 1U);
+    EXPECT_EQ(gateway->main.visible(), started);
+    EXPECT_TRUE(gateway->main.tmrFileUpdate.enabled() || !started);
+    EXPECT_FALSE(desktop().journalHas(L"tick tmrFileUpdate"));
+  }
+  EXPECT_GT(failures, 5);
+}
+
+}  // namespace

@@ -1,0 +1,44 @@
+// The bytes of list files as tests write them down.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <initializer_list>
+#include <string>
+#include <vector>
+
+#include "platform/desktop.h"
+
+namespace unit {
+
+inline const std::wstring catalogueFile = L"C:\\App\\QMKFileList3.txt";
+inline const std::wstring webListFile = L"C:\\App\\QMKWebList.txt";
+inline const std::wstring temporaryFile = L"C:\\App\\qmklist.tmp";
+
+/// A record as the program writes it.
+inline std::string record(std::initializer_list<std::string> fields) {
+  std::string line;
+  for (const std::string& field : fields) {
+    line += (line.empty() ? "\"" : ",\"") + field + '"';
+  }
+  return line + "\r\n";
+}
+
+/// Bytes of a file, "(none)" when there is none.
+inline std::string bytesOf(const std::wstring& path) {
+  return desktop::desktop().bytesOf(path).value_or("(none)");
+}
+
+/// List files as nobody should write them. Each that is long enough holds the sound record "b".
+struct MalformedFile {
+  std::string name;
+  std::string bytes;
+  std::vector<std::wstring> shown;  ///< First column of what the list shows, sorted.
+};
+
+/// For GoogleTest, which would otherwise print the bytes of the object.
+inline std::ostream& operator<<(std::ostream& out, const MalformedFile& file) {
+  return out << file.name;
+}
+
+}  // namespace unit

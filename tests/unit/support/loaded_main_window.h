@@ -1,0 +1,58 @@
+// What the tests of the list files ask of the main window.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "unit/support/main_window_fixture.h"
+
+namespace unit {
+
+using Texts = std::vector<std::wstring>;
+
+class LoadedMainWindow : public MainWindowTest {
+ protected:
+  /// Texts of the messages that were shown, in order.
+  [[nodiscard]] static Texts messages() {
+    Texts texts;
+    for (const desktop::Message& message : desktop::desktop().messages) {
+      texts.push_back(message.text);
+    }
+    return texts;
+  }
+
+  /// Texts of a list's items in the displayed order.
+  [[nodiscard]] static Texts textsOf(const controls::ListView& list) {
+    Texts texts;
+    for (std::size_t index = 0; index < list.count(); ++index) {
+      texts.push_back(list.text(index));
+    }
+    return texts;
+  }
+
+  /// Selects the first item of that text.
+  static void select(controls::ListView& list, const std::wstring& text) {
+    for (std::size_t index = 0; index < list.count(); ++index) {
+      if (list.text(index) == text) {
+        list.select(index);
+        return;
+      }
+    }
+    ADD_FAILURE() << "no such item";
+  }
+
+  /// Has another program do something to the list file just before the next replacement.
+  static void atNextReplacement(const std::function<void()>& action) {
+    desktop::desktop().onReplace = [action] {
+      // Taken out first: what runs goes away with the hook.
+      const auto once = action;
+      desktop::desktop().onReplace = nullptr;
+      once();
+    };
+  }
+
+  frmQMK& main = window;
+};
+
+}  // namespace unit

@@ -1,0 +1,46 @@
+// The main window as the start-up sequence shows it, before anything fills its lists.
+#pragma once
+
+#include <string>
+#include <utility>
+
+#include "mainwindow/main_window.h"
+#include "platform/desktop_test.h"
+#include "startup/paths.h"
+
+/// Folders made, main window loaded, set up and shown, watch timer still off; the journal begins
+/// behind that.
+class MainWindowTest : public desktop::DesktopTest {
+ protected:
+  MainWindowTest() {
+    modQMKGeneral::InitUserFolders();
+    window.tmrFileUpdate.setEnabled(false);
+    window.load();
+    window.SetupMainWindow();
+    window.show();
+    desktop::desktop().clearJournal();
+  }
+
+  /// The user clicks a tab.
+  void switchTo(int tab) { window.TabMain.raiseSwitch(tab); }
+
+  /// Adds a data file to the Open list, whose columns are date, label, folder and type.
+  void addDataFile(const std::wstring& folder, const std::wstring& name,
+                   const std::wstring& label = L"Fuel Profile") {
+    window.lstQMK[frmQMK::open].add({name, L"PV3", {L"11/20/2026", label, folder, L"FP3"}});
+  }
+
+  /// Adds an entry to the Web list.
+  void addWebEntry(const std::wstring& name, const std::wstring& url) {
+    window.lstQMK[frmQMK::web].add({name, L"Web", {url}});
+  }
+
+  /// The only message that was shown, as text.
+  static std::wstring onlyMessage() {
+    const auto& messages = desktop::desktop().messages;
+    return messages.size() == 1 ? messages.front().text
+                                : std::to_wstring(messages.size()) + L" messages";
+  }
+
+  frmQMK window;
+};

@@ -1,0 +1,40 @@
+// The web list in the main window, with the Web tab in front.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "unit/error_number.h"
+#include "unit/support/list_file_bytes.h"
+#include "unit/support/loaded_main_window.h"
+#include "web/web_list.h"
+
+namespace unit {
+
+class WebTest : public LoadedMainWindow {
+ protected:
+  WebTest() {
+    main.TabMain.setCurrent(frmQMK::web);
+    desktop::desktop().clearJournal();
+  }
+
+  static void putWebList(const std::string& bytes) {
+    desktop::desktop().putFile(webListFile, bytes);
+  }
+  /// What the web list file holds, "(none)" when there is none.
+  [[nodiscard]] static std::string webList() { return bytesOf(webListFile); }
+
+  [[nodiscard]] Texts names() const { return textsOf(main.lstQMK[frmQMK::web]); }
+  [[nodiscard]] Texts addresses() const {
+    Texts texts;
+    for (std::size_t index = 0; index < main.lstQMK[frmQMK::web].count(); ++index) {
+      texts.push_back(main.lstQMK[frmQMK::web].subItem(index, modQMKGeneral::urlColumn));
+    }
+    return texts;
+  }
+
+  controls::ListView& list = main.lstQMK[frmQMK::web];
+  modQMKGeneral::WebList& web = main.webList;
+};
+
+}  // namespace unit

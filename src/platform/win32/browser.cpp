@@ -1,0 +1,18 @@
+#include "platform/browser.h"
+
+#include <windows.h>
+// The shell's header relies on the first.
+#include <shellapi.h>
+
+#include "platform/win32/paths.h"
+
+namespace platform::browser {
+
+std::intptr_t open(const std::wstring& address, int showCommand) {
+  // The shell would open whatever the part up to the NUL means.
+  if (win32::hasEmbeddedNul(address)) return SE_ERR_FNF;
+  return reinterpret_cast<std::intptr_t>(
+      ShellExecuteW(nullptr, L"open", address.c_str(), nullptr, nullptr, showCommand));
+}
+
+}  // namespace platform::browser

@@ -1,0 +1,76 @@
+#include "platform/win32/dpi.h"
+
+#include <bit>
+
+#include "platform/geometry.h"
+#include "platform/win32/handles.h"
+
+namespace platform::win32 {
+
+namespace {
+
+template <class Function>
+Function* userFunction(const char* name) {
+  const HMODULE module = GetModuleHandleW(L"user32.dll");
+  return module == nullptr ? nullptr : std::bit_cast<Function*>(GetProcAddress(module, name));
+}
+
+int systemDpi() {
+  const WindowDc screen(nullptr);
+  return screen ? GetDeviceCaps(screen.get(), LOGPIXELSY) : designDpi;
+}
+
+}  // namespace
+
+int dpiOf(HWND window) {
+  using Call = UINT WINAPI(HWND);
+  static Call* const call = userFunction<Call>("GetDpiForWindow");
+  if (call != nullptr) {
+    if (const UINT dpi = call(window); dpi != 0) {
+      return static_cast<int>(dpi);
+    }
+  }
+  return systemDpi();
+}
+
+NONCLIENTMETRICSW nonClientMetrics(int dpi) {
+  using Call = BOOL WINAPI(UINT, UINT, void*, UINT, UINT);
+  static Call* const call = userFunction<Call>("SystemParametersInfoForDpi");
+  NONCLIENTMETRICSW metrics{};
+  metrics.cbSize = sizeof metrics;
+  if (call != nullptr &&
+      call(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0, static_cast<UINT>(dpi)) != 0) {
+    return metrics;
+  }
+  SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0);
+  metrics.lfMessageFont.lfHeight = MulDiv(metrics.lfMessageFont.lfHeight, dpi, systemDpi());
+  return metrics;
+}
+
+int systemMetric(int index, int dpi) {
+  using Call = int WINAPI(int, UINT);
+  static Call* const call = userFunction<Call>("GetSystemMetricsForDpi");
+  return call != nullptr ? call(index, static_cast<UINT>(dpi))
+                         : MulDiv(GetSystemMetrics(index), dpi, systemDpi());
+}
+
+RECT windowAround(RECT client, DWORD style, DWORD extendedStyle, bool menu, int dpi) {
+  using Call = BOOL WINAPI(RECT*, DWORD, BOOL, DWORD, UINT);
+  static Call* const call = userFunction<Call>("AdjustWindowRectExForDpi");
+  if (call == nullptr ||
+      call(&client, style, menu ? TRUE : FALSE, extendedStyle, static_cast<UINT>(dpi)) == 0) {
+    AdjustWindowRectEx(&client, style, menu ? TRUE : FALSE, extendedStyle);
+  }
+  return client;
+}
+
+void leaveDialogScalingToProgram(HWND dialog) {
+  using Call = BOOL WINAPI(HWND, int, int);
+  constexpr int disableAll = 1;
+  static Call* const call = userFunction<Call>("SetDialogDpiChangeBehavior");
+  if (call != nullptr) {
+    call(dialog, disableAll, disableAll);
+  }
+}
+
+}  // namespace platform::win32

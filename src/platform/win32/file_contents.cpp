@@ -1,0 +1,141 @@
+// Reading and writing files whole.
+#include <windows.h>
+
+#include <algorithm>
+#include <limits>
+#include <new>
+
+#include "platform/files.h"
+#include "platform/win32/errors.h"
+#include "platform/win32/file_stamp.h"
+#include "platform/win32/handles.h"
+#include "platform/win32/paths.h"
+
+namespace platform::files {
+
+using win32::FileHandle;
+using win32::raise;
+using win32::whileShared;
+
+namespace {
+
+constexpr DWORD shareEverything = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+/// Most bytes handed to one read or write call; some network drives refuse larger ones.
+constexpr std::size_t pieceSize = std::size_t{8} << 20U;
+/// A list file beyond this could not be worked on in memory anyway.
+constexpr std::uint64_t largestFile = std::numeric_limits<std::int32_t>::max();
+/// How often a file that changes under the read is read again.
+constexpr int readings = 5;
+
+/// Opens a file, waiting a moment for others to let go of it. ERROR_SUCCESS or why not.
+DWORD open(const std::wstring& native, DWORD access, DWORD share, DWORD creation, DWORD flags,
+           FileHandle& file) {
+  return whileShared([&] {
+    file.reset(CreateFileW(native.c_str(), access, share, nullptr, creation, flags, nullptr));
+    return file ? ERROR_SUCCESS : GetLastError();
+  });
+}
+
+Stamp requiredStamp(const FileHandle& file) {
+  const std::optional<Stamp> stamp = win32::stampOf(file.get());
+  if (!stamp) raise(GetLastError());
+  return *stamp;
+}
+
+/// Up to `size` bytes from the start of the file; fewer when the file ends earlier.
+void readFromStart(const FileHandle& file, std::uint64_t size, std::string& bytes) {
+  if (size > largestFile) throw RunTimeError(error::outOfMemory);
+  try {
+    bytes.resize(static_cast<std::size_t>(size));
+  } catch (const std::bad_alloc&) {
+    throw RunTimeError(error::outOfMemory);
+  }
+  if (SetFilePointerEx(file.get(), LARGE_INTEGER{}, nullptr, FILE_BEGIN) == 0) {
+    raise(GetLastError());
+  }
+  std::size_t done = 0;
+  while (done < bytes.size()) {
+    const auto piece = static_cast<DWORD>(std::min(pieceSize, bytes.size() - done));
+    DWORD read = 0;
+    if (ReadFile(file.get(), bytes.data() + done, piece, &read, nullptr) == 0) {
+      raise(GetLastError());
+    }
+    if (read == 0) break;
+    done += read;
+  }
+  bytes.resize(done);
+}
+
+Contents readOpenFile(const FileHandle& file) {
+  Contents contents;
+  Stamp before = requiredStamp(file);
+  for (int reading = 0; reading < readings; ++reading) {
+    contents.stamp = before;
+    readFromStart(file, before.size, contents.bytes);
+    const Stamp after = requiredStamp(file);
+    if (after == before && contents.bytes.size() == before.size) break;
+    before = after;
+  }
+  // A file that never came to rest keeps the stamp from before its last reading: it is outdated
+  // already, so that a replacement based on these bytes finds out that they are.
+  return contents;
+}
+
+}  // namespace
+
+Contents readWhole(const std::wstring& path) {
+  const std::wstring native = win32::requiredPath(path);
+  FileHandle file;
+  const DWORD result =
+      open(native, GENERIC_READ, shareEverything, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, file);
+  if (result != ERROR_SUCCESS) raise(result);
+  return readOpenFile(file);
+}
+
+Contents readForAppending(const std::wstring& path) {
+  const std::wstring native = win32::requiredPath(path);
+  const DWORD attributes = GetFileAttributesW(native.c_str());
+  if (attributes != INVALID_FILE_ATTRIBUTES &&
+      (attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0) {
+    throw RunTimeError(error::pathFileAccess);
+  }
+  // Asking for the right to append finds out now whether somebody keeps others from writing.
+  FileHandle file;
+  const DWORD result = open(native, GENERIC_READ | FILE_APPEND_DATA, shareEverything, OPEN_EXISTING,
+                            FILE_FLAG_SEQUENTIAL_SCAN, file);
+  if (result == ERROR_FILE_NOT_FOUND) return {};
+  if (result != ERROR_SUCCESS) raise(result);
+  return readOpenFile(file);
+}
+
+void writeWhole(const std::wstring& path, const std::string& bytes) {
+  const std::wstring native = win32::requiredPath(path);
+  const DWORD attributes = GetFileAttributesW(native.c_str());
+  if (attributes != INVALID_FILE_ATTRIBUTES &&
+      (attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0) {
+    throw RunTimeError(error::pathFileAccess);
+  }
+  // Not CREATE_ALWAYS: that fails for a hidden file, and would drop the attributes of others.
+  FileHandle file;
+  const DWORD result =
+      open(native, GENERIC_WRITE, FILE_SHARE_READ, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, file);
+  if (result != ERROR_SUCCESS) {
+    raise(result, {{ERROR_FILE_NOT_FOUND, error::pathNotFound}});
+  }
+  if (SetEndOfFile(file.get()) == 0) raise(GetLastError());
+  std::size_t done = 0;
+  while (done < bytes.size()) {
+    const auto piece = static_cast<DWORD>(std::min(pieceSize, bytes.size() - done));
+    DWORD written = 0;
+    if (WriteFile(file.get(), bytes.data() + done, piece, &written, nullptr) == 0) {
+      raise(GetLastError());
+    }
+    if (written == 0) throw RunTimeError(error::diskFull);
+    done += written;
+  }
+  if (FlushFileBuffers(file.get()) == 0) raise(GetLastError());
+  // A network drive may report only now that the bytes found no room.
+  if (CloseHandle(file.release()) == 0) raise(GetLastError());
+}
+
+}  // namespace platform::files

@@ -1,0 +1,32 @@
+// The stamp of an open file.
+#pragma once
+
+#include <windows.h>
+
+#include <optional>
+
+#include "platform/files.h"
+
+namespace platform::win32 {
+
+[[nodiscard]] constexpr std::uint64_t joined(DWORD high, DWORD low) {
+  return (std::uint64_t{high} << 32U) | low;
+}
+
+/// A FILETIME as one number.
+[[nodiscard]] constexpr files::FileTime fileTime(const FILETIME& time) {
+  return joined(time.dwHighDateTime, time.dwLowDateTime);
+}
+
+/// Stamp of the file behind an open handle; nothing (and the thread's last error) when the
+/// system does not tell.
+[[nodiscard]] inline std::optional<files::Stamp> stampOf(HANDLE file) {
+  BY_HANDLE_FILE_INFORMATION information{};
+  if (GetFileInformationByHandle(file, &information) == 0) return std::nullopt;
+  return files::Stamp{.present = true,
+                      .modified = fileTime(information.ftLastWriteTime),
+                      .size = joined(information.nFileSizeHigh, information.nFileSizeLow),
+                      .fileId = joined(information.nFileIndexHigh, information.nFileIndexLow)};
+}
+
+}  // namespace platform::win32

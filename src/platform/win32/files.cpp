@@ -1,0 +1,138 @@
+#include "platform/files.h"
+
+#include <windows.h>
+
+#include "platform/win32/errors.h"
+#include "platform/win32/file_stamp.h"
+#include "platform/win32/handles.h"
+#include "platform/win32/paths.h"
+
+namespace platform::files {
+
+using win32::raise;
+using win32::requiredPath;
+using win32::whileShared;
+
+namespace {
+
+constexpr DWORD kindsToAskFor =
+    FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_DIRECTORY;
+
+bool isWanted(const WIN32_FIND_DATAW& found, unsigned attributes) {
+  if ((found.dwFileAttributes & kindsToAskFor & ~attributes) != 0) return false;
+  const std::wstring_view name = found.cFileName;
+  return name != L"." && name != L"..";
+}
+
+/// Hands the wanted entries to `take` until it returns false.
+template <class Take>
+void searchWith(const std::wstring& pattern, unsigned attributes, Take take) {
+  // Without a last component there is nothing to match.
+  if (pattern.empty() || pattern.back() == L'\\' || pattern.back() == L'/') return;
+  const std::optional<std::wstring> native = win32::nativePath(pattern);
+  if (!native) return;
+  WIN32_FIND_DATAW found{};
+  const win32::FindHandle search(FindFirstFileExW(native->c_str(), FindExInfoBasic, &found,
+                                                  FindExSearchNameMatch, nullptr, 0));
+  if (!search) return;
+  do {
+    if (isWanted(found, attributes) && !take(found)) return;
+  } while (FindNextFileW(search.get(), &found) != 0);
+}
+
+/// ERROR_SUCCESS for a true result of a Windows function, else the thread's last error.
+DWORD outcome(BOOL succeeded) { return succeeded != 0 ? ERROR_SUCCESS : GetLastError(); }
+
+bool isReadOnly(const std::wstring& native) {
+  const DWORD attributes = GetFileAttributesW(native.c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
+}
+
+/// Attributes of an existing file; raises 53 when it (or its folder) is missing.
+DWORD existingAttributes(const std::wstring& native) {
+  const DWORD attributes = GetFileAttributesW(native.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES) {
+    raise(GetLastError(), {{ERROR_PATH_NOT_FOUND, error::fileNotFound}});
+  }
+  return attributes;
+}
+
+/// Refuses to write to a read-only file. A sufficiently privileged user would get past the
+/// system's own check.
+void refuseReadOnly(const std::wstring& native) {
+  if (isReadOnly(native)) throw RunTimeError(error::pathFileAccess);
+}
+
+}  // namespace
+
+std::vector<Entry> search(const std::wstring& pattern, unsigned attributes) {
+  std::vector<Entry> entries;
+  searchWith(pattern, attributes, [&entries](const WIN32_FIND_DATAW& found) {
+    entries.push_back({found.cFileName, win32::fileTime(found.ftLastWriteTime)});
+    return true;
+  });
+  return entries;
+}
+
+std::wstring findFirst(const std::wstring& pattern, unsigned attributes) {
+  std::wstring first;
+  searchWith(pattern, attributes, [&first](const WIN32_FIND_DATAW& found) {
+    first = found.cFileName;
+    return false;
+  });
+  return first;
+}
+
+bool fileExists(const std::wstring& path) { return !findFirst(path).empty(); }
+
+bool folderExists(const std::wstring& path) {
+  return !findFirst(path, Attributes::directory).empty();
+}
+
+void makeFolder(const std::wstring& path) {
+  if (CreateDirectoryW(requiredPath(path).c_str(), nullptr) == 0) {
+    raise(GetLastError(), {{ERROR_ALREADY_EXISTS, error::pathFileAccess},
+                           {ERROR_FILE_EXISTS, error::pathFileAccess},
+                           {ERROR_FILE_NOT_FOUND, error::pathNotFound}});
+  }
+}
+
+void remove(const std::wstring& path) {
+  const std::wstring native = requiredPath(path);
+  if ((existingAttributes(native) & FILE_ATTRIBUTE_READONLY) != 0) {
+    throw RunTimeError(error::pathFileAccess);
+  }
+  const DWORD result = whileShared([&native] { return outcome(DeleteFileW(native.c_str())); });
+  if (result != ERROR_SUCCESS) raise(result, {{ERROR_PATH_NOT_FOUND, error::fileNotFound}});
+}
+
+void rename(const std::wstring& from, const std::wstring& to) {
+  const std::wstring nativeFrom = requiredPath(from);
+  const std::wstring nativeTo = requiredPath(to);
+  existingAttributes(nativeFrom);
+  const DWORD result = whileShared([&nativeFrom, &nativeTo] {
+    return outcome(MoveFileExW(nativeFrom.c_str(), nativeTo.c_str(), 0));
+  });
+  if (result != ERROR_SUCCESS) raise(result);
+}
+
+void copy(const std::wstring& from, const std::wstring& to) {
+  const std::wstring nativeFrom = requiredPath(from);
+  const std::wstring nativeTo = requiredPath(to);
+  existingAttributes(nativeFrom);
+  refuseReadOnly(nativeTo);
+  const DWORD result = whileShared([&nativeFrom, &nativeTo] {
+    return outcome(CopyFileW(nativeFrom.c_str(), nativeTo.c_str(), FALSE));
+  });
+  if (result != ERROR_SUCCESS) raise(result);
+}
+
+FileTime modifiedTime(const std::wstring& path) {
+  WIN32_FILE_ATTRIBUTE_DATA data{};
+  if (GetFileAttributesExW(requiredPath(path).c_str(), GetFileExInfoStandard, &data) == 0) {
+    raise(GetLastError(), {{ERROR_PATH_NOT_FOUND, error::fileNotFound}});
+  }
+  return win32::fileTime(data.ftLastWriteTime);
+}
+
+}  // namespace platform::files

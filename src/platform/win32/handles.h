@@ -1,0 +1,295 @@
+// Owners for everything that Windows hands out and wants back.
+//
+// Each owner knows the value that stands for "nothing" and the function that gives the thing
+// back, so that no path out of a routine, an error's least of all, can keep one.
+#pragma once
+
+#include <windows.h>
+// The rest of the system's headers rely on the first.
+#include <commctrl.h>
+#include <objbase.h>
+#include <oleauto.h>
+
+#include <string>
+#include <utility>
+
+namespace platform::win32 {
+
+/// Sole owner of a handle. `Traits` supplies `Type`, `invalid()` and `close(Type)`.
+template <class Traits>
+class Handle {
+ public:
+  using Type = typename Traits::Type;
+
+  Handle() noexcept = default;
+  /// Takes over `value`; the invalid value makes an empty owner.
+  explicit Handle(Type value) noexcept : value_(value) {}
+  Handle(const Handle&) = delete;
+  Handle& operator=(const Handle&) = delete;
+  Handle(Handle&& other) noexcept : value_(other.release()) {}
+  Handle& operator=(Handle&& other) noexcept {
+    if (this != &other) reset(other.release());
+    return *this;
+  }
+  ~Handle() { reset(); }
+
+  [[nodiscard]] Type get() const noexcept { return value_; }
+  [[nodiscard]] explicit operator bool() const noexcept { return value_ != Traits::invalid(); }
+
+  /// Gives the handle away; the caller has to close it.
+  [[nodiscard]] Type release() noexcept { return std::exchange(value_, Traits::invalid()); }
+
+  /// Closes what is held and takes over `value`. The thread's last error stays what it was, so
+  /// that a failure can still be reported after the clean-up.
+  void reset(Type value = Traits::invalid()) noexcept {
+    const Type old = std::exchange(value_, value);
+    if (old == Traits::invalid()) return;
+    const DWORD lastError = GetLastError();
+    Traits::close(old);
+    SetLastError(lastError);
+  }
+
+  /// Closes what is held and returns the place into which a function writes a new handle.
+  [[nodiscard]] Type* out() noexcept {
+    reset();
+    return &value_;
+  }
+
+ private:
+  Type value_ = Traits::invalid();
+};
+
+struct FileTraits {
+  using Type = HANDLE;
+  static Type invalid() noexcept { return INVALID_HANDLE_VALUE; }
+  static void close(Type value) noexcept { CloseHandle(value); }
+};
+
+struct FindTraits {
+  using Type = HANDLE;
+  static Type invalid() noexcept { return INVALID_HANDLE_VALUE; }
+  static void close(Type value) noexcept { FindClose(value); }
+};
+
+struct KernelTraits {
+  using Type = HANDLE;
+  static Type invalid() noexcept { return nullptr; }
+  static void close(Type value) noexcept { CloseHandle(value); }
+};
+
+struct RegistryKeyTraits {
+  using Type = HKEY;
+  static Type invalid() noexcept { return nullptr; }
+  static void close(Type value) noexcept { RegCloseKey(value); }
+};
+
+struct GlobalMemoryTraits {
+  using Type = HGLOBAL;
+  static Type invalid() noexcept { return nullptr; }
+  static void close(Type value) noexcept { GlobalFree(value); }
+};
+
+struct ModuleTraits {
+  using Type = HMODULE;
+  static Type invalid() noexcept { return nullptr; }
+  static void close(Type value) noexcept { FreeLibrary(value); }
+};
+
+struct IconTraits {
+  using Type = HICON;
+  static Type invalid() noexcept { return nullptr; }
+  static void close(Type value) noexcept { DestroyIcon(value); }
+};
+
+struct MenuTraits {
+  using Type = HMENU;
+  static Type invalid() noexcept { return nullptr; }
+  static void close(Type value) noexcept { DestroyMenu(value); }
+};
+
+struct AcceleratorTraits {
+  using Type = HACCEL;
+  static Type invalid() noexcept { return nullptr; }
+  static void close(Type value) noexcept { DestroyAcceleratorTable(value); }
+};
+
+struct ImageListTraits {
+  using Type = HIMAGELIST;
+  static Type invalid() noexcept { return nullptr; }
+  static void close(Type value) noexcept { ImageList_Destroy(value); }
+};
+
+struct WindowTraits {
+  using Type = HWND;
+  static Type invalid() noexcept { return nullptr; }
+  static void close(Type value) noexcept { DestroyWindow(value); }
+};
+
+struct MemoryDcTraits {
+  using Type = HDC;
+  static Type invalid() noexcept { return nullptr; }
+  static void close(Type value) noexcept { DeleteDC(value); }
+};
+
+template <class Object>
+struct GdiTraits {
+  using Type = Object;
+  static Type invalid() noexcept { return nullptr; }
+  static void close(Type value) noexcept { DeleteObject(value); }
+};
+
+/// A file, folder or device opened with CreateFileW.
+using FileHandle = Handle<FileTraits>;
+/// A directory search.
+using FindHandle = Handle<FindTraits>;
+/// A mutex, event, process, thread: whatever is invalid as a null handle.
+using KernelHandle = Handle<KernelTraits>;
+using RegistryKey = Handle<RegistryKeyTraits>;
+using GlobalMemory = Handle<GlobalMemoryTraits>;
+using Module = Handle<ModuleTraits>;
+/// An icon of our own; icons loaded as shared are never ours.
+using Icon = Handle<IconTraits>;
+/// A menu that no window owns (a window destroys the menu it has been given).
+using Menu = Handle<MenuTraits>;
+using AcceleratorTable = Handle<AcceleratorTraits>;
+using NativeImageList = Handle<ImageListTraits>;
+using NativeWindow = Handle<WindowTraits>;
+/// A device context from CreateCompatibleDC.
+using MemoryDc = Handle<MemoryDcTraits>;
+using FontHandle = Handle<GdiTraits<HFONT>>;
+using BrushHandle = Handle<GdiTraits<HBRUSH>>;
+using PenHandle = Handle<GdiTraits<HPEN>>;
+using BitmapHandle = Handle<GdiTraits<HBITMAP>>;
+using RegionHandle = Handle<GdiTraits<HRGN>>;
+
+/// A window's (or, for a null window, the screen's) device context, borrowed from GetDC.
+class WindowDc {
+ public:
+  explicit WindowDc(HWND window) noexcept : window_(window), dc_(GetDC(window)) {}
+  WindowDc(const WindowDc&) = delete;
+  WindowDc& operator=(const WindowDc&) = delete;
+  ~WindowDc() {
+    if (dc_ != nullptr) ReleaseDC(window_, dc_);
+  }
+  [[nodiscard]] HDC get() const noexcept { return dc_; }
+  [[nodiscard]] explicit operator bool() const noexcept { return dc_ != nullptr; }
+
+ private:
+  HWND window_;
+  HDC dc_;
+};
+
+/// The device context of one WM_PAINT.
+class PaintDc {
+ public:
+  explicit PaintDc(HWND window) noexcept : window_(window), dc_(BeginPaint(window, &paint_)) {}
+  PaintDc(const PaintDc&) = delete;
+  PaintDc& operator=(const PaintDc&) = delete;
+  ~PaintDc() { EndPaint(window_, &paint_); }
+  [[nodiscard]] HDC get() const noexcept { return dc_; }
+  /// The part that needs painting.
+  [[nodiscard]] const RECT& dirty() const noexcept { return paint_.rcPaint; }
+
+ private:
+  HWND window_;
+  PAINTSTRUCT paint_{};
+  HDC dc_;
+};
+
+/// Keeps a GDI object selected into a device context and puts the former one back at the end;
+/// an object that is still selected cannot be deleted. Declare it after the object's owner.
+class Selection {
+ public:
+  Selection(HDC dc, HGDIOBJ object) noexcept : dc_(dc), former_(SelectObject(dc, object)) {}
+  Selection(const Selection&) = delete;
+  Selection& operator=(const Selection&) = delete;
+  ~Selection() {
+    if (former_ != nullptr && former_ != HGDI_ERROR) SelectObject(dc_, former_);
+  }
+
+ private:
+  HDC dc_;
+  HGDIOBJ former_;
+};
+
+/// Counted reference to a COM object.
+template <class Interface>
+class ComPointer {
+ public:
+  ComPointer() noexcept = default;
+  /// Takes over a reference that the caller holds.
+  explicit ComPointer(Interface* object) noexcept : object_(object) {}
+  ComPointer(const ComPointer& other) noexcept : object_(other.object_) {
+    if (object_ != nullptr) object_->AddRef();
+  }
+  ComPointer(ComPointer&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
+  ComPointer& operator=(ComPointer other) noexcept {
+    std::swap(object_, other.object_);
+    return *this;
+  }
+  ~ComPointer() { reset(); }
+
+  [[nodiscard]] Interface* get() const noexcept { return object_; }
+  Interface* operator->() const noexcept { return object_; }
+  [[nodiscard]] explicit operator bool() const noexcept { return object_ != nullptr; }
+
+  void reset() noexcept {
+    if (Interface* const old = std::exchange(object_, nullptr)) old->Release();
+  }
+
+  /// Drops what is held and returns the place into which a function writes a new reference.
+  [[nodiscard]] Interface** out() noexcept {
+    reset();
+    return &object_;
+  }
+  /// The same for the functions that hand out any interface.
+  [[nodiscard]] void** outAny() noexcept {
+    // COM hands every interface out through a void**; this is its one sanctioned cast.
+    return reinterpret_cast<void**>(out());
+  }
+
+ private:
+  Interface* object_ = nullptr;
+};
+
+/// Owned automation string; text with embedded NULs survives.
+class Bstr {
+ public:
+  Bstr() noexcept = default;
+  /// A copy of `text`; empty-handed (`get()` is null) when there is no memory.
+  explicit Bstr(const std::wstring& text)
+      : value_(SysAllocStringLen(text.data(), static_cast<UINT>(text.size()))) {}
+  Bstr(const Bstr&) = delete;
+  Bstr& operator=(const Bstr&) = delete;
+  Bstr(Bstr&& other) noexcept : value_(std::exchange(other.value_, nullptr)) {}
+  Bstr& operator=(Bstr&& other) noexcept {
+    std::swap(value_, other.value_);
+    return *this;
+  }
+  ~Bstr() { SysFreeString(value_); }
+  [[nodiscard]] BSTR get() const noexcept { return value_; }
+  [[nodiscard]] std::wstring text() const { return {value_, value_ + SysStringLen(value_)}; }
+
+ private:
+  BSTR value_ = nullptr;
+};
+
+/// Memory that the shell or COM allocated.
+template <class T>
+class TaskMemory {
+ public:
+  TaskMemory() noexcept = default;
+  explicit TaskMemory(T* value) noexcept : value_(value) {}
+  TaskMemory(const TaskMemory&) = delete;
+  TaskMemory& operator=(const TaskMemory&) = delete;
+  ~TaskMemory() { CoTaskMemFree(value_); }
+  [[nodiscard]] T* get() const noexcept { return value_; }
+  [[nodiscard]] explicit operator bool() const noexcept { return value_ != nullptr; }
+  /// The place into which a function writes; only for an owner that is still empty.
+  [[nodiscard]] T** out() noexcept { return &value_; }
+
+ private:
+  T* value_ = nullptr;
+};
+
+}  // namespace platform::win32

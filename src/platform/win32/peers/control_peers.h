@@ -1,0 +1,14 @@
+// Which native control stands for which control.
+#pragma once
+
+#include <memory>
+
+#include "platform/win32/peers/native_control.h"
+
+namespace platform::win32 {
+
+/// Creates the native control of `control` in `host` and attaches its peer. Nothing for a control
+/// that has no native side. Raises 7.
+[[nodiscard]] std::unique_ptr<NativeControl> makePeer(WindowPeer& host, controls::Control& control);
+
+}  // namespace platform::win32

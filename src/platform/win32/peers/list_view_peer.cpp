@@ -1,0 +1,266 @@
+#include "platform/win32/peers/list_view_peer.h"
+
+#include <algorithm>
+#include <bit>
+
+#include "platform/geometry.h"
+#include "platform/win32/dpi.h"
+#include "platform/win32/parameters.h"
+#include "platform/win32/peers/window_peer.h"
+
+namespace platform::win32 {
+
+using controls::Change;
+
+namespace {
+
+/// What stands for "all items" or "none" in the native list's messages.
+constexpr WPARAM allItems = static_cast<WPARAM>(-1);
+
+}  // namespace
+
+ListViewPeer::ListViewPeer(WindowPeer& host, controls::ListView& list)
+    : NativeControl(host, list), list_(list) {
+  create(WC_LISTVIEWW,
+         WS_TABSTOP | LVS_OWNERDATA | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_SHAREIMAGELISTS |
+             LVS_AUTOARRANGE | (report() ? LVS_REPORT : LVS_ICON) |
+             (list.headersHidden() ? LVS_NOCOLUMNHEADER : 0U),
+         WS_EX_CLIENTEDGE);
+  constexpr DWORD look = LVS_EX_DOUBLEBUFFER | LVS_EX_FULLROWSELECT | LVS_EX_LABELTIP;
+  send(LVM_SETEXTENDEDLISTVIEWSTYLE, look, look);
+  takeImages();
+  spaceIcons();
+  showColumns();
+  showItems();
+  showSorting();
+  watchMessages();
+  list_.attach(this);
+}
+
+std::wstring ListViewPeer::nativeText() const { return list_.accessibleName(); }
+
+bool ListViewPeer::report() const { return list_.view() == controls::reportView; }
+
+HWND ListViewPeer::header() const { return std::bit_cast<HWND>(send(LVM_GETHEADER)); }
+
+void ListViewPeer::changed(Change change) {
+  switch (change) {
+    case Change::items:
+      takeImages();
+      showItems();
+      break;
+    case Change::selection:
+      showSelection();
+      if (const auto index = list_.selected()) {
+        send(LVM_ENSUREVISIBLE, *index, FALSE);
+      }
+      break;
+    case Change::view:
+      showView();
+      break;
+    case Change::columns:
+      showColumns();
+      break;
+    case Change::sorting:
+      showSorting();
+      break;
+    case Change::images:
+      takeImages();
+      InvalidateRect(window(), nullptr, FALSE);
+      break;
+    default:
+      mirror(change);
+      break;
+  }
+}
+
+void ListViewPeer::refresh() {
+  NativeControl::refresh();
+  takeImages();
+  spaceIcons();
+  showColumns();
+}
+
+void ListViewPeer::takeImages() {
+  large_.refresh(list_.largeImages(), host().dpi(), [this](HIMAGELIST images) {
+    send(LVM_SETIMAGELIST, LVSIL_NORMAL, parameterFrom(images));
+    // Wide enough for the longest name of a new file on two lines; the system's own spacing
+    // returns with every image list.
+    constexpr Size spacing{112, 84};
+    send(LVM_SETICONSPACING, 0,
+         MAKELPARAM(scaled(spacing.width, host().dpi()), scaled(spacing.height, host().dpi())));
+  });
+  small_.refresh(list_.smallImages(), host().dpi(), [this](HIMAGELIST images) {
+    send(LVM_SETIMAGELIST, LVSIL_SMALL, parameterFrom(images));
+  });
+}
+
+void ListViewPeer::spaceIcons() {
+  // Wide enough for the longest name of a new-file item on two lines.
+  constexpr Size least{112, 84};
+  const int dpi = host().dpi();
+  send(LVM_SETICONSPACING, 0,
+       MAKELPARAM(std::max(systemMetric(SM_CXICONSPACING, dpi), scaled(least.width, dpi)),
+                  std::max(systemMetric(SM_CYICONSPACING, dpi), scaled(least.height, dpi))));
+}
+
+void ListViewPeer::showView() {
+  send(LVM_SETVIEW, static_cast<WPARAM>(report() ? LV_VIEW_DETAILS : LV_VIEW_ICON));
+  if (const auto index = list_.focused()) {
+    send(LVM_ENSUREVISIBLE, *index, FALSE);
+  }
+}
+
+int ListViewPeer::columnWidth(std::size_t index) const {
+  return twipsToPixels(list_.columns()[index].widthTwips, host().dpi());
+}
+
+void ListViewPeer::showColumns() {
+  changeStyle(LVS_NOCOLUMNHEADER, list_.headersHidden() ? LVS_NOCOLUMNHEADER : 0U);
+  showing_ = true;
+  for (int column = 0; column < shownColumns_; ++column) {
+    const int width = columnWidth(static_cast<std::size_t>(column));
+    if (width != static_cast<int>(send(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column)))) {
+      send(LVM_SETCOLUMNWIDTH, static_cast<WPARAM>(column), width);
+    }
+  }
+  const int count = static_cast<int>(list_.columns().size());
+  for (; shownColumns_ < count; ++shownColumns_) {
+    const auto index = static_cast<std::size_t>(shownColumns_);
+    std::wstring text = list_.columns()[index].text;
+    LVCOLUMNW column{};
+    column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_FMT | LVCF_SUBITEM;
+    column.fmt = LVCFMT_LEFT;
+    column.cx = columnWidth(index);
+    column.pszText = text.data();
+    column.iSubItem = shownColumns_;
+    send(LVM_INSERTCOLUMNW, index, parameterFrom(&column));
+  }
+  showing_ = false;
+}
+
+void ListViewPeer::showItems() {
+  const int count = static_cast<int>(list_.count());
+  const std::size_t top = topIndex();
+  POINT origin{};
+  send(LVM_GETORIGIN, 0, parameterFrom(&origin));
+  showing_ = true;
+  // Without these the native list would jump to the top and erase itself first.
+  send(LVM_SETITEMCOUNT, static_cast<WPARAM>(count),
+       LVSICF_NOINVALIDATEALL | (report() ? LVSICF_NOSCROLL : 0));
+  showing_ = false;
+  showSelection();
+  // Neither a new count nor a moved focus mark is a reason to show another part of the list.
+  if (report()) {
+    scrollTo(top);
+  } else {
+    POINT moved{};
+    send(LVM_GETORIGIN, 0, parameterFrom(&moved));
+    if (moved.y != origin.y) {
+      send(LVM_SCROLL, 0, origin.y - moved.y);
+    }
+  }
+  InvalidateRect(window(), nullptr, FALSE);
+}
+
+int ListViewPeer::selectedNatively() const {
+  return static_cast<int>(send(LVM_GETNEXTITEM, allItems, LVNI_SELECTED));
+}
+
+void ListViewPeer::showSelection() {
+  const auto selected = list_.selected();
+  const auto focused = list_.focused();
+  const auto set = [this](WPARAM item, UINT state) {
+    LVITEMW change{};
+    change.state = state;
+    change.stateMask = state;
+    send(LVM_SETITEMSTATE, item, parameterFrom(&change));
+  };
+  showing_ = true;
+  if (const int native = selectedNatively();
+      native >= 0 && (!selected || static_cast<std::size_t>(native) != *selected)) {
+    LVITEMW change{};
+    change.stateMask = LVIS_SELECTED;
+    send(LVM_SETITEMSTATE, allItems, parameterFrom(&change));
+  }
+  if (focused && static_cast<int>(*focused) !=
+                     static_cast<int>(send(LVM_GETNEXTITEM, allItems, LVNI_FOCUSED))) {
+    set(*focused, LVIS_FOCUSED);
+  }
+  if (selected && static_cast<int>(*selected) != selectedNatively()) {
+    set(*selected, LVIS_SELECTED);
+  }
+  showing_ = false;
+}
+
+void ListViewPeer::showSorting() {
+  const int count = static_cast<int>(send(LVM_GETHEADER) == 0 ? 0 : shownColumns_);
+  for (int column = 0; column < count; ++column) {
+    HDITEMW item{};
+    item.mask = HDI_FORMAT;
+    const auto index = static_cast<WPARAM>(column);
+    if (SendMessageW(header(), HDM_GETITEMW, index, parameterFrom(&item)) == 0) {
+      continue;
+    }
+    item.fmt &= ~(HDF_SORTUP | HDF_SORTDOWN);
+    if (list_.sorted() && list_.sortKey() == column) {
+      item.fmt |= list_.sortOrder() == controls::ascending ? HDF_SORTUP : HDF_SORTDOWN;
+    }
+    SendMessageW(header(), HDM_SETITEMW, index, parameterFrom(&item));
+  }
+}
+
+int ListViewPeer::rowHeight() const {
+  RECT row{};
+  row.left = LVIR_BOUNDS;
+  return list_.count() > 0 && send(LVM_GETITEMRECT, 0, parameterFrom(&row)) != 0
+             ? static_cast<int>(row.bottom - row.top)
+             : 0;
+}
+
+std::size_t ListViewPeer::topIndex() const {
+  if (report()) {
+    return static_cast<std::size_t>(send(LVM_GETTOPINDEX));
+  }
+  // The icon view scrolls by pixels and knows no first item; the one in the corner serves.
+  LVHITTESTINFO spot{};
+  RECT first{};
+  first.left = LVIR_BOUNDS;
+  if (list_.count() == 0 || send(LVM_GETITEMRECT, 0, parameterFrom(&first)) == 0) {
+    return 0;
+  }
+  spot.pt = {(first.left + first.right) / 2, (first.bottom - first.top) / 2};
+  return static_cast<std::size_t>(
+      std::max<LRESULT>(0, send(LVM_HITTEST, allItems, parameterFrom(&spot))));
+}
+
+void ListViewPeer::scrollTo(std::size_t index) {
+  if (index >= list_.count()) {
+    return;
+  }
+  if (report()) {
+    const auto distance =
+        static_cast<std::ptrdiff_t>(index) - static_cast<std::ptrdiff_t>(topIndex());
+    if (distance != 0) {
+      send(LVM_SCROLL, 0, static_cast<LPARAM>(distance) * rowHeight());
+    }
+    return;
+  }
+  RECT first{};
+  RECT wanted{};
+  first.left = LVIR_BOUNDS;
+  wanted.left = LVIR_BOUNDS;
+  if (const std::size_t top = topIndex();
+      top < list_.count() && send(LVM_GETITEMRECT, top, parameterFrom(&first)) != 0 &&
+      send(LVM_GETITEMRECT, index, parameterFrom(&wanted)) != 0 && wanted.top != first.top) {
+    send(LVM_SCROLL, 0, wanted.top - first.top);
+  }
+}
+
+bool ListViewPeer::hiddenColumn(int index) const {
+  const auto& columns = list_.columns();
+  return index >= 0 && static_cast<std::size_t>(index) < columns.size() &&
+         columns[static_cast<std::size_t>(index)].widthTwips == 0;
+}
+
+}  // namespace platform::win32

@@ -1,0 +1,57 @@
+// Native list views.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+
+#include "platform/controls/list_view.h"
+#include "platform/win32/image_resources.h"
+#include "platform/win32/peers/native_control.h"
+
+namespace platform::win32 {
+
+/// A native list that owns no items: it asks the list object for the rows that it paints.
+class ListViewPeer final : public controls::ListViewPeer, public NativeControl {
+ public:
+  ListViewPeer(WindowPeer& host, controls::ListView& list);
+  void changed(controls::Change change) override;
+  void orphaned() override { loseControl(); }
+  [[nodiscard]] std::size_t topIndex() const override;
+  void scrollTo(std::size_t index) override;
+  std::optional<LRESULT> notification(NMHDR& header) override;
+  void refresh() override;
+
+ protected:
+  std::optional<LRESULT> message(UINT message, WPARAM first, LPARAM second) override;
+  [[nodiscard]] std::wstring nativeText() const override;
+
+ private:
+  void takeImages();
+  void spaceIcons();
+  void showView();
+  void showColumns();
+  void showItems();
+  void showSelection();
+  void showSorting();
+  void supply(LVITEMW& item) const;
+  void accept(const NMLISTVIEW& change);
+  [[nodiscard]] LRESULT search(const NMLVFINDITEMW& request) const;
+  void key(WORD key);
+  std::optional<LRESULT> headerNotification(const NMHEADERW& notice);
+  void acceptWidth(int column, int pixels);
+  LRESULT contextMenu(LPARAM where);
+  [[nodiscard]] bool report() const;
+  [[nodiscard]] bool hiddenColumn(int index) const;
+  [[nodiscard]] int columnWidth(std::size_t index) const;
+  [[nodiscard]] int selectedNatively() const;
+  [[nodiscard]] int rowHeight() const;
+  [[nodiscard]] HWND header() const;
+
+  controls::ListView& list_;
+  ImageCache large_;
+  ImageCache small_;
+  int shownColumns_ = 0;
+  bool showing_ = false;  // the program itself changes the native list: what it tells is no news
+};
+
+}  // namespace platform::win32

@@ -1,0 +1,132 @@
+#include "platform/win32/peers/native_control.h"
+
+#include <bit>
+
+#include "platform/run_time_error.h"
+#include "platform/win32/parameters.h"
+#include "platform/win32/peers/window_peer.h"
+
+namespace platform::win32 {
+
+using controls::Change;
+
+namespace {
+
+constexpr UINT_PTR watchId = 1;
+
+void changeBits(HWND window, int which, DWORD clear, DWORD set) {
+  const auto former = static_cast<DWORD>(GetWindowLongPtrW(window, which));
+  const DWORD wanted = (former & ~clear) | set;
+  if (wanted != former) {
+    SetWindowLongPtrW(window, which, static_cast<LONG_PTR>(wanted));
+    SetWindowPos(window, nullptr, 0, 0, 0, 0,
+                 SWP_FRAMECHANGED | SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  }
+}
+
+}  // namespace
+
+NativeControl::NativeControl(WindowPeer& host, controls::Control& control)
+    : host_(host), control_(control) {}
+
+void NativeControl::create(const wchar_t* windowClass, DWORD style, DWORD extendedStyle) {
+  DWORD all = style | WS_CHILD | WS_CLIPSIBLINGS;
+  if (control_.visible()) {
+    all |= WS_VISIBLE;
+  }
+  if (!control_.enabled()) {
+    all |= WS_DISABLED;
+  }
+  const Rect& place = control_.bounds();
+  window_.reset(CreateWindowExW(extendedStyle, windowClass, nativeText().c_str(), all, place.left,
+                                place.top, place.width, place.height, host_.window(),
+                                menuFromId(control_.id()), GetModuleHandleW(nullptr), nullptr));
+  if (!window_) {
+    throw RunTimeError(error::outOfMemory);
+  }
+  send(WM_SETFONT, firstParameterFrom(font()), FALSE);
+  if (!control_.toolTip().empty()) {
+    host_.setToolTip(window(), control_.toolTip());
+  }
+}
+
+void NativeControl::watchMessages() {
+  SetWindowSubclass(window(), watch, watchId, std::bit_cast<DWORD_PTR>(this));
+}
+
+LRESULT CALLBACK NativeControl::watch(HWND window, UINT message, WPARAM first, LPARAM second,
+                                      UINT_PTR id, DWORD_PTR self) {
+  auto& control = *std::bit_cast<NativeControl*>(self);
+  if (message == WM_NCDESTROY) {
+    RemoveWindowSubclass(window, watch, id);
+  } else if (!control.detached_) {
+    const WindowPeer::Busy busy(control.host_);
+    if (const auto result = control.message(message, first, second)) {
+      return *result;
+    }
+  }
+  return DefSubclassProc(window, message, first, second);
+}
+
+void NativeControl::detach() {
+  if (!detached_) {
+    detached_ = true;
+    control_.attach(nullptr);
+  }
+}
+
+void NativeControl::refresh() { send(WM_SETFONT, firstParameterFrom(font()), TRUE); }
+
+std::wstring NativeControl::nativeText() const {
+  return control_.caption().empty() ? control_.accessibleName() : control_.caption();
+}
+
+HFONT NativeControl::font() const { return host_.fonts().get({}, host_.dpi()); }
+
+void NativeControl::mirror(Change change) {
+  switch (change) {
+    case Change::caption:
+      SetWindowTextW(window(), nativeText().c_str());
+      break;
+    case Change::enabled:
+      host_.aboutToLose(window(), control_.enabled());
+      EnableWindow(window(), control_.enabled() ? TRUE : FALSE);
+      break;
+    case Change::visible:
+      host_.aboutToLose(window(), control_.visible());
+      ShowWindow(window(), control_.visible() ? SW_SHOWNA : SW_HIDE);
+      break;
+    case Change::bounds:
+      host_.place(window(), control_.bounds(), redrawnWhenMoved());
+      break;
+    case Change::toolTip:
+      host_.setToolTip(window(), control_.toolTip());
+      break;
+    case Change::font:
+      send(WM_SETFONT, firstParameterFrom(font()), TRUE);
+      break;
+    case Change::focus:
+      host_.focus(window());
+      break;
+    default:
+      break;
+  }
+}
+
+void NativeControl::changeStyle(DWORD clear, DWORD set) const {
+  changeBits(window(), GWL_STYLE, clear, set);
+}
+
+void NativeControl::changeExtendedStyle(DWORD clear, DWORD set) const {
+  changeBits(window(), GWL_EXSTYLE, clear, set);
+}
+
+HWND windowOf(const controls::Control& control) {
+  if (control.kind() == controls::Kind::label) {
+    return nullptr;
+  }
+  const auto* const native = dynamic_cast<const NativeControl*>(control.peer());
+  return native == nullptr ? nullptr : native->window();
+}
+
+}  // namespace platform::win32

@@ -1,0 +1,86 @@
+#include "platform/win32/peers/tab_peer.h"
+
+#include <algorithm>
+
+#include "platform/geometry.h"
+#include "platform/win32/parameters.h"
+#include "platform/win32/peers/window_peer.h"
+
+namespace platform::win32 {
+
+using controls::Change;
+
+namespace {
+
+// Around a tab's caption, at 96 dpi.
+constexpr int horizontalPadding = 8;
+constexpr int verticalPadding = 3;
+
+}  // namespace
+
+TabPeer::TabPeer(WindowPeer& host, controls::TabControl& tab)
+    : NativeControl(host, tab), tab_(tab) {
+  create(WC_TABCONTROLW, WS_TABSTOP);
+  fill();
+  tab_.measureDisplayArea = [this](const Rect& bounds) { return displayArea(bounds); };
+  tab_.attach(this);
+}
+
+void TabPeer::detach() {
+  if (!detached()) {
+    tab_.measureDisplayArea = nullptr;
+  }
+  NativeControl::detach();
+}
+
+void TabPeer::refresh() {
+  NativeControl::refresh();
+  fill();
+}
+
+void TabPeer::fill() {
+  // The system's own spaces round the captions do not grow with the density.
+  send(TCM_SETPADDING, 0,
+       MAKELPARAM(scaled(horizontalPadding, host().dpi()), scaled(verticalPadding, host().dpi())));
+  send(TCM_DELETEALLITEMS);
+  WPARAM index = 0;
+  for (std::wstring caption : tab_.captions()) {
+    TCITEMW item{};
+    item.mask = TCIF_TEXT;
+    item.pszText = caption.data();
+    send(TCM_INSERTITEMW, index++, parameterFrom(&item));
+  }
+  send(TCM_SETCURSEL, static_cast<WPARAM>(tab_.current()));
+}
+
+Rect TabPeer::displayArea(const Rect& bounds) const {
+  RECT area{bounds.left, bounds.top, bounds.right(), bounds.bottom()};
+  send(TCM_ADJUSTRECT, FALSE, parameterFrom(&area));
+  return {static_cast<int>(area.left), static_cast<int>(area.top),
+          static_cast<int>(std::max(0L, area.right - area.left)),
+          static_cast<int>(std::max(0L, area.bottom - area.top))};
+}
+
+void TabPeer::changed(Change change) {
+  if (change == Change::structure) {
+    fill();
+  } else if (change == Change::value) {
+    send(TCM_SETCURSEL, static_cast<WPARAM>(tab_.current()));
+  } else {
+    mirror(change);
+  }
+}
+
+std::optional<LRESULT> TabPeer::notification(NMHDR& header) {
+  if (header.hwndFrom != window() || header.code != static_cast<UINT>(TCN_SELCHANGE)) {
+    return std::nullopt;
+  }
+  tab_.raiseSwitch(static_cast<int>(send(TCM_GETCURSEL)));
+  if (!detached()) {
+    // A handler that failed or chose otherwise has the last word.
+    send(TCM_SETCURSEL, static_cast<WPARAM>(tab_.current()));
+  }
+  return 0;
+}
+
+}  // namespace platform::win32

@@ -1,0 +1,57 @@
+#include "platform/win32/peers/text_box_peer.h"
+
+#include "platform/win32/parameters.h"
+
+namespace platform::win32 {
+
+using controls::Change;
+
+TextBoxPeer::TextBoxPeer(WindowPeer& host, controls::TextBox& box)
+    : NativeControl(host, box), box_(box) {
+  create(WC_EDITW, WS_TABSTOP | ES_AUTOHSCROLL | border() | (box_.locked() ? ES_READONLY : 0U),
+         edge());
+  // The longest text that an edit line takes; the list files set no limit of their own.
+  send(EM_SETLIMITTEXT, 0x7FFFFFFE);
+  box_.attach(this);
+}
+
+DWORD TextBoxPeer::border() const {
+  const bool line =
+      box_.appearance() == controls::flat && box_.borderStyle() == controls::fixedSingle;
+  return line ? WS_BORDER : 0U;
+}
+
+DWORD TextBoxPeer::edge() const {
+  const bool raised =
+      box_.appearance() == controls::threeD && box_.borderStyle() == controls::fixedSingle;
+  return raised ? WS_EX_CLIENTEDGE : 0U;
+}
+
+void TextBoxPeer::changed(Change change) {
+  switch (change) {
+    case Change::value:
+      showing_ = true;
+      SetWindowTextW(window(), box_.text().c_str());
+      showing_ = false;
+      break;
+    case Change::appearance:
+      changeStyle(WS_BORDER, border());
+      changeExtendedStyle(WS_EX_CLIENTEDGE, edge());
+      send(EM_SETREADONLY, box_.locked() ? TRUE : FALSE);
+      break;
+    case Change::caption:
+      // An edit box shows its text; a caption has no place in it.
+      break;
+    default:
+      mirror(change);
+      break;
+  }
+}
+
+void TextBoxPeer::command(int /*id*/, WORD code) {
+  if (code == EN_CHANGE && !showing_ && !detached()) {
+    box_.acceptTyped(windowText(window()));
+  }
+}
+
+}  // namespace platform::win32

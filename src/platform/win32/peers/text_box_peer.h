@@ -1,0 +1,26 @@
+// Native edit boxes.
+#pragma once
+
+#include "platform/controls/simple_controls.h"
+#include "platform/win32/peers/native_control.h"
+
+namespace platform::win32 {
+
+class TextBoxPeer final : public controls::Peer, public NativeControl {
+ public:
+  TextBoxPeer(WindowPeer& host, controls::TextBox& box);
+  void changed(controls::Change change) override;
+  void orphaned() override { loseControl(); }
+  void command(int id, WORD code) override;
+
+ protected:
+  [[nodiscard]] std::wstring nativeText() const override { return box_.text(); }
+
+ private:
+  [[nodiscard]] DWORD border() const;
+  [[nodiscard]] DWORD edge() const;
+  controls::TextBox& box_;
+  bool showing_ = false;  // the text is being set by the program
+};
+
+}  // namespace platform::win32

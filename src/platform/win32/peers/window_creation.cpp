@@ -1,0 +1,225 @@
+// Creation of native windows and their parts.
+#include <bit>
+
+#include "platform/run_time_error.h"
+#include "platform/win32/dpi.h"
+#include "platform/win32/image_resources.h"
+#include "platform/win32/message_loop.h"
+#include "platform/win32/parameters.h"
+#include "platform/win32/peers/control_peers.h"
+#include "platform/win32/peers/window_peer.h"
+
+namespace platform::win32 {
+
+namespace {
+
+constexpr UINT_PTR dialogWatchId = 1;
+
+void requireClass(const std::wstring& name, WNDPROC procedure) {
+  const HINSTANCE program = GetModuleHandleW(nullptr);
+  WNDCLASSEXW known{};
+  known.cbSize = sizeof known;
+  if (GetClassInfoExW(program, name.c_str(), &known) != 0) {
+    return;
+  }
+  WNDCLASSEXW wanted{};
+  wanted.cbSize = sizeof wanted;
+  wanted.lpfnWndProc = procedure;
+  wanted.hInstance = program;
+  wanted.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+  wanted.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
+  wanted.lpszClassName = name.c_str();
+  if (RegisterClassExW(&wanted) == 0) {
+    throw RunTimeError(error::outOfMemory);
+  }
+}
+
+/// Work area of the screen that `window` is on, or of the main screen for a null window.
+RECT workAreaAt(HWND window) {
+  MONITORINFO facts{};
+  facts.cbSize = sizeof facts;
+  GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTOPRIMARY), &facts);
+  return facts.rcWork;
+}
+
+/// `size` in the middle of `anchor`, moved and if need be cut to stay inside `area`.
+Rect centred(Size size, const RECT& anchor, const RECT& area) {
+  const auto fit = [](long low, long high, long length, long from, long to) {
+    const long fitted = std::min(length, to - from);
+    const long start = low + (high - low - fitted) / 2;
+    return std::pair(std::clamp(start, from, to - fitted), fitted);
+  };
+  const auto [left, width] = fit(anchor.left, anchor.right, size.width, area.left, area.right);
+  const auto [top, height] = fit(anchor.top, anchor.bottom, size.height, area.top, area.bottom);
+  return {static_cast<int>(left), static_cast<int>(top), static_cast<int>(width),
+          static_cast<int>(height)};
+}
+
+INT_PTR CALLBACK leaveToSystem(HWND /*dialog*/, UINT /*message*/, WPARAM /*first*/,
+                               LPARAM /*second*/) {
+  return FALSE;
+}
+
+}  // namespace
+
+WindowPeer::WindowPeer(Window& window, WindowKind kind) : window_(&window), kind_(kind) {}
+
+// The first constructor completes the object, so that a failure in the second runs the destructor,
+// which detaches what was attached.
+WindowPeer::WindowPeer(Window& window) : WindowPeer(window, window.kind()) {
+  switch (kind_) {
+    case WindowKind::frame:
+      createWindow(WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, 0);
+      break;
+    case WindowKind::dialog:
+      createDialog();
+      break;
+    case WindowKind::bare:
+    case WindowKind::hidden:
+      createWindow(WS_POPUP | WS_CLIPCHILDREN, 0);
+      break;
+  }
+  window.attach(this);
+  if (!window.menuBar().empty()) {
+    menuBar_ = std::make_unique<MenuBar>(this->window(), window.menuBar());
+  }
+  placeAtStart();
+  window.acceptDpi(dpi_);
+  applyExtendedStyle();
+  if (kind_ != WindowKind::hidden) {
+    loadIcons();
+    loadBackground();
+    createToolTips();
+  }
+  createControls();
+  ready_ = true;
+  layout();
+}
+
+void WindowPeer::createWindow(DWORD style, DWORD extendedStyle) {
+  requireClass(window_->name(), procedure);
+  const RECT area = workAreaAt(nullptr);
+  handle_.reset(CreateWindowExW(extendedStyle, window_->name().c_str(), window_->caption().c_str(),
+                                style, area.left, area.top, 0, 0, nullptr, nullptr,
+                                GetModuleHandleW(nullptr), nullptr));
+  if (!handle_) {
+    throw RunTimeError(error::outOfMemory);
+  }
+  SetWindowLongPtrW(window(), GWLP_USERDATA, std::bit_cast<LONG_PTR>(this));
+}
+
+void WindowPeer::createDialog() {
+  struct Template {
+    DLGTEMPLATE header;
+    WORD menu;
+    WORD windowClass;
+    WORD title;
+  };
+  alignas(DWORD) Template empty{};
+  empty.header.style = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN | DS_MODALFRAME;
+  handle_.reset(CreateDialogIndirectParamW(GetModuleHandleW(nullptr), &empty.header, nullptr,
+                                           leaveToSystem, 0));
+  if (!handle_) {
+    throw RunTimeError(error::outOfMemory);
+  }
+  leaveDialogScalingToProgram(window());
+  SetWindowTextW(window(), window_->caption().c_str());
+  if (SetWindowSubclass(window(), watchDialog, dialogWatchId, std::bit_cast<DWORD_PTR>(this)) ==
+      0) {
+    throw RunTimeError(error::outOfMemory);
+  }
+}
+
+Size WindowPeer::nativeSizeFor(Size client) const {
+  const auto style = static_cast<DWORD>(GetWindowLongPtrW(window(), GWL_STYLE));
+  const auto extended = static_cast<DWORD>(GetWindowLongPtrW(window(), GWL_EXSTYLE));
+  const RECT whole =
+      windowAround({0, 0, client.width, client.height}, style, extended, menuBar_ != nullptr, dpi_);
+  return {static_cast<int>(whole.right - whole.left), static_cast<int>(whole.bottom - whole.top)};
+}
+
+void WindowPeer::placeAtStart() {
+  const WindowPeer* const frame = kind_ == WindowKind::dialog ? framePeer() : nullptr;
+  const bool onFrame =
+      frame != nullptr && IsWindowVisible(frame->window()) != 0 && IsIconic(frame->window()) == 0;
+  const RECT area = workAreaAt(onFrame ? frame->window() : nullptr);
+  RECT anchor = area;
+  if (onFrame) {
+    GetWindowRect(frame->window(), &anchor);
+    // On the frame's screen first: the density there decides the size.
+    SetWindowPos(window(), nullptr, anchor.left, anchor.top, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  }
+  dpi_ = dpiOf(window());
+  const Size client{scaled(window_->designSize().width, dpi_),
+                    scaled(window_->designSize().height, dpi_)};
+  const Rect place = centred(nativeSizeFor(client), anchor, area);
+  SetWindowPos(window(), nullptr, place.left, place.top, place.width, place.height,
+               SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void WindowPeer::applyExtendedStyle() {
+  if (const auto exact = window_->extendedStyle()) {
+    SetWindowLongPtrW(window(), GWL_EXSTYLE, static_cast<LONG_PTR>(*exact));
+  }
+  const auto native = static_cast<DWORD>(GetWindowLongPtrW(window(), GWL_EXSTYLE));
+  if (window_->opacity() && (native & WS_EX_LAYERED) != 0) {
+    SetLayeredWindowAttributes(window(), 0, *window_->opacity(), LWA_ALPHA);
+  }
+}
+
+void WindowPeer::loadIcons() {
+  const auto load = [this](int width, int height) {
+    return loadProgramIcon({systemMetric(width, dpi_), systemMetric(height, dpi_)});
+  };
+  Icon large = load(SM_CXICON, SM_CYICON);
+  Icon small = load(SM_CXSMICON, SM_CYSMICON);
+  SendMessageW(window(), WM_SETICON, ICON_BIG, parameterFrom(large.get()));
+  SendMessageW(window(), WM_SETICON, ICON_SMALL, parameterFrom(small.get()));
+  largeIcon_ = std::move(large);
+  smallIcon_ = std::move(small);
+}
+
+void WindowPeer::loadBackground() {
+  if (window_->picture().empty()) {
+    return;
+  }
+  RECT client{};
+  GetClientRect(window(), &client);
+  backgroundBrush_.reset();
+  background_ = loadPicture(window_->picture(), dpi_,
+                            {static_cast<int>(client.right), static_cast<int>(client.bottom)});
+  if (background_) {
+    // Labels paint their background with it, so that the picture shows through them.
+    backgroundBrush_.reset(CreatePatternBrush(background_.get()));
+  }
+  InvalidateRect(window(), nullptr, TRUE);
+}
+
+void WindowPeer::createToolTips() {
+  toolTips_.reset(CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
+                                  WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0, window(),
+                                  nullptr, GetModuleHandleW(nullptr), nullptr));
+  if (!toolTips_) {
+    throw RunTimeError(error::outOfMemory);
+  }
+}
+
+void WindowPeer::createControls() {
+  for (controls::Control* const control : window_->controls()) {
+    if (auto peer = makePeer(*this, *control)) {
+      controls_.push_back(std::move(peer));
+    }
+  }
+  for (const auto& control : controls_) {
+    if (control->beneathOthers()) {
+      SetWindowPos(control->window(), HWND_BOTTOM, 0, 0, 0, 0,
+                   SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    }
+  }
+  for (controls::Timer* const timer : window_->timers()) {
+    timers_.push_back(std::make_unique<TimerPeer>(window(), *timer));
+  }
+}
+
+}  // namespace platform::win32

@@ -1,0 +1,289 @@
+// What a window does with its messages.
+#include <algorithm>
+#include <bit>
+
+#include "platform/dispatcher.h"
+#include "platform/win32/dpi.h"
+#include "platform/win32/parameters.h"
+#include "platform/win32/peers/window_peer.h"
+
+namespace platform::win32 {
+
+using controls::Kind;
+using controls::UnloadMode;
+
+LRESULT CALLBACK WindowPeer::procedure(HWND window, UINT message, WPARAM first, LPARAM second) {
+  auto* const self = std::bit_cast<WindowPeer*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (self != nullptr && self->window_ != nullptr) {
+    const Busy busy(*self);
+    if (const auto result = self->handle(message, first, second)) {
+      return *result;
+    }
+  }
+  return DefWindowProcW(window, message, first, second);
+}
+
+LRESULT CALLBACK WindowPeer::watchDialog(HWND window, UINT message, WPARAM first, LPARAM second,
+                                         UINT_PTR id, DWORD_PTR self) {
+  auto& peer = *std::bit_cast<WindowPeer*>(self);
+  if (message == WM_NCDESTROY) {
+    RemoveWindowSubclass(window, watchDialog, id);
+  } else if (peer.window_ != nullptr) {
+    const Busy busy(peer);
+    if (const auto result = peer.handle(message, first, second)) {
+      return *result;
+    }
+  }
+  return DefSubclassProc(window, message, first, second);
+}
+
+std::optional<LRESULT> WindowPeer::handle(UINT message, WPARAM first, LPARAM second) {
+  switch (message) {
+    case WM_CLOSE:
+      close();
+      return 0;
+    case WM_QUERYENDSESSION:
+      return window_->raiseClose(UnloadMode::sessionEnd) ? TRUE : FALSE;
+    case WM_ACTIVATE:
+      activated(LOWORD(first) != WA_INACTIVE);
+      return std::nullopt;
+    case WM_SETFOCUS:
+      if (kind_ == WindowKind::frame) {
+        restoreFocus();
+        return 0;
+      }
+      return std::nullopt;
+    case WM_SIZE:
+      if (first != SIZE_MINIMIZED) {
+        layout();
+      }
+      return std::nullopt;
+    case WM_DPICHANGED:
+      changeDpi(HIWORD(first), *pointerFrom<const RECT>(second));
+      return 0;
+    case WM_GETMINMAXINFO:
+      limitSize(*pointerFrom<MINMAXINFO>(second));
+      return 0;
+    case WM_SETTINGCHANGE:
+    case WM_THEMECHANGED:
+      if (message == WM_THEMECHANGED || first == SPI_SETNONCLIENTMETRICS) {
+        platform::dispatch([this] {
+          refreshFonts();
+          layout();
+        });
+      }
+      return std::nullopt;
+    case WM_SYSCOLORCHANGE:
+      forwardToControls(message, first, second);
+      return std::nullopt;
+    case layoutMessage:
+      layout();
+      return 0;
+    case focusMessage:
+      focusCheckRequested_ = false;
+      moveFocusOn();
+      return 0;
+    default:
+      break;
+  }
+  if (kind_ == WindowKind::bare) {
+    if (const auto result = handleBare(message, first)) {
+      return result;
+    }
+  }
+  return handleParts(message, first, second);
+}
+
+std::optional<LRESULT> WindowPeer::handleParts(UINT message, WPARAM first, LPARAM second) {
+  switch (message) {
+    case WM_COMMAND:
+      command(LOWORD(first), HIWORD(first), windowFrom(second));
+      return 0;
+    case WM_NOTIFY:
+      return notify(*pointerFrom<NMHDR>(second));
+    case WM_DRAWITEM: {
+      const auto& request = *pointerFrom<const DRAWITEMSTRUCT>(second);
+      if (NativeControl* const control = find(request.hwndItem)) {
+        control->draw(request);
+        return TRUE;
+      }
+      return std::nullopt;
+    }
+    case WM_CTLCOLORSTATIC:
+      return colourText(std::bit_cast<HDC>(first), windowFrom(second));
+    case WM_TIMER:
+      tick(first);
+      return 0;
+    default:
+      return std::nullopt;
+  }
+}
+
+std::optional<LRESULT> WindowPeer::handleBare(UINT message, WPARAM first) {
+  switch (message) {
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK:
+      pressed_ = true;
+      SetCapture(window());
+      return 0;
+    case WM_CAPTURECHANGED:
+      pressed_ = false;
+      return 0;
+    case WM_LBUTTONUP:
+      if (pressed_) {
+        pressed_ = false;
+        ReleaseCapture();
+        window_->raiseClick();
+      }
+      return 0;
+    case WM_CHAR:
+      window_->raiseKeyPress(static_cast<wchar_t>(first));
+      return 0;
+    case WM_ERASEBKGND:
+      if (backgroundBrush_) {
+        RECT client{};
+        GetClientRect(window(), &client);
+        auto* const dc = std::bit_cast<HDC>(first);
+        SetBrushOrgEx(dc, 0, 0, nullptr);
+        FillRect(dc, &client, backgroundBrush_.get());
+        return TRUE;
+      }
+      return std::nullopt;
+    default:
+      return std::nullopt;
+  }
+}
+
+void WindowPeer::forwardToControls(UINT message, WPARAM first, LPARAM second) {
+  for (const auto& control : controls_) {
+    SendMessageW(control->window(), message, first, second);
+  }
+}
+
+void WindowPeer::activated(bool active) {
+  if (active) {
+    window_->raiseActivate();
+  } else if (kind_ == WindowKind::frame) {
+    if (HWND focus = GetFocus(); IsChild(window(), focus) != 0) {
+      lastFocus_ = focus;
+    }
+  }
+}
+
+void WindowPeer::tick(UINT_PTR timer) {
+  const auto found = std::find_if(timers_.begin(), timers_.end(),
+                                  [timer](const auto& peer) { return peer->id() == timer; });
+  if (found != timers_.end()) {
+    (*found)->tick();
+  }
+}
+
+NativeControl* WindowPeer::find(HWND control) const {
+  const auto found = std::find_if(controls_.begin(), controls_.end(), [control](const auto& peer) {
+    return peer->window() == control;
+  });
+  return found == controls_.end() ? nullptr : found->get();
+}
+
+std::optional<LRESULT> WindowPeer::notify(NMHDR& header) {
+  std::optional<LRESULT> result;
+  if (NativeControl* const sender = find(header.hwndFrom)) {
+    result = sender->notification(header);
+  } else {
+    // Tool tips of a control come from a window of their own.
+    for (std::size_t i = 0; i < controls_.size() && !result; ++i) {
+      result = controls_[i]->notification(header);
+    }
+  }
+  if (result && kind_ == WindowKind::dialog) {
+    SetWindowLongPtrW(window(), DWLP_MSGRESULT, *result);
+  }
+  return result;
+}
+
+void WindowPeer::command(int id, WORD code, HWND source) {
+  if (NativeControl* const control = source == nullptr ? nullptr : find(source)) {
+    control->command(id, code);
+  } else if (controls::MenuItem* const item = menuBar_ ? menuBar_->find(id) : nullptr) {
+    item->raiseClick();
+  } else if (kind_ == WindowKind::dialog && (id == IDOK || id == IDCANCEL)) {
+    answerDialogKey(id);
+  }
+}
+
+void WindowPeer::answerDialogKey(int id) {
+  // Enter and Esc arrive under the standard ids, whatever the ids of the buttons are.
+  for (controls::Control* const control : window_->controls()) {
+    if (control->kind() != Kind::commandButton && control->kind() != Kind::imageButton) {
+      continue;
+    }
+    auto& button = static_cast<controls::CommandButton&>(*control);
+    if (id == IDOK ? button.isDefault : button.isCancel) {
+      button.raiseClick();
+      return;
+    }
+  }
+}
+
+std::optional<LRESULT> WindowPeer::colourText(HDC dc, HWND control) const {
+  NativeControl* const label = find(control);
+  if (label == nullptr) {
+    return std::nullopt;
+  }
+  const bool coloured = label->colours(dc);
+  if (backgroundBrush_) {
+    RECT place{};
+    GetWindowRect(control, &place);
+    MapWindowPoints(nullptr, window(), std::bit_cast<POINT*>(&place), 2);
+    SetBrushOrgEx(dc, -static_cast<int>(place.left), -static_cast<int>(place.top), nullptr);
+    SetBkMode(dc, TRANSPARENT);
+    return std::bit_cast<LRESULT>(backgroundBrush_.get());
+  }
+  if (!coloured) {
+    return std::nullopt;
+  }
+  SetBkMode(dc, TRANSPARENT);
+  return std::bit_cast<LRESULT>(GetSysColorBrush(COLOR_BTNFACE));
+}
+
+void WindowPeer::close() {
+  // A request that arrives while the handlers are still asking about the first is not a second one.
+  if (closing_ || IsWindowEnabled(window()) == 0) {
+    return;
+  }
+  closing_ = true;
+  window_->raiseClose(UnloadMode::user);
+  closing_ = false;
+}
+
+void WindowPeer::changeDpi(int dpi, const RECT& suggested) {
+  if (!ready_) {
+    return;
+  }
+  platform::dispatch([this, dpi, &suggested] {
+    dpi_ = dpi;
+    loadIcons();
+    refreshFonts();
+    Size size{static_cast<int>(suggested.right - suggested.left),
+              static_cast<int>(suggested.bottom - suggested.top)};
+    if (kind_ != WindowKind::frame) {
+      size = nativeSizeFor(
+          {scaled(window_->designSize().width, dpi_), scaled(window_->designSize().height, dpi_)});
+    }
+    SetWindowPos(window(), nullptr, suggested.left, suggested.top, size.width, size.height,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+    loadBackground();
+    layout();
+    RedrawWindow(window(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+  });
+}
+
+void WindowPeer::limitSize(MINMAXINFO& limits) const {
+  if (kind_ == WindowKind::frame && window_->minimumSize() != Size{}) {
+    const Size least = nativeSizeFor(
+        {scaled(window_->minimumSize().width, dpi_), scaled(window_->minimumSize().height, dpi_)});
+    limits.ptMinTrackSize = {least.width, least.height};
+  }
+}
+
+}  // namespace platform::win32

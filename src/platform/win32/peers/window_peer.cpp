@@ -1,0 +1,139 @@
+#include "platform/win32/peers/window_peer.h"
+
+#include <bit>
+
+#include "platform/win32/parameters.h"
+
+namespace platform::win32 {
+
+using controls::Change;
+
+namespace {
+
+constexpr UINT_PTR dialogWatchId = 1;
+
+}  // namespace
+
+WindowPeer::~WindowPeer() {
+  detach();
+  if (!handle_) {
+    return;
+  }
+  if (kind_ == WindowKind::dialog) {
+    RemoveWindowSubclass(window(), watchDialog, dialogWatchId);
+  } else {
+    SetWindowLongPtrW(window(), GWLP_USERDATA, 0);
+  }
+}
+
+void WindowPeer::detach() {
+  if (window_ == nullptr) {
+    return;
+  }
+  Window& window = *std::exchange(window_, nullptr);
+  for (const auto& timer : timers_) {
+    timer->detach();
+  }
+  timers_.clear();
+  for (const auto& control : controls_) {
+    control->detach();
+  }
+  if (menuBar_) {
+    menuBar_->detach();
+  }
+  window.attach(nullptr);
+  if (handle_) {
+    ShowWindow(this->window(), SW_HIDE);
+  }
+}
+
+void WindowPeer::changed(Change change) {
+  if (change == Change::caption) {
+    SetWindowTextW(window(), window_->caption().c_str());
+  } else if (change == Change::appearance) {
+    applyExtendedStyle();
+  }
+}
+
+void WindowPeer::show() {
+  if (kind_ == WindowKind::hidden) {
+    return;
+  }
+  if (!shown_) {
+    shown_ = true;
+    layout();
+    ShowWindow(window(), showMaximised_ ? SW_SHOWMAXIMIZED : SW_SHOW);
+    applyExtendedStyle();
+    UpdateWindow(window());
+  }
+  activate();
+  if (kind_ == WindowKind::bare) {
+    SetFocus(window());
+  } else {
+    restoreFocus();
+  }
+}
+
+void WindowPeer::activate() {
+  if (IsIconic(window()) != 0) {
+    ShowWindow(window(), SW_RESTORE);
+  }
+  BringWindowToTop(window());
+  SetForegroundWindow(window());
+}
+
+void WindowPeer::layout() {
+  if (!ready_ || window_ == nullptr || IsIconic(window()) != 0) {
+    return;
+  }
+  layoutRequested_ = false;
+  RECT client{};
+  GetClientRect(window(), &client);
+  moving_ = BeginDeferWindowPos(static_cast<int>(controls_.size()));
+  window_->raiseLayout({static_cast<int>(client.right), static_cast<int>(client.bottom)}, dpi_);
+  if (moving_ != nullptr) {
+    EndDeferWindowPos(std::exchange(moving_, nullptr));
+  }
+}
+
+void WindowPeer::place(HWND control, const Rect& bounds, bool redraw) {
+  const UINT flags =
+      SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOOWNERZORDER | (redraw ? SWP_NOCOPYBITS : 0U);
+  if (moving_ != nullptr) {
+    moving_ = DeferWindowPos(moving_, control, nullptr, bounds.left, bounds.top, bounds.width,
+                             bounds.height, flags);
+  } else {
+    SetWindowPos(control, nullptr, bounds.left, bounds.top, bounds.width, bounds.height, flags);
+  }
+}
+
+void WindowPeer::requestLayout() {
+  if (ready_ && !layoutRequested_) {
+    layoutRequested_ = true;
+    PostMessageW(window(), layoutMessage, 0, 0);
+  }
+}
+
+void WindowPeer::setToolTip(HWND control, const std::wstring& text) {
+  std::wstring copy = text;
+  TTTOOLINFOW tool{};
+  tool.cbSize = sizeof tool;
+  tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+  tool.hwnd = window();
+  tool.uId = std::bit_cast<UINT_PTR>(control);
+  tool.lpszText = copy.data();
+  SendMessageW(toolTips_.get(), TTM_DELTOOLW, 0, parameterFrom(&tool));
+  if (!text.empty()) {
+    SendMessageW(toolTips_.get(), TTM_ADDTOOLW, 0, parameterFrom(&tool));
+  }
+}
+
+void WindowPeer::refreshFonts() {
+  // The former fonts live until every control has taken a new one.
+  const auto former = fonts_.renew();
+  for (const auto& control : controls_) {
+    control->refresh();
+  }
+}
+
+}  // namespace platform::win32

@@ -1,0 +1,161 @@
+// The native side of a window.
+#pragma once
+
+#include <windows.h>
+// The rest of the system's headers rely on the first.
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/controls/window.h"
+#include "platform/win32/fonts.h"
+#include "platform/win32/handles.h"
+#include "platform/win32/peers/menu_peer.h"
+#include "platform/win32/peers/native_control.h"
+#include "platform/win32/peers/timer_peer.h"
+
+namespace platform::win32 {
+
+/// Messages that a window sends itself to do something once the present message is done with.
+inline constexpr UINT layoutMessage = WM_APP + 1;
+inline constexpr UINT focusMessage = WM_APP + 2;
+
+/// Native window of a `controls::Window` with the peers of all its controls.
+///
+/// It outlives the tie to its window object: after `detach` it is hidden and deaf, and is deleted
+/// as soon as none of its messages is being handled.
+class WindowPeer final : public controls::WindowPeer {
+ public:
+  /// Creates the hidden native window with all controls and attaches the peers. Raises 7; nothing
+  /// is attached then.
+  explicit WindowPeer(controls::Window& window);
+  WindowPeer(const WindowPeer&) = delete;
+  WindowPeer& operator=(const WindowPeer&) = delete;
+  ~WindowPeer() override;
+
+  void changed(controls::Change change) override;
+  void show() override;
+  void activate() override;
+  [[nodiscard]] controls::Placement placement() const override;
+  void place(const controls::Placement& placement) override;
+  void popUp(const controls::MenuItem& menu, int x, int y) override;
+  [[nodiscard]] void* handle() const override { return window(); }
+
+  /// Cuts all ties to the window object and its controls, stops the timers and hides the window.
+  void detach();
+  /// Whether this is the peer of `window`.
+  [[nodiscard]] bool belongsTo(const controls::Window& window) const { return window_ == &window; }
+  /// Whether a message of this window is being handled further down the stack.
+  [[nodiscard]] bool busy() const { return busy_ > 0; }
+  /// Takes a message out of the pump's hands: dialog keys, or the frame's keys while the frame is
+  /// active. True when the message is done with.
+  bool preTranslate(MSG& message);
+
+  /// Marks a stretch of code during which the peer must not be deleted.
+  class Busy {
+   public:
+    explicit Busy(WindowPeer& peer) : peer_(peer) { ++peer_.busy_; }
+    Busy(const Busy&) = delete;
+    Busy& operator=(const Busy&) = delete;
+    ~Busy() { --peer_.busy_; }
+
+   private:
+    WindowPeer& peer_;
+  };
+
+  // For the controls' peers.
+
+  [[nodiscard]] HWND window() const { return handle_.get(); }
+  [[nodiscard]] int dpi() const { return dpi_; }
+  [[nodiscard]] FontCache& fonts() { return fonts_; }
+  [[nodiscard]] bool isFrame() const { return kind_ == controls::WindowKind::frame; }
+  /// Moves a control, together with the others while a layout is running; `redraw` has all of it
+  /// painted anew.
+  void place(HWND control, const Rect& bounds, bool redraw);
+  /// Sets or, with "", removes a control's tool tip.
+  void setToolTip(HWND control, const std::wstring& text);
+  /// Gives a control the focus, now or when the window becomes active.
+  void focus(HWND control);
+  /// A control is about to be shown or hidden, enabled or disabled: one that goes out of use hands
+  /// the focus on.
+  void aboutToLose(HWND control, bool staysInUse);
+  /// Lays the controls out again soon: a part has changed its size.
+  void requestLayout();
+
+ private:
+  using Window = controls::Window;
+  using WindowKind = controls::WindowKind;
+
+  static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second);
+  static LRESULT CALLBACK watchDialog(HWND window, UINT message, WPARAM first, LPARAM second,
+                                      UINT_PTR id, DWORD_PTR self);
+
+  // window_creation.cpp
+  WindowPeer(controls::Window& window, WindowKind kind);
+  void createWindow(DWORD style, DWORD extendedStyle);
+  void createDialog();
+  void createControls();
+  void createToolTips();
+  void placeAtStart();
+  void applyExtendedStyle();
+  void loadIcons();
+  void loadBackground();
+  [[nodiscard]] Size nativeSizeFor(Size client) const;
+
+  // window_peer.cpp
+  void layout();
+  void refreshFonts();
+
+  // window_messages.cpp
+  std::optional<LRESULT> handle(UINT message, WPARAM first, LPARAM second);
+  std::optional<LRESULT> handleParts(UINT message, WPARAM first, LPARAM second);
+  std::optional<LRESULT> handleBare(UINT message, WPARAM first);
+  void forwardToControls(UINT message, WPARAM first, LPARAM second);
+  void activated(bool active);
+  void tick(UINT_PTR timer);
+  std::optional<LRESULT> notify(NMHDR& header);
+  void command(int id, WORD code, HWND source);
+  void answerDialogKey(int id);
+  std::optional<LRESULT> colourText(HDC dc, HWND control) const;
+  void close();
+  void changeDpi(int dpi, const RECT& suggested);
+  void limitSize(MINMAXINFO& limits) const;
+  [[nodiscard]] NativeControl* find(HWND control) const;
+
+  // window_focus.cpp
+  bool frameKey(WPARAM key);
+  [[nodiscard]] controls::TabControl* tabs() const;
+  [[nodiscard]] bool usable(HWND control) const;
+  [[nodiscard]] HWND nextFocus(HWND from, bool backwards) const;
+  [[nodiscard]] HWND firstFocus() const;
+  void checkFocus();
+  void moveFocusOn();
+  void restoreFocus();
+
+  Window* window_;  // nullptr once detached
+  WindowKind kind_;
+  NativeWindow handle_;
+  NativeWindow toolTips_;
+  int dpi_ = designDpi;
+  FontCache fonts_;
+  Icon largeIcon_;
+  Icon smallIcon_;
+  BitmapHandle background_;
+  BrushHandle backgroundBrush_;
+  std::unique_ptr<MenuBar> menuBar_;
+  std::vector<std::unique_ptr<NativeControl>> controls_;
+  std::vector<std::unique_ptr<TimerPeer>> timers_;
+  HWND lastFocus_ = nullptr;
+  HDWP moving_ = nullptr;  // controls on their way to their places while a layout runs
+  int busy_ = 0;
+  bool ready_ = false;
+  bool shown_ = false;
+  bool showMaximised_ = false;
+  bool layoutRequested_ = false;
+  bool focusCheckRequested_ = false;
+  bool closing_ = false;
+  bool pressed_ = false;  // a mouse button went down on a bare window
+};
+
+}  // namespace platform::win32

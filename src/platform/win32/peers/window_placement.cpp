@@ -1,0 +1,88 @@
+// Where a window stands on the screens, and its menu as a menu of its own.
+#include <algorithm>
+
+#include "platform/screens.h"
+#include "platform/win32/parameters.h"
+#include "platform/win32/peers/window_peer.h"
+
+namespace platform::win32 {
+
+namespace {
+
+Rect rectOf(const RECT& native) {
+  return {static_cast<int>(native.left), static_cast<int>(native.top),
+          static_cast<int>(native.right - native.left),
+          static_cast<int>(native.bottom - native.top)};
+}
+
+MONITORINFO monitorFacts(HMONITOR monitor) {
+  MONITORINFO facts{};
+  facts.cbSize = sizeof facts;
+  GetMonitorInfoW(monitor, &facts);
+  return facts;
+}
+
+}  // namespace
+
+controls::Placement WindowPeer::placement() const {
+  WINDOWPLACEMENT native{};
+  native.length = sizeof native;
+  GetWindowPlacement(window(), &native);
+  // The system counts the normal place from the corner of the work area, not of the screen.
+  const MONITORINFO monitor =
+      monitorFacts(MonitorFromRect(&native.rcNormalPosition, MONITOR_DEFAULTTONEAREST));
+  controls::Placement placement;
+  placement.normal = rectOf(native.rcNormalPosition);
+  placement.normal.left += static_cast<int>(monitor.rcWork.left - monitor.rcMonitor.left);
+  placement.normal.top += static_cast<int>(monitor.rcWork.top - monitor.rcMonitor.top);
+  placement.dpi = dpi_;
+  placement.maximised = IsZoomed(window()) != 0 ||
+                        (IsIconic(window()) != 0 && (native.flags & WPF_RESTORETOMAXIMIZED) != 0);
+  return placement;
+}
+
+void WindowPeer::place(const controls::Placement& placement) {
+  const Rect& normal = placement.normal;
+  // On its screen first: should the density there be another one, the system's wish for another
+  // size must not follow upon ours.
+  SetWindowPos(window(), nullptr, normal.left, normal.top, 0, 0,
+               SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  SetWindowPos(window(), nullptr, normal.left, normal.top, normal.width, normal.height,
+               SWP_NOZORDER | SWP_NOACTIVATE);
+  showMaximised_ = placement.maximised;
+}
+
+void WindowPeer::popUp(const controls::MenuItem& menu, int x, int y) {
+  const auto& bar = window_->menuBar();
+  const auto found = std::find(bar.begin(), bar.end(), &menu);
+  if (found == bar.end()) {
+    return;
+  }
+  // The very menu of the menu bar: captions and enabled states are the current ones.
+  HMENU entries = GetSubMenu(GetMenu(window()), static_cast<int>(found - bar.begin()));
+  TrackPopupMenuEx(entries, TPM_RIGHTBUTTON, x, y, window(), nullptr);
+}
+
+}  // namespace platform::win32
+
+namespace platform::screens {
+
+std::vector<Rect> workAreas() {
+  std::vector<Rect> areas;
+  const auto add = [](HMONITOR monitor, HDC, RECT*, LPARAM found) -> BOOL {
+    auto& list = *win32::pointerFrom<std::vector<Rect>>(found);
+    const MONITORINFO facts = win32::monitorFacts(monitor);
+    const bool primary = (facts.dwFlags & MONITORINFOF_PRIMARY) != 0;
+    list.insert(primary ? list.begin() : list.end(), win32::rectOf(facts.rcWork));
+    return TRUE;
+  };
+  EnumDisplayMonitors(nullptr, nullptr, add, win32::parameterFrom(&areas));
+  if (areas.empty()) {
+    RECT area{};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
+    areas.push_back(win32::rectOf(area));
+  }
+  return areas;
+}
+
+}  // namespace platform::screens

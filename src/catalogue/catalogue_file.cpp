@@ -37,9 +37,10 @@ std::wstring trimmed(const std::wstring& text) {
 
 /// Appends the data folder's files to the records in `bytes`.
 void appendDataFolder(std::string& bytes) {
-  for (const std::wstring type : {L"fp3", L"bi3", L"bs3", L"cw3"}) {
-    const std::wstring folder = AppFolder() + L"\\data\\";
-    for (const files::Entry& file : files::search(folder + L"*." + type)) {
+  const std::wstring folder = AppFolder() + L"\\data\\";
+  for (const wchar_t* const type : {L"fp3", L"bi3", L"bs3", L"cw3"}) {
+    const std::wstring pattern = folder + L"*." + type;
+    for (const files::Entry& file : files::search(pattern)) {
       list_file::append(bytes,
                         list_file::line({toCodePage(type), toCodePage(folder + file.name),
                                          toCodePage(clock::dateAndTimeText(file.modified))}));

@@ -13,16 +13,16 @@ namespace {
 
 constexpr std::string_view lineEnd = "\r\n";
 
-bool isBlank(char c) { return c == ' ' || c == '\t'; }
+constexpr std::string_view blanks = " \t";
 
 std::string_view withoutLeadingBlanks(std::string_view text) {
-  const auto first = std::find_if_not(text.begin(), text.end(), isBlank);
-  return text.substr(static_cast<std::size_t>(first - text.begin()));
+  text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
+  return text;
 }
 
 std::string_view withoutTrailingBlanks(std::string_view text) {
-  const auto last = std::find_if_not(text.rbegin(), text.rend(), isBlank);
-  return text.substr(0, static_cast<std::size_t>(text.rend() - last));
+  // Nothing but blanks: npos + 1 is 0.
+  return text.substr(0, text.find_last_not_of(blanks) + 1);
 }
 
 /// Takes one field off the front of `left`; `left` then begins with the comma behind it, or is

@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <sstream>
+#include <cwchar>
+#include <limits>
 
 namespace mainwindow {
 
@@ -13,16 +14,21 @@ using platform::Rect;
 
 namespace {
 
-/// Whole numbers parted by blanks; nothing when there is anything else in the text.
+/// Whole numbers parted by blanks; nothing when there is anything else in the text. Numbers that do
+/// not fit become the largest or smallest that does.
 std::optional<std::vector<int>> numbers(const std::wstring& text) {
-  std::wistringstream stream(text);
-  stream.imbue(std::locale::classic());
+  constexpr int decimal = 10;
+  constexpr long limit = std::numeric_limits<int>::max();
   std::vector<int> found;
-  for (int number = 0; stream >> number;) {
-    found.push_back(number);
-  }
-  if (!stream.eof()) {
-    return std::nullopt;
+  const wchar_t* next = text.c_str();
+  while (*next != L'\0') {
+    wchar_t* end = nullptr;
+    const long number = std::wcstol(next, &end, decimal);
+    if (end == next || (*end != L' ' && *end != L'\0')) {
+      return std::nullopt;
+    }
+    found.push_back(static_cast<int>(std::clamp(number, -limit, limit)));
+    next = end;
   }
   return found;
 }

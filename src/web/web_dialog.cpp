@@ -7,7 +7,6 @@
 #include "platform/windows.h"
 
 namespace ids = controls::ids;
-using platform::Rect;
 using platform::scaled;
 
 frmWeb::frmWeb(modQMKGeneral::WebList& web)

@@ -196,7 +196,7 @@ void ListView::ensureOrder() const {
 
 ListView::KeepPlace::KeepPlace(ListView& list,
                                std::function<std::wstring(const ListView&, std::size_t)> keyOf)
-    : list_(list), keyOf_(std::move(keyOf)), topIndex_(0) {
+    : list_(list), keyOf_(std::move(keyOf)) {
   const auto remember = [this](Mark& mark, std::optional<std::size_t> index) {
     if (index && *index < list_.count()) {
       mark.set = true;
@@ -237,7 +237,7 @@ ListView::KeepPlace::~KeepPlace() {
   }
 }
 
-void ListView::raiseDoubleClick() { platform::dispatch(onDoubleClick); }
+void ListView::raiseDoubleClick() const { platform::dispatch(onDoubleClick); }
 
 void ListView::raiseColumnClick(int index) {
   platform::dispatch([this, index] {

@@ -143,7 +143,7 @@ class ListView : public Control {
     };
     ListView& list_;
     std::function<std::wstring(const ListView&, std::size_t)> keyOf_;
-    std::size_t topIndex_;
+    std::size_t topIndex_ = 0;
     Mark selected_;
     Mark focused_;
     Mark top_;
@@ -158,7 +158,7 @@ class ListView : public Control {
   /// The user asks for the commands of the list, by the right button or the context-menu key; the
   /// point, in pixels of the virtual screen, is where a menu belongs.
   std::function<void(int x, int y)> onContextMenu;
-  void raiseDoubleClick();
+  void raiseDoubleClick() const;
   void raiseColumnClick(int index);
   void raiseKey(ListKey key);
   void raiseContextMenu(int x, int y);

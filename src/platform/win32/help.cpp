@@ -2,6 +2,9 @@
 
 #include <windows.h>
 
+#include <memory>
+
+#include "platform/win32/handles.h"
 #include "platform/win32/modality.h"
 #include "platform/win32/paths.h"
 
@@ -20,11 +23,30 @@ HtmlHelpFunction htmlHelp() {
       reinterpret_cast<void*>(GetProcAddress(viewer, "HtmlHelpW")));
 }
 
+struct ClassicRequest {
+  HWND owner;
+  std::wstring file;
+  UINT command;
+};
+
+DWORD WINAPI askClassicViewer(void* parameter) {
+  const std::unique_ptr<ClassicRequest> request(static_cast<ClassicRequest*>(parameter));
+  WinHelpW(request->owner, request->file.c_str(), request->command, 0);
+  return 0;
+}
+
 }  // namespace
 
 void showClassic(const std::wstring& file, int command) {
   if (win32::hasEmbeddedNul(file)) return;
-  WinHelpW(win32::dialogOwner(), file.c_str(), static_cast<UINT>(command), 0);
+  // The call returns only when the viewer has dealt with the file. With one that it cannot read it
+  // first waits for the user's answer, and the program must not wait with it.
+  static win32::KernelHandle asking;
+  if (asking && WaitForSingleObject(asking.get(), 0) == WAIT_TIMEOUT) return;
+  auto request = std::make_unique<ClassicRequest>(
+      ClassicRequest{win32::dialogOwner(), file, static_cast<UINT>(command)});
+  asking.reset(CreateThread(nullptr, 0, askClassicViewer, request.get(), 0, nullptr));
+  if (asking) static_cast<void>(request.release());  // the thread's own from here on
 }
 
 void showCompiled(const std::wstring& file) {

@@ -64,7 +64,8 @@ Point toClient(WindowHandle window, Point screen) {
 }
 
 bool hasFocus(WindowHandle window) {
-  return window != WindowHandle::none && GetFocus() == windowFrom(window);
+  HWND focus = GetFocus();
+  return focus != nullptr && focus == windowFrom(window);
 }
 
 bool enabled(WindowHandle window) { return IsWindowEnabled(windowFrom(window)) != 0; }

@@ -1,0 +1,180 @@
+// What the built program file carries, read from its bytes.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <windows.h>
+// The shell's header relies on the first.
+#include <shellapi.h>
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "harness/files.h"
+#include "harness/paths.h"
+#include "harness/text.h"
+
+namespace desktop_tests {
+namespace {
+
+/// The program file, with the few of its structures that the tests ask for.
+class BuiltExe : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    const auto bytes = harness::readFile(harness::gatewayExecutable());
+    ASSERT_TRUE(bytes.has_value());
+    bytes_ = *bytes;
+    headers_ =
+        read<IMAGE_NT_HEADERS64>(static_cast<std::size_t>(read<IMAGE_DOS_HEADER>(0).e_lfanew));
+    ASSERT_EQ(headers_.Signature, DWORD{IMAGE_NT_SIGNATURE});
+    module_ = LoadLibraryExW(harness::gatewayExecutable().c_str(), nullptr,
+                             LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_AS_IMAGE_RESOURCE);
+    ASSERT_NE(module_, nullptr);
+  }
+  void TearDown() override {
+    if (module_ != nullptr) {
+      FreeLibrary(module_);
+    }
+  }
+
+  template <class T>
+  [[nodiscard]] T read(std::size_t offset) const {
+    T value{};
+    EXPECT_LE(offset + sizeof(T), bytes_.size());
+    std::memcpy(&value, bytes_.data() + std::min(offset, bytes_.size() - sizeof(T)), sizeof(T));
+    return value;
+  }
+
+  /// Place in the file of an address of the loaded image.
+  [[nodiscard]] std::size_t offsetOf(DWORD address) const {
+    const std::size_t first = static_cast<std::size_t>(read<IMAGE_DOS_HEADER>(0).e_lfanew) +
+                              offsetof(IMAGE_NT_HEADERS64, OptionalHeader) +
+                              headers_.FileHeader.SizeOfOptionalHeader;
+    for (WORD index = 0; index < headers_.FileHeader.NumberOfSections; ++index) {
+      const auto section = read<IMAGE_SECTION_HEADER>(first + index * sizeof(IMAGE_SECTION_HEADER));
+      if (address >= section.VirtualAddress &&
+          address < section.VirtualAddress + section.SizeOfRawData) {
+        return address - section.VirtualAddress + section.PointerToRawData;
+      }
+    }
+    ADD_FAILURE() << "no section holds address " << address;
+    return 0;
+  }
+
+  /// Names of the imported libraries, in lower case.
+  [[nodiscard]] std::vector<std::string> imports() const {
+    std::vector<std::string> names;
+    std::size_t offset = offsetOf(
+        headers_.OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT].VirtualAddress);
+    for (auto entry = read<IMAGE_IMPORT_DESCRIPTOR>(offset); entry.Name != 0;
+         entry = read<IMAGE_IMPORT_DESCRIPTOR>(offset += sizeof(IMAGE_IMPORT_DESCRIPTOR))) {
+      std::string name = bytes_.c_str() + offsetOf(entry.Name);
+      std::transform(name.begin(), name.end(), name.begin(),
+                     [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
+      names.push_back(name);
+    }
+    return names;
+  }
+
+  [[nodiscard]] std::string resource(WORD type, WORD id) const {
+    HRSRC const found = FindResourceW(module_, MAKEINTRESOURCEW(id), MAKEINTRESOURCEW(type));
+    if (found == nullptr) {
+      return "";
+    }
+    return {static_cast<const char*>(LockResource(LoadResource(module_, found))),
+            SizeofResource(module_, found)};
+  }
+
+  [[nodiscard]] static std::wstring versionText(const std::vector<std::byte>& block,
+                                                const std::wstring& name) {
+    struct Translation {
+      WORD language;
+      WORD codePage;
+    };
+    void* found = nullptr;
+    UINT size = 0;
+    if (VerQueryValueW(block.data(), L"\\VarFileInfo\\Translation", &found, &size) == FALSE ||
+        size < sizeof(Translation)) {
+      return L"(no translation)";
+    }
+    const Translation translation = *static_cast<const Translation*>(found);
+    std::array<wchar_t, 64> path{};
+    swprintf(path.data(), path.size(), L"\\StringFileInfo\\%04x%04x\\", translation.language,
+             translation.codePage);
+    if (VerQueryValueW(block.data(), (path.data() + name).c_str(), &found, &size) == FALSE) {
+      return L"";
+    }
+    return static_cast<const wchar_t*>(found);
+  }
+
+  std::string bytes_;
+  IMAGE_NT_HEADERS64 headers_{};
+  HMODULE module_ = nullptr;
+};
+
+TEST_F(BuiltExe, IsA64BitWindowsProgram) {
+  EXPECT_EQ(headers_.FileHeader.Machine, IMAGE_FILE_MACHINE_AMD64);
+  EXPECT_EQ(headers_.OptionalHeader.Magic, IMAGE_NT_OPTIONAL_HDR64_MAGIC);
+  EXPECT_EQ(headers_.OptionalHeader.Subsystem, IMAGE_SUBSYSTEM_WINDOWS_GUI);
+}
+
+TEST_F(BuiltExe, IsHardened) {
+  const WORD flags = headers_.OptionalHeader.DllCharacteristics;
+  EXPECT_NE(flags & IMAGE_DLLCHARACTERISTICS_HIGH_ENTROPY_VA, 0);
+  EXPECT_NE(flags & IMAGE_DLLCHARACTERISTICS_DYNAMIC_BASE, 0);
+  EXPECT_NE(flags & IMAGE_DLLCHARACTERISTICS_NX_COMPAT, 0);
+  EXPECT_EQ(headers_.FileHeader.Characteristics & IMAGE_FILE_RELOCS_STRIPPED, 0)
+      << "nothing can be placed at random without relocations";
+}
+
+TEST_F(BuiltExe, ImportsOnlyLibrariesOfWindows) {
+  const std::vector<std::string> windowsOwn = {
+      "advapi32.dll", "comctl32.dll", "comdlg32.dll", "gdi32.dll",    "hhctrl.ocx",
+      "kernel32.dll", "msvcrt.dll",   "ole32.dll",    "oleaut32.dll", "shell32.dll",
+      "shlwapi.dll",  "user32.dll",   "uxtheme.dll",  "version.dll",  "ntdll.dll"};
+  const std::vector<std::string> imported = imports();
+  EXPECT_GE(imported.size(), 3U);
+  for (const std::string& name : imported) {
+    EXPECT_THAT(windowsOwn, ::testing::Contains(name));
+  }
+}
+
+TEST_F(BuiltExe, CarriesTheManifest) {
+  const std::string manifest = resource(24, 1);
+  for (const char* part :
+       {"PerMonitorV2", "Microsoft.Windows.Common-Controls", "version=\"6.0.0.0\"", "longPathAware",
+        "level=\"asInvoker\"", "{8e0f7a12-bfb3-4fe8-b9a5-48fd50a15a9a}"}) {
+    EXPECT_THAT(manifest, ::testing::HasSubstr(part));
+  }
+}
+
+TEST_F(BuiltExe, CarriesVersionAndCopyright) {
+  const std::wstring path = harness::gatewayExecutable();
+  DWORD ignored = 0;
+  std::vector<std::byte> block(GetFileVersionInfoSizeW(path.c_str(), &ignored));
+  ASSERT_FALSE(block.empty());
+  ASSERT_NE(GetFileVersionInfoW(path.c_str(), 0, static_cast<DWORD>(block.size()), block.data()),
+            FALSE);
+  void* found = nullptr;
+  UINT size = 0;
+  ASSERT_NE(VerQueryValueW(block.data(), L"\\", &found, &size), FALSE);
+  const auto& fixed = *static_cast<const VS_FIXEDFILEINFO*>(found);
+  EXPECT_EQ(fixed.dwFileVersionMS, DWORD{3U << 16U});
+  EXPECT_EQ(fixed.dwFileVersionLS, 0U);
+  EXPECT_EQ(fixed.dwProductVersionMS, DWORD{3U << 16U});
+  EXPECT_THAT(harness::utf8(versionText(block, L"LegalCopyright")),
+              ::testing::HasSubstr("Quillmark"));
+  EXPECT_THAT(harness::utf8(versionText(block, L"ProductName")),
+              ::testing::HasSubstr("Quillmark Suite 3"));
+}
+
+TEST_F(BuiltExe, CarriesAnIcon) {
+  HICON large = nullptr;
+  EXPECT_GE(ExtractIconExW(harness::gatewayExecutable().c_str(), 0, &large, nullptr, 1), 1U);
+  ASSERT_NE(large, nullptr);
+  DestroyIcon(large);
+}
+
+}  // namespace
+}  // namespace desktop_tests

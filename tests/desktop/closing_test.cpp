@@ -1,0 +1,131 @@
+// Closing the main window: the question on every way, and both answers.
+#include <bit>
+#include <optional>
+
+#include "gateway_test.h"
+
+namespace desktop_tests {
+namespace {
+
+/// Ways in which a person, or the system, asks the window to close.
+enum class CloseWay { closeBox, altF4, menu, toolbar };
+
+class Closing : public GatewayTest {
+ protected:
+  void SetUp() override { GatewayApp::skipExample(); }
+};
+
+class ClosingWay : public Closing, public ::testing::WithParamInterface<CloseWay> {
+ protected:
+  void askToClose() const {
+    harness::bringToFront(app->main());
+    switch (GetParam()) {
+      case CloseWay::closeBox:
+        harness::post(app->main(), WM_SYSCOMMAND, SC_CLOSE);
+        break;
+      case CloseWay::altF4:
+        harness::pressKey(VK_F4, VK_MENU);
+        break;
+      case CloseWay::menu:
+        app->command(ids::mnuExit);
+        break;
+      case CloseWay::toolbar:
+        harness::clickAt(harness::centreOf(app->toolbar().buttonOnScreen(ids::buttonExit)),
+                         app->main());
+        break;
+    }
+  }
+};
+
+TEST_P(ClosingWay, NoLeavesEverythingAsItWas) {
+  app->addDataFile(L"a.fp3");
+  app->addDataFile(L"b.fp3");
+  app->startToMain();
+  app->selectTab(Tab::newFile);
+  app->command(ids::mnuList);
+  EXPECT_TRUE(waitFor([&] { return app->list(Tab::newFile).view() == LV_VIEW_DETAILS; }));
+  const auto selected = app->list(Tab::newFile).selected();
+  askToClose();
+  expectMessage(L"Exit Gateway?", questionIcon, yesAndNo, IDNO, L"");
+  EXPECT_TRUE(app->running());
+  EXPECT_NE(IsWindowVisible(app->main()), FALSE);
+  EXPECT_NE(IsWindowEnabled(app->main()), FALSE);
+  EXPECT_EQ(app->tabs().current(), Tab::newFile);
+  EXPECT_EQ(app->list(Tab::newFile).view(), LV_VIEW_DETAILS);
+  EXPECT_EQ(app->list(Tab::newFile).selected(), selected);
+  EXPECT_TRUE(harness::menuEntry(app->main(), ids::mnuList).checked);
+}
+
+TEST_P(ClosingWay, YesEndsTheProgram) {
+  app->startToMain();
+  askToClose();
+  app->waitForMessage().answer(IDYES);
+  EXPECT_EQ(app->waitForExit(), 0U);
+  endedOnPurpose();
+}
+
+std::string nameOf(const ::testing::TestParamInfo<CloseWay>& way) {
+  switch (way.param) {
+    case CloseWay::closeBox:
+      return "CloseBox";
+    case CloseWay::altF4:
+      return "AltF4";
+    case CloseWay::menu:
+      return "Menu";
+    case CloseWay::toolbar:
+      break;
+  }
+  return "Toolbar";
+}
+
+INSTANTIATE_TEST_SUITE_P(By, ClosingWay,
+                         ::testing::Values(CloseWay::closeBox, CloseWay::altF4, CloseWay::menu,
+                                           CloseWay::toolbar),
+                         nameOf);
+
+/// Asks a window whether the session may end, without waiting for the answer.
+class EndOfSession {
+ public:
+  explicit EndOfSession(HWND window) {
+    SendMessageCallbackW(window, WM_QUERYENDSESSION, 0, 0, answered,
+                         reinterpret_cast<ULONG_PTR>(&answer_));
+  }
+  /// The window's answer, waited for.
+  [[nodiscard]] bool mayEnd() const {
+    harness::waitUntil("the answer to the end of the session", [this] {
+      MSG message{};
+      while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
+        DispatchMessageW(&message);
+      }
+      return answer_.has_value();
+    });
+    return *answer_;
+  }
+
+ private:
+  static void CALLBACK answered(HWND /*window*/, UINT /*message*/, ULONG_PTR target,
+                                LRESULT result) {
+    *std::bit_cast<std::optional<bool>*>(target) = result != 0;
+  }
+  std::optional<bool> answer_;
+};
+
+TEST_F(Closing, EndOfSessionAsksAndNoRefuses) {
+  app->startToMain();
+  const EndOfSession question(app->main());
+  expectMessage(L"Exit Gateway?", questionIcon, yesAndNo, IDNO, L"");
+  EXPECT_FALSE(question.mayEnd());
+  EXPECT_TRUE(app->running());
+}
+
+TEST_F(Closing, EndOfSessionAsksAndYesAgrees) {
+  app->startToMain();
+  const EndOfSession question(app->main());
+  expectMessage(L"Exit Gateway?", questionIcon, yesAndNo, IDYES, L"");
+  EXPECT_TRUE(question.mayEnd());
+  app->kill();
+  endedOnPurpose();
+}
+
+}  // namespace
+}  // namespace desktop_tests

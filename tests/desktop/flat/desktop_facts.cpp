@@ -1,0 +1,151 @@
+#include "desktop_facts.h"
+
+#include <bit>
+#include <cstdint>
+
+#include "platform/win32/handles.h"
+
+namespace flat_tests {
+
+namespace {
+
+using platform::win32::BitmapHandle;
+using platform::win32::MemoryDc;
+using platform::win32::Selection;
+using platform::win32::WindowDc;
+
+constexpr std::array<int, 4> colourNumbers{COLOR_WINDOW, COLOR_BTNFACE, COLOR_BTNSHADOW,
+                                           COLOR_BTNHIGHLIGHT};
+
+/// One entry of the table of GDI objects that the system shares with each process.
+struct GdiEntry {
+  std::uint64_t object;
+  std::uint16_t process;
+  std::uint16_t lock;
+  std::uint16_t unique;
+  std::uint8_t type;
+  std::uint8_t flags;
+  std::uint64_t user;
+};
+
+BOOL CALLBACK countOne(HWND /*window*/, LPARAM count) {
+  ++*std::bit_cast<int*>(count);
+  return TRUE;
+}
+
+BOOL CALLBACK countWithChildren(HWND window, LPARAM count) {
+  countOne(window, count);
+  EnumChildWindows(window, countOne, count);
+  return TRUE;
+}
+
+}  // namespace
+
+DistinctColours::DistinctColours() {
+  for (std::size_t i = 0; i < count; ++i) {
+    former_.at(i) = GetSysColor(colourNumbers.at(i));
+  }
+  constexpr std::array<COLORREF, count> wanted{background, face, shadow, highlight};
+  SetSysColors(static_cast<int>(count), colourNumbers.data(), wanted.data());
+}
+
+DistinctColours::~DistinctColours() {
+  SetSysColors(static_cast<int>(count), colourNumbers.data(), former_.data());
+}
+
+int gdiObjects() {
+  if (const DWORD counted = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS); counted != 0) {
+    return static_cast<int>(counted);
+  }
+  // Wine does not count them, but has the table.
+  constexpr unsigned long blockInThread = 0x60;
+  constexpr std::size_t tableInBlock = 0xF8;
+  constexpr std::size_t entries = 0x10000;
+  const auto block = __readgsqword(blockInThread);
+  const auto* const table =
+      *std::bit_cast<const GdiEntry* const*>(block + static_cast<std::uint64_t>(tableInBlock));
+  int used = 0;
+  for (std::size_t i = 0; i < entries; ++i) {
+    used += table[i].type != 0 ? 1 : 0;
+  }
+  return used;
+}
+
+int windowCount() {
+  int count = 0;
+  EnumThreadWindows(GetCurrentThreadId(), countWithChildren, std::bit_cast<LPARAM>(&count));
+  return count;
+}
+
+void pump() {
+  MSG message{};
+  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != 0) {
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+    if (message.message == WM_TIMER) {
+      // A timer is always waiting on a busy machine.
+      return;
+    }
+  }
+}
+
+Pixels pixelsAt(HWND window, const Pixels& wanted) {
+  RECT client{};
+  GetClientRect(window, &client);
+  BITMAPINFO info{};
+  info.bmiHeader.biSize = sizeof(info.bmiHeader);
+  info.bmiHeader.biWidth = client.right;
+  info.bmiHeader.biHeight = -client.bottom;
+  info.bmiHeader.biPlanes = 1;
+  info.bmiHeader.biBitCount = 32;
+  void* bits = nullptr;
+  const WindowDc source(window);
+  const MemoryDc copy(CreateCompatibleDC(source.get()));
+  const BitmapHandle bitmap(CreateDIBSection(copy.get(), &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+  const Selection selected(copy.get(), bitmap.get());
+  BitBlt(copy.get(), 0, 0, client.right, client.bottom, source.get(), 0, 0, SRCCOPY);
+  GdiFlush();
+  const auto* const rows = static_cast<const std::uint32_t*>(bits);
+  Pixels found;
+  for (const auto& [place, colour] : wanted) {
+    const auto& [x, y] = place;
+    if (x < 0 || y < 0 || x >= client.right || y >= client.bottom) {
+      continue;
+    }
+    const std::uint32_t pixel = rows[static_cast<std::ptrdiff_t>(y) * client.right + x];
+    found[place] = RGB((pixel >> 16U) & 0xFFU, (pixel >> 8U) & 0xFFU, pixel & 0xFFU);
+  }
+  return found;
+}
+
+void Pointer::park() {
+  place_ = {2, 2};
+  hold();
+}
+
+void Pointer::moveTo(HWND window) {
+  RECT client{};
+  GetClientRect(window, &client);
+  place_ = {client.right / 2, client.bottom / 2};
+  ClientToScreen(window, &place_);
+  hold();
+}
+
+void Pointer::hold() {
+  beside_ = !beside_;
+  SetCursorPos(place_.x + (beside_ ? 1 : 0), place_.y);
+}
+
+void clickAt(HWND window, int x, int y) {
+  POINT place{x, y};
+  ClientToScreen(window, &place);
+  SetCursorPos(place.x, place.y);
+  std::array<INPUT, 2> inputs{};
+  inputs[0].type = INPUT_MOUSE;
+  inputs[0].mi.dwFlags = MOUSEEVENTF_LEFTDOWN;
+  inputs[1].type = INPUT_MOUSE;
+  inputs[1].mi.dwFlags = MOUSEEVENTF_LEFTUP;
+  SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
+}
+
+}  // namespace flat_tests

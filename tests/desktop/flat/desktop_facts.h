@@ -1,0 +1,88 @@
+// What the tests ask of the desktop, and change about it.
+#pragma once
+
+#include <windows.h>
+
+#include <array>
+#include <cstddef>
+
+#include "flatlook/rings.h"
+
+namespace flat_tests {
+
+using flatlook::test::Pixels;
+using platform::native::Edges;
+
+/// System colours that all differ, so that no ring can be taken for another; the former ones come
+/// back at the end of this object.
+class DistinctColours {
+ public:
+  DistinctColours();
+  DistinctColours(const DistinctColours&) = delete;
+  DistinctColours& operator=(const DistinctColours&) = delete;
+  ~DistinctColours();
+
+  static constexpr COLORREF background = RGB(250, 252, 254);
+  static constexpr COLORREF face = RGB(200, 204, 208);
+  static constexpr COLORREF shadow = RGB(100, 108, 116);
+  static constexpr COLORREF highlight = RGB(232, 240, 224);
+
+ private:
+  static constexpr std::size_t count = 4;
+  std::array<COLORREF, count> former_{};
+};
+
+/// Number of GDI objects of this process.
+[[nodiscard]] int gdiObjects();
+/// Number of windows of this thread, of every level.
+[[nodiscard]] int windowCount();
+
+/// Number of timers of all windows of this process.
+[[nodiscard]] int timerCount();
+/// Whether a window has the timer `id`.
+[[nodiscard]] bool hasTimer(HWND window, UINT_PTR id = 1);
+
+/// Handles all messages that are waiting.
+void pump();
+
+/// Asks `condition` until it holds, handling messages in between; false when it did not in time.
+template <class Condition>
+[[nodiscard]] bool pumpUntil(Condition condition) {
+  constexpr ULONGLONG boundMs = 15000;
+  constexpr DWORD pollMs = 5;
+  const ULONGLONG end = GetTickCount64() + boundMs;
+  pump();
+  while (!condition()) {
+    if (GetTickCount64() >= end) {
+      return false;
+    }
+    MsgWaitForMultipleObjects(0, nullptr, FALSE, pollMs, QS_ALLINPUT);
+    pump();
+  }
+  return true;
+}
+
+/// Pixels of the client area of `window` at the places of `wanted`.
+[[nodiscard]] Pixels pixelsAt(HWND window, const Pixels& wanted);
+
+/// The pointer, held in its place: a late report of an earlier move may take it away again, and the
+/// system tells a window only of a pointer that moves.
+class Pointer {
+ public:
+  /// Out of the way of everything.
+  Pointer() { park(); }
+  void park();
+  /// Over the middle of a window.
+  void moveTo(HWND window);
+  /// Puts it back to its place, or one pixel beside.
+  void hold();
+
+ private:
+  POINT place_{};
+  bool beside_ = false;
+};
+
+/// Presses and releases the left button at a place of a window's client area.
+void clickAt(HWND window, int x, int y);
+
+}  // namespace flat_tests

@@ -1,0 +1,41 @@
+#include "gateway_test.h"
+
+namespace desktop_tests {
+
+void GatewayTest::useFolder(const std::wstring& name) {
+  app.reset();  // the old profile has to be put back first
+  app = std::make_unique<GatewayApp>(name);
+}
+
+void GatewayTest::TearDown() {
+  if (app->started() && !endedOnPurpose_) {
+    EXPECT_TRUE(app->running()) << "the program ended before the test did";
+    if (app->running() && app->main() != nullptr) {
+      try {
+        EXPECT_FALSE(app->dialogShown()) << "a dialog was left on the screen";
+        EXPECT_EQ(app->close(), 0U) << "exit code of the program";
+      } catch (const harness::Failure& failure) {
+        ADD_FAILURE() << "closing the program: " << failure.what();
+      }
+    }
+  }
+  app->kill();
+  app.reset();
+}
+
+std::string GatewayTest::record(const std::wstring& code, const std::wstring& path,
+                                const std::wstring& date) {
+  return harness::codePageBytes(L"\"" + code + L"\",\"" + path + L"\",\"" + date + L"\"\r\n");
+}
+
+void GatewayTest::expectMessage(const std::wstring& text, int icon, const std::vector<int>& buttons,
+                                int answer, const std::wstring& title) const {
+  const harness::MessageBoxReader box = app->waitForMessage();
+  EXPECT_EQ(box.text(), text);
+  EXPECT_EQ(box.title(), title);
+  EXPECT_EQ(box.icon(), icon);
+  EXPECT_EQ(box.buttons(), buttons);
+  box.answer(answer);
+}
+
+}  // namespace desktop_tests

@@ -1,0 +1,62 @@
+// The fixture of all tests that run the program.
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <windows.h>
+// The controls' header relies on the first.
+#include <commctrl.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "harness/gateway_app.h"
+#include "harness/input.h"
+#include "harness/text.h"
+#include "harness/wait.h"
+#include "harness/windows_of_process.h"
+
+namespace desktop_tests {
+
+namespace ids = controls::ids;
+
+using harness::GatewayApp;
+using harness::Tab;
+using harness::waitFor;
+using ::testing::ElementsAre;
+
+// What message boxes show.
+inline constexpr int noIcon = 0;
+inline constexpr int criticalIcon = 32513;
+inline constexpr int questionIcon = 32514;
+inline constexpr int exclamationIcon = 32515;
+inline const std::vector<int> okOnly{IDOK};
+inline const std::vector<int> yesAndNo{IDYES, IDNO};
+
+/// Makes the program's surroundings before each test. Afterwards closes the program as a person
+/// would, which has to succeed: a crash, a dialog that nobody answered or a process that stays
+/// behind fails the test.
+class GatewayTest : public ::testing::Test {
+ protected:
+  /// Replaces the application folder by a fresh one of another name.
+  void useFolder(const std::wstring& name);
+  void TearDown() override;
+  /// For tests that end in the middle of things.
+  void endedOnPurpose() { endedOnPurpose_ = true; }
+
+  /// A line of the catalogue file.
+  static std::string record(const std::wstring& code, const std::wstring& path,
+                            const std::wstring& date = L"11/20/2026 9:15:00 AM");
+
+  /// Waits for a message box, checks everything on it and pushes a button.
+  void expectMessage(const std::wstring& text, int icon, const std::vector<int>& buttons,
+                     int answer, const std::wstring& title = L"Quillmark Suite 3 Gateway") const;
+
+  std::unique_ptr<GatewayApp> app = std::make_unique<GatewayApp>();
+
+ private:
+  bool endedOnPurpose_ = false;
+};
+
+}  // namespace desktop_tests

@@ -1,0 +1,33 @@
+// Mouse and keyboard, as a person uses them: real input, not messages to a window.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+namespace harness {
+
+/// Brings a window to the front and waits until it is there.
+void bringToFront(HWND window);
+
+[[nodiscard]] POINT centreOf(const RECT& rect);
+
+/// Moves the pointer.
+void moveTo(POINT place);
+/// Clicks at a place of the screen. Raises `Failure` when another window than `expected` (or one of
+/// its children) lies there.
+void clickAt(POINT place, HWND expected);
+void doubleClickAt(POINT place, HWND expected);
+
+/// Drags with the left button.
+void drag(POINT from, POINT to, HWND expected);
+
+/// Presses and releases a key, with Alt, Ctrl or Shift (VK_MENU, VK_CONTROL, VK_SHIFT) or 0 held
+/// down.
+void pressKey(WORD code, WORD held = 0);
+void typeText(const std::wstring& text);
+
+/// Clicks a push button by asking it to; raises `Failure` when there is no such button.
+void pushButton(HWND dialog, int id);
+
+}  // namespace harness

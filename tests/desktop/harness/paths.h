@@ -1,0 +1,15 @@
+// Where the driven program and the pieces of the tests lie.
+#pragma once
+
+#include <string>
+
+namespace harness {
+
+/// Folder of the running test program, which is that of the build.
+[[nodiscard]] std::wstring buildFolder();
+/// The program under test: environment variable QMK_GATEWAY, otherwise beside the tests.
+[[nodiscard]] std::wstring gatewayExecutable();
+/// The stand-in for the suite's tools.
+[[nodiscard]] std::wstring standInExecutable();
+
+}  // namespace harness

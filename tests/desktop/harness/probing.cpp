@@ -1,0 +1,84 @@
+// Questions that only code inside the driven program can answer, asked through a hook.
+#include <windows.h>
+
+#include <algorithm>
+#include <memory>
+
+#include "harness/bars.h"
+#include "harness/paths.h"
+#include "harness/remote_memory.h"
+#include "harness/wait.h"
+#include "harness/windows_of_process.h"
+#include "probe/probe.h"
+
+namespace harness {
+namespace {
+
+HMODULE probeModule() {
+  static HMODULE const module = LoadLibraryW((buildFolder() + L"\\desktop_probe.dll").c_str());
+  if (module == nullptr) {
+    throw Failure("desktop_probe.dll cannot be loaded");
+  }
+  return module;
+}
+
+/// Carries the probe into the thread of a window for as long as it lives.
+class Hook {
+ public:
+  explicit Hook(HWND window) {
+    const auto procedure = reinterpret_cast<HOOKPROC>(
+        reinterpret_cast<void*>(GetProcAddress(probeModule(), probe::procedureName)));
+    hook_ = SetWindowsHookExW(WH_CALLWNDPROC, procedure, probeModule(),
+                              GetWindowThreadProcessId(window, nullptr));
+    if (hook_ == nullptr) {
+      throw Failure("the probe cannot be set, error " + std::to_string(GetLastError()));
+    }
+  }
+  Hook(const Hook&) = delete;
+  Hook& operator=(const Hook&) = delete;
+  ~Hook() { UnhookWindowsHookEx(hook_); }
+
+ private:
+  HHOOK hook_ = nullptr;
+};
+
+template <class Answer>
+std::unique_ptr<Answer> ask(HWND window, probe::Question question) {
+  static const UINT message = RegisterWindowMessageW(probe::messageName);
+  RemoteMemory memory(window, sizeof(Answer));
+  {
+    const Hook hook(window);
+    send(window, message, static_cast<WPARAM>(question), memory.parameter());
+  }
+  auto answer = std::make_unique<Answer>();
+  memory.read(answer.get(), sizeof(Answer));
+  if (answer->answered == 0) {
+    throw Failure("the probe gave no answer");
+  }
+  return answer;
+}
+
+std::wstring plainCaption(std::wstring caption) {
+  caption.resize(std::min(caption.size(), caption.find(L'\t')));
+  std::erase(caption, L'&');
+  return caption;
+}
+
+}  // namespace
+
+std::vector<MenuEntry> menuEntries(HWND window) {
+  const auto answer = ask<probe::MenuAnswer>(window, probe::Question::menu);
+  std::vector<MenuEntry> entries;
+  for (int index = 0; index < answer->count; ++index) {
+    const probe::MenuEntry& entry = answer->entries[index];
+    entries.push_back({plainCaption(entry.caption), entry.separator != 0 ? 0 : entry.id,
+                       entry.depth, entry.separator != 0, entry.checked != 0, entry.enabled != 0});
+  }
+  return entries;
+}
+
+int systemIconOf(HWND iconControl) {
+  return ask<probe::IconAnswer>(iconControl, probe::Question::icon)->systemIcon;
+}
+
+}  // namespace harness

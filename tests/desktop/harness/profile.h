@@ -1,0 +1,48 @@
+// The parts of the user's profile that the program reads and writes.
+#pragma once
+
+#include <windows.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace harness {
+
+/// Points the user's documents at a folder of the test and empties the program's settings. At the
+/// end everything is put back as it was, so that a person may run the tests too.
+class TestProfile {
+ public:
+  explicit TestProfile(const std::wstring& documents);
+  TestProfile(const TestProfile&) = delete;
+  TestProfile& operator=(const TestProfile&) = delete;
+  ~TestProfile();
+
+  /// Value of a setting of the program, nothing when it is not set.
+  [[nodiscard]] static std::optional<std::wstring> setting(const std::wstring& name);
+  static void setSetting(const std::wstring& name, const std::wstring& value);
+
+ private:
+  struct Value {
+    std::wstring key;
+    std::wstring name;
+    std::optional<std::wstring> text;
+    DWORD type = REG_SZ;
+  };
+  void keep(const std::wstring& key, const std::wstring& name);
+  std::vector<Value> kept_;
+};
+
+/// Screen density that programs started from now on see, until the end of this object.
+class ScreenDensity {
+ public:
+  explicit ScreenDensity(DWORD dpi);
+  ScreenDensity(const ScreenDensity&) = delete;
+  ScreenDensity& operator=(const ScreenDensity&) = delete;
+  ~ScreenDensity();
+
+ private:
+  std::optional<DWORD> before_;
+};
+
+}  // namespace harness

@@ -1,0 +1,45 @@
+// Memory of another process, through which its controls answer.
+#pragma once
+
+#include <windows.h>
+
+#include <cstddef>
+#include <string>
+
+namespace harness {
+
+/// A piece of memory in the process of a window, zeroed at first and released at the end.
+class RemoteMemory {
+ public:
+  /// Raises `Failure` when the process cannot be reached.
+  RemoteMemory(HWND window, std::size_t bytes);
+  RemoteMemory(const RemoteMemory&) = delete;
+  RemoteMemory& operator=(const RemoteMemory&) = delete;
+  ~RemoteMemory();
+
+  /// Address in the other process.
+  [[nodiscard]] void* address(std::size_t offset = 0) const;
+  [[nodiscard]] LPARAM parameter() const { return reinterpret_cast<LPARAM>(address_); }
+
+  void write(const void* data, std::size_t bytes, std::size_t offset = 0);
+  void read(void* data, std::size_t bytes, std::size_t offset = 0) const;
+
+  template <class T>
+  void put(const T& value, std::size_t offset = 0) {
+    write(&value, sizeof(T), offset);
+  }
+  template <class T>
+  [[nodiscard]] T get(std::size_t offset = 0) const {
+    T value{};
+    read(&value, sizeof(T), offset);
+    return value;
+  }
+  /// Text of at most `length` characters up to its NUL.
+  [[nodiscard]] std::wstring getText(std::size_t length, std::size_t offset = 0) const;
+
+ private:
+  HANDLE process_;
+  void* address_;
+};
+
+}  // namespace harness

@@ -1,0 +1,26 @@
+// A scheme of web addresses that leads to a program of the test.
+#pragma once
+
+#include <windows.h>
+
+#include <optional>
+#include <string>
+
+namespace harness {
+
+/// Registers a command for addresses that begin with `scheme` and a colon, in the place of the one
+/// that there may be, until the end of this object. Raises `Failure` when that cannot be done.
+class UrlScheme {
+ public:
+  UrlScheme(const std::wstring& scheme, const std::wstring& command);
+  UrlScheme(const UrlScheme&) = delete;
+  UrlScheme& operator=(const UrlScheme&) = delete;
+  ~UrlScheme();
+
+ private:
+  HKEY root_ = nullptr;
+  std::wstring key_;
+  std::optional<std::wstring> before_;  ///< Command of a scheme that was there already.
+};
+
+}  // namespace harness

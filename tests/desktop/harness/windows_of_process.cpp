@@ -1,0 +1,112 @@
+#include "harness/windows_of_process.h"
+
+#include <array>
+#include <bit>
+
+#include "harness/text.h"
+#include "harness/wait.h"
+
+namespace harness {
+namespace {
+
+BOOL CALLBACK collect(HWND window, LPARAM list) {
+  std::bit_cast<std::vector<HWND>*>(list)->push_back(window);
+  return TRUE;
+}
+
+}  // namespace
+
+LRESULT send(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  DWORD_PTR result = 0;
+  if (SendMessageTimeoutW(window, message, wParam, lParam, SMTO_NORMAL, patienceMs, &result) == 0) {
+    throw Failure("a window did not answer message " + std::to_string(message) + ", error " +
+                  std::to_string(GetLastError()));
+  }
+  return static_cast<LRESULT>(result);
+}
+
+void post(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (PostMessageW(window, message, wParam, lParam) == FALSE) {
+    throw Failure("message " + std::to_string(message) + " cannot be posted, error " +
+                  std::to_string(GetLastError()));
+  }
+}
+
+std::wstring className(HWND window) {
+  std::array<wchar_t, 256> name{};
+  GetClassNameW(window, name.data(), static_cast<int>(name.size()));
+  return name.data();
+}
+
+std::wstring text(HWND window) {
+  const auto length = static_cast<std::size_t>(send(window, WM_GETTEXTLENGTH));
+  std::wstring result(length + 1, L'\0');
+  const LRESULT got = send(window, WM_GETTEXT, static_cast<WPARAM>(result.size()),
+                           reinterpret_cast<LPARAM>(result.data()));
+  result.resize(static_cast<std::size_t>(got));
+  return result;
+}
+
+DWORD processOf(HWND window) {
+  DWORD process = 0;
+  GetWindowThreadProcessId(window, &process);
+  return process;
+}
+
+std::vector<HWND> topWindows(DWORD process) {
+  std::vector<HWND> all;
+  EnumWindows(collect, reinterpret_cast<LPARAM>(&all));
+  std::erase_if(all, [process](HWND window) { return processOf(window) != process; });
+  return all;
+}
+
+std::vector<HWND> visibleWindows(DWORD process) {
+  std::vector<HWND> windows = topWindows(process);
+  std::erase_if(windows, [](HWND window) { return IsWindowVisible(window) == FALSE; });
+  return windows;
+}
+
+HWND visibleWindow(DWORD process, const std::wstring& classOfWindow) {
+  for (HWND const window : visibleWindows(process)) {
+    if (className(window) == classOfWindow) {
+      return window;
+    }
+  }
+  return nullptr;
+}
+
+HWND visibleWindowTitled(const std::wstring& title) {
+  HWND const window = FindWindowW(nullptr, title.c_str());
+  return window != nullptr && IsWindowVisible(window) != FALSE ? window : nullptr;
+}
+
+std::vector<HWND> children(HWND window) {
+  std::vector<HWND> all;
+  EnumChildWindows(window, collect, reinterpret_cast<LPARAM>(&all));
+  return all;
+}
+
+HWND child(HWND window, int id, const std::wstring& classOfChild) {
+  for (HWND const candidate : children(window)) {
+    if (GetDlgCtrlID(candidate) == id &&
+        (classOfChild.empty() || className(candidate) == classOfChild)) {
+      return candidate;
+    }
+  }
+  return nullptr;
+}
+
+RECT screenRect(HWND window) {
+  RECT rect{};
+  GetWindowRect(window, &rect);
+  return rect;
+}
+
+RECT clientOnScreen(HWND window) {
+  RECT rect{};
+  GetClientRect(window, &rect);
+  MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&rect), 2);
+  return rect;
+}
+
+}  // namespace harness

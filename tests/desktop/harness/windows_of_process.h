@@ -1,0 +1,41 @@
+// Windows of another process: finding them, reading what every window has.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+namespace harness {
+
+/// Sends a message and waits for its result; raises `Failure` when the window does not answer.
+LRESULT send(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
+
+/// Posts a message; raises `Failure` when the window is gone.
+void post(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
+
+[[nodiscard]] std::wstring className(HWND window);
+[[nodiscard]] std::wstring text(HWND window);
+[[nodiscard]] DWORD processOf(HWND window);
+
+/// Visible windows without a parent, from front to back.
+[[nodiscard]] std::vector<HWND> visibleWindows(DWORD process);
+/// All windows without a parent, hidden ones too.
+[[nodiscard]] std::vector<HWND> topWindows(DWORD process);
+/// Visible window of that class, null when there is none.
+[[nodiscard]] HWND visibleWindow(DWORD process, const std::wstring& classOfWindow);
+/// Visible window with that title in any process, null when there is none.
+[[nodiscard]] HWND visibleWindowTitled(const std::wstring& title);
+
+/// All child windows, of any depth.
+[[nodiscard]] std::vector<HWND> children(HWND window);
+/// Child of that control id and, unless it is "", that class; of any depth; null when there is
+/// none.
+[[nodiscard]] HWND child(HWND window, int id, const std::wstring& classOfChild = L"");
+
+/// Place of a window on the screen.
+[[nodiscard]] RECT screenRect(HWND window);
+/// Client area of a window on the screen.
+[[nodiscard]] RECT clientOnScreen(HWND window);
+
+}  // namespace harness

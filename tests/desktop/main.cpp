@@ -1,0 +1,10 @@
+// The desktop tests: they start the real program and drive it from outside.
+#include <gmock/gmock.h>
+#include <windows.h>
+
+int main(int argumentCount, char** arguments) {
+  // Results have to be on the disk even if the run is cut off.
+  std::setvbuf(stdout, nullptr, _IONBF, 0);
+  ::testing::InitGoogleMock(&argumentCount, arguments);
+  return RUN_ALL_TESTS();
+}

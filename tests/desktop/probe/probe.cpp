@@ -1,0 +1,103 @@
+// The probe: a hook procedure that answers questions of the tests inside the driven program.
+#include "probe/probe.h"
+
+#include <array>
+#include <cstdint>
+#include <cstring>
+#include <vector>
+
+namespace {
+
+constexpr int iconSide = 32;
+
+void collect(HMENU menu, int depth, probe::MenuAnswer& answer) {
+  const int count = GetMenuItemCount(menu);
+  for (int position = 0; position < count; ++position) {
+    if (answer.count == static_cast<int>(std::size(answer.entries))) {
+      return;
+    }
+    probe::MenuEntry& entry = answer.entries[answer.count++];
+    MENUITEMINFOW info{};
+    info.cbSize = sizeof(info);
+    info.fMask = MIIM_FTYPE | MIIM_STATE | MIIM_ID | MIIM_SUBMENU | MIIM_STRING;
+    info.dwTypeData = entry.caption;
+    info.cch = static_cast<UINT>(std::size(entry.caption));
+    GetMenuItemInfoW(menu, static_cast<UINT>(position), TRUE, &info);
+    entry.depth = depth;
+    entry.separator = (info.fType & MFT_SEPARATOR) != 0 ? 1 : 0;
+    entry.checked = (info.fState & MFS_CHECKED) != 0 ? 1 : 0;
+    entry.enabled = (info.fState & MFS_DISABLED) == 0 ? 1 : 0;
+    entry.id = info.hSubMenu != nullptr ? -1 : static_cast<int>(info.wID);
+    if (info.hSubMenu != nullptr) {
+      collect(info.hSubMenu, depth + 1, answer);
+    }
+  }
+}
+
+std::vector<std::uint32_t> pixels(HICON icon) {
+  BITMAPINFO info{};
+  info.bmiHeader.biSize = sizeof(info.bmiHeader);
+  info.bmiHeader.biWidth = iconSide;
+  info.bmiHeader.biHeight = -iconSide;
+  info.bmiHeader.biPlanes = 1;
+  info.bmiHeader.biBitCount = 32;
+  void* bits = nullptr;
+  HDC const surface = CreateCompatibleDC(nullptr);
+  HBITMAP const bitmap = CreateDIBSection(surface, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+  HGDIOBJ const before = SelectObject(surface, bitmap);
+  PatBlt(surface, 0, 0, iconSide, iconSide, WHITENESS);
+  DrawIconEx(surface, 0, 0, icon, iconSide, iconSide, 0, nullptr, DI_NORMAL);
+  GdiFlush();
+  std::vector<std::uint32_t> result(static_cast<std::size_t>(iconSide) * iconSide);
+  std::memcpy(result.data(), bits, result.size() * sizeof(std::uint32_t));
+  SelectObject(surface, before);
+  DeleteObject(bitmap);
+  DeleteDC(surface);
+  return result;
+}
+
+int systemIconLike(HICON icon) {
+  constexpr std::array<int, 4> numbers = {32513, 32514, 32515, 32516};  // IDI_HAND and following
+  const std::vector<std::uint32_t> wanted = pixels(icon);
+  for (const int number : numbers) {
+    if (pixels(LoadIconW(nullptr, MAKEINTRESOURCEW(number))) == wanted) {
+      return number;
+    }
+  }
+  return 0;
+}
+
+void answer(const CWPSTRUCT& sent) {
+  switch (static_cast<probe::Question>(sent.wParam)) {
+    case probe::Question::menu: {
+      auto& result = *reinterpret_cast<probe::MenuAnswer*>(sent.lParam);
+      result.count = 0;
+      if (HMENU const menu = GetMenu(sent.hwnd); menu != nullptr) {
+        collect(menu, 0, result);
+      }
+      result.answered = 1;
+      break;
+    }
+    case probe::Question::icon: {
+      auto& result = *reinterpret_cast<probe::IconAnswer*>(sent.lParam);
+      const auto icon = reinterpret_cast<HICON>(SendMessageW(sent.hwnd, STM_GETICON, 0, 0));
+      result.systemIcon = icon != nullptr ? systemIconLike(icon) : 0;
+      result.answered = 1;
+      break;
+    }
+  }
+}
+
+}  // namespace
+
+extern "C" __declspec(dllexport) LRESULT CALLBACK
+    probeProcedure(int code, WPARAM wParam, LPARAM lParam) {
+  static const UINT message = RegisterWindowMessageW(probe::messageName);
+  if (code == HC_ACTION) {
+    const auto& sent = *reinterpret_cast<const CWPSTRUCT*>(lParam);
+    if (sent.message == message) {
+      answer(sent);
+    }
+  }
+  return CallNextHookEx(nullptr, code, wParam, lParam);
+}

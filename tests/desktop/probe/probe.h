@@ -1,0 +1,41 @@
+// What the probe inside the driven program answers. Menus and icons belong to their process: their
+// handles mean nothing in another one, so the question has to travel there.
+#pragma once
+
+#include <windows.h>
+
+namespace probe {
+
+/// Name of the registered message. wParam is a `Question`, lParam points to the answer in the
+/// memory of the driven program.
+inline constexpr const wchar_t* messageName = L"QuillmarkDesktopTestProbe";
+
+/// Name of the exported hook procedure (WH_CALLWNDPROC).
+inline constexpr const char* procedureName = "probeProcedure";
+
+enum class Question : WPARAM {
+  menu = 1,  ///< To a window with a menu bar; the answer is a `MenuAnswer`.
+  icon = 2,  ///< To a static control with an icon; the answer is an `IconAnswer`.
+};
+
+struct MenuEntry {
+  wchar_t caption[128];  // With its "&" and what follows a tab.
+  int id;                // 0 for a separator, -1 for a submenu.
+  int depth;             // 0 for an entry of the menu bar.
+  int separator;
+  int checked;
+  int enabled;
+};
+
+struct MenuAnswer {
+  int answered;
+  int count;
+  MenuEntry entries[64];
+};
+
+struct IconAnswer {
+  int answered;
+  int systemIcon;  // Number of the system's icon that looks the same (IDI_...), 0 for another one.
+};
+
+}  // namespace probe

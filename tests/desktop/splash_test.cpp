@@ -1,0 +1,153 @@
+// The splash window: its looks, and the three ways in which it goes.
+#include "gateway_test.h"
+
+namespace desktop_tests {
+namespace {
+
+constexpr int opaque = 255;
+constexpr int fadeMs = 600;
+constexpr int displayMs = 3000;
+// Two clocks and a timer of the system may differ by this much.
+constexpr int clockSlackMs = 60;
+// How much later than asked for a busy machine may be.
+constexpr int lateMs = 3000;
+
+class Splash : public GatewayTest {
+ protected:
+  void SetUp() override {
+    GatewayApp::skipExample();
+    app->start();
+    splash_ = app->waitForSplash();
+    shownAt_ = GetTickCount64();
+  }
+
+  /// Opacity of the splash, -1 when it is gone.
+  [[nodiscard]] int opacity() const {
+    BYTE level = 0;
+    DWORD flags = 0;
+    if (GetLayeredWindowAttributes(splash_, nullptr, &level, &flags) == FALSE) {
+      return -1;
+    }
+    EXPECT_EQ(flags, DWORD{LWA_ALPHA});
+    return level;
+  }
+
+  /// Watches the splash until it is gone: the levels it showed, each once, in their order.
+  [[nodiscard]] std::vector<int> watchFade() const {
+    std::vector<int> levels;
+    harness::waitUntil("the splash goes", [&] {
+      const int level = opacity();
+      if (level >= 0 && (levels.empty() || levels.back() != level)) {
+        levels.push_back(level);
+      }
+      return level < 0 || IsWindowVisible(splash_) == FALSE;
+    });
+    return levels;
+  }
+
+  /// Checks that the levels are steps of one fade.
+  static void expectOneFade(std::vector<int> levels, int highest = 240) {
+    ASSERT_FALSE(levels.empty());
+    if (levels.front() == opaque) {
+      levels.erase(levels.begin());
+    }
+    EXPECT_GE(levels.size(), 5U) << "a fade, not a jump";
+    EXPECT_TRUE(std::is_sorted(levels.rbegin(), levels.rend())) << "only ever fainter";
+    for (const int level : levels) {
+      EXPECT_LE(level, highest);
+      EXPECT_GE(level, 10);
+      EXPECT_EQ(level % 10, 0);
+    }
+  }
+
+  void click() const { harness::clickAt(harness::centreOf(harness::screenRect(splash_)), splash_); }
+
+  /// Milliseconds from `since` to the main window.
+  [[nodiscard]] int untilMain(ULONGLONG since) {
+    app->waitForMain();
+    return static_cast<int>(GetTickCount64() - since);
+  }
+
+  HWND splash_ = nullptr;
+  ULONGLONG shownAt_ = 0;
+};
+
+TEST_F(Splash, IsALayeredWindowWithNothingElseInItsExtendedStyle) {
+  EXPECT_EQ(GetWindowLongPtrW(splash_, GWL_EXSTYLE), WS_EX_LAYERED);
+  EXPECT_EQ(opacity(), opaque);
+  EXPECT_EQ(GetWindowLongPtrW(splash_, GWL_STYLE) & WS_CAPTION, 0) << "no title bar";
+  app->waitForMain();
+}
+
+TEST_F(Splash, ShowsReleaseCopyrightAndName) {
+  const auto label = [&](int id) { return harness::text(harness::child(splash_, id)); };
+  EXPECT_EQ(label(ids::splashTitle), L"Gateway");
+  EXPECT_EQ(label(ids::splashTM), L"\u00AE");
+  EXPECT_EQ(label(ids::splashApp), L"Release 3.0.0");
+  EXPECT_NE(label(ids::splashCopyRight).find(L"Quillmark"), std::wstring::npos)
+      << harness::utf8(label(ids::splashCopyRight));
+  app->waitForMain();
+}
+
+TEST_F(Splash, IsInTheMiddleOfTheScreen) {
+  const POINT middle = harness::centreOf(harness::screenRect(splash_));
+  EXPECT_NEAR(middle.x, GetSystemMetrics(SM_CXSCREEN) / 2, 2);
+  EXPECT_NEAR(middle.y, GetSystemMetrics(SM_CYSCREEN) / 2, 40) << "a task bar may move it";
+  app->waitForMain();
+}
+
+TEST_F(Splash, NoMainWindowWhileItIsUp) {
+  EXPECT_EQ(harness::visibleWindow(app->processId(), L"frmQMK"), nullptr);
+  app->waitForMain();
+  EXPECT_EQ(app->splash(), nullptr);
+}
+
+TEST_F(Splash, FadesAtAClick) {
+  const ULONGLONG clicked = GetTickCount64();
+  click();
+  expectOneFade(watchFade());
+  const int taken = untilMain(clicked);
+  EXPECT_GE(taken, fadeMs - clockSlackMs);
+  EXPECT_LT(taken, fadeMs + lateMs);
+}
+
+TEST_F(Splash, FadesAtAKey) {
+  harness::bringToFront(splash_);
+  const ULONGLONG pressed = GetTickCount64();
+  harness::pressKey(VK_SPACE);
+  expectOneFade(watchFade());
+  EXPECT_GE(untilMain(pressed), fadeMs - clockSlackMs);
+  EXPECT_LT(GetTickCount64() - shownAt_, static_cast<ULONGLONG>(displayMs + fadeMs))
+      << "the key, not the clock";
+}
+
+TEST_F(Splash, FadesAtEsc) {
+  harness::bringToFront(splash_);
+  harness::pressKey(VK_ESCAPE);
+  expectOneFade(watchFade());
+  app->waitForMain();
+  EXPECT_LT(GetTickCount64() - shownAt_, static_cast<ULONGLONG>(displayMs + fadeMs));
+}
+
+TEST_F(Splash, FadesByItselfAfterThreeSeconds) {
+  harness::waitUntil("the fade begins", [&] { return opacity() != opaque; });
+  const auto waited = static_cast<int>(GetTickCount64() - shownAt_);
+  // It was on the screen for a moment before it was found.
+  EXPECT_GE(waited, displayMs - 1000);
+  EXPECT_LT(waited, displayMs + lateMs);
+  expectOneFade(watchFade());
+  EXPECT_GE(untilMain(shownAt_), displayMs - 1000 + fadeMs);
+}
+
+TEST_F(Splash, ASecondClickNeitherSpeedsNorRestartsTheFade) {
+  const ULONGLONG clicked = GetTickCount64();
+  click();
+  click();
+  harness::waitUntil("half of the fade", [&] { return opacity() <= 120; });
+  click();
+  expectOneFade(watchFade(), 120);
+  EXPECT_GE(untilMain(clicked), fadeMs - clockSlackMs);
+}
+
+}  // namespace
+}  // namespace desktop_tests

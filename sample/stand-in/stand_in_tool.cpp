@@ -168,6 +168,8 @@ HWND show(HINSTANCE instance, const std::wstring& name, const Start& start, int 
 
 }  // namespace
 
+// The header names the parameters in another style.
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name)
 int WINAPI wWinMain(HINSTANCE instance, HINSTANCE /*previous*/, PWSTR /*arguments*/,
                     int showState) {
   const std::wstring path = executable();

@@ -21,10 +21,9 @@ void frmQMK::restorePlace() {
     return;
   }
   // The screens may have been rearranged, or have another density, since then.
-  platform::Rect& normal = placement->normal;
-  normal.width = normal.width * dpi() / placement->dpi;
-  normal.height = normal.height * dpi() / placement->dpi;
-  normal = mainwindow::broughtOntoScreen(normal, platform::screens::workAreas());
+  placement->normal = mainwindow::broughtOntoScreen(
+      mainwindow::scaledAboutCentre(placement->normal, placement->dpi, dpi()),
+      platform::screens::workAreas());
   peer()->place(*placement);
 }
 

@@ -69,6 +69,16 @@ std::optional<Placement> placementFromText(const std::wstring& text) {
   return placement;
 }
 
+Rect scaledAboutCentre(const Rect& rect, int measuredAt, int dpi) {
+  const auto scaled = [measuredAt, dpi](int length) {
+    return static_cast<int>(static_cast<std::int64_t>(length) * dpi / measuredAt);
+  };
+  const int width = scaled(rect.width);
+  const int height = scaled(rect.height);
+  return {rect.left + (rect.width - width) / 2, rect.top + (rect.height - height) / 2, width,
+          height};
+}
+
 Rect broughtOntoScreen(const Rect& rect, const std::vector<Rect>& workAreas) {
   const auto area = std::max_element(
       workAreas.begin(), workAreas.end(),

@@ -19,6 +19,9 @@ namespace mainwindow {
 /// Reads what `placementText` wrote; nothing when the text is anything else.
 [[nodiscard]] std::optional<controls::Placement> placementFromText(const std::wstring& text);
 
+/// The rectangle as large at `dpi` as it was at `measuredAt`, with its centre where it was.
+[[nodiscard]] platform::Rect scaledAboutCentre(const platform::Rect& rect, int measuredAt, int dpi);
+
 /// The rectangle moved, and made smaller where it must be, so that it lies wholly in one of the
 /// work areas: the one that it shares the largest area with, or the first.
 [[nodiscard]] platform::Rect broughtOntoScreen(const platform::Rect& rect,

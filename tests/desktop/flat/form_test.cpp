@@ -61,7 +61,7 @@ class FormTest : public ::testing::Test {
  protected:
   FormTest() { attachedBefore = platform::subclass::attachedMessages(); }
   HWND handle() const { return platform::win32::windowFrom(platform::native::windowOf(window)); }
-  HWND handle(const controls::Control& control) const {
+  static HWND handle(const controls::Control& control) {
     return platform::win32::windowFrom(platform::native::windowOf(control));
   }
   void show() {

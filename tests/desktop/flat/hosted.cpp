@@ -159,7 +159,8 @@ Hosted::~Hosted() {
 LRESULT CALLBACK Hosted::count(HWND window, UINT message, WPARAM first, LPARAM second, UINT_PTR id,
                                DWORD_PTR self) {
   if (message == WM_MOUSEMOVE) {
-    ++std::bit_cast<Hosted*>(self)->mouseMoves_;
+    auto* const hosted = std::bit_cast<Hosted*>(self);
+    hosted->mouseMoves_ += 1;
   } else if (message == WM_NCDESTROY) {
     RemoveWindowSubclass(window, count, id);
   }

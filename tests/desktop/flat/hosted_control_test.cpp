@@ -97,7 +97,7 @@ class HostedControlTest : public ::testing::TestWithParam<Kind> {
   [[nodiscard]] bool hasFocus() const {
     return GetFocus() == control->window() || IsChild(control->window(), GetFocus()) != 0;
   }
-  [[nodiscard]] bool isCombo() const { return GetParam().frame == Frame::combo; }
+  [[nodiscard]] static bool isCombo() { return GetParam().frame == Frame::combo; }
 
   std::unique_ptr<Host> host;
   std::unique_ptr<Hosted> control;

@@ -51,6 +51,6 @@ int timerCount() {
   return static_cast<int>(timers().size());
 }
 
-bool hasTimer(HWND window, UINT_PTR id) { return timers().count({window, id}) != 0; }
+bool hasTimer(HWND window, UINT_PTR id) { return timers().contains({window, id}); }
 
 }  // namespace flat_tests

@@ -95,7 +95,7 @@ std::wstring FormReader::toolTip(int id) const {
   HWND const labelled = control(id);
   for (HWND const window : topWindows(processOf(form_))) {
     if (className(window) == TOOLTIPS_CLASSW) {
-      const std::wstring tip = tipFrom(window, labelled);
+      std::wstring tip = tipFrom(window, labelled);
       if (!tip.empty()) {
         return tip;
       }

@@ -56,6 +56,13 @@ TEST(Placement, LargerThanTheScreenIsMadeSmaller) {
             (Rect{0, 40, 1280, 944}));
 }
 
+TEST(Placement, OfAnotherDensityKeepsItsCentre) {
+  EXPECT_EQ(mainwindow::scaledAboutCentre({100, 100, 400, 200}, 96, 144), (Rect{0, 50, 600, 300}));
+  EXPECT_EQ(mainwindow::scaledAboutCentre({100, 100, 400, 200}, 192, 96),
+            (Rect{200, 150, 200, 100}));
+  EXPECT_EQ(mainwindow::scaledAboutCentre({1, 2, 3, 4}, 120, 120), (Rect{1, 2, 3, 4}));
+}
+
 TEST(Placement, WithoutAnyScreenStaysWhereItIs) {
   EXPECT_EQ(broughtOntoScreen({1, 2, 3, 4}, {}), (Rect{1, 2, 3, 4}));
 }
@@ -103,9 +110,9 @@ TEST_F(RememberedWindow, IsRememberedAtTheEndOfASessionToo) {
 
 TEST_F(RememberedWindow, IsScaledToTheDensityOfTheScreen) {
   desktop().dpi = 192;
-  desktop().setSetting(L"General", L"Placement", L"10 20 500 300 96 0");
+  desktop().setSetting(L"General", L"Placement", L"300 200 500 300 96 0");
   const auto window = made();
-  EXPECT_EQ(window->peer()->placement().normal, (Rect{10, 20, 1000, 600}));
+  EXPECT_EQ(window->peer()->placement().normal, (Rect{50, 50, 1000, 600}));
 }
 
 TEST_F(RememberedWindow, OffScreenIsBroughtBack) {

@@ -169,9 +169,9 @@ Edges clientRect(WindowHandle window) {
   return {0, 0, rect.right - rect.left, rect.bottom - rect.top};
 }
 
-Point toClient(WindowHandle window, Point place) {
+Point toClient(WindowHandle window, Point screen) {
   const Edges rect = windowRect(window);
-  return {place.x - rect.left, place.y - rect.top};
+  return {screen.x - rect.left, screen.y - rect.top};
 }
 
 bool hasFocus(WindowHandle window) {

@@ -49,7 +49,7 @@ class NativeScreen {
                    WindowHandle parent = WindowHandle::none, std::uint32_t style = 0);
   /// Destroys a window after its children, as the system does.
   void destroy(WindowHandle window);
-  [[nodiscard]] bool has(WindowHandle window) const { return windows_.count(window) != 0; }
+  [[nodiscard]] bool has(WindowHandle window) const { return windows_.contains(window); }
   /// A window that exists.
   [[nodiscard]] NativeWindow& at(WindowHandle window) { return windows_.at(window); }
   /// nullptr for one that is gone.

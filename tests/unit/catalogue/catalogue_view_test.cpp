@@ -80,7 +80,7 @@ TEST_F(CatalogueView, SetsUpImagesReportViewAndSorting) {
   list.setSorted(false);
   list.setSortOrder(controls::descending);
   LoadCatalogueView(view);
-  EXPECT_EQ(list.largeImages(), &main.imgIcons[0]);
+  EXPECT_EQ(list.largeImages(), main.imgIcons.data());
   EXPECT_EQ(list.smallImages(), &main.imgIcons[1]);
   EXPECT_EQ(list.view(), controls::reportView);
   EXPECT_EQ(list.sortKey(), 0);
@@ -201,7 +201,7 @@ std::wstring locationWhen(modQMKGeneral::CatalogueView& view,
 
 TEST_F(CatalogueView, TheFailureMessageNamesTheStepOfTheSetUp) {
   putCatalogue(record({"FP3", "C:\\a.fp3", ""}));
-  const auto largeSet = [this] { return list.largeImages() == &main.imgIcons[0]; };
+  const auto largeSet = [this] { return list.largeImages() == main.imgIcons.data(); };
   const auto smallSet = [this] { return list.smallImages() == &main.imgIcons[1]; };
   const auto reset = [this] {
     list.setImages(nullptr, nullptr);
@@ -249,7 +249,7 @@ TEST_F(NewFileItems, AreAddedInTheirOrderWithPictureAndCode) {
     EXPECT_EQ(fresh.icon(index), pictures[index]);
     EXPECT_EQ(fresh.subItem(index, 1), codes[index]);
   }
-  EXPECT_EQ(fresh.largeImages(), &main.imgIcons[0]);
+  EXPECT_EQ(fresh.largeImages(), main.imgIcons.data());
   EXPECT_EQ(fresh.smallImages(), &main.imgIcons[1]);
 }
 

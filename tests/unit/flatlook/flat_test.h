@@ -52,7 +52,7 @@ class FlatTest : public ::desktop::DesktopTest {
   }
 
   static void pointAt(int x, int y) { screen().cursor = {x + 100, y + 100}; }
-  static bool timerRuns(WindowHandle window) { return screen().at(window).timers.count(1) != 0; }
+  static bool timerRuns(WindowHandle window) { return screen().at(window).timers.contains(1); }
   /// Takes what was drawn on a window since the last look.
   static Pixels takePixels(WindowHandle window) {
     return std::exchange(screen().at(window).pixels, {});

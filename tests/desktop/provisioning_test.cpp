@@ -38,7 +38,7 @@ class Provisioning : public ShortcutTest {
 
   /// Copy of the stand-in outside the application folder; its full path.
   [[nodiscard]] std::wstring addProgramElsewhere(const std::wstring& name) const {
-    const std::wstring path = app->addFileElsewhere(L"Else where\\" + name);
+    std::wstring path = app->addFileElsewhere(L"Else where\\" + name);
     harness::copyFile(app->folder() + L"\\gateway3.exe", path);
     return path;
   }
@@ -154,6 +154,7 @@ TEST_F(Provisioning, ForeignShortcutsAreLeftAlone) {
   harness::writeFile(link(L"readme.txt"), "text");
   const std::vector<std::wstring> names = links();
   std::vector<std::string> before;
+  before.reserve(names.size());
   for (const std::wstring& name : names) {
     before.push_back(harness::readFile(link(name)).value_or(""));
   }

@@ -91,8 +91,8 @@ TEST_F(Splash, ShowsReleaseCopyrightAndName) {
 
 TEST_F(Splash, IsInTheMiddleOfTheScreen) {
   const POINT middle = harness::centreOf(harness::screenRect(splash_));
-  EXPECT_NEAR(middle.x, GetSystemMetrics(SM_CXSCREEN) / 2, 2);
-  EXPECT_NEAR(middle.y, GetSystemMetrics(SM_CYSCREEN) / 2, 40) << "a task bar may move it";
+  EXPECT_NEAR(middle.x, GetSystemMetrics(SM_CXSCREEN) / 2.0, 2);
+  EXPECT_NEAR(middle.y, GetSystemMetrics(SM_CYSCREEN) / 2.0, 40) << "a task bar may move it";
   app->waitForMain();
 }
 

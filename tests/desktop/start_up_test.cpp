@@ -4,7 +4,6 @@
 namespace desktop_tests {
 namespace {
 
-using harness::exists;
 using harness::isFolder;
 
 class StartUp : public GatewayTest {

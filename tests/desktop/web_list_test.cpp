@@ -121,7 +121,7 @@ INSTANTIATE_TEST_SUITE_P(
         Malformed{"Empty", "", 0}, Malformed{"OneByte", "x", 1}, Malformed{"OneQuote", "\"", 1},
         Malformed{"NoFinalLineEnd", "\"a\",\"http://a/\"\r\n\"b\",\"http://b/\"", 2},
         Malformed{"LoneLineFeeds", "\"a\",\"http://a/\"\n\n\"b\",\"http://b/\"\n", 2},
-        Malformed{"NulBytes", std::string("\"a\0b\",\"\0\"\r\n", 12) + std::string("\0\0\0\r\n", 5),
+        Malformed{"NulBytes", std::string("\"a\0b\",\"\0\"\r\n", 11) + std::string("\0\0\0\r\n", 5),
                   2},
         Malformed{"UnbalancedQuotes", "\"a,http://a/\r\nb\",\"http://b/\r\nc\"\"d,e\"\r\n", 3},
         Malformed{"OneField", "\"a\"\r\nb\r\n", 2},

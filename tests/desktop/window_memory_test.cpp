@@ -16,7 +16,7 @@ class WindowMemory : public GatewayTest {
 
   [[nodiscard]] static HWND menuOnScreen() { return FindWindowW(L"#32768", nullptr); }
 
-  void expectEditMenuAndClose() const {
+  static void expectEditMenuAndClose() {
     ASSERT_TRUE(waitFor([] { return menuOnScreen() != nullptr; }));
     harness::pressKey(VK_ESCAPE);
     EXPECT_TRUE(waitFor([] { return menuOnScreen() == nullptr; }));

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <array>
+#include <optional>
 
 #include "platform/dialogs.h"
 #include "platform/files.h"
@@ -49,6 +50,31 @@ std::wstring selectedFile(const ShortcutList& shortcuts) {
   return shortcuts.list.subItem(shortcuts.list.selectedItem(), shortcut_column::file);
 }
 
+/// A shortcut file that a command may change, taken apart.
+struct Changeable {
+  std::wstring file;  ///< Full path.
+  std::wstring name;
+  std::wstring folder;  ///< With a trailing backslash.
+};
+
+/// The selected shortcut, or nothing after telling the user why not: its file is gone, or
+/// `isProtected` holds for its name. Raises 91 without a selected item.
+std::optional<Changeable> changeable(const ShortcutList& shortcuts,
+                                     bool (*isProtected)(const std::wstring&),
+                                     const std::wstring& refusal) {
+  Changeable found{selectedFile(shortcuts), {}, {}};
+  if (!files::fileExists(found.file)) {
+    dialogs::showMessage(L"Please select shortcut");
+    return std::nullopt;
+  }
+  SplitPath(found.file, found.name, found.folder);
+  if (isProtected(found.name)) {
+    dialogs::showMessage(refusal);
+    return std::nullopt;
+  }
+  return found;
+}
+
 }  // namespace
 
 void BrowseForProgram(controls::CommonDialog& dialog, int& errorNumber, std::wstring& path) {
@@ -89,26 +115,20 @@ void CreateShortcut(ShortcutList& shortcuts) {
 }
 
 void RenameShortcut(ShortcutList& shortcuts) {
-  const std::wstring file = selectedFile(shortcuts);
-  if (!files::fileExists(file)) {
-    dialogs::showMessage(L"Please select shortcut");
+  const auto selected =
+      changeable(shortcuts, protectedFromRenaming, L"Sorry, you can't rename this shortcut");
+  if (!selected) {
     return;
   }
-  std::wstring name;
-  std::wstring folder;
-  SplitPath(file, name, folder);
-  if (protectedFromRenaming(name)) {
-    dialogs::showMessage(L"Sorry, you can't rename this shortcut");
-    return;
-  }
-  const std::wstring bareName = name.substr(0, name.size() - linkExtension.size());
+  const std::wstring bareName =
+      selected->name.substr(0, selected->name.size() - linkExtension.size());
   const std::wstring answer = dialogs::inputBox(L"Rename shortcut " + bareName, L"  ", L" ");
   if (!answer.empty()) {
-    if (files::fileExists(folder + answer + L".lnk")) {
+    if (files::fileExists(selected->folder + answer + L".lnk")) {
       dialogs::showMessage(upper(answer) + L" already exists, can't change name");
     } else {
       // The renamed shortcut goes to the program's own folder, out of this list.
-      files::copy(file, CanonicalPath(AppFolder()) + L"\\shortcuts\\" + answer + L".lnk");
+      files::copy(selected->file, CanonicalPath(AppFolder()) + L"\\shortcuts\\" + answer + L".lnk");
       files::remove(selectedFile(shortcuts));
     }
   }
@@ -116,20 +136,14 @@ void RenameShortcut(ShortcutList& shortcuts) {
 }
 
 void DeleteShortcut(ShortcutList& shortcuts) {
-  const std::wstring file = selectedFile(shortcuts);
-  if (!files::fileExists(file)) {
-    dialogs::showMessage(L"Please select shortcut");
+  const auto selected =
+      changeable(shortcuts, protectedFromDeleting, L"Sorry, you can't delete this shortcut");
+  if (!selected) {
     return;
   }
-  std::wstring name;
-  std::wstring folder;
-  SplitPath(file, name, folder);
-  if (protectedFromDeleting(name)) {
-    dialogs::showMessage(L"Sorry, you can't delete this shortcut");
-    return;
-  }
-  if (dialogs::showMessage(L"Are your sure you want to delete the shortcut: " + upper(name),
-                           dialogs::MessageStyle::yesNoWarning) != dialogs::Answer::yes) {
+  if (dialogs::showMessage(
+          L"Are your sure you want to delete the shortcut: " + upper(selected->name),
+          dialogs::MessageStyle::yesNoWarning) != dialogs::Answer::yes) {
     return;
   }
   const std::wstring doomed = selectedFile(shortcuts);

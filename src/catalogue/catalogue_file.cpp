@@ -2,11 +2,14 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
+#include <vector>
 
 #include "catalogue/list_file.h"
 #include "platform/clock.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
+#include "platform/plain_text.h"
 #include "platform/run_time_error.h"
 #include "platform/text.h"
 #include "startup/paths.h"
@@ -37,18 +40,32 @@ std::wstring trimmed(const std::wstring& text) {
 
 /// Appends the data folder's files to the records in `bytes`.
 void appendDataFolder(std::string& bytes) {
-  const std::wstring folder = AppFolder() + L"\\data\\";
-  for (const wchar_t* const type : {L"fp3", L"bi3", L"bs3", L"cw3"}) {
-    const std::wstring pattern = folder + L"*." + type;
-    for (const files::Entry& file : files::search(pattern)) {
-      list_file::append(bytes,
-                        list_file::line({toCodePage(type), toCodePage(folder + file.name),
-                                         toCodePage(clock::dateAndTimeText(file.modified))}));
+  const std::vector<std::wstring> types{L"fp3", L"bi3", L"bs3", L"cw3"};
+  const std::wstring folder = AppFolder() + L"\\data";
+  const std::string folderBytes = toCodePage(folder + L"\\");
+  const auto found = files::searchByExtension(folder, types);
+  for (std::size_t n = 0; n < types.size(); ++n) {
+    const std::string type = toCodePage(types[n]);
+    std::vector<files::FileTime> moments;
+    for (const files::Entry& file : found[n]) {
+      moments.push_back(file.modified);
+    }
+    const std::vector<std::wstring> dates = clock::dateAndTimeTexts(moments);
+    for (std::size_t i = 0; i < found[n].size(); ++i) {
+      list_file::append(bytes, list_file::line({type, folderBytes + toCodePage(found[n][i].name),
+                                                toCodePage(dates[i])}));
     }
   }
 }
 
 bool inDataFolder(const Record& record, const std::wstring& dataFolder) {
+  const std::string_view path = record.fields.at(pathField);
+  if (const std::size_t last = path.rfind('\\');
+      last != std::string_view::npos && path.front() != ' ' &&
+      std::all_of(path.begin(), path.end(), platform::text::plain::isPlain<char>)) {
+    // A folder that ends in a backslash has no blank to trim at its end.
+    return platform::text::upperCodePageEquals(path.substr(0, last + 1), dataFolder);
+  }
   std::wstring name;
   std::wstring folder;
   SmodMisc::SplitPath(record.text(pathField), name, folder);
@@ -65,25 +82,23 @@ std::string restamped(const Record& record, const std::string& path) {
 }
 
 /// The catalogue with the record of `path` restamped, or with a new record at its end.
-std::string withEntry(std::string_view old, const std::wstring& path,
-                      const std::wstring& typeCode) {
+std::string withEntry(std::string old, const std::wstring& path, const std::wstring& typeCode) {
   const std::wstring wanted = upper(path);
   const std::string pathBytes = toCodePage(path);
   // A path that the code page cannot hold stands in the file as its substitute.
   const std::wstring stored = upper(platform::text::fromCodePage(pathBytes));
-  std::string bytes;
-  bytes.reserve(old.size() + path.size());
   bool found = false;
-  Reader reader(old);
-  for (Record record; reader.next(record);) {
-    const std::wstring candidate = upper(record.text(pathField));
-    if (record.has(pathField) && (candidate == wanted || candidate == stored)) {
-      bytes += restamped(record, pathBytes);
-      found = true;
-    } else {
-      bytes += record.line;
-    }
-  }
+  std::string bytes =
+      list_file::edited(std::move(old), [&](const Record& record, std::string& changed) {
+        const std::string_view candidate = record.fields.at(pathField);
+        if (!record.has(pathField) || (!platform::text::upperCodePageEquals(candidate, wanted) &&
+                                       !platform::text::upperCodePageEquals(candidate, stored))) {
+          return list_file::Change::none;
+        }
+        changed = restamped(record, pathBytes);
+        found = true;
+        return list_file::Change::replaced;
+      });
   if (!found) {
     list_file::append(
         bytes, list_file::line({toCodePage(typeCode), pathBytes, toCodePage(clock::todayText())}));
@@ -102,8 +117,7 @@ void ShowListFileProblem(const std::wstring& sentence, const RunTimeError& failu
 }
 
 void AppendDataFolderRecords() {
-  list_file::rewrite(CatalogueFile(), TemporaryFile(), Missing::isEmpty, [](std::string_view old) {
-    std::string bytes(old);
+  list_file::rewrite(CatalogueFile(), TemporaryFile(), Missing::isEmpty, [](std::string bytes) {
     appendDataFolder(bytes);
     return bytes;
   });
@@ -119,19 +133,19 @@ void AddOrUpdateCatalogueEntry(const std::wstring& path, const std::wstring& typ
     const Missing missing =
         files::fileExists(CatalogueFile()) ? Missing::isError : Missing::isEmpty;
     list_file::rewrite(CatalogueFile(), TemporaryFile(), missing,
-                       [&](std::string_view old) { return withEntry(old, path, typeCode); });
+                       [&](std::string old) { return withEntry(std::move(old), path, typeCode); });
   } catch (const RunTimeError& failure) {
     ShowListFileProblem(L"Problem saving to QMK list", failure);
   }
 }
 
 void RemoveCatalogueEntry(const std::wstring& path) {
-  list_file::rewrite(CatalogueFile(), TemporaryFile(), Missing::isError,
-                     [&path](std::string_view old) {
-                       return list_file::filtered(old, [&path](const Record& record) {
-                         return !record.has(pathField) || record.text(pathField) != path;
-                       });
-                     });
+  list_file::rewrite(CatalogueFile(), TemporaryFile(), Missing::isError, [&path](std::string old) {
+    return list_file::filtered(std::move(old), [&path](const Record& record) {
+      return !record.has(pathField) ||
+             !platform::text::codePageEquals(record.fields.at(pathField), path);
+    });
+  });
   if (files::fileExists(path)) {
     files::remove(path);
   }
@@ -142,9 +156,10 @@ void RefreshDataFolderEntries(CatalogueView& view) {
   // One replacement does both the dropping and the building, so that no instant shows the
   // catalogue without the data folder's entries.
   list_file::rewrite(
-      CatalogueFile(), TemporaryFile(), Missing::isError, [&dataFolder](std::string_view old) {
+      CatalogueFile(), TemporaryFile(), Missing::isError, [&dataFolder](std::string old) {
         std::string bytes = list_file::filtered(
-            old, [&dataFolder](const Record& record) { return !inDataFolder(record, dataFolder); });
+            std::move(old),
+            [&dataFolder](const Record& record) { return !inDataFolder(record, dataFolder); });
         appendDataFolder(bytes);
         return bytes;
       });

@@ -1,7 +1,8 @@
 #include "catalogue/catalogue_view.h"
 
+#include <algorithm>
 #include <string>
-#include <utility>
+#include <string_view>
 
 #include "catalogue/catalogue_file.h"
 #include "catalogue/list_file.h"
@@ -22,26 +23,33 @@ namespace {
 /// Tells the failure message how far the load has come.
 using Location = const wchar_t*;
 
+/// How the view shows a type of data file.
+struct Kind {
+  std::wstring_view picture;
+  std::wstring_view label;
+};
+
 /// Picture and label of a record by its type code; both empty for an unknown code.
-std::pair<const wchar_t*, const wchar_t*> pictureAndLabel(const std::wstring& typeCode,
-                                                          Location& location) {
-  const std::wstring type = platform::text::upper(typeCode);
+Kind kindOf(std::wstring_view typeCode, Location& location) {
+  const auto is = [typeCode](std::wstring_view type) {
+    return platform::text::upperEquals(typeCode, type);
+  };
   location = L"4";
-  if (type == L"FP3") {
+  if (is(L"FP3")) {
     return {L"PV3", L"Fuel Profile"};
   }
   location = L"5";
-  if (type == L"BS3") {
+  if (is(L"BS3")) {
     return {L"BW3", L"Plotview Inventory"};
   }
   location = L"6";
-  if (type == L"BI3") {
+  if (is(L"BI3")) {
     return {L"BW3", L"Planar Intercept Inventory"};
   }
-  if (type == L"CW3") {
+  if (is(L"CW3")) {
     return {L"CW3", L"Canopy Weigh Inventory"};
   }
-  return {L"", L""};
+  return {};
 }
 
 void setUpList(CatalogueView& view, Location& location) {
@@ -63,25 +71,27 @@ void setUpList(CatalogueView& view, Location& location) {
 }
 
 void addRecords(ListView& list, std::string_view bytes, Location& location) {
+  list.reserve(static_cast<std::size_t>(std::count(bytes.begin(), bytes.end(), '\n')));
   list_file::Reader reader(bytes);
+  // Outside the loop, so that a million records are not as many allocations.
+  std::wstring path;
+  std::wstring type;
+  std::wstring date;
   for (list_file::Record record; reader.next(record);) {
     location = L"3";
-    std::wstring name;
-    std::wstring folder;
-    SmodMisc::SplitPath(record.text(1), name, folder);
+    record.text(1, path);
+    const std::size_t nameStart = path.rfind(L'\\') + 1;
+    const std::wstring_view name = std::wstring_view(path).substr(nameStart);
+    const std::wstring_view folder = std::wstring_view(path).substr(0, nameStart);
     if (name.empty() || folder.empty()) {
       continue;
     }
-    std::wstring type = record.text(0);
-    const auto [picture, label] = pictureAndLabel(type, location);
+    record.text(0, type);
+    const Kind kind = kindOf(type, location);
     location = L"7";
-    list.add(
-        {std::move(name), picture, {record.text(2), label, std::move(folder), std::move(type)}});
+    record.text(2, date);
+    list.add(name, kind.picture, {date, kind.label, folder, type});
   }
-}
-
-std::wstring pathOf(const ListView& list, std::size_t index) {
-  return list.subItem(index, data_column::folder) + list.text(index);
 }
 
 }  // namespace
@@ -89,7 +99,7 @@ std::wstring pathOf(const ListView& list, std::size_t index) {
 void LoadCatalogueView(CatalogueView& view) {
   Location location = L"1";
   try {
-    const ListView::KeepPlace keep(view.dataList, pathOf);
+    const ListView::KeepPlace keep(view.dataList, {0, data_column::folder});
     setUpList(view, location);
     location = L"2";
     if (!files::fileExists(CatalogueFile())) {
@@ -111,17 +121,18 @@ void LoadCatalogueView(CatalogueView& view) {
 void AddNewFileItems(CatalogueView& view) {
   const ListView::Update update(view.newList);
   view.newList.setImages(&view.largeImages, &view.smallImages);
-  view.newList.add({L"New Fuel Profile", L"PV3", {L"FP3"}});
-  view.newList.add({L"New Planar Intercept", L"BW3", {L"BI3"}});
-  view.newList.add({L"New Plotview Inventory", L"BW3", {L"BS3"}});
-  view.newList.add({L"New Canopy Weigh Inventory", L"CW3", {L"CW3"}});
+  view.newList.add(L"New Fuel Profile", L"PV3", {L"FP3"});
+  view.newList.add(L"New Planar Intercept", L"BW3", {L"BI3"});
+  view.newList.add(L"New Plotview Inventory", L"BW3", {L"BS3"});
+  view.newList.add(L"New Canopy Weigh Inventory", L"CW3", {L"CW3"});
 }
 
 void WatchCatalogue(CatalogueView& view) {
-  if (view.ticking || !files::fileExists(CatalogueFile())) {
+  if (view.ticking) {
     return;
   }
-  if (files::modifiedTime(CatalogueFile()) == view.lastSeen) {
+  const auto modified = files::modifiedTime(CatalogueFile());
+  if (!modified || *modified == view.lastSeen) {
     return;
   }
   struct Ticking {
@@ -139,8 +150,8 @@ void WatchCatalogue(CatalogueView& view) {
   // back every second.
   if (view.shown.present) {
     view.lastSeen = view.shown.modified;
-  } else if (files::fileExists(CatalogueFile())) {
-    view.lastSeen = files::modifiedTime(CatalogueFile());
+  } else {
+    view.lastSeen = files::modifiedTime(CatalogueFile()).value_or(view.lastSeen);
   }
 }
 

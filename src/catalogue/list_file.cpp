@@ -1,28 +1,37 @@
 #include "catalogue/list_file.h"
 
 #include <algorithm>
+#include <cstring>
+#include <utility>
+#include <vector>
 
+#include "platform/bytes.h"
 #include "platform/run_time_error.h"
 #include "platform/text.h"
 
 namespace list_file {
 
+namespace bytes = platform::bytes;
 namespace files = platform::files;
 
 namespace {
 
 constexpr std::string_view lineEnd = "\r\n";
 
-constexpr std::string_view blanks = " \t";
+bool isBlank(char c) { return c == ' ' || c == '\t'; }
 
 std::string_view withoutLeadingBlanks(std::string_view text) {
-  text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
+  while (!text.empty() && isBlank(text.front())) {
+    text.remove_prefix(1);
+  }
   return text;
 }
 
 std::string_view withoutTrailingBlanks(std::string_view text) {
-  // Nothing but blanks: npos + 1 is 0.
-  return text.substr(0, text.find_last_not_of(blanks) + 1);
+  while (!text.empty() && isBlank(text.back())) {
+    text.remove_suffix(1);
+  }
+  return text;
 }
 
 /// Takes one field off the front of `left`; `left` then begins with the comma behind it, or is
@@ -32,13 +41,15 @@ std::string_view takeField(std::string_view& left) {
   std::string_view field;
   if (left.starts_with('"')) {
     left.remove_prefix(1);
-    const std::size_t quote = left.find('"');
+    const std::size_t quote = bytes::find(left, '"');
     field = left.substr(0, quote);
-    left.remove_prefix(quote == std::string_view::npos ? left.size() : quote + 1);
+    left.remove_prefix(std::min(quote + 1, left.size()));
     // What stands between the closing quote and the comma belongs to no field.
-    left.remove_prefix(std::min(left.find(','), left.size()));
+    if (!left.starts_with(',')) {
+      left.remove_prefix(bytes::find(left, ','));
+    }
   } else {
-    const std::size_t comma = std::min(left.find(','), left.size());
+    const std::size_t comma = bytes::find(left, ',');
     field = withoutTrailingBlanks(left.substr(0, comma));
     left.remove_prefix(comma);
   }
@@ -51,19 +62,23 @@ std::wstring Record::text(std::size_t n) const {
   return platform::text::fromCodePage(fields.at(n));
 }
 
+void Record::text(std::size_t n, std::wstring& text) const {
+  platform::text::fromCodePage(fields.at(n), text);
+}
+
 bool Reader::next(Record& record) {
-  if (left_.empty()) {
+  if (next_ == bytes_.size()) {
     return false;
   }
-  const std::size_t contentEnd = std::min(left_.find_first_of(lineEnd), left_.size());
-  std::size_t next = contentEnd;
-  if (next < left_.size()) {
-    next += left_.substr(next).starts_with(lineEnd) ? 2 : 1;
+  const std::size_t begin = next_;
+  const std::size_t end = bytes::findEither(bytes_, '\r', '\n', begin);
+  next_ = end;
+  if (end < bytes_.size()) {
+    next_ += bytes_.substr(end).starts_with(lineEnd) ? lineEnd.size() : 1;
   }
   record = {};
-  record.line = left_.substr(0, next);
-  std::string_view content = left_.substr(0, contentEnd);
-  left_.remove_prefix(next);
+  record.line = bytes_.substr(begin, next_ - begin);
+  std::string_view content = bytes_.substr(begin, end - begin);
 
   if (withoutLeadingBlanks(content).empty()) {
     return true;
@@ -94,23 +109,79 @@ std::string line(std::initializer_list<std::string_view> fields) {
   return record.append(lineEnd);
 }
 
-void append(std::string& bytes, std::string_view record) {
-  if (!bytes.empty() && bytes.back() != '\n' && bytes.back() != '\r') {
-    bytes += lineEnd;
+void append(std::string& content, std::string_view record) {
+  if (!content.empty() && content.back() != '\n' && content.back() != '\r') {
+    content += lineEnd;
   }
-  bytes += record;
+  content += record;
 }
 
-std::string filtered(std::string_view bytes, const std::function<bool(const Record&)>& keep) {
-  std::string kept;
-  kept.reserve(bytes.size());
-  Reader reader(bytes);
+namespace {
+
+/// A record that does not stay as it is.
+struct Splice {
+  std::size_t begin;
+  std::size_t end;
+  std::string replacement;
+};
+
+std::vector<Splice> splicesOf(std::string_view content,
+                              const std::function<Change(const Record&, std::string&)>& edit) {
+  std::vector<Splice> splices;
+  std::string replacement;
+  Reader reader(content);
   for (Record record; reader.next(record);) {
-    if (keep(record)) {
-      kept += record.line;
+    replacement.clear();
+    if (edit(record, replacement) == Change::replaced) {
+      const auto begin = static_cast<std::size_t>(record.line.data() - content.data());
+      splices.push_back({begin, begin + record.line.size(), replacement});
     }
   }
-  return kept;
+  return splices;
+}
+
+/// Puts the replacements into `content` itself, none of which may be longer than its record.
+void spliceInPlace(std::string& content, const std::vector<Splice>& splices) {
+  std::size_t written = splices.front().begin;
+  for (std::size_t n = 0; n < splices.size(); ++n) {
+    content.replace(written, splices[n].replacement.size(), splices[n].replacement);
+    written += splices[n].replacement.size();
+    const std::size_t next = n + 1 < splices.size() ? splices[n + 1].begin : content.size();
+    std::memmove(content.data() + written, content.data() + splices[n].end, next - splices[n].end);
+    written += next - splices[n].end;
+  }
+  content.resize(written);
+}
+
+}  // namespace
+
+std::string edited(std::string content,
+                   const std::function<Change(const Record&, std::string&)>& edit) {
+  const std::vector<Splice> splices = splicesOf(content, edit);
+  if (splices.empty()) {
+    return content;
+  }
+  if (std::all_of(splices.begin(), splices.end(), [](const Splice& splice) {
+        return splice.replacement.size() <= splice.end - splice.begin;
+      })) {
+    // A list of a million records is not copied for the sake of one.
+    spliceInPlace(content, splices);
+    return content;
+  }
+  std::string result;
+  std::size_t unchanged = 0;
+  for (const Splice& splice : splices) {
+    result.append(content, unchanged, splice.begin - unchanged);
+    result += splice.replacement;
+    unchanged = splice.end;
+  }
+  return result.append(content, unchanged);
+}
+
+std::string filtered(std::string content, const std::function<bool(const Record&)>& keep) {
+  return edited(std::move(content), [&keep](const Record& record, std::string& /*replacement*/) {
+    return keep(record) ? Change::none : Change::replaced;
+  });
 }
 
 void discardStale(const std::wstring& temporary) {
@@ -121,14 +192,16 @@ void discardStale(const std::wstring& temporary) {
 }
 
 void rewrite(const std::wstring& path, const std::wstring& temporary, Missing missing,
-             const std::function<std::string(std::string_view)>& edit) {
+             const std::function<std::string(std::string)>& edit) {
   constexpr int mostTries = 50;
-  discardStale(temporary);
+  // From before the reading on, so that another copy of this program cannot read what is about to
+  // be replaced.
+  files::Draft draft(temporary);
   for (int tries = 0; tries < mostTries; ++tries) {
-    const files::Contents old =
+    files::Contents old =
         missing == Missing::isEmpty ? files::readForAppending(path) : files::readWhole(path);
-    files::writeWhole(temporary, edit(old.bytes));
-    if (files::replace(temporary, path, old.stamp) == files::Replaced::yes) {
+    draft.write(edit(std::move(old.bytes)));
+    if (draft.replace(path, old.stamp) == files::Replaced::yes) {
       return;
     }
   }
@@ -137,9 +210,9 @@ void rewrite(const std::wstring& path, const std::wstring& temporary, Missing mi
 
 files::Replaced replaceAll(const std::wstring& path, const std::wstring& temporary,
                            const std::string& bytes, const files::Stamp& expected) {
-  discardStale(temporary);
-  files::writeWhole(temporary, bytes);
-  return files::replace(temporary, path, expected);
+  files::Draft draft(temporary);
+  draft.write(bytes);
+  return draft.replace(path, expected);
 }
 
 }  // namespace list_file

@@ -29,6 +29,8 @@ struct Record {
   [[nodiscard]] bool has(std::size_t n) const { return n < fieldCount; }
   /// Field `n` (from 0, below `fieldsRead`) as text; "" where missing.
   [[nodiscard]] std::wstring text(std::size_t n) const;
+  /// The same into a text that is there already, whose memory is used again.
+  void text(std::size_t n, std::wstring& text) const;
 };
 
 /// Reads records one after the other. A line ends with CR LF, LF or CR, or with the file. Fields
@@ -36,12 +38,13 @@ struct Record {
 /// with its line. A field never comes from another line.
 class Reader {
  public:
-  explicit Reader(std::string_view bytes) : left_(bytes) {}
+  explicit Reader(std::string_view bytes) : bytes_(bytes) {}
   /// Reads the next line into `record`; false at the end of the file.
   bool next(Record& record);
 
  private:
-  std::string_view left_;
+  std::string_view bytes_;
+  std::size_t next_ = 0;  // where the next line begins
 };
 
 /// A record of the given fields, which are already in the code page, with its CR LF. Quotes inside
@@ -51,8 +54,18 @@ class Reader {
 /// Adds a record at the end of `bytes`, after ending a last line that lacks its line end.
 void append(std::string& bytes, std::string_view record);
 
-/// Copies the records for which `keep` holds, byte for byte.
-[[nodiscard]] std::string filtered(std::string_view bytes,
+/// What an edit makes of one record.
+enum class Change {
+  none,      ///< It stays, byte for byte.
+  replaced,  ///< The bytes that the edit gave stand in its place; none for its removal.
+};
+
+/// The records, with those changed that `edit` changes.
+[[nodiscard]] std::string edited(std::string content,
+                                 const std::function<Change(const Record&, std::string&)>& edit);
+
+/// The records for which `keep` holds, byte for byte.
+[[nodiscard]] std::string filtered(std::string content,
                                    const std::function<bool(const Record&)>& keep);
 
 /// How a rewrite takes a file that is missing.
@@ -65,7 +78,7 @@ enum class Missing { isError, isEmpty };
 /// `Missing::isEmpty`: appending), writing and deleting the file raise; the file is then as it
 /// was. Raises 70 when other programs keep changing it.
 void rewrite(const std::wstring& path, const std::wstring& temporary, Missing missing,
-             const std::function<std::string(std::string_view)>& edit);
+             const std::function<std::string(std::string)>& edit);
 
 /// Puts `bytes` in the place of the file at `path` in the same way, whatever it holds, but only
 /// if it is still in the state `expected`. Raises 53 when the file is missing.

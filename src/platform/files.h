@@ -5,7 +5,10 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace platform::files {
@@ -27,6 +30,11 @@ struct Entry {
 /// only when `attributes` asks for them; "." and ".." never come. An empty result stands for
 /// every way of finding nothing; no error is raised.
 [[nodiscard]] std::vector<Entry> search(const std::wstring& pattern, unsigned attributes = normal);
+
+/// What `search(folder + L"\\*." + extension)` finds for each of the extensions; the folder is read
+/// only once.
+[[nodiscard]] std::vector<std::vector<Entry>> searchByExtension(
+    const std::wstring& folder, const std::vector<std::wstring>& extensions);
 
 /// Name of the first entry that `search` would return, "" when there is none.
 [[nodiscard]] std::wstring findFirst(const std::wstring& pattern, unsigned attributes = normal);
@@ -51,8 +59,10 @@ void rename(const std::wstring& from, const std::wstring& to);
 /// 75 (target read-only).
 void copy(const std::wstring& from, const std::wstring& to);
 
-/// Moment of the last modification. Raises 53 when the file is missing.
-[[nodiscard]] FileTime modifiedTime(const std::wstring& path);
+/// Moment of the last modification of a normal file (not hidden, not system); nothing when there is
+/// none, for whatever reason. It costs one question to the file system, for those who ask every
+/// second.
+[[nodiscard]] std::optional<FileTime> modifiedTime(const std::wstring& path);
 
 /// What tells one state of a file from another without reading it.
 struct Stamp {
@@ -77,21 +87,40 @@ struct Contents {
 /// 70 (in use).
 [[nodiscard]] Contents readForAppending(const std::wstring& path);
 
-/// Creates `path` or empties it, writes `bytes`, and flushes them to the disk before it closes
-/// the file. Raises 61, 70, 75, 76. What was written before a failure stays.
-void writeWhole(const std::wstring& path, const std::string& bytes);
-
-/// What came of a `replace`.
+/// What came of putting a draft in the place of a file.
 enum class Replaced {
-  yes,           ///< `to` now holds what `from` held; `from` is gone.
-  changedSince,  ///< Somebody changed `to` after `expected` was taken; both files are untouched.
+  yes,           ///< The file now holds what the draft held; the draft is gone.
+  changedSince,  ///< Somebody changed the file after `expected` was taken; both are untouched.
 };
 
-/// Puts `from` in the place of `to` in one atomic step, so that at every instant `to` is either
-/// the old file or the new one. When `expected.present` is false `to` must not exist yet.
-/// Refuses what a deletion of `to` would refuse, with its number: 53 (missing), 75 (read-only),
-/// 70 (in use).
-[[nodiscard]] Replaced replace(const std::wstring& from, const std::wstring& to,
-                               const Stamp& expected);
+/// A file in the making that is to take the place of another one. While the draft lives no other
+/// program can write, delete or replace it, so that of several programs that make their draft
+/// under the same name only one is at work at a time.
+class Draft {
+ public:
+  /// Discards a stale file at `path`, a hidden one too, and creates it anew. While another program
+  /// holds it, waits for a moment. Raises 70 (held for longer), 75 (a read-only file, a folder, or
+  /// no right to create it), 76 (folder missing).
+  explicit Draft(const std::wstring& path);
+  Draft(const Draft&) = delete;
+  Draft& operator=(const Draft&) = delete;
+  /// Lets go of the file. One that has not taken the other's place stays behind.
+  ~Draft();
+
+  /// Makes `bytes` the whole content and flushes it to the disk. Raises 61, 57 and what creating
+  /// raises. What was written before a failure stays.
+  void write(std::string_view bytes);
+
+  /// Puts the draft in the place of `to` in one atomic step, so that at every instant `to` is
+  /// either the old file or the new one. When `expected.present` is false `to` must not exist
+  /// yet. After `yes` the draft is spent; after `changedSince` it can be written again. Refuses
+  /// what a deletion of `to` would refuse, with its number: 53 (missing), 75 (read-only),
+  /// 70 (in use).
+  [[nodiscard]] Replaced replace(const std::wstring& to, const Stamp& expected);
+
+ private:
+  struct State;
+  std::unique_ptr<State> state_;
+};
 
 }  // namespace platform::files

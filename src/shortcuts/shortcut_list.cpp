@@ -57,17 +57,13 @@ void addShortcut(ShortcutList& shortcuts, const std::wstring& fileName) {
   addImages(shortcuts, fileName, target);
   attachImages(shortcuts);
   const std::wstring text = fileName.substr(0, fileName.find(L'.'));
-  shortcuts.list.add({text, fileName, {L"", link, target}});
-}
-
-std::wstring fileOf(const ListView& list, std::size_t index) {
-  return list.subItem(index, shortcut_column::file);
+  shortcuts.list.add(text, fileName, {L"", link, target});
 }
 
 }  // namespace
 
 void LoadShortcutList(ShortcutList& shortcuts) {
-  const ListView::KeepPlace keep(shortcuts.list, fileOf);
+  const ListView::KeepPlace keep(shortcuts.list, {shortcut_column::file});
   shortcuts.list.clear();
   shortcuts.list.setImages(nullptr, nullptr);
   clearImages(shortcuts);

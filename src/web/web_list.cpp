@@ -1,5 +1,7 @@
 #include "web/web_list.h"
 
+#include <utility>
+
 #include "catalogue/catalogue_file.h"
 #include "catalogue/list_file.h"
 #include "platform/files.h"
@@ -20,11 +22,6 @@ namespace files = platform::files;
 
 namespace {
 
-std::wstring nameAndUrl(const ListView& list, std::size_t index) {
-  // A name may hold anything that can be typed, but never a NUL.
-  return list.text(index) + L'\0' + list.subItem(index, urlColumn);
-}
-
 std::string recordOf(const std::wstring& name, const std::wstring& url) {
   return list_file::line({toCodePage(name), toCodePage(url)});
 }
@@ -35,7 +32,7 @@ std::wstring WebListFile() { return AppFolder() + L"\\QMKWebList.txt"; }
 
 void LoadWebList(WebList& web) {
   try {
-    const ListView::KeepPlace keep(web.list(), nameAndUrl);
+    const ListView::KeepPlace keep(web.list(), {0, urlColumn});
     web.list().clear();
     web.list().setImages(&web.largeImages, &web.smallImages);
     web.list().setView(controls::reportView);
@@ -46,7 +43,7 @@ void LoadWebList(WebList& web) {
     Reader reader(contents.bytes);
     for (Record record; reader.next(record);) {
       if (record.has(0)) {
-        web.list().add({record.text(0), L"Web", {record.text(1)}});
+        web.list().add(record.text(0), L"Web", {record.text(1)});
       }
     }
   } catch (const RunTimeError& failure) {
@@ -55,8 +52,7 @@ void LoadWebList(WebList& web) {
 }
 
 void AppendWebEntry(WebList& web, const std::wstring& name, const std::wstring& url) {
-  list_file::rewrite(WebListFile(), TemporaryFile(), Missing::isEmpty, [&](std::string_view old) {
-    std::string bytes(old);
+  list_file::rewrite(WebListFile(), TemporaryFile(), Missing::isEmpty, [&](std::string bytes) {
     list_file::append(bytes, recordOf(name, url));
     return bytes;
   });
@@ -78,7 +74,7 @@ void SaveWebList(WebList& web, const std::wstring& name, const std::wstring& url
     }
     // The file becomes what the list holds, whatever it holds itself.
     list_file::rewrite(WebListFile(), TemporaryFile(), Missing::isError,
-                       [&bytes](std::string_view) { return bytes; });
+                       [&bytes](const std::string& /*old*/) { return bytes; });
     LoadWebList(web);
   } catch (const RunTimeError& failure) {
     ShowListFileProblem(L"Problem saving to QMK list", failure);
@@ -86,9 +82,10 @@ void SaveWebList(WebList& web, const std::wstring& name, const std::wstring& url
 }
 
 void DeleteWebEntry(WebList& web, const std::wstring& name) {
-  list_file::rewrite(WebListFile(), TemporaryFile(), Missing::isError, [&](std::string_view old) {
-    return list_file::filtered(
-        old, [&name](const Record& record) { return !record.has(0) || record.text(0) != name; });
+  list_file::rewrite(WebListFile(), TemporaryFile(), Missing::isError, [&](std::string old) {
+    return list_file::filtered(std::move(old), [&name](const Record& record) {
+      return !record.has(0) || record.text(0) != name;
+    });
   });
   LoadWebList(web);
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <new>
 
 #include "platform/link_text.h"
 #include "platform/run_time_error.h"
@@ -63,6 +64,8 @@ void Desktop::reset() {
   putFolder(L"C:\\Windows");
   onReplace = nullptr;
   calls_ = 0;
+  looks_ = 0;
+  failedCalls_.clear();
   failNothing();
   journal_.clear();
   formatDate = shortDate;
@@ -83,6 +86,7 @@ void Desktop::reset() {
   helpShown.clear();
   documents = L"C:\\Users\\Ann\\Documents";
   icons_.clear();
+  onIcon = nullptr;
   iconsAsked.clear();
   applicationFolder = L"C:\\App";
   version = {3, 0, 0};
@@ -147,12 +151,32 @@ void Desktop::failCall(int n, int number, bool forever) {
   failAt_ = calls_ + n;
   failWith_ = number;
   failForever_ = forever;
+  failedCalls_.clear();
 }
 
 void Desktop::failNothing() {
   failAt_ = 0;
   failWith_ = 0;
   failForever_ = false;
+  blindAt_ = 0;
+  blindForever_ = false;
+}
+
+void Desktop::failLook(int n, LookFault fault, bool forever) {
+  blindAt_ = looks_ + n;
+  lookFault_ = fault;
+  blindForever_ = forever;
+}
+
+bool Desktop::blinded() {
+  ++looks_;
+  if (blindAt_ == 0 || (looks_ != blindAt_ && !(blindForever_ && looks_ > blindAt_))) {
+    return false;
+  }
+  if (lookFault_ == LookFault::outOfMemory) {
+    throw std::bad_alloc();
+  }
+  return true;
 }
 
 bool Desktop::journalHas(const std::wstring& line) const { return journalPlace(line).has_value(); }
@@ -173,7 +197,7 @@ void Desktop::call(const std::wstring& what, const std::function<void()>& operat
   const std::size_t line = journal_.size();
   note(what);
   try {
-    look(operation);
+    attempt({what, line}, operation);
   } catch (const RunTimeError& failure) {
     // The journal may have been cleared by a hook that ran meanwhile.
     if (line < journal_.size()) {
@@ -183,9 +207,10 @@ void Desktop::call(const std::wstring& what, const std::function<void()>& operat
   }
 }
 
-void Desktop::look(const std::function<void()>& operation) {
+void Desktop::attempt(const FailedCall& failing, const std::function<void()>& operation) {
   ++calls_;
   if (failAt_ > 0 && (calls_ == failAt_ || (failForever_ && calls_ > failAt_))) {
+    failedCalls_.push_back(failing);
     throw RunTimeError(failWith_);
   }
   operation();

@@ -134,22 +134,40 @@ class Desktop {
   void alias(const std::wstring& shortPath, const std::wstring& longPath);
   /// The shortcut stored in a file, nothing when it holds none.
   [[nodiscard]] std::optional<platform::shell_links::Link> linkAt(const std::wstring& path) const;
-  /// Runs just before `files::replace` looks at its target, once per call: another program that
+  /// Runs just before a draft that is to replace a file looks at it, once per call: another program that
   /// writes in that moment.
   std::function<void()> onReplace;
 
   // --- failing calls, and the journal ---
 
   /// Makes the n-th call from now (1 is the next one) that can raise an error raise `number`
-  /// instead of working; with `forever` every later one too. A `writeWhole` that fails with 61 or
-  /// 57 leaves the first half of its bytes behind.
+  /// instead of working; with `forever` every later one too. A draft whose writing fails with
+  /// 61 or 57 keeps the first half of the bytes.
   void failCall(int n, int number, bool forever = false);
-  /// Forgets what `failCall` asked for.
+  /// What becomes of a call that only looks and by its contract raises no error: the reading of a
+  /// shortcut's target, a setting, a registry value, an icon or the documents folder.
+  enum class LookFault {
+    findsNothing,  ///< It has the answer that stands for "nothing there".
+    outOfMemory,   ///< It throws std::bad_alloc, the one failure that every call is left with.
+  };
+  /// Lets that happen to the n-th such call from now (1 is the next one); with `forever` to every
+  /// later one too.
+  void failLook(int n, LookFault fault, bool forever = false);
+  /// Forgets what `failCall` and `failLook` asked for.
   void failNothing();
+  /// A call that `failCall` made fail.
+  struct FailedCall {
+    std::wstring what;      ///< Its line in the journal, "" for a call that has none.
+    std::size_t place = 0;  ///< Number of the lines before it.
+  };
+  /// The calls that failed since `failCall` was last asked, in order.
+  [[nodiscard]] const std::vector<FailedCall>& failedCalls() const { return failedCalls_; }
   /// Number of calls that could have raised an error, since the reset.
   [[nodiscard]] int calls() const { return calls_; }
+  /// Number of calls that only looked and cannot raise an error, since the reset.
+  [[nodiscard]] int looks() const { return looks_; }
   /// What the program did to the desktop, in order: "make folder P", "remove P", "rename P -> Q",
-  /// "copy P -> Q", "read P", "read to append P", "write P", "replace P -> Q" (with " (changed)"
+  /// "copy P -> Q", "read P", "read to append P", "create P", "write P", "replace P -> Q" (with " (changed)"
   /// when it was refused), "setting S\K = V", "link P", "start E", "browse A", "classic help F",
   /// "compiled help F", "message T", "error N", "input P", "open file dialog", "create W",
   /// "show W", "activate W", "menu M at X Y", "destroy W", "modal W", "run W", "tick T", "pump",
@@ -204,6 +222,8 @@ class Desktop {
   std::optional<std::wstring> documents;
   /// Gives a program file an icon: a square of one colour, 0xAARRGGBB.
   void setIcon(const std::wstring& program, std::uint32_t colour);
+  /// Runs when the icon of a program is asked for.
+  std::function<void(const std::wstring& program)> onIcon;
   /// Files whose icon was asked for, and the side.
   std::vector<std::pair<std::wstring, int>> iconsAsked;
 
@@ -259,7 +279,11 @@ class Desktop {
   /// Runs `operation` as one such call; an error that it raises is marked in the journal.
   void call(const std::wstring& what, const std::function<void()>& operation);
   /// The same for a call that only looks and has no line in the journal.
-  void look(const std::function<void()>& operation);
+  void look(const std::function<void()>& operation) {
+    attempt({L"", journal_.size()}, operation);
+  }
+  /// One call that only looks and raises nothing: true when it is to find nothing.
+  [[nodiscard]] bool blinded();
   void note(const std::wstring& what) { journal_.push_back(what); }
   /// Adds to the last line of the journal.
   void amend(const std::wstring& more) { journal_.back() += more; }
@@ -278,12 +302,18 @@ class Desktop {
   std::map<std::wstring, int> activatedCounts;
 
  private:
+  void attempt(const FailedCall& failing, const std::function<void()>& operation);
   std::unique_ptr<FileSystem> disk_;
   VirtualClock clock_;
   int calls_ = 0;
   int failAt_ = 0;
   int failWith_ = 0;
   bool failForever_ = false;
+  std::vector<FailedCall> failedCalls_;
+  int looks_ = 0;
+  int blindAt_ = 0;
+  LookFault lookFault_ = LookFault::findsNothing;
+  bool blindForever_ = false;
   std::vector<std::wstring> journal_;
   std::map<std::wstring, std::wstring> settings_;
   std::map<std::wstring, platform::registry::Value> registry_;

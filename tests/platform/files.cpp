@@ -11,6 +11,20 @@ std::vector<Entry> search(const std::wstring& pattern, unsigned attributes) {
   return desktop().disk().search(pattern, attributes);
 }
 
+std::vector<std::vector<Entry>> searchByExtension(const std::wstring& folder,
+                                                  const std::vector<std::wstring>& extensions) {
+  std::vector<std::vector<Entry>> found;
+  for (const std::wstring& extension : extensions) {
+    found.push_back(search(folder + L"\\*." + extension));
+  }
+  return found;
+}
+
+std::optional<FileTime> modifiedTime(const std::wstring& path) {
+  const auto found = search(path);
+  return found.empty() ? std::nullopt : std::optional(found.front().modified);
+}
+
 std::wstring findFirst(const std::wstring& pattern, unsigned attributes) {
   const auto found = search(pattern, attributes);
   return found.empty() ? L"" : found.front().name;
@@ -36,12 +50,6 @@ void copy(const std::wstring& from, const std::wstring& to) {
   desktop().call(L"copy " + from + L" -> " + to, [&] { desktop().disk().copy(from, to); });
 }
 
-FileTime modifiedTime(const std::wstring& path) {
-  FileTime modified = 0;
-  desktop().look([&] { modified = desktop().disk().modifiedTime(path); });
-  return modified;
-}
-
 Contents readWhole(const std::wstring& path) {
   Contents contents;
   desktop().call(L"read " + path, [&] { contents = desktop().disk().readWhole(path); });
@@ -55,31 +63,45 @@ Contents readForAppending(const std::wstring& path) {
   return contents;
 }
 
-void writeWhole(const std::wstring& path, const std::string& bytes) {
+struct Draft::State {
+  std::wstring path;
+};
+
+Draft::Draft(const std::wstring& path) : state_(std::make_unique<State>(State{path})) {
+  if (!findFirst(path, hidden | system).empty()) {
+    remove(path);
+  }
+  desktop().call(L"create " + path, [&path] { desktop().disk().writeWhole(path, ""); });
+}
+
+Draft::~Draft() = default;
+
+void Draft::write(std::string_view bytes) {
+  const std::wstring& path = state_->path;
   bool reached = false;
   try {
     desktop().call(L"write " + path, [&] {
       reached = true;
-      desktop().disk().writeWhole(path, bytes);
+      desktop().disk().writeWhole(path, std::string(bytes));
     });
   } catch (const RunTimeError& failure) {
     // A disk that fills up or breaks does so in the middle of the writing.
     if (!reached &&
         (failure.number() == error::diskFull || failure.number() == error::deviceError)) {
-      desktop().disk().writeWhole(path, bytes.substr(0, bytes.size() / 2));
+      desktop().disk().writeWhole(path, std::string(bytes.substr(0, bytes.size() / 2)));
     }
     throw;
   }
 }
 
-Replaced replace(const std::wstring& from, const std::wstring& to, const Stamp& expected) {
+Replaced Draft::replace(const std::wstring& to, const Stamp& expected) {
   if (desktop().onReplace) {
     desktop().onReplace();
   }
-  const std::wstring what = L"replace " + from + L" -> " + to;
+  const std::wstring what = L"replace " + state_->path + L" -> " + to;
   Replaced result = Replaced::changedSince;
   desktop().call(what, [&] {
-    result = desktop().disk().replace(from, to, expected);
+    result = desktop().disk().replace(state_->path, to, expected);
     if (result == Replaced::changedSince) {
       desktop().amend(L" (changed)");
     }

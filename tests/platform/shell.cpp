@@ -92,6 +92,9 @@ void write(const std::wstring& linkPath, const Link& link) {
 }
 
 std::wstring targetOf(const std::wstring& linkPath) {
+  if (desktop().blinded()) {
+    return L"";
+  }
   const auto link = desktop().linkAt(linkPath);
   return link ? link->targetPath : L"";
 }
@@ -126,6 +129,12 @@ namespace pictures {
 
 std::optional<Picture> programIcon(const std::wstring& file, int side) {
   desktop().iconsAsked.emplace_back(file, side);
+  if (desktop().onIcon) {
+    desktop().onIcon(file);
+  }
+  if (desktop().blinded()) {
+    return std::nullopt;
+  }
   const auto colour = desktop().iconColour(file);
   if (!colour) {
     return std::nullopt;

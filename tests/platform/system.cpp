@@ -41,6 +41,9 @@ namespace settings {
 
 std::wstring read(const std::wstring& section, const std::wstring& key,
                   const std::wstring& otherwise) {
+  if (desktop().blinded()) {
+    return otherwise;
+  }
   return desktop().setting(section, key).value_or(otherwise);
 }
 
@@ -56,6 +59,9 @@ namespace registry {
 std::optional<Value> query(Root root, const std::wstring& key, const std::wstring& name,
                            std::uint32_t access, std::size_t bufferBytes) {
   desktop().registryQueries.push_back({root, key, name, access, bufferBytes});
+  if (desktop().blinded()) {
+    return std::nullopt;
+  }
   auto value = desktop().registryValue(root, key, name);
   if (value && value->bytes.size() > bufferBytes) {
     return std::nullopt;
@@ -72,9 +78,13 @@ std::wstring todayText() {
   return today ? desktop().formatDate(*today) : L"";
 }
 
-std::wstring dateAndTimeText(files::FileTime moment) {
-  const auto local = ::desktop::dateTime(moment);
-  return local ? desktop().formatDateAndTime(*local) : L"";
+std::vector<std::wstring> dateAndTimeTexts(const std::vector<files::FileTime>& moments) {
+  std::vector<std::wstring> texts;
+  for (const files::FileTime moment : moments) {
+    const auto local = ::desktop::dateTime(moment);
+    texts.push_back(local ? desktop().formatDateAndTime(*local) : L"");
+  }
+  return texts;
 }
 
 }  // namespace clock
@@ -82,7 +92,7 @@ std::wstring dateAndTimeText(files::FileTime moment) {
 namespace folders {
 
 std::optional<std::wstring> specialFolder(const controls::Window& /*owner*/, int id) {
-  return id == personal ? desktop().documents : std::nullopt;
+  return id == personal && !desktop().blinded() ? desktop().documents : std::nullopt;
 }
 
 }  // namespace folders

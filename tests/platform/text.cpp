@@ -5,6 +5,8 @@
 #include <clocale>
 #include <cwctype>
 
+#include "platform/plain_text.h"
+
 namespace platform::text {
 namespace {
 
@@ -32,6 +34,19 @@ std::wstring upper(std::wstring_view text) {
   return result;
 }
 
+bool upperEquals(std::wstring_view text, std::wstring_view wanted) {
+  return plain::upperEquals(text, wanted, [&] { return upper(text) == wanted; });
+}
+
+SortKeys sortKeys(std::size_t count, const std::function<std::wstring_view(std::size_t)>& textAt) {
+  SortKeys keys;
+  for (std::size_t n = 0; n < count; ++n) {
+    keys.bytes += sortKey(textAt(n));
+    keys.ends.push_back(keys.bytes.size());
+  }
+  return keys;
+}
+
 std::string sortKey(std::wstring_view text) {
   // The order of the tests is that of the code points, four bytes each, highest first.
   std::string key;
@@ -44,14 +59,30 @@ std::string sortKey(std::wstring_view text) {
   return key;
 }
 
+bool codePageEquals(std::string_view bytes, std::wstring_view text) {
+  return plain::codePageEquals(bytes, text, [&] { return fromCodePage(bytes) == text; });
+}
+
+bool upperCodePageEquals(std::string_view bytes, std::wstring_view wanted) {
+  return plain::upperCodePageEquals(bytes, wanted,
+                                    [&] { return upper(fromCodePage(bytes)) == wanted; });
+}
+
 std::wstring fromCodePage(std::string_view bytes) {
-  std::wstring result;
-  result.reserve(bytes.size());
+  std::wstring text;
+  fromCodePage(bytes, text);
+  return text;
+}
+
+void fromCodePage(std::string_view bytes, std::wstring& text) {
+  if (plain::widen(bytes, text)) {
+    return;
+  }
+  text.clear();
   for (const char byte : bytes) {
     const auto code = static_cast<unsigned char>(byte);
-    result += code >= 0x80 && code < 0xA0 ? upperHalf[code - 0x80] : static_cast<wchar_t>(code);
+    text += code >= 0x80 && code < 0xA0 ? upperHalf[code - 0x80] : static_cast<wchar_t>(code);
   }
-  return result;
 }
 
 std::string toCodePage(std::wstring_view text) {

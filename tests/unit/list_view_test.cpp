@@ -21,7 +21,7 @@ class ListViewTest : public ::desktop::DesktopTest {
  protected:
   void addAll(const Texts& texts) {
     for (const auto& text : texts) {
-      list.add({text, L"", {}});
+      list.add(text, L"", {});
     }
   }
   [[nodiscard]] Texts texts() const {
@@ -43,7 +43,7 @@ TEST_F(ListViewTest, ItemsKeepTheOrderOfTheirAddition) {
 }
 
 TEST_F(ListViewTest, AnItemKeepsWhatItWasAddedWith) {
-  list.add({L"text", L"icon", {L"one", L"two"}});
+  list.add(L"text", L"icon", {L"one", L"two"});
   EXPECT_EQ(list.text(0), L"text");
   EXPECT_EQ(list.icon(0), L"icon");
   EXPECT_EQ(list.subItem(0, 1), L"one");
@@ -51,7 +51,7 @@ TEST_F(ListViewTest, AnItemKeepsWhatItWasAddedWith) {
 }
 
 TEST_F(ListViewTest, SubItemsThatWereNeverSetAreEmpty) {
-  list.add({L"text", L"", {L"one"}});
+  list.add(L"text", L"", {L"one"});
   EXPECT_EQ(list.subItem(0, 0), L"");
   EXPECT_EQ(list.subItem(0, 2), L"");
   list.setSubItem(0, 4, L"four");
@@ -121,10 +121,10 @@ TEST_F(ListViewTest, SortsWithoutRegardToCase) {
 TEST_F(ListViewTest, EqualTextsKeepTheirOrderBothWaysRound) {
   list.setSorted(true);
   for (const auto* const number : {L"1", L"2", L"3"}) {
-    list.add({L"same", L"", {number}});
-    list.add({L"SAME", L"", {std::wstring(number) + L"'"}});
+    list.add(L"same", L"", {number});
+    list.add(L"SAME", L"", {std::wstring(number) + L"'"});
   }
-  list.add({L"other", L"", {L"0"}});
+  list.add(L"other", L"", {L"0"});
   const auto numbers = [this] {
     Texts found;
     for (std::size_t index = 0; index < list.count(); ++index) {
@@ -138,9 +138,9 @@ TEST_F(ListViewTest, EqualTextsKeepTheirOrderBothWaysRound) {
 }
 
 TEST_F(ListViewTest, SortsByAnyColumn) {
-  list.add({L"a", L"", {L"z"}});
-  list.add({L"b", L"", {L"y", L"2"}});
-  list.add({L"c", L"", {L"x", L"1"}});
+  list.add(L"a", L"", {L"z"});
+  list.add(L"b", L"", {L"y", L"2"});
+  list.add(L"c", L"", {L"x", L"1"});
   list.setSorted(true);
   list.setSortKey(1);
   EXPECT_EQ(texts(), (Texts{L"c", L"b", L"a"}));
@@ -185,8 +185,8 @@ TEST_F(ListViewTest, ARenamedItemMovesToItsNewPlace) {
 TEST_F(ListViewTest, ASubItemMovesItsItemOnlyInTheSortedColumn) {
   list.setSorted(true);
   list.setSortKey(2);
-  list.add({L"first", L"", {L"", L"b"}});
-  list.add({L"second", L"", {L"", L"c"}});
+  list.add(L"first", L"", {L"", L"b"});
+  list.add(L"second", L"", {L"", L"c"});
   list.setText(0, L"zzz");
   list.setSubItem(0, 1, L"zzz");
   EXPECT_EQ(texts(), (Texts{L"zzz", L"second"}));
@@ -297,7 +297,7 @@ TEST_F(ListViewTest, AMillionItemsAreNoTrouble) {
   {
     const ListView::Update update(list);
     for (int n = 0; n < 1'000'000; ++n) {
-      list.add({std::to_wstring(n % 1000), L"", {}});
+      list.add(std::to_wstring(n % 1000), L"", {});
     }
   }
   EXPECT_EQ(list.text(0), L"0");
@@ -309,8 +309,7 @@ TEST_F(ListViewTest, AMillionItemsAreNoTrouble) {
 class KeepPlaceTest : public ListViewTest {
  protected:
   void rebuild(const Texts& names) {
-    const ListView::KeepPlace keep(
-        list, [](const ListView& rows, std::size_t index) { return rows.text(index); });
+    const ListView::KeepPlace keep(list, {0});
     list.clear();
     addAll(names);
   }

@@ -62,44 +62,51 @@ TEST_F(MemoryFilesTest, ReadsForAppending) {
   EXPECT_EQ(errorNumberOf([&] { static_cast<void>(readForAppending(file)); }), 75);
 }
 
-TEST_F(MemoryFilesTest, WritesNewFilesAndOldOnes) {
-  writeWhole(missing, "new");
-  EXPECT_EQ(desktop().bytesOf(missing), "new");
+TEST_F(MemoryFilesTest, ADraftIsCreatedAnew) {
+  { const Draft draft(missing); }
+  EXPECT_EQ(desktop().bytesOf(missing), "");
   const Stamp before = readWhole(file).stamp;
-  writeWhole(file, "next");
+  Draft draft(file);
+  EXPECT_EQ(desktop().bytesOf(file), "") << "The stale content is discarded";
+  draft.write("first, longer");
+  draft.write("next");
   EXPECT_EQ(desktop().bytesOf(file), "next");
   const Stamp after = readWhole(file).stamp;
   EXPECT_GT(after.modified, before.modified) << "Even while the clock stands still";
-  EXPECT_EQ(after.fileId, before.fileId);
+  EXPECT_NE(after.fileId, before.fileId);
 }
 
-TEST_F(MemoryFilesTest, WritingRaises) {
-  EXPECT_EQ(errorNumberOf([&] { writeWhole(astray, ""); }), 76);
-  EXPECT_EQ(errorNumberOf([&] { writeWhole(folder, ""); }), 75);
-  EXPECT_EQ(errorNumberOf([&] { writeWhole(L"C:\\App\\a?b", ""); }), 52);
+TEST_F(MemoryFilesTest, ADraftRaises) {
+  const auto number = [](const std::wstring& path) {
+    return errorNumberOf([&path] { const Draft draft(path); });
+  };
+  EXPECT_EQ(number(astray), 76);
+  EXPECT_EQ(number(folder), 75);
+  EXPECT_EQ(number(L"C:\\App\\a?b"), 52);
   desktop().lock(file);
-  EXPECT_EQ(errorNumberOf([&] { writeWhole(file, ""); }), 70);
+  EXPECT_EQ(number(file), 70);
   desktop().setReadOnly(file);
-  EXPECT_EQ(errorNumberOf([&] { writeWhole(file, ""); }), 75);
+  EXPECT_EQ(number(file), 75);
   EXPECT_EQ(desktop().bytesOf(file), "old");
 }
 
 TEST_F(MemoryFilesTest, AFullDiskKeepsWhatFitted) {
   desktop().disk().setFreeBytes(4);
-  EXPECT_EQ(errorNumberOf([&] { writeWhole(other, "123456"); }), 61);
+  Draft draft(other);
+  EXPECT_EQ(errorNumberOf([&] { draft.write("123456"); }), 61);
   EXPECT_EQ(desktop().bytesOf(other), "1234");
-  remove(other);
-  EXPECT_EQ(errorNumberOf([&] { writeWhole(other, "1234"); }), 0);
+  EXPECT_EQ(errorNumberOf([&] { draft.write("1234"); }), 0);
 }
 
 TEST_F(MemoryFilesTest, ABrokenWriteKeepsItsFirstHalf) {
+  Draft draft(other);
   for (const int number : {57, 61}) {
     desktop().failCall(1, number);
-    EXPECT_EQ(errorNumberOf([&] { writeWhole(other, "123456"); }), number);
+    EXPECT_EQ(errorNumberOf([&] { draft.write("123456"); }), number);
     EXPECT_EQ(desktop().bytesOf(other), "123");
   }
   desktop().failCall(1, 70);
-  EXPECT_EQ(errorNumberOf([&] { writeWhole(missing, "123456"); }), 70);
+  EXPECT_EQ(errorNumberOf([&] { const Draft refused(missing); }), 70);
   EXPECT_FALSE(desktop().has(missing));
 }
 
@@ -147,7 +154,7 @@ TEST_F(MemoryFilesTest, RenamingRaises) {
 
 TEST_F(MemoryFilesTest, CopiesWithDateAndAttributes) {
   desktop().putFile(other, "other");
-  const FileTime modified = modifiedTime(file);
+  const auto modified = modifiedTime(file);
   desktop().advance(60'000);
   desktop().setReadOnly(file);
   copy(file, other);
@@ -181,22 +188,27 @@ TEST_F(MemoryFilesTest, MakesOneFolder) {
   EXPECT_EQ(errorNumberOf([&] { makeFolder(L"C:\\App\\list.txt\\New"); }), 76);
 }
 
-TEST_F(MemoryFilesTest, TheDateOfAMissingFileRaises) {
-  EXPECT_EQ(errorNumberOf([&] { static_cast<void>(modifiedTime(missing)); }), 53);
-  EXPECT_EQ(errorNumberOf([&] { static_cast<void>(modifiedTime(astray)); }), 53);
+TEST_F(MemoryFilesTest, AMissingFileHasNoDate) {
+  EXPECT_EQ(modifiedTime(missing), std::nullopt);
+  EXPECT_EQ(modifiedTime(astray), std::nullopt);
+  EXPECT_EQ(modifiedTime(folder), std::nullopt);
+  desktop().setHidden(file);
+  EXPECT_EQ(modifiedTime(file), std::nullopt);
 }
 
 TEST_F(MemoryFilesTest, AWriteBearsTheDateOfTheClock) {
+  Draft draft(file);
   desktop().setNow({2030, 1, 2, 3, 4, 5, 0});
-  writeWhole(file, "");
+  draft.write("");
   EXPECT_EQ(modifiedTime(file), ::desktop::fileTime({2030, 1, 2, 3, 4, 5, 0}));
 }
 
 TEST_F(MemoryFilesTest, ReplacesAFileThatIsStillTheSame) {
   const Stamp expected = readWhole(file).stamp;
-  writeWhole(other, "new");
+  Draft draft(other);
+  draft.write("new");
   const Stamp written = readWhole(other).stamp;
-  EXPECT_EQ(replace(other, file, expected), Replaced::yes);
+  EXPECT_EQ(draft.replace(file, expected), Replaced::yes);
   EXPECT_EQ(desktop().bytesOf(file), "new");
   EXPECT_FALSE(desktop().has(other));
   EXPECT_EQ(readWhole(file).stamp, written);
@@ -205,35 +217,37 @@ TEST_F(MemoryFilesTest, ReplacesAFileThatIsStillTheSame) {
 
 TEST_F(MemoryFilesTest, DoesNotReplaceAFileThatChanged) {
   const Stamp expected = readWhole(file).stamp;
-  writeWhole(other, "new");
+  Draft draft(other);
+  draft.write("new");
   desktop().onReplace = [this] { desktop().putFile(file, "OLD"); };
-  EXPECT_EQ(replace(other, file, expected), Replaced::changedSince);
+  EXPECT_EQ(draft.replace(file, expected), Replaced::changedSince);
   EXPECT_EQ(desktop().bytesOf(file), "OLD");
   EXPECT_EQ(desktop().bytesOf(other), "new");
   EXPECT_TRUE(desktop().journalHas(L"replace C:\\App\\other.txt -> C:\\App\\list.txt (changed)"));
 }
 
 TEST_F(MemoryFilesTest, PutsAFileInTheFreePlaceOnly) {
-  writeWhole(other, "new");
-  EXPECT_EQ(replace(other, file, {}), Replaced::changedSince);
-  EXPECT_EQ(replace(other, missing, {}), Replaced::yes);
+  Draft draft(other);
+  draft.write("new");
+  EXPECT_EQ(draft.replace(file, {}), Replaced::changedSince);
+  EXPECT_EQ(draft.replace(missing, {}), Replaced::yes);
   EXPECT_EQ(desktop().bytesOf(missing), "new");
   EXPECT_FALSE(desktop().has(other));
 }
 
 TEST_F(MemoryFilesTest, ReplacingRaisesWhatADeletionWouldRaise) {
-  writeWhole(other, "new");
+  Draft draft(other);
+  draft.write("new");
   const Stamp expected = readWhole(file).stamp;
-  const auto number = [&](const std::wstring& from, const std::wstring& to) {
-    return errorNumberOf([&] { static_cast<void>(replace(from, to, expected)); });
+  const auto number = [&](const std::wstring& to) {
+    return errorNumberOf([&] { static_cast<void>(draft.replace(to, expected)); });
   };
-  EXPECT_EQ(number(other, missing), 53);
-  EXPECT_EQ(number(other, astray), 53);
-  EXPECT_EQ(number(missing, file), 53);
+  EXPECT_EQ(number(missing), 53);
+  EXPECT_EQ(number(astray), 53);
   desktop().lock(file);
-  EXPECT_EQ(number(other, file), 70);
+  EXPECT_EQ(number(file), 70);
   desktop().setReadOnly(file);
-  EXPECT_EQ(number(other, file), 75);
+  EXPECT_EQ(number(file), 75);
   EXPECT_EQ(desktop().bytesOf(file), "old");
   EXPECT_EQ(desktop().bytesOf(other), "new");
 }

@@ -1,9 +1,10 @@
 #include "platform/controls/list_view.h"
 
 #include <algorithm>
-#include <numeric>
+#include <cstddef>
 #include <utility>
 
+#include "platform/controls/sort_places.h"
 #include "platform/dispatcher.h"
 #include "platform/run_time_error.h"
 #include "platform/text.h"
@@ -11,12 +12,6 @@
 namespace controls {
 
 using platform::RunTimeError;
-
-namespace {
-
-const std::wstring nothing;
-
-}  // namespace
 
 void ListView::addColumn(std::wstring text, int widthTwips) {
   columns_.push_back({std::move(text), widthTwips});
@@ -35,9 +30,20 @@ void ListView::acceptColumnWidth(std::size_t column, int widthTwips) {
   columns_[column].widthTwips = widthTwips;
 }
 
-void ListView::add(Item item) {
-  const auto place = static_cast<Place>(items_.size());
-  items_.push_back(std::move(item));
+void ListView::add(std::wstring_view text, std::wstring_view icon,
+                   std::initializer_list<std::wstring_view> subItems) {
+  if (iconAndText + subItems.size() > rowLength_) {
+    widen(iconAndText + subItems.size());
+  }
+  const auto place = static_cast<Place>(order_.size());
+  const std::size_t row = cells_.size();
+  cells_.resize(row + rowLength_);
+  cells_[row] = texts_.addShared(icon);
+  cells_[row + 1] = texts_.add(text);
+  std::size_t cell = row + iconAndText;
+  for (const std::wstring_view subItem : subItems) {
+    cells_[cell++] = texts_.addShared(subItem);
+  }
   order_.push_back(place);
   if (place == 0) {
     selected_ = focused_ = place;
@@ -47,8 +53,10 @@ void ListView::add(Item item) {
 }
 
 void ListView::clear() {
-  items_.clear();
-  order_.clear();
+  // Not clear(): the memory of a long list goes back at once.
+  texts_.clear();
+  cells_ = std::vector<TextStore::Ref>();
+  order_ = std::vector<Place>();
   orderStale_ = false;
   selected_.reset();
   focused_.reset();
@@ -56,16 +64,26 @@ void ListView::clear() {
 }
 
 void ListView::reserve(std::size_t count) {
-  items_.reserve(count);
+  widen(std::max(rowLength_, 1 + columns_.size()));
+  cells_.reserve(count * rowLength_);
   order_.reserve(count);
 }
 
-const ListView::Item& ListView::at(std::size_t index) const { return items_[ordered(index)]; }
-
-ListView::Item& ListView::at(std::size_t index) { return items_[ordered(index)]; }
+void ListView::widen(std::size_t cellsPerItem) {
+  if (cellsPerItem == rowLength_) {
+    return;
+  }
+  std::vector<TextStore::Ref> cells(order_.size() * cellsPerItem);
+  for (std::size_t item = 0; item < order_.size(); ++item) {
+    std::copy_n(cells_.begin() + static_cast<std::ptrdiff_t>(item * rowLength_), rowLength_,
+                cells.begin() + static_cast<std::ptrdiff_t>(item * cellsPerItem));
+  }
+  cells_ = std::move(cells);
+  rowLength_ = cellsPerItem;
+}
 
 ListView::Place ListView::ordered(std::size_t index) const {
-  if (index >= items_.size()) {
+  if (index >= order_.size()) {
     throw RunTimeError(platform::error::indexOutOfBounds);
   }
   ensureOrder();
@@ -81,41 +99,43 @@ std::optional<std::size_t> ListView::indexOf(std::optional<Place> place) const {
   return static_cast<std::size_t>(found - order_.begin());
 }
 
-const std::wstring& ListView::text(std::size_t index) const { return at(index).text; }
+std::wstring_view ListView::cellOf(Place place, std::size_t column) const {
+  return column + 1 < rowLength_ ? texts_.at(cells_[place * rowLength_ + 1 + column])
+                                 : std::wstring_view();
+}
 
-void ListView::setText(std::size_t index, std::wstring text) {
-  at(index).text = std::move(text);
-  orderStale_ = orderStale_ || (sorted_ && sortKey_ == 0);
+std::wstring_view ListView::cell(std::size_t index, std::size_t column) const {
+  return cellOf(ordered(index), column);
+}
+
+std::wstring ListView::icon(std::size_t index) const {
+  return std::wstring(texts_.at(cells_[ordered(index) * rowLength_]));
+}
+
+void ListView::setCell(std::size_t index, std::size_t column, std::wstring_view text) {
+  const Place place = ordered(index);
+  if (column + 1 >= rowLength_) {
+    widen(column + iconAndText);
+  }
+  cells_[place * rowLength_ + 1 + column] = texts_.add(text);
+  orderStale_ = orderStale_ || (sorted_ && sortKey_ == static_cast<int>(column));
   itemsChanged();
 }
 
-const std::wstring& ListView::icon(std::size_t index) const { return at(index).icon; }
+void ListView::setText(std::size_t index, std::wstring_view text) { setCell(index, 0, text); }
 
-const std::wstring& ListView::subItem(std::size_t index, std::size_t n) const {
-  const Item& item = at(index);
-  return n >= 1 && n <= item.subItems.size() ? item.subItems[n - 1] : nothing;
-}
-
-void ListView::setSubItem(std::size_t index, std::size_t n, std::wstring text) {
+void ListView::setSubItem(std::size_t index, std::size_t n, std::wstring_view text) {
   if (n < 1) {
     throw RunTimeError(platform::error::indexOutOfBounds);
   }
-  Item& item = at(index);
-  if (item.subItems.size() < n) {
-    item.subItems.resize(n);
-  }
-  item.subItems[n - 1] = std::move(text);
-  orderStale_ = orderStale_ || (sorted_ && sortKey_ == static_cast<int>(n));
-  itemsChanged();
+  setCell(index, n, text);
 }
 
 std::optional<std::size_t> ListView::find(const std::wstring& prefix, std::size_t from) const {
   const std::wstring wanted = platform::text::upper(prefix);
   for (std::size_t step = 0; step < count(); ++step) {
     const std::size_t index = (from + step) % count();
-    const std::wstring& candidate = text(index);
-    if (candidate.size() >= wanted.size() &&
-        platform::text::upper(candidate.substr(0, wanted.size())) == wanted) {
+    if (platform::text::upperEquals(cell(index, 0).substr(0, wanted.size()), wanted)) {
       return index;
     }
   }
@@ -180,29 +200,15 @@ void ListView::ensureOrder() const {
     return;
   }
   orderStale_ = false;
-  std::vector<std::string> keys;
-  keys.reserve(items_.size());
-  for (const Item& item : items_) {
-    const auto n = static_cast<std::size_t>(std::max(sortKey_, 0));
-    const std::wstring& text =
-        n == 0 ? item.text : (n <= item.subItems.size() ? item.subItems[n - 1] : nothing);
-    keys.push_back(platform::text::sortKey(text));
-  }
-  const bool down = sortOrder_ != ascending;
-  std::stable_sort(order_.begin(), order_.end(), [&keys, down](Place a, Place b) {
-    return down ? keys[b] < keys[a] : keys[a] < keys[b];
+  const auto column = static_cast<std::size_t>(std::max(sortKey_, 0));
+  const auto keys = platform::text::sortKeys(order_.size(), [this, column](std::size_t place) {
+    return cellOf(static_cast<Place>(place), column);
   });
+  sortPlaces(order_, keys, sortOrder_ != ascending);
 }
 
-ListView::KeepPlace::KeepPlace(ListView& list,
-                               std::function<std::wstring(const ListView&, std::size_t)> keyOf)
-    : list_(list), keyOf_(std::move(keyOf)) {
-  const auto remember = [this](Mark& mark, std::optional<std::size_t> index) {
-    if (index && *index < list_.count()) {
-      mark.set = true;
-      mark.key = keyOf_(list_, *index);
-    }
-  };
+ListView::KeepPlace::KeepPlace(ListView& list, std::vector<std::size_t> columns)
+    : list_(list), columns_(std::move(columns)) {
   if (const auto* const peer = static_cast<const ListViewPeer*>(list_.peer())) {
     topIndex_ = peer->topIndex();
     remember(top_, topIndex_);
@@ -212,17 +218,35 @@ ListView::KeepPlace::KeepPlace(ListView& list,
   ++list_.updating_;
 }
 
-ListView::KeepPlace::~KeepPlace() {
-  const auto look = [](Mark& mark, const std::wstring& key, std::size_t index) {
-    if (mark.set && !mark.found && mark.key == key) {
-      mark.found = index;
+void ListView::KeepPlace::remember(Mark& mark, std::optional<std::size_t> index) const {
+  if (index && *index < list_.count()) {
+    for (const std::size_t column : columns_) {
+      mark.texts.emplace_back(list_.cell(*index, column));
     }
-  };
+  }
+}
+
+void ListView::KeepPlace::look(Mark& mark, std::size_t index) const {
+  if (mark.texts.empty() || mark.found) {
+    return;
+  }
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    if (list_.cell(index, columns_[i]) != mark.texts[i]) {
+      return;
+    }
+  }
+  mark.found = index;
+}
+
+ListView::KeepPlace::~KeepPlace() {
+  const auto searching = [](const Mark& mark) { return !mark.texts.empty() && !mark.found; };
   for (std::size_t index = 0; index < list_.count(); ++index) {
-    const std::wstring key = keyOf_(list_, index);
-    look(selected_, key, index);
-    look(focused_, key, index);
-    look(top_, key, index);
+    look(selected_, index);
+    look(focused_, index);
+    look(top_, index);
+    if (!searching(selected_) && !searching(focused_) && !searching(top_)) {
+      break;
+    }
   }
   if (selected_.found) {
     list_.selected_ = list_.ordered(*selected_.found);

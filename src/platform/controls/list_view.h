@@ -5,12 +5,15 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <initializer_list>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/controls/control.h"
 #include "platform/controls/image_list.h"
+#include "platform/controls/text_store.h"
 
 namespace controls {
 
@@ -56,27 +59,29 @@ class ListView : public Control {
 
   // --- items; an index is a place in the displayed order and counts from 0 ---
 
-  /// An item to add. `subItems[0]` is sub-item 1.
-  struct Item {
-    std::wstring text;
-    std::wstring icon;  ///< Key in both image lists, "" for no picture.
-    std::vector<std::wstring> subItems;
-  };
-  /// Adds an item, in its sorted place when the list is sorted and at the end otherwise. The first
+  /// Adds an item, in its sorted place when the list is sorted and at the end otherwise. `icon` is
+  /// its key in both image lists, "" for no picture; `subItems` begin with sub-item 1. The first
   /// item of an empty list becomes the selected one.
-  void add(Item item);
+  void add(std::wstring_view text, std::wstring_view icon,
+           std::initializer_list<std::wstring_view> subItems);
   /// Removes all items; nothing is selected afterwards.
   void clear();
   /// Makes room for `count` items.
   void reserve(std::size_t count);
-  [[nodiscard]] std::size_t count() const { return items_.size(); }
-  [[nodiscard]] const std::wstring& text(std::size_t index) const;
+  [[nodiscard]] std::size_t count() const { return order_.size(); }
+  /// What column `column` (from 0, the text) shows of the item; "" when it was never set. Valid
+  /// until the items change.
+  [[nodiscard]] std::wstring_view cell(std::size_t index, std::size_t column) const;
+  [[nodiscard]] std::wstring text(std::size_t index) const { return std::wstring(cell(index, 0)); }
   /// In a list sorted by the text the item moves to its new place.
-  void setText(std::size_t index, std::wstring text);
-  [[nodiscard]] const std::wstring& icon(std::size_t index) const;
+  void setText(std::size_t index, std::wstring_view text);
+  [[nodiscard]] std::wstring icon(std::size_t index) const;
   /// Sub-item `n` (from 1); "" when it was never set.
-  [[nodiscard]] const std::wstring& subItem(std::size_t index, std::size_t n) const;
-  void setSubItem(std::size_t index, std::size_t n, std::wstring text);
+  [[nodiscard]] std::wstring subItem(std::size_t index, std::size_t n) const {
+    return n == 0 ? std::wstring() : std::wstring(cell(index, n));
+  }
+  /// Raises 35600 for sub-item 0, which is the text.
+  void setSubItem(std::size_t index, std::size_t n, std::wstring_view text);
   /// Index of the next item from `from` on, wrapping round, whose text begins with `prefix`
   /// without regard to case. Nothing when there is none.
   [[nodiscard]] std::optional<std::size_t> find(const std::wstring& prefix, std::size_t from) const;
@@ -126,23 +131,26 @@ class ListView : public Control {
   };
 
   /// Keeps selection, focus mark and scroll position on the same entries while the list is rebuilt:
-  /// remembers the entries by key and finds them again when it ends. Includes an `Update`.
+  /// remembers the entries by what identifies them and finds them again when it ends. Includes an
+  /// `Update`.
   class KeepPlace {
    public:
-    /// `keyOf` gives what identifies the entry at an index.
-    KeepPlace(ListView& list, std::function<std::wstring(const ListView&, std::size_t)> keyOf);
+    /// `columns` (from 0, the text) together identify an entry.
+    KeepPlace(ListView& list, std::vector<std::size_t> columns);
     KeepPlace(const KeepPlace&) = delete;
     KeepPlace& operator=(const KeepPlace&) = delete;
     ~KeepPlace();
 
    private:
     struct Mark {
-      bool set = false;
-      std::wstring key;
+      std::vector<std::wstring> texts;  // empty for no entry
       std::optional<std::size_t> found;
     };
+    void remember(Mark& mark, std::optional<std::size_t> index) const;
+    void look(Mark& mark, std::size_t index) const;
+
     ListView& list_;
-    std::function<std::wstring(const ListView&, std::size_t)> keyOf_;
+    std::vector<std::size_t> columns_;
     std::size_t topIndex_ = 0;
     Mark selected_;
     Mark focused_;
@@ -165,19 +173,24 @@ class ListView : public Control {
 
  private:
   friend class Update;
-  using Place = std::uint32_t;  // position in items_, stable while the order changes
+  using Place = std::uint32_t;  // position among the items as added, stable while the order changes
 
-  [[nodiscard]] const Item& at(std::size_t index) const;
-  Item& at(std::size_t index);
+  [[nodiscard]] std::wstring_view cellOf(Place place, std::size_t column) const;
   [[nodiscard]] Place ordered(std::size_t index) const;
   [[nodiscard]] std::optional<std::size_t> indexOf(std::optional<Place> place) const;
+  void setCell(std::size_t index, std::size_t column, std::wstring_view text);
+  void widen(std::size_t cellsPerItem);
   void itemsChanged();
   void orderChanged();
   void ensureOrder() const;
 
   std::vector<Column> columns_;
   bool headersHidden_ = false;
-  std::vector<Item> items_;
+  TextStore texts_;
+  // One row per item: its icon, its text, its sub-items. All rows are as long as the longest.
+  std::vector<TextStore::Ref> cells_;
+  std::size_t rowLength_ = iconAndText;
+  static constexpr std::size_t iconAndText = 2;
   mutable std::vector<Place> order_;
   mutable bool orderStale_ = false;
   std::optional<Place> selected_;

@@ -3,7 +3,12 @@
 #include <windows.h>
 
 #include <array>
+#include <cstdint>
 #include <optional>
+#include <unordered_map>
+#include <utility>
+
+#include "platform/win32/file_stamp.h"
 
 namespace platform::clock {
 namespace {
@@ -28,19 +33,76 @@ std::wstring timeText(const SYSTEMTIME& moment) {
   return length > 0 ? text.data() : L"";
 }
 
-std::optional<SYSTEMTIME> localTime(files::FileTime moment) {
+std::optional<SYSTEMTIME> systemTime(files::FileTime moment) {
   const FILETIME fileTime{.dwLowDateTime = static_cast<DWORD>(moment & 0xFFFFFFFFU),
                           .dwHighDateTime = static_cast<DWORD>(moment >> 32U)};
-  SYSTEMTIME universal{};
+  SYSTEMTIME time{};
+  if (FileTimeToSystemTime(&fileTime, &time) == 0) return std::nullopt;
+  return time;
+}
+
+/// Local time, by the zone's rules of that day, so that a text does not change with the season in
+/// which it is made.
+std::optional<SYSTEMTIME> localTime(files::FileTime moment) {
+  const std::optional<SYSTEMTIME> universal = systemTime(moment);
   SYSTEMTIME local{};
-  // The zone's rules of that day, so that a text does not change with the season in which it is
-  // made.
-  if (FileTimeToSystemTime(&fileTime, &universal) == 0 ||
-      SystemTimeToTzSpecificLocalTime(nullptr, &universal, &local) == 0) {
+  if (!universal || SystemTimeToTzSpecificLocalTime(nullptr, &*universal, &local) == 0) {
     return std::nullopt;
   }
   return local;
 }
+
+/// The same for many moments. Most days begin and end equally far from universal time, and for all
+/// moments of such a day that distance holds.
+class LocalTimes {
+ public:
+  std::optional<SYSTEMTIME> operator()(files::FileTime moment) {
+    constexpr files::FileTime day = 864'000'000'000;
+    const auto [known, isNew] = distances_.try_emplace(moment / day);
+    if (isNew) {
+      const files::FileTime begin = moment / day * day;
+      const std::optional<std::int64_t> first = distanceAt(begin);
+      if (first == distanceAt(begin + day - 1)) known->second = first;
+    }
+    if (!known->second) return localTime(moment);
+    return systemTime(moment + static_cast<files::FileTime>(*known->second));
+  }
+
+ private:
+  static std::optional<std::int64_t> distanceAt(files::FileTime moment) {
+    const std::optional<SYSTEMTIME> local = localTime(moment);
+    FILETIME converted{};
+    if (!local || SystemTimeToFileTime(&*local, &converted) == 0) return std::nullopt;
+    // A system time counts in milliseconds.
+    constexpr files::FileTime step = 10'000;
+    return static_cast<std::int64_t>(win32::fileTime(converted) - moment / step * step);
+  }
+  std::unordered_map<files::FileTime, std::optional<std::int64_t>> distances_;
+};
+
+/// Texts of moments of which many share their day or their second.
+class Texts {
+ public:
+  std::wstring operator()(const SYSTEMTIME& local) {
+    const DWORD day = (local.wYear * months + local.wMonth) * days + local.wDay;
+    if (day != std::exchange(day_, day)) date_ = dateText(local);
+    const DWORD second = (local.wHour * minutes + local.wMinute) * seconds + local.wSecond;
+    // A format of the time may name parts of the day, but none of the date.
+    if (second != std::exchange(second_, second)) time_ = timeText(local);
+    return date_.empty() || time_.empty() ? L"" : date_ + L" " + time_;
+  }
+
+ private:
+  static constexpr DWORD months = 16;
+  static constexpr DWORD days = 32;
+  static constexpr DWORD minutes = 64;
+  static constexpr DWORD seconds = 64;
+  static constexpr DWORD none = 0xFFFFFFFF;
+  DWORD day_ = none;
+  DWORD second_ = none;
+  std::wstring date_;
+  std::wstring time_;
+};
 
 }  // namespace
 
@@ -50,14 +112,16 @@ std::wstring todayText() {
   return dateText(now);
 }
 
-std::wstring dateAndTimeText(files::FileTime moment) {
-  if (moment == 0) return {};
-  const std::optional<SYSTEMTIME> local = localTime(moment);
-  if (!local) return {};
-  const std::wstring date = dateText(*local);
-  const std::wstring time = timeText(*local);
-  if (date.empty() || time.empty()) return {};
-  return date + L" " + time;
+std::vector<std::wstring> dateAndTimeTexts(const std::vector<files::FileTime>& moments) {
+  std::vector<std::wstring> texts;
+  texts.reserve(moments.size());
+  LocalTimes localTimes;
+  Texts textOf;
+  for (const files::FileTime moment : moments) {
+    const auto local = moment == 0 ? std::nullopt : localTimes(moment);
+    texts.push_back(local ? textOf(*local) : L"");
+  }
+  return texts;
 }
 
 }  // namespace platform::clock

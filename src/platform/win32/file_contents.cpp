@@ -1,4 +1,4 @@
-// Reading and writing files whole.
+// Reading files whole.
 #include <windows.h>
 
 #include <algorithm>
@@ -46,6 +46,9 @@ Stamp requiredStamp(const FileHandle& file) {
 void readFromStart(const FileHandle& file, std::uint64_t size, std::string& bytes) {
   if (size > largestFile) throw RunTimeError(error::outOfMemory);
   try {
+    // Room for a record that is going to be added, so that the whole need not be copied for it.
+    constexpr std::size_t recordRoom = 4096;
+    bytes.reserve(static_cast<std::size_t>(size) + recordRoom);
     bytes.resize(static_cast<std::size_t>(size));
   } catch (const std::bad_alloc&) {
     throw RunTimeError(error::outOfMemory);
@@ -106,36 +109,6 @@ Contents readForAppending(const std::wstring& path) {
   if (result == ERROR_FILE_NOT_FOUND) return {};
   if (result != ERROR_SUCCESS) raise(result);
   return readOpenFile(file);
-}
-
-void writeWhole(const std::wstring& path, const std::string& bytes) {
-  const std::wstring native = win32::requiredPath(path);
-  const DWORD attributes = GetFileAttributesW(native.c_str());
-  if (attributes != INVALID_FILE_ATTRIBUTES &&
-      (attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0) {
-    throw RunTimeError(error::pathFileAccess);
-  }
-  // Not CREATE_ALWAYS: that fails for a hidden file, and would drop the attributes of others.
-  FileHandle file;
-  const DWORD result =
-      open(native, GENERIC_WRITE, FILE_SHARE_READ, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, file);
-  if (result != ERROR_SUCCESS) {
-    raise(result, {{ERROR_FILE_NOT_FOUND, error::pathNotFound}});
-  }
-  if (SetEndOfFile(file.get()) == 0) raise(GetLastError());
-  std::size_t done = 0;
-  while (done < bytes.size()) {
-    const auto piece = static_cast<DWORD>(std::min(pieceSize, bytes.size() - done));
-    DWORD written = 0;
-    if (WriteFile(file.get(), bytes.data() + done, piece, &written, nullptr) == 0) {
-      raise(GetLastError());
-    }
-    if (written == 0) throw RunTimeError(error::diskFull);
-    done += written;
-  }
-  if (FlushFileBuffers(file.get()) == 0) raise(GetLastError());
-  // A network drive may report only now that the bytes found no room.
-  if (CloseHandle(file.release()) == 0) raise(GetLastError());
 }
 
 }  // namespace platform::files

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include "platform/text.h"
 #include "platform/win32/errors.h"
 #include "platform/win32/file_stamp.h"
 #include "platform/win32/handles.h"
@@ -26,14 +27,15 @@ bool isWanted(const WIN32_FIND_DATAW& found, unsigned attributes) {
 
 /// Hands the wanted entries to `take` until it returns false.
 template <class Take>
-void searchWith(const std::wstring& pattern, unsigned attributes, Take take) {
+void searchWith(const std::wstring& pattern, unsigned attributes, FINDEX_INFO_LEVELS level,
+                Take take) {
   // Without a last component there is nothing to match.
   if (pattern.empty() || pattern.back() == L'\\' || pattern.back() == L'/') return;
   const std::optional<std::wstring> native = win32::nativePath(pattern);
   if (!native) return;
   WIN32_FIND_DATAW found{};
-  const win32::FindHandle search(FindFirstFileExW(native->c_str(), FindExInfoBasic, &found,
-                                                  FindExSearchNameMatch, nullptr, 0));
+  const win32::FindHandle search(
+      FindFirstFileExW(native->c_str(), level, &found, FindExSearchNameMatch, nullptr, 0));
   if (!search) return;
   do {
     if (isWanted(found, attributes) && !take(found)) return;
@@ -67,16 +69,39 @@ void refuseReadOnly(const std::wstring& native) {
 
 std::vector<Entry> search(const std::wstring& pattern, unsigned attributes) {
   std::vector<Entry> entries;
-  searchWith(pattern, attributes, [&entries](const WIN32_FIND_DATAW& found) {
+  searchWith(pattern, attributes, FindExInfoBasic, [&entries](const WIN32_FIND_DATAW& found) {
     entries.push_back({found.cFileName, win32::fileTime(found.ftLastWriteTime)});
     return true;
   });
   return entries;
 }
 
+std::vector<std::vector<Entry>> searchByExtension(const std::wstring& folder,
+                                                  const std::vector<std::wstring>& extensions) {
+  std::vector<std::vector<Entry>> found(extensions.size());
+  std::vector<std::wstring> endings;
+  for (const std::wstring& extension : extensions) {
+    endings.push_back(text::upper(L"." + extension));
+  }
+  const auto endsIn = [](std::wstring_view name, std::wstring_view ending) {
+    return name.size() >= ending.size() &&
+           text::upperEquals(name.substr(name.size() - ending.size()), ending);
+  };
+  // The short names, too: a search with a wildcard finds a file by either of its names.
+  searchWith(folder + L"\\*", normal, FindExInfoStandard, [&](const WIN32_FIND_DATAW& entry) {
+    for (std::size_t n = 0; n < endings.size(); ++n) {
+      if (endsIn(entry.cFileName, endings[n]) || endsIn(entry.cAlternateFileName, endings[n])) {
+        found[n].push_back({entry.cFileName, win32::fileTime(entry.ftLastWriteTime)});
+      }
+    }
+    return true;
+  });
+  return found;
+}
+
 std::wstring findFirst(const std::wstring& pattern, unsigned attributes) {
   std::wstring first;
-  searchWith(pattern, attributes, [&first](const WIN32_FIND_DATAW& found) {
+  searchWith(pattern, attributes, FindExInfoBasic, [&first](const WIN32_FIND_DATAW& found) {
     first = found.cFileName;
     return false;
   });
@@ -127,10 +152,12 @@ void copy(const std::wstring& from, const std::wstring& to) {
   if (result != ERROR_SUCCESS) raise(result);
 }
 
-FileTime modifiedTime(const std::wstring& path) {
+std::optional<FileTime> modifiedTime(const std::wstring& path) {
+  const std::optional<std::wstring> native = win32::nativePath(path);
   WIN32_FILE_ATTRIBUTE_DATA data{};
-  if (GetFileAttributesExW(requiredPath(path).c_str(), GetFileExInfoStandard, &data) == 0) {
-    raise(GetLastError(), {{ERROR_PATH_NOT_FOUND, error::fileNotFound}});
+  if (!native || GetFileAttributesExW(native->c_str(), GetFileExInfoStandard, &data) == 0 ||
+      (data.dwFileAttributes & kindsToAskFor) != 0) {
+    return std::nullopt;
   }
   return win32::fileTime(data.ftLastWriteTime);
 }

@@ -2,17 +2,19 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <limits>
 
+#include "platform/plain_text.h"
 #include "platform/run_time_error.h"
+#include "platform/win32/sort_keys.h"
 
 namespace platform::text {
 namespace {
 
 /// A length as the system's text functions take it; raises 7 for what they cannot take.
 int checkedLength(std::size_t length) {
-  // A sort key takes several bytes for a character, and its length must be an int as well.
-  if (length > std::numeric_limits<int>::max() / 8) throw RunTimeError(error::outOfMemory);
+  if (length > std::numeric_limits<int>::max()) throw RunTimeError(error::outOfMemory);
   return static_cast<int>(length);
 }
 
@@ -31,8 +33,17 @@ bool hasSubstitute(UINT codePage) {
 
 }  // namespace
 
+bool upperEquals(std::wstring_view text, std::wstring_view wanted) {
+  return plain::upperEquals(text, wanted, [&] { return upper(text) == wanted; });
+}
+
 std::wstring upper(std::wstring_view text) {
   if (text.empty()) return {};
+  if (std::all_of(text.begin(), text.end(), plain::isPlain<wchar_t>)) {
+    std::wstring result(text);
+    std::transform(result.begin(), result.end(), result.begin(), plain::upper);
+    return result;
+  }
   const int length = checkedLength(text.size());
   std::wstring result(text.size(), L'\0');
   // The simple mapping: one character for one, so that positions keep their meaning.
@@ -42,28 +53,36 @@ std::wstring upper(std::wstring_view text) {
 }
 
 std::string sortKey(std::wstring_view text) {
-  if (text.empty()) return {};
-  constexpr DWORD flags = LCMAP_SORTKEY | NORM_IGNORECASE;
-  const int length = checkedLength(text.size());
-  const std::size_t size = required(LCMapStringEx(LOCALE_NAME_USER_DEFAULT, flags, text.data(),
-                                                  length, nullptr, 0, nullptr, nullptr, 0));
-  std::string key(size, '\0');
-  // For a sort key the "wide" buffer holds bytes, and its size is given in bytes.
-  auto* const bytes = reinterpret_cast<wchar_t*>(key.data());
-  key.resize(required(LCMapStringEx(LOCALE_NAME_USER_DEFAULT, flags, text.data(), length, bytes,
-                                    checkedLength(size), nullptr, nullptr, 0)));
-  if (key.back() == '\0') key.pop_back();
+  std::string key;
+  win32::appendSortKey(LOCALE_NAME_USER_DEFAULT, text, key);
   return key;
 }
 
-std::wstring fromCodePage(std::string_view bytes) {
-  if (bytes.empty()) return {};
+SortKeys sortKeys(std::size_t count, const std::function<std::wstring_view(std::size_t)>& textAt) {
+  return win32::sortKeys(LOCALE_NAME_USER_DEFAULT, count, textAt);
+}
+
+void fromCodePage(std::string_view bytes, std::wstring& text) {
+  if (plain::widen(bytes, text)) return;
   const int length = checkedLength(bytes.size());
-  std::wstring result(required(MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, nullptr, 0)),
-                      L'\0');
-  required(MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, result.data(),
-                               checkedLength(result.size())));
-  return result;
+  text.resize(required(MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, nullptr, 0)));
+  required(MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, text.data(),
+                               checkedLength(text.size())));
+}
+
+std::wstring fromCodePage(std::string_view bytes) {
+  std::wstring text;
+  fromCodePage(bytes, text);
+  return text;
+}
+
+bool codePageEquals(std::string_view bytes, std::wstring_view text) {
+  return plain::codePageEquals(bytes, text, [&] { return fromCodePage(bytes) == text; });
+}
+
+bool upperCodePageEquals(std::string_view bytes, std::wstring_view wanted) {
+  return plain::upperCodePageEquals(bytes, wanted,
+                                    [&] { return upper(fromCodePage(bytes)) == wanted; });
 }
 
 std::string toCodePage(std::wstring_view text) {

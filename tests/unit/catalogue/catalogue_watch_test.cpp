@@ -31,7 +31,7 @@ class CatalogueWatch : public unit::CatalogueTest {
     return count;
   }
   static platform::files::FileTime modified() {
-    return platform::files::modifiedTime(unit::catalogueFile);
+    return platform::files::modifiedTime(unit::catalogueFile).value_or(0);
   }
   const std::string a = record({"FP3", "C:\\a.fp3", "1"});
   const std::string b = record({"FP3", "C:\\b.fp3", "1"});

@@ -170,6 +170,28 @@ TEST(ListFileFilter, CopiesTheKeptLinesByteForByte) {
             "a\n\r\n \"b\" , x\r\nd");
 }
 
+TEST(ListFileEdit, ReplacesWhatItIsToldToAndKeepsTheRest) {
+  using list_file::Change;
+  const std::string old = "a,1\r\nb\nc,3\r\n\r\nd,4";
+  const auto edited = [&old](std::string_view a, std::string_view c, std::string_view d) {
+    return list_file::edited(old, [&](const Record& record, std::string& replacement) {
+      const std::wstring name = record.text(0);
+      replacement = name == L"a" ? a : (name == L"c" ? c : (name == L"d" ? d : "unused"));
+      return name == L"a" || name == L"c" || name == L"d" ? Change::replaced : Change::none;
+    });
+  };
+  EXPECT_EQ(edited("", "", ""), "b\n\r\n");
+  EXPECT_EQ(edited("A\n", "C,33\n", "D"), "A\nb\nC,33\n\r\nD") << "None longer than it was";
+  EXPECT_EQ(edited("A\n", "C,33333\n", "D"), "A\nb\nC,33333\n\r\nD");
+  EXPECT_EQ(edited("A,1,2,3,4\n", "", "D"), "A,1,2,3,4\nb\n\r\nD");
+  EXPECT_EQ(list_file::edited(old,
+                              [](const Record&, std::string& replacement) {
+                                replacement = "not asked for";
+                                return Change::none;
+                              }),
+            old);
+}
+
 class ListFileRewrite : public ::desktop::DesktopTest {
  protected:
   static void rewrite(Missing missing, const std::function<std::string(std::string_view)>& edit) {
@@ -185,7 +207,8 @@ TEST_F(ListFileRewrite, GoesThroughTheTemporaryFileInOneAtomicStep) {
   EXPECT_EQ(bytes(), "old x");
   EXPECT_FALSE(desktop().has(L"C:\\App\\list.tmp"));
   EXPECT_EQ(desktop().journal(),
-            (std::vector<std::wstring>{L"read C:\\App\\list.txt", L"write C:\\App\\list.tmp",
+            (std::vector<std::wstring>{L"create C:\\App\\list.tmp", L"read C:\\App\\list.txt",
+                                       L"write C:\\App\\list.tmp",
                                        L"replace C:\\App\\list.tmp -> C:\\App\\list.txt"}));
 }
 

@@ -217,7 +217,7 @@ TEST_F(Opening, ANewFileItemStartsTheToolWithNewOrWithTheTypeCode) {
 }
 
 TEST_F(Opening, AnUnknownNewFileItemDoesNothing) {
-  main.lstQMK[frmQMK::fresh].add({L"Other", L"", {L"XYZ"}});
+  main.lstQMK[frmQMK::fresh].add(L"Other", L"", {L"XYZ"});
   doubleClick(frmQMK::fresh);
   EXPECT_TRUE(desktop().starts.empty());
 }

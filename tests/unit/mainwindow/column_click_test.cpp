@@ -17,9 +17,9 @@ using desktop::desktop;
 class ColumnClickTest : public MainWindowTest {
  protected:
   ColumnClickTest() {
-    list.add({L"b.fp3", L"", {L"2", L"Canopy", L"C:\\x\\", L"CW3"}});
-    list.add({L"a.fp3", L"", {L"3", L"Profile", L"C:\\y\\", L"FP3"}});
-    list.add({L"C.fp3", L"", {L"1", L"Brush", L"C:\\z\\", L"BI3"}});
+    list.add(L"b.fp3", L"", {L"2", L"Canopy", L"C:\\x\\", L"CW3"});
+    list.add(L"a.fp3", L"", {L"3", L"Profile", L"C:\\y\\", L"FP3"});
+    list.add(L"C.fp3", L"", {L"1", L"Brush", L"C:\\z\\", L"BI3"});
     list.setSortKey(0);
     list.setSortOrder(ascending);
     list.setSorted(true);

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "unit/error_number.h"
 #include "unit/support/shortcuts_fixture.h"
 
 namespace {
@@ -267,6 +268,51 @@ TEST_F(ShortcutListTest, ARebuildLeavesTagMenuAndToolbarAsTheyAre) {
   EXPECT_FALSE(window.mnuIcon.checked());
   EXPECT_EQ(window.barMain.button(L"List").value, 1);
   EXPECT_EQ(window.barMain.button(L"Icon").value, 0);
+}
+
+TEST_F(ShortcutListTest, AFailureStopsTheRebuildAndTheItemsAddedBeforeItStay) {
+  for (const wchar_t* const name : {L"One.lnk", L"Two.lnk", L"Three.lnk"}) {
+    putShortcut(name);
+  }
+  LoadShortcutList(window.shortcuts);
+  putShortcut(L"Four.lnk");
+  // Each shortcut has its target read and an icon made at two sizes.
+  constexpr int looksPerShortcut = 3;
+  const int all = 4 * looksPerShortcut;
+  for (int n = 1; n <= all; ++n) {
+    SCOPED_TRACE(n);
+    desktop().errorReports.clear();
+    window.mnuList.raiseClick();
+    desktop().failLook(n, desktop::Desktop::LookFault::outOfMemory);
+    list.raiseKey(controls::ListKey::reload);
+    const auto before = static_cast<std::size_t>((n - 1) / looksPerShortcut);
+    const Texts names{L"One", L"Two", L"Three", L"Four"};
+    EXPECT_EQ(listed(), Texts(names.begin(), names.begin() + static_cast<std::ptrdiff_t>(before)));
+    EXPECT_EQ(desktop().errorReports, std::vector<int>{platform::error::outOfMemory});
+    // Nothing that would follow the failing step happens.
+    EXPECT_EQ(list.view(), controls::reportView);
+    desktop().failNothing();
+    LoadShortcutList(window.shortcuts);
+    EXPECT_EQ(listed(), names);
+  }
+}
+
+TEST_F(ShortcutListTest, AnImageThatCannotBeAddedStopsTheRebuildWithItsError) {
+  putShortcut(L"One.lnk");
+  putShortcut(L"Two.lnk");
+  putShortcut(L"Three.lnk");
+  // Another program's picture takes the key while the icons are read.
+  desktop().onIcon = [this](const std::wstring& /*program*/) {
+    if (window.imgShortCut[0].images().size() == 1 && !window.imgShortCut[0].indexOf(L"Two.lnk")) {
+      window.imgShortCut[0].addResource(L"Two.lnk", L"taken");
+    }
+  };
+  EXPECT_EQ(errorNumberOf([this] { LoadShortcutList(window.shortcuts); }),
+            platform::error::keyNotUnique);
+  EXPECT_EQ(listed(), Texts{L"One"});
+  desktop().onIcon = nullptr;
+  LoadShortcutList(window.shortcuts);
+  EXPECT_EQ(listed(), (Texts{L"One", L"Two", L"Three"}));
 }
 
 TEST_F(ShortcutListTest, ARebuildKeepsTheSelectionOnItsShortcut) {

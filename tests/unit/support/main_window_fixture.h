@@ -27,12 +27,12 @@ class MainWindowTest : public desktop::DesktopTest {
   /// Adds a data file to the Open list, whose columns are date, label, folder and type.
   void addDataFile(const std::wstring& folder, const std::wstring& name,
                    const std::wstring& label = L"Fuel Profile") {
-    window.lstQMK[frmQMK::open].add({name, L"PV3", {L"11/20/2026", label, folder, L"FP3"}});
+    window.lstQMK[frmQMK::open].add(name, L"PV3", {L"11/20/2026", label, folder, L"FP3"});
   }
 
   /// Adds an entry to the Web list.
   void addWebEntry(const std::wstring& name, const std::wstring& url) {
-    window.lstQMK[frmQMK::web].add({name, L"Web", {url}});
+    window.lstQMK[frmQMK::web].add(name, L"Web", {url});
   }
 
   /// The only message that was shown, as text.

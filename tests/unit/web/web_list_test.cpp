@@ -24,7 +24,7 @@ class WebList : public unit::WebTest {
 // --- loading ---
 
 TEST_F(WebList, AMissingFileIsAnEmptyListWithoutAMessage) {
-  list.add({L"left over", L"Web", {L"http://x/"}});
+  list.add(L"left over", L"Web", {L"http://x/"});
   LoadWebList(web);
   EXPECT_EQ(list.count(), 0U);
   EXPECT_TRUE(messages().empty());
@@ -192,8 +192,8 @@ TEST_F(WebList, SavingWritesTheItemsOfTheListOfTheTabInFrontAndChangesItsSelecte
   putWebList(one + two);
   LoadWebList(web);
   controls::ListView& data = main.lstQMK[frmQMK::open];
-  data.add({L"a.fp3", L"PV3", {L"1/1/2001", L"Fuel Profile", L"C:\\", L"FP3"}});
-  data.add({L"b.fp3", L"PV3", {L"2/2/2002", L"Fuel Profile", L"C:\\", L"FP3"}});
+  data.add(L"a.fp3", L"PV3", {L"1/1/2001", L"Fuel Profile", L"C:\\", L"FP3"});
+  data.add(L"b.fp3", L"PV3", {L"2/2/2002", L"Fuel Profile", L"C:\\", L"FP3"});
   data.select(1);
   main.TabMain.setCurrent(frmQMK::open);
   SaveWebList(web, L"New", L"http://new/");
@@ -206,8 +206,8 @@ TEST_F(WebList, SavingWritesTheItemsOfTheListOfTheTabInFrontAndChangesItsSelecte
 TEST_F(WebList, SavingInASortedListFollowsTheItemToItsNewPlace) {
   controls::ListView& data = main.lstQMK[frmQMK::open];
   putWebList("");
-  data.add({L"a", L"", {L"1"}});
-  data.add({L"b", L"", {L"2"}});
+  data.add(L"a", L"", {L"1"});
+  data.add(L"b", L"", {L"2"});
   data.setSorted(true);
   data.select(0);
   main.TabMain.setCurrent(frmQMK::open);

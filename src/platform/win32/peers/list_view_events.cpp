@@ -58,6 +58,8 @@ std::optional<LRESULT> ListViewPeer::notification(NMHDR& header) {
     case static_cast<int>(NM_RETURN):
       list_.raiseDoubleClick();
       return 0;
+    case static_cast<int>(NM_CUSTOMDRAW):
+      return markUnfocused(reinterpret_cast<const NMLVCUSTOMDRAW&>(header));
     default:
       return std::nullopt;
   }
@@ -71,7 +73,7 @@ void ListViewPeer::supply(LVITEMW& item) const {
     const auto column = static_cast<std::size_t>(std::max(item.iSubItem, 0));
     std::size_t length = 0;
     if (known) {
-      const std::wstring& text = column == 0 ? list_.text(index) : list_.subItem(index, column);
+      const std::wstring_view text = list_.cell(index, column);
       length = std::min(text.size(), static_cast<std::size_t>(item.cchTextMax) - 1);
       std::copy_n(text.begin(), length, item.pszText);
     }
@@ -139,13 +141,49 @@ void ListViewPeer::key(WORD key) {
   }
 }
 
-std::optional<LRESULT> ListViewPeer::message(UINT message, WPARAM /*first*/, LPARAM second) {
+LRESULT ListViewPeer::markUnfocused(const NMLVCUSTOMDRAW& stage) const {
+  if (GetFocus() == window()) {
+    return CDRF_DODEFAULT;
+  }
+  if (stage.nmcd.dwDrawStage == CDDS_PREPAINT) {
+    return CDRF_NOTIFYITEMDRAW;
+  }
+  const auto item = static_cast<std::size_t>(stage.nmcd.dwItemSpec);
+  if (list_.selected() != item) {
+    return CDRF_DODEFAULT;
+  }
+  if (stage.nmcd.dwDrawStage == CDDS_ITEMPREPAINT) {
+    return CDRF_NOTIFYPOSTPAINT;
+  }
+  RECT label{};
+  RECT whole{};
+  const int row = static_cast<int>(item);
+  if (stage.nmcd.dwDrawStage == CDDS_ITEMPOSTPAINT &&
+      ListView_GetItemRect(window(), row, &label, LVIR_LABEL) != 0 &&
+      ListView_GetItemRect(window(), row, &whole, LVIR_BOUNDS) != 0) {
+    if (report()) {
+      label.right = whole.right;
+    }
+    // The colour of a selection without the focus hardly differs from that of the list on some
+    // systems; a frame in the colour of a selection with it always does.
+    FrameRect(stage.nmcd.hdc, &label, GetSysColorBrush(COLOR_HIGHLIGHT));
+  }
+  return CDRF_DODEFAULT;
+}
+
+std::optional<LRESULT> ListViewPeer::message(UINT message, WPARAM first, LPARAM second) {
   if (message == selectionMessage) {
     showSelection();
     return 0;
   }
   if (message == WM_CONTEXTMENU) {
     return contextMenu(second);
+  }
+  if (message == WM_SYSCOLORCHANGE) {
+    // After the native list has taken over what it takes over itself.
+    const LRESULT result = DefSubclassProc(window(), message, first, second);
+    takeColours();
+    return result;
   }
   if (message != WM_NOTIFY) {
     return std::nullopt;

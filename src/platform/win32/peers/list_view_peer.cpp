@@ -28,6 +28,7 @@ ListViewPeer::ListViewPeer(WindowPeer& host, controls::ListView& list)
          WS_EX_CLIENTEDGE);
   constexpr DWORD look = LVS_EX_DOUBLEBUFFER | LVS_EX_FULLROWSELECT | LVS_EX_LABELTIP;
   send(LVM_SETEXTENDEDLISTVIEWSTYLE, look, look);
+  takeColours();
   takeImages();
   spaceIcons();
   showColumns();
@@ -84,11 +85,8 @@ void ListViewPeer::refresh() {
 void ListViewPeer::takeImages() {
   large_.refresh(list_.largeImages(), host().dpi(), [this](HIMAGELIST images) {
     send(LVM_SETIMAGELIST, LVSIL_NORMAL, parameterFrom(images));
-    // Wide enough for the longest name of a new file on two lines; the system's own spacing
-    // returns with every image list.
-    constexpr Size spacing{112, 84};
-    send(LVM_SETICONSPACING, 0,
-         MAKELPARAM(scaled(spacing.width, host().dpi()), scaled(spacing.height, host().dpi())));
+    // The system's own spacing returns with every image list.
+    spaceIcons();
   });
   small_.refresh(list_.smallImages(), host().dpi(), [this](HIMAGELIST images) {
     send(LVM_SETIMAGELIST, LVSIL_SMALL, parameterFrom(images));
@@ -104,8 +102,23 @@ void ListViewPeer::spaceIcons() {
                   std::max(systemMetric(SM_CYICONSPACING, dpi), scaled(least.height, dpi))));
 }
 
+void ListViewPeer::takeColours() {
+  // The native list keeps the background that it was made with, but not the colour of the text.
+  const COLORREF background = GetSysColor(COLOR_WINDOW);
+  send(LVM_SETBKCOLOR, 0, static_cast<LPARAM>(background));
+  send(LVM_SETTEXTBKCOLOR, 0, static_cast<LPARAM>(background));
+  send(LVM_SETTEXTCOLOR, 0, static_cast<LPARAM>(GetSysColor(COLOR_WINDOWTEXT)));
+}
+
 void ListViewPeer::showView() {
   send(LVM_SETVIEW, static_cast<WPARAM>(report() ? LV_VIEW_DETAILS : LV_VIEW_ICON));
+  if (report()) {
+    // Widths that came while icons were shown have been refused.
+    showColumns();
+  } else {
+    // The native list has placed the icons as far apart as the rows were.
+    send(LVM_ARRANGE, LVA_DEFAULT);
+  }
   if (const auto index = list_.focused()) {
     send(LVM_ENSUREVISIBLE, *index, FALSE);
   }

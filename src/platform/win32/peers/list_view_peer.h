@@ -26,6 +26,7 @@ class ListViewPeer final : public controls::ListViewPeer, public NativeControl {
   [[nodiscard]] std::wstring nativeText() const override;
 
  private:
+  void takeColours();
   void takeImages();
   void spaceIcons();
   void showView();
@@ -40,6 +41,7 @@ class ListViewPeer final : public controls::ListViewPeer, public NativeControl {
   std::optional<LRESULT> headerNotification(const NMHEADERW& notice);
   void acceptWidth(int column, int pixels);
   LRESULT contextMenu(LPARAM where);
+  [[nodiscard]] LRESULT markUnfocused(const NMLVCUSTOMDRAW& stage) const;
   [[nodiscard]] bool report() const;
   [[nodiscard]] bool hiddenColumn(int index) const;
   [[nodiscard]] int columnWidth(std::size_t index) const;

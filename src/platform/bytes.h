@@ -1,0 +1,78 @@
+// Searching and comparing bytes a word at a time. The C library's own functions do so on most
+// systems, but not on every one that the program runs on, and the list files are read with little
+// else.
+#pragma once
+
+#include <algorithm>
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string_view>
+
+namespace platform::bytes {
+
+using Word = std::uint64_t;
+
+/// The byte `c` in every place of a word.
+[[nodiscard]] constexpr Word everywhere(char c) {
+  constexpr Word ones = 0x0101010101010101U;
+  return ones * static_cast<unsigned char>(c);
+}
+
+/// A word whose lowest bit that is set marks the first byte of `word` that is zero; 0 for none.
+[[nodiscard]] constexpr Word zeroBytes(Word word) {
+  constexpr Word highBits = 0x8080808080808080U;
+  return (word - everywhere(1)) & ~word & highBits;
+}
+
+[[nodiscard]] inline Word wordAt(const char* place) {
+  static_assert(std::endian::native == std::endian::little);
+  Word word = 0;
+  std::memcpy(&word, place, sizeof word);
+  return word;
+}
+
+/// Place of the first `one` or `other` from `from` on, the size of `text` when there is none.
+[[nodiscard]] inline std::size_t findEither(std::string_view text, char one, char other,
+                                            std::size_t from = 0) {
+  constexpr unsigned bitsPerByte = 8;
+  const Word ones = everywhere(one);
+  const Word others = everywhere(other);
+  std::size_t place = from;
+  for (; place + sizeof(Word) <= text.size(); place += sizeof(Word)) {
+    const Word word = wordAt(text.data() + place);
+    if (const Word found = zeroBytes(word ^ ones) | zeroBytes(word ^ others); found != 0) {
+      return place + static_cast<std::size_t>(std::countr_zero(found)) / bitsPerByte;
+    }
+  }
+  while (place < text.size() && text[place] != one && text[place] != other) {
+    ++place;
+  }
+  return place;
+}
+
+/// Place of the first `c` from `from` on, the size of `text` when there is none.
+[[nodiscard]] inline std::size_t find(std::string_view text, char c, std::size_t from = 0) {
+  return findEither(text, c, c, from);
+}
+
+/// Below, equal or above zero as `one` comes before, with or after `other` in the order of unsigned
+/// bytes, the shorter one first.
+[[nodiscard]] inline int compare(std::string_view one, std::string_view other) {
+  const std::size_t common = std::min(one.size(), other.size());
+  std::size_t place = 0;
+  while (place + sizeof(Word) <= common &&
+         wordAt(one.data() + place) == wordAt(other.data() + place)) {
+    place += sizeof(Word);
+  }
+  for (; place < common; ++place) {
+    if (one[place] != other[place]) {
+      return static_cast<unsigned char>(one[place]) < static_cast<unsigned char>(other[place]) ? -1
+                                                                                               : 1;
+    }
+  }
+  return one.size() == other.size() ? 0 : (one.size() < other.size() ? -1 : 1);
+}
+
+}  // namespace platform::bytes

@@ -1,0 +1,50 @@
+#include "platform/bytes.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+#include <string>
+
+namespace platform::bytes {
+namespace {
+
+/// Bytes that are often the ones looked for or their neighbours, at every place of a word.
+std::string someBytes(std::mt19937& random) {
+  const std::string choice("\n\r\x0B\x0C\x00\x01\xFF\x8A\x8D\x7F,,", 12);
+  std::string bytes(random() % 40, 'x');
+  for (char& byte : bytes) {
+    if (random() % 8 == 0) {
+      byte = choice[random() % choice.size()];
+    }
+  }
+  return bytes;
+}
+
+TEST(Bytes, FindingAgreesWithTheStandardLibrary) {
+  std::mt19937 random(11);
+  for (int round = 0; round < 100'000; ++round) {
+    const std::string text = someBytes(random);
+    const std::size_t from = random() % (text.size() + 1);
+    ASSERT_EQ(findEither(text, '\r', '\n', from),
+              std::min(text.find_first_of("\r\n", from), text.size()));
+    ASSERT_EQ(find(text, ',', from), std::min(text.find(',', from), text.size()));
+    ASSERT_EQ(find(text, '\xFF', from), std::min(text.find('\xFF', from), text.size()));
+  }
+}
+
+TEST(Bytes, ComparingAgreesWithTheStandardLibrary) {
+  std::mt19937 random(12);
+  const auto sign = [](int value) { return (value > 0) - (value < 0); };
+  for (int round = 0; round < 100'000; ++round) {
+    const std::string one = someBytes(random);
+    std::string other = random() % 2 == 0 ? one : someBytes(random);
+    if (!other.empty() && random() % 2 == 0) {
+      other[random() % other.size()] ^= static_cast<char>(random());
+    }
+    ASSERT_EQ(sign(compare(one, other)), sign(one.compare(other)));
+  }
+}
+
+}  // namespace
+}  // namespace platform::bytes

@@ -56,6 +56,7 @@ frmQMK::frmQMK()
   for (const wchar_t* const caption : {L"Tools", L"Open", L"New", L"Web"}) {
     TabMain.addTab(caption);
   }
+  TabMain.setAccessibleName(L"Lists");
   buildLists();
   buildMenus();
   connect();

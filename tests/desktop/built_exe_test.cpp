@@ -25,8 +25,7 @@ class BuiltExe : public ::testing::Test {
     const auto bytes = harness::readFile(harness::gatewayExecutable());
     ASSERT_TRUE(bytes.has_value());
     bytes_ = *bytes;
-    headers_ =
-        read<IMAGE_NT_HEADERS64>(static_cast<std::size_t>(read<IMAGE_DOS_HEADER>(0).e_lfanew));
+    headers_ = read<IMAGE_NT_HEADERS>(static_cast<std::size_t>(read<IMAGE_DOS_HEADER>(0).e_lfanew));
     ASSERT_EQ(headers_.Signature, DWORD{IMAGE_NT_SIGNATURE});
     module_ = LoadLibraryExW(harness::gatewayExecutable().c_str(), nullptr,
                              LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_AS_IMAGE_RESOURCE);
@@ -49,7 +48,7 @@ class BuiltExe : public ::testing::Test {
   /// Place in the file of an address of the loaded image.
   [[nodiscard]] std::size_t offsetOf(DWORD address) const {
     const std::size_t first = static_cast<std::size_t>(read<IMAGE_DOS_HEADER>(0).e_lfanew) +
-                              offsetof(IMAGE_NT_HEADERS64, OptionalHeader) +
+                              offsetof(IMAGE_NT_HEADERS, OptionalHeader) +
                               headers_.FileHeader.SizeOfOptionalHeader;
     for (WORD index = 0; index < headers_.FileHeader.NumberOfSections; ++index) {
       const auto section = read<IMAGE_SECTION_HEADER>(first + index * sizeof(IMAGE_SECTION_HEADER));
@@ -109,20 +108,31 @@ class BuiltExe : public ::testing::Test {
   }
 
   std::string bytes_;
-  IMAGE_NT_HEADERS64 headers_{};
+  IMAGE_NT_HEADERS headers_{};
   HMODULE module_ = nullptr;
 };
 
-TEST_F(BuiltExe, IsA64BitWindowsProgram) {
-  EXPECT_EQ(headers_.FileHeader.Machine, IMAGE_FILE_MACHINE_AMD64);
-  EXPECT_EQ(headers_.OptionalHeader.Magic, IMAGE_NT_OPTIONAL_HDR64_MAGIC);
+// The tests are built for the same machine as the program.
+#ifdef _WIN64
+constexpr WORD machine = IMAGE_FILE_MACHINE_AMD64;
+constexpr WORD addressFlags =
+    IMAGE_DLLCHARACTERISTICS_HIGH_ENTROPY_VA | IMAGE_DLLCHARACTERISTICS_DYNAMIC_BASE;
+constexpr const char* architecture = "processorArchitecture=\"amd64\"";
+#else
+constexpr WORD machine = IMAGE_FILE_MACHINE_I386;
+constexpr WORD addressFlags = IMAGE_DLLCHARACTERISTICS_DYNAMIC_BASE;
+constexpr const char* architecture = "processorArchitecture=\"x86\"";
+#endif
+
+TEST_F(BuiltExe, IsAWindowsProgramForItsMachine) {
+  EXPECT_EQ(headers_.FileHeader.Machine, machine);
+  EXPECT_EQ(headers_.OptionalHeader.Magic, IMAGE_NT_OPTIONAL_HDR_MAGIC);
   EXPECT_EQ(headers_.OptionalHeader.Subsystem, IMAGE_SUBSYSTEM_WINDOWS_GUI);
 }
 
 TEST_F(BuiltExe, IsHardened) {
   const WORD flags = headers_.OptionalHeader.DllCharacteristics;
-  EXPECT_NE(flags & IMAGE_DLLCHARACTERISTICS_HIGH_ENTROPY_VA, 0);
-  EXPECT_NE(flags & IMAGE_DLLCHARACTERISTICS_DYNAMIC_BASE, 0);
+  EXPECT_EQ(flags & addressFlags, addressFlags);
   EXPECT_NE(flags & IMAGE_DLLCHARACTERISTICS_NX_COMPAT, 0);
   EXPECT_EQ(headers_.FileHeader.Characteristics & IMAGE_FILE_RELOCS_STRIPPED, 0)
       << "nothing can be placed at random without relocations";
@@ -144,7 +154,7 @@ TEST_F(BuiltExe, CarriesTheManifest) {
   const std::string manifest = resource(24, 1);
   for (const char* part :
        {"PerMonitorV2", "Microsoft.Windows.Common-Controls", "version=\"6.0.0.0\"", "longPathAware",
-        "level=\"asInvoker\"", "{8e0f7a12-bfb3-4fe8-b9a5-48fd50a15a9a}"}) {
+        "level=\"asInvoker\"", architecture, "{8e0f7a12-bfb3-4fe8-b9a5-48fd50a15a9a}"}) {
     EXPECT_THAT(manifest, ::testing::HasSubstr(part));
   }
 }

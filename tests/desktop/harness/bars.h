@@ -59,6 +59,9 @@ struct MenuEntry {
 /// All entries of a window's menus, submenus behind their heading.
 [[nodiscard]] std::vector<MenuEntry> menuEntries(HWND window);
 
+/// Entries of the menu that is open, waited for.
+[[nodiscard]] std::vector<MenuEntry> openMenuEntries();
+
 /// The entry of a command; raises `Failure` when there is none.
 [[nodiscard]] MenuEntry menuEntry(HWND window, int id);
 

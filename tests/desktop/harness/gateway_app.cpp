@@ -91,6 +91,10 @@ HWND GatewayApp::waitForMain() {
 
 HWND GatewayApp::startToMain() {
   start();
+  return startToMainFromSplash();
+}
+
+HWND GatewayApp::startToMainFromSplash() {
   HWND const splashWindow = waitForSplash();
   clickAt(centreOf(screenRect(splashWindow)), splashWindow);
   waitForMain();

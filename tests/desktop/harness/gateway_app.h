@@ -73,6 +73,8 @@ class GatewayApp {
   HWND waitForMain();
   /// Starts, clicks the splash away and waits until start-up has filled the lists.
   HWND startToMain();
+  /// The rest of that, for a program that has been started.
+  HWND startToMainFromSplash();
   [[nodiscard]] HWND main() const { return main_; }
   [[nodiscard]] DWORD processId() const { return process_->id(); }
   [[nodiscard]] const Process& process() const { return *process_; }

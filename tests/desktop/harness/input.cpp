@@ -81,6 +81,11 @@ void moveTo(POINT place) { settleAt(place); }
 
 void clickAt(POINT place, HWND expected) { clicks(place, expected, 1); }
 
+void rightClickAt(POINT place, HWND expected) {
+  goTo(place, expected);
+  sendAll({mouse(MOUSEEVENTF_RIGHTDOWN), mouse(MOUSEEVENTF_RIGHTUP)});
+}
+
 void doubleClickAt(POINT place, HWND expected) { clicks(place, expected, 2); }
 
 void drag(POINT from, POINT to, HWND expected) {
@@ -97,14 +102,16 @@ void drag(POINT from, POINT to, HWND expected) {
 }
 
 void pressKey(WORD code, WORD held) {
+  pressKeys(held != 0 ? std::vector<WORD>{held, code} : std::vector<WORD>{code});
+}
+
+void pressKeys(const std::vector<WORD>& codes) {
   std::vector<INPUT> inputs;
-  if (held != 0) {
-    inputs.push_back(key(held, 0));
+  for (const WORD code : codes) {
+    inputs.push_back(key(code, 0));
   }
-  inputs.push_back(key(code, 0));
-  inputs.push_back(key(code, KEYEVENTF_KEYUP));
-  if (held != 0) {
-    inputs.push_back(key(held, KEYEVENTF_KEYUP));
+  for (auto code = codes.rbegin(); code != codes.rend(); ++code) {
+    inputs.push_back(key(*code, KEYEVENTF_KEYUP));
   }
   sendAll(inputs);
 }

@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <string>
+#include <vector>
 
 namespace harness {
 
@@ -17,6 +18,7 @@ void moveTo(POINT place);
 /// Clicks at a place of the screen. Raises `Failure` when another window than `expected` (or one of
 /// its children) lies there.
 void clickAt(POINT place, HWND expected);
+void rightClickAt(POINT place, HWND expected);
 void doubleClickAt(POINT place, HWND expected);
 
 /// Drags with the left button.
@@ -25,6 +27,8 @@ void drag(POINT from, POINT to, HWND expected);
 /// Presses and releases a key, with Alt, Ctrl or Shift (VK_MENU, VK_CONTROL, VK_SHIFT) or 0 held
 /// down.
 void pressKey(WORD code, WORD held = 0);
+/// Presses the keys one after the other and releases them in the opposite order.
+void pressKeys(const std::vector<WORD>& codes);
 void typeText(const std::wstring& text);
 
 /// Clicks a push button by asking it to; raises `Failure` when there is no such button.

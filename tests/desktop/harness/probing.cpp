@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "harness/bars.h"
+#include "harness/looks.h"
 #include "harness/paths.h"
 #include "harness/remote_memory.h"
 #include "harness/wait.h"
@@ -43,9 +44,10 @@ class Hook {
 };
 
 template <class Answer>
-std::unique_ptr<Answer> ask(HWND window, probe::Question question) {
+std::unique_ptr<Answer> ask(HWND window, probe::Question question, const Answer& asked = {}) {
   static const UINT message = RegisterWindowMessageW(probe::messageName);
   RemoteMemory memory(window, sizeof(Answer));
+  memory.put(asked);
   {
     const Hook hook(window);
     send(window, message, static_cast<WPARAM>(question), memory.parameter());
@@ -64,10 +66,8 @@ std::wstring plainCaption(std::wstring caption) {
   return caption;
 }
 
-}  // namespace
-
-std::vector<MenuEntry> menuEntries(HWND window) {
-  const auto answer = ask<probe::MenuAnswer>(window, probe::Question::menu);
+std::vector<MenuEntry> entriesOf(HWND window, probe::Question question) {
+  const auto answer = ask<probe::MenuAnswer>(window, question);
   std::vector<MenuEntry> entries;
   for (int index = 0; index < answer->count; ++index) {
     const probe::MenuEntry& entry = answer->entries[index];
@@ -75,6 +75,50 @@ std::vector<MenuEntry> menuEntries(HWND window) {
                        entry.depth, entry.separator != 0, entry.checked != 0, entry.enabled != 0});
   }
   return entries;
+}
+
+}  // namespace
+
+std::vector<MenuEntry> menuEntries(HWND window) { return entriesOf(window, probe::Question::menu); }
+
+std::vector<MenuEntry> openMenuEntries() {
+  constexpr const wchar_t* menuClass = L"#32768";
+  HWND const menu = waitUntilFound("an open menu", [] {
+    HWND const window = FindWindowW(menuClass, nullptr);
+    return window != nullptr && IsWindowVisible(window) != FALSE ? window : nullptr;
+  });
+  return entriesOf(menu, probe::Question::popup);
+}
+
+int fontHeight(HWND control) {
+  return ask<probe::FontAnswer>(control, probe::Question::font)->height;
+}
+
+SIZE imageSize(HWND control, UINT message, WPARAM which) {
+  probe::ImagesAnswer asked{};
+  asked.message = message;
+  asked.which = which;
+  const auto answer = ask(control, probe::Question::images, asked);
+  return {answer->width, answer->height};
+}
+
+ChangedColours::ChangedColours(HWND window, const std::map<int, COLORREF>& colours) {
+  probe::ColoursOrder order{};
+  for (const auto& [index, colour] : colours) {
+    before_[index] = GetSysColor(index);
+    order.indices[order.count] = index;
+    order.colours[order.count++] = colour;
+  }
+  ask(window, probe::Question::colours, order);
+}
+
+ChangedColours::~ChangedColours() {
+  for (const auto& [index, colour] : before_) {
+    SetSysColors(1, &index, &colour);
+  }
+  // Wine keeps what was set for the programs of the session and prefers it to the scheme.
+  RegDeleteTreeW(HKEY_CURRENT_USER,
+                 L"Software\\Wine\\Temporary System Parameters\\Control Panel\\Colors");
 }
 
 int systemIconOf(HWND iconControl) {

@@ -27,9 +27,10 @@ void Job::end() const {
   waitUntil("the processes of the test end", [this] { return running() == 0; });
 }
 
-Process::Process(const std::wstring& executable, const std::wstring& workingFolder,
-                 const Job& job) {
-  std::wstring commandLine = L"\"" + executable + L"\"";
+Process::Process(const std::wstring& executable, const std::wstring& workingFolder, const Job& job,
+                 const std::wstring& arguments) {
+  std::wstring commandLine =
+      L"\"" + executable + L"\"" + (arguments.empty() ? L"" : L" ") + arguments;
   STARTUPINFOW startup{};
   startup.cb = sizeof(startup);
   const auto create = [&] {

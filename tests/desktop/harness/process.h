@@ -27,8 +27,10 @@ class Job {
 
 class Process {
  public:
-  /// Starts `executable` in `workingFolder`, as part of `job`. Raises `Failure`.
-  Process(const std::wstring& executable, const std::wstring& workingFolder, const Job& job);
+  /// Starts `executable` in `workingFolder`, as part of `job`, with `arguments` as they are. Raises
+  /// `Failure`.
+  Process(const std::wstring& executable, const std::wstring& workingFolder, const Job& job,
+          const std::wstring& arguments = L"");
   Process(const Process&) = delete;
   Process& operator=(const Process&) = delete;
   ~Process();

@@ -93,4 +93,32 @@ ScreenDensity::~ScreenDensity() {
   }
 }
 
+ColourScheme::ColourScheme(const std::map<std::wstring, COLORREF>& colours) {
+  set(L"Software\\Microsoft\\Windows\\CurrentVersion\\ThemeManager", L"ThemeActive", L"0");
+  for (const auto& [name, colour] : colours) {
+    set(L"Control Panel\\Colors", name,
+        std::to_wstring(GetRValue(colour)) + L" " + std::to_wstring(GetGValue(colour)) + L" " +
+            std::to_wstring(GetBValue(colour)));
+  }
+}
+
+ColourScheme::~ColourScheme() {
+  for (const Value& value : values_) {
+    if (value.before) {
+      RegSetKeyValueW(HKEY_CURRENT_USER, value.key.c_str(), value.name.c_str(), REG_SZ,
+                      value.before->c_str(),
+                      static_cast<DWORD>((value.before->size() + 1) * sizeof(wchar_t)));
+    } else {
+      RegDeleteKeyValueW(HKEY_CURRENT_USER, value.key.c_str(), value.name.c_str());
+    }
+  }
+}
+
+void ColourScheme::set(const std::wstring& key, const std::wstring& name,
+                       const std::wstring& text) {
+  DWORD type = 0;
+  values_.push_back({key, name, read(key, name, type)});
+  write(key, name, REG_SZ, text);
+}
+
 }  // namespace harness

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -43,6 +44,26 @@ class ScreenDensity {
 
  private:
   std::optional<DWORD> before_;
+};
+
+/// System colours that programs started from now on see, without the pictures of a theme in their
+/// place, until the end of this object.
+class ColourScheme {
+ public:
+  /// Names as in the registry ("Window", "WindowText"), and colours.
+  explicit ColourScheme(const std::map<std::wstring, COLORREF>& colours);
+  ColourScheme(const ColourScheme&) = delete;
+  ColourScheme& operator=(const ColourScheme&) = delete;
+  ~ColourScheme();
+
+ private:
+  void set(const std::wstring& key, const std::wstring& name, const std::wstring& text);
+  struct Value {
+    std::wstring key;
+    std::wstring name;
+    std::optional<std::wstring> before;
+  };
+  std::vector<Value> values_;
 };
 
 }  // namespace harness

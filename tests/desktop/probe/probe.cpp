@@ -1,8 +1,11 @@
 // The probe: a hook procedure that answers questions of the tests inside the driven program.
 #include "probe/probe.h"
 
+#include <commctrl.h>
+
 #include <array>
 #include <cstdint>
+#include <cstdlib>
 #include <cstring>
 #include <vector>
 
@@ -67,6 +70,33 @@ int systemIconLike(HICON icon) {
   return 0;
 }
 
+void answerFont(HWND control, probe::FontAnswer& result) {
+  // Without a font of its own a control writes with the system's.
+  auto font = reinterpret_cast<HGDIOBJ>(SendMessageW(control, WM_GETFONT, 0, 0));
+  LOGFONTW facts{};
+  GetObjectW(font != nullptr ? font : GetStockObject(SYSTEM_FONT), sizeof(facts), &facts);
+  result.height = std::abs(static_cast<int>(facts.lfHeight));
+  result.weight = static_cast<int>(facts.lfWeight);
+  result.answered = 1;
+}
+
+void answerImages(HWND control, probe::ImagesAnswer& result) {
+  using GetSize = BOOL WINAPI(HIMAGELIST, int*, int*);
+  using GetCount = int WINAPI(HIMAGELIST);
+  // The very library that made the image list.
+  HMODULE const library = GetModuleHandleW(L"comctl32.dll");
+  auto* const getSize = reinterpret_cast<GetSize*>(
+      reinterpret_cast<void*>(GetProcAddress(library, "ImageList_GetIconSize")));
+  auto* const getCount = reinterpret_cast<GetCount*>(
+      reinterpret_cast<void*>(GetProcAddress(library, "ImageList_GetImageCount")));
+  auto* const images =
+      reinterpret_cast<HIMAGELIST>(SendMessageW(control, result.message, result.which, 0));
+  if (images != nullptr && getSize(images, &result.width, &result.height) != FALSE) {
+    result.count = getCount(images);
+    result.answered = 1;
+  }
+}
+
 void answer(const CWPSTRUCT& sent) {
   switch (static_cast<probe::Question>(sent.wParam)) {
     case probe::Question::menu: {
@@ -83,6 +113,25 @@ void answer(const CWPSTRUCT& sent) {
       const auto icon = reinterpret_cast<HICON>(SendMessageW(sent.hwnd, STM_GETICON, 0, 0));
       result.systemIcon = icon != nullptr ? systemIconLike(icon) : 0;
       result.answered = 1;
+      break;
+    }
+    case probe::Question::popup: {
+      constexpr UINT getMenu = 0x01E1;  // MN_GETHMENU
+      auto& result = *reinterpret_cast<probe::MenuAnswer*>(sent.lParam);
+      result.count = 0;
+      collect(reinterpret_cast<HMENU>(SendMessageW(sent.hwnd, getMenu, 0, 0)), 0, result);
+      result.answered = 1;
+      break;
+    }
+    case probe::Question::font:
+      answerFont(sent.hwnd, *reinterpret_cast<probe::FontAnswer*>(sent.lParam));
+      break;
+    case probe::Question::images:
+      answerImages(sent.hwnd, *reinterpret_cast<probe::ImagesAnswer*>(sent.lParam));
+      break;
+    case probe::Question::colours: {
+      auto& order = *reinterpret_cast<probe::ColoursOrder*>(sent.lParam);
+      order.answered = SetSysColors(order.count, order.indices, order.colours) != FALSE ? 1 : 0;
       break;
     }
   }

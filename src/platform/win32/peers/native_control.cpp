@@ -44,6 +44,9 @@ void NativeControl::create(const wchar_t* windowClass, DWORD style, DWORD extend
   if (!window_) {
     throw RunTimeError(error::outOfMemory);
   }
+  if (!control_.accessibleName().empty()) {
+    accessibleName_.give(window(), control_.accessibleName());
+  }
   send(WM_SETFONT, firstParameterFrom(font()), FALSE);
   if (!control_.toolTip().empty()) {
     host_.setToolTip(window(), control_.toolTip());

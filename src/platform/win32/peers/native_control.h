@@ -9,6 +9,7 @@
 #include <string>
 
 #include "platform/controls/control.h"
+#include "platform/win32/accessible_name.h"
 #include "platform/win32/handles.h"
 
 namespace platform::win32 {
@@ -78,6 +79,7 @@ class NativeControl {
   WindowPeer& host_;
   controls::Control& control_;
   NativeWindow window_;
+  AccessibleName accessibleName_;  // goes before the window
   bool detached_ = false;
 };
 

@@ -17,6 +17,10 @@ namespace {
 // At 96 dpi: above and below the buttons, and before the first one.
 constexpr int verticalMargin = 2;
 constexpr int indent = 8;
+// Width of a button, at 96 dpi: that of the longest caption, but within these. The space that the
+// system leaves beside a caption does not grow with the density.
+constexpr int leastWidth = 50;
+constexpr int greatestWidth = 160;
 
 BYTE stateOf(const controls::Toolbar::Button& button) {
   return static_cast<BYTE>((button.enabled ? TBSTATE_ENABLED : 0) |
@@ -60,6 +64,8 @@ void ToolbarPeer::build() {
     }
     natives.push_back(native);
   }
+  send(TB_SETBUTTONWIDTH, 0,
+       MAKELPARAM(scaled(leastWidth, host().dpi()), scaled(greatestWidth, host().dpi())));
   send(TB_SETINDENT, static_cast<WPARAM>(scaled(indent, host().dpi())));
   send(TB_ADDBUTTONSW, natives.size(), parameterFrom(natives.data()));
   send(WM_SETREDRAW, TRUE);

@@ -1,5 +1,6 @@
 // Creation of native windows and their parts.
 #include <bit>
+#include <cstdint>
 
 #include "platform/run_time_error.h"
 #include "platform/win32/dpi.h"
@@ -27,7 +28,8 @@ void requireClass(const std::wstring& name, WNDPROC procedure) {
   wanted.lpfnWndProc = procedure;
   wanted.hInstance = program;
   wanted.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-  wanted.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
+  // The colour's number, not its brush of today: a change of the system's colours may replace that.
+  wanted.hbrBackground = std::bit_cast<HBRUSH>(static_cast<std::uintptr_t>(COLOR_BTNFACE + 1));
   wanted.lpszClassName = name.c_str();
   if (RegisterClassExW(&wanted) == 0) {
     throw RunTimeError(error::outOfMemory);

@@ -1,0 +1,267 @@
+// The program without a mouse: the way of the focus, the keys of the tabs, type-ahead, the lists'
+// own menu.
+#include "gateway_test.h"
+#include "harness/link_file.h"
+
+namespace desktop_tests {
+namespace {
+
+using harness::MenuEntry;
+using ::testing::Pair;
+
+class Keyboard : public GatewayTest {
+ protected:
+  void SetUp() override { GatewayApp::skipExample(); }
+
+  /// Control id of what has the focus, 0 for nothing.
+  [[nodiscard]] int focused() const {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof(info);
+    GetGUIThreadInfo(GetWindowThreadProcessId(app->main(), nullptr), &info);
+    return info.hwndFocus == nullptr ? 0 : GetDlgCtrlID(info.hwndFocus);
+  }
+  [[nodiscard]] bool focusComesTo(int id) const {
+    return waitFor([&] { return focused() == id; });
+  }
+  /// Presses a key and waits for the focus, which has to come to `id`.
+  void pressTo(WORD key, WORD held, int id) const {
+    const int before = focused();
+    harness::pressKey(key, held);
+    EXPECT_TRUE(focusComesTo(id)) << "from " << before << " to " << focused() << ", not to " << id;
+  }
+  /// Puts the focus into the list of a tab, and the tab to the front.
+  void focusList(int tab) const {
+    app->selectTab(tab);
+    for (int press = 0; press < 5 && focused() != ids::lstQMK0 + tab; ++press) {
+      const int before = focused();
+      harness::pressKey(VK_TAB);
+      harness::waitUntil("the focus moves on", [&] { return focused() != before; });
+    }
+    ASSERT_EQ(focused(), ids::lstQMK0 + tab);
+  }
+  [[nodiscard]] bool showsTab(int tab) const {
+    return waitFor([&] {
+      return app->tabs().current() == tab && IsWindowVisible(app->list(tab).window()) != FALSE;
+    });
+  }
+
+  void addShortcut(const std::wstring& name) const {
+    harness::LinkFile link;
+    link.target = L"C:\\tools\\" + name + L".exe";
+    harness::writeLink(app->shortCutsFolder() + L"\\" + name + L".lnk", link);
+  }
+};
+
+TEST_F(Keyboard, TheTabKeyGoesThroughTheControlsInReadingOrderAndBack) {
+  app->startToMain();
+  struct Way {
+    int tab;
+    std::vector<int> stops;
+  };
+  const std::vector<Way> ways{
+      {Tab::tools, {ids::barMain, ids::TabMain, ids::lstQMK0}},
+      {Tab::open, {ids::barMain, ids::TabMain, ids::lstQMK0 + 1, ids::cmdBrowse}},
+      {Tab::newFile, {ids::barMain, ids::TabMain, ids::lstQMK0 + 2}},
+      {Tab::web, {ids::barMain, ids::TabMain, ids::lstQMK0 + 3}},
+  };
+  for (const auto& [tab, stops] : ways) {
+    SCOPED_TRACE("tab " + std::to_string(tab));
+    focusList(tab);
+    // Once round from the list, forwards and backwards.
+    const std::size_t count = stops.size();
+    constexpr std::size_t listStop = 2;
+    for (std::size_t step = 1; step <= count; ++step) {
+      pressTo(VK_TAB, 0, stops[(listStop + step) % count]);
+    }
+    for (std::size_t step = 1; step <= count; ++step) {
+      pressTo(VK_TAB, VK_SHIFT, stops[(listStop + count - step) % count]);
+    }
+  }
+}
+
+TEST_F(Keyboard, CtrlTabGoesRoundTheTabsAndTakesTheFocusAlong) {
+  app->startToMain();
+  focusList(Tab::tools);
+  for (const int tab : {1, 2, 3, 0}) {
+    harness::pressKey(VK_TAB, VK_CONTROL);
+    EXPECT_TRUE(showsTab(tab)) << tab;
+    EXPECT_TRUE(focusComesTo(ids::lstQMK0 + tab)) << tab;
+  }
+  for (const int tab : {3, 2, 1, 0}) {
+    harness::pressKeys({VK_CONTROL, VK_SHIFT, VK_TAB});
+    EXPECT_TRUE(showsTab(tab)) << tab;
+    EXPECT_TRUE(focusComesTo(ids::lstQMK0 + tab)) << tab;
+  }
+}
+
+TEST_F(Keyboard, CtrlAndADigitShowATab) {
+  app->startToMain();
+  focusList(Tab::tools);
+  for (const int tab : {2, 0, 3, 1}) {
+    harness::pressKey(static_cast<WORD>('1' + tab), VK_CONTROL);
+    EXPECT_TRUE(showsTab(tab)) << tab;
+    EXPECT_TRUE(focusComesTo(ids::lstQMK0 + tab)) << tab;
+  }
+  // There is no fifth one.
+  harness::pressKey('5', VK_CONTROL);
+  harness::pressKey('1', VK_CONTROL);
+  EXPECT_TRUE(showsTab(Tab::tools));
+}
+
+TEST_F(Keyboard, ArrowsOnTheTabsChangeTheTab) {
+  app->startToMain();
+  focusList(Tab::tools);
+  pressTo(VK_TAB, VK_SHIFT, ids::TabMain);
+  harness::pressKey(VK_RIGHT);
+  EXPECT_TRUE(showsTab(Tab::open));
+  EXPECT_TRUE(focusComesTo(ids::TabMain));
+  harness::pressKey(VK_LEFT);
+  EXPECT_TRUE(showsTab(Tab::tools));
+}
+
+TEST_F(Keyboard, ToolbarButtonsArePressedByKey) {
+  app->startToMain();
+  focusList(Tab::tools);
+  pressTo(VK_TAB, 0, ids::barMain);
+  // Delete, Rename, Create, Icon, List.
+  for (int step = 0; step < 4; ++step) {
+    harness::pressKey(VK_RIGHT);
+  }
+  harness::pressKey(VK_SPACE);
+  EXPECT_TRUE(waitFor([&] { return app->toolbar().button(ids::buttonList).pressed; }));
+  EXPECT_EQ(app->list(Tab::tools).view(), LV_VIEW_DETAILS);
+}
+
+TEST_F(Keyboard, EnterAndSpacePressTheBrowseButton) {
+  app->startToMain();
+  for (const WORD key : {WORD{VK_RETURN}, WORD{VK_SPACE}}) {
+    focusList(Tab::open);
+    pressTo(VK_TAB, 0, ids::cmdBrowse);
+    harness::pressKey(key);
+    app->waitForFileDialog().cancel();
+  }
+}
+
+TEST_F(Keyboard, TypingFindsAnItemInEveryList) {
+  for (const wchar_t* const name : {L"Alder", L"Birch", L"Cedar", L"Cherry"}) {
+    addShortcut(name);
+  }
+  const auto file = [&](const wchar_t* name) {
+    return record(L"FP3", app->addFileElsewhere(name));
+  };
+  app->writeCatalogue(file(L"north.fp3") + file(L"ridge.fp3") + file(L"river.fp3"));
+  harness::writeFile(app->folder() + L"\\QMKWebList.txt",
+                     "\"Maps\",\"http://m.example/\"\r\n\"Soil\",\"http://s.example/\"\r\n"
+                     "\"Snow\",\"http://n.example/\"\r\n");
+  app->startToMain();
+  struct Search {
+    int tab;
+    const wchar_t* typed;
+    const wchar_t* found;
+  };
+  for (const auto& [tab, typed, found] :
+       {Search{Tab::tools, L"ch", L"Cherry"}, Search{Tab::open, L"riv", L"river.fp3"},
+        Search{Tab::newFile, L"n", L"New Planar Intercept"}, Search{Tab::web, L"sn", L"Snow"}}) {
+    SCOPED_TRACE(harness::utf8(found));
+    focusList(tab);
+    const harness::ListViewReader list = app->list(tab);
+    harness::pressKey(VK_HOME);
+    EXPECT_TRUE(waitFor([&] { return list.selected() == 0; }));
+    harness::typeText(typed);
+    const auto wanted = list.find(found);
+    ASSERT_TRUE(wanted);
+    EXPECT_TRUE(waitFor([&] { return list.selected() == wanted; }))
+        << "selected: " << list.selected().value_or(-1);
+    EXPECT_EQ(list.focused(), wanted);
+  }
+}
+
+/// Captions and enabled states of the Edit commands, as an open menu shows them.
+std::vector<std::pair<std::wstring, bool>> openMenu() {
+  std::vector<std::pair<std::wstring, bool>> shown;
+  for (const MenuEntry& entry : harness::openMenuEntries()) {
+    shown.emplace_back(entry.caption, entry.enabled);
+  }
+  return shown;
+}
+
+class ContextMenu : public Keyboard {
+ protected:
+  static void expectGone() {
+    EXPECT_TRUE(waitFor([] { return FindWindowW(L"#32768", nullptr) == nullptr; }));
+  }
+  /// What the menu of a tab has to show.
+  static auto commandsOf(int tab) {
+    switch (tab) {
+      case Tab::tools:
+        return ElementsAre(Pair(L"Create Shortcut", true), Pair(L"Rename Shortcut", true),
+                           Pair(L"Delete Shortcut", true));
+      case Tab::open:
+        return ElementsAre(Pair(L"Create Shortcut", false), Pair(L"Rename File", true),
+                           Pair(L"Delete File", true));
+      case Tab::newFile:
+        return ElementsAre(Pair(L"Create", false), Pair(L"Rename", false), Pair(L"Delete", false));
+      default:
+        return ElementsAre(Pair(L"Create Web Shortcut", true), Pair(L"Rename Web Shortcut", true),
+                           Pair(L"Delete Web Shortcut", true));
+    }
+  }
+  void fillAndStart() {
+    addShortcut(L"Alder");
+    app->writeCatalogue(record(L"FP3", app->addFileElsewhere(L"north.fp3")));
+    harness::writeFile(app->folder() + L"\\QMKWebList.txt", "\"Maps\",\"http://m.example/\"\r\n");
+    app->startToMain();
+    // The captions of the Tools tab are those of a tab that has been entered.
+    app->selectTab(Tab::web);
+    app->selectTab(Tab::tools);
+  }
+};
+
+TEST_F(ContextMenu, KeysShowTheCommandsOfTheTabInFront) {
+  fillAndStart();
+  for (const int tab : {Tab::tools, Tab::open, Tab::newFile, Tab::web}) {
+    SCOPED_TRACE("tab " + std::to_string(tab));
+    focusList(tab);
+    harness::pressKey(VK_F10, VK_SHIFT);
+    EXPECT_THAT(openMenu(), commandsOf(tab));
+    harness::pressKey(VK_ESCAPE);
+    expectGone();
+    harness::pressKey(VK_APPS);
+    EXPECT_THAT(openMenu(), commandsOf(tab));
+    harness::pressKey(VK_ESCAPE);
+    expectGone();
+  }
+}
+
+TEST_F(ContextMenu, ARightClickSelectsAndShowsTheCommandsOfTheTabInFront) {
+  fillAndStart();
+  for (const int tab : {Tab::tools, Tab::open, Tab::newFile, Tab::web}) {
+    SCOPED_TRACE("tab " + std::to_string(tab));
+    app->selectTab(tab);
+    const harness::ListViewReader list = app->list(tab);
+    ASSERT_GE(list.count(), 1);
+    const int row = list.count() - 1;
+    harness::rightClickAt(harness::centreOf(list.textOnScreen(row)), app->main());
+    EXPECT_THAT(openMenu(), commandsOf(tab));
+    harness::pressKey(VK_ESCAPE);
+    expectGone();
+    EXPECT_EQ(list.selected(), row);
+  }
+}
+
+TEST_F(ContextMenu, OnTheHeadersThereIsNone) {
+  fillAndStart();
+  app->selectTab(Tab::open);
+  const harness::ListViewReader list = app->list(Tab::open);
+  harness::rightClickAt(harness::centreOf(list.headerOnScreen(1)), app->main());
+  harness::send(app->main(), WM_NULL);
+  EXPECT_EQ(FindWindowW(L"#32768", nullptr), nullptr);
+  // The list has its menu all the same.
+  harness::rightClickAt(harness::centreOf(list.textOnScreen(0)), app->main());
+  EXPECT_THAT(openMenu(), commandsOf(Tab::open));
+  harness::pressKey(VK_ESCAPE);
+  expectGone();
+}
+
+}  // namespace
+}  // namespace desktop_tests

@@ -1,0 +1,76 @@
+// How the lists stand: the columns of the report, the places of the icons.
+#include "gateway_test.h"
+#include "harness/link_file.h"
+
+namespace desktop_tests {
+namespace {
+
+class ListLook : public GatewayTest {
+ protected:
+  void SetUp() override { GatewayApp::skipExample(); }
+
+  /// Whether no two names cover each other.
+  [[nodiscard]] bool namesStandApart(int tab) const {
+    const harness::ListViewReader list = app->list(tab);
+    std::vector<RECT> places;
+    for (int row = 0; row < list.count(); ++row) {
+      places.push_back(list.textOnScreen(row));
+    }
+    for (std::size_t a = 0; a < places.size(); ++a) {
+      for (std::size_t b = a + 1; b < places.size(); ++b) {
+        RECT both{};
+        if (IntersectRect(&both, &places[a], &places[b]) != FALSE) {
+          return false;
+        }
+      }
+    }
+    return true;
+  }
+};
+
+TEST_F(ListLook, TheDefaultSizeShowsAllColumnsOfTheOpenList) {
+  std::string records;
+  constexpr int enoughToScroll = 60;
+  for (int file = 0; file < enoughToScroll; ++file) {
+    records += record(L"FP3", L"C:\\field\\" + std::to_wstring(file) + L".fp3");
+  }
+  app->writeCatalogue(records);
+  app->startToMain();
+  app->selectTab(Tab::open);
+  ASSERT_TRUE(waitFor([&] { return app->list(Tab::open).count() == enoughToScroll; }));
+  const DWORD style = app->list(Tab::open).style();
+  EXPECT_NE(style & WS_VSCROLL, 0U);
+  EXPECT_EQ(style & WS_HSCROLL, 0U);
+  const RECT last = app->list(Tab::open).headerOnScreen(3);
+  EXPECT_LE(last.right, harness::clientOnScreen(app->list(Tab::open).window()).right);
+  const RECT window = harness::screenRect(app->main());
+  constexpr int screenWidth = 1280;
+  EXPECT_LE(window.right - window.left, screenWidth);
+}
+
+TEST_F(ListLook, IconsStandApartAfterTheColumnsWereShown) {
+  for (const wchar_t* const name : {L"Alder", L"Birch", L"Cedar"}) {
+    harness::LinkFile link;
+    link.target = std::wstring(L"C:\\tools\\") + name + L".exe";
+    harness::writeLink(app->shortCutsFolder() + L"\\" + name + L".lnk", link);
+  }
+  harness::writeFile(app->folder() + L"\\QMKWebList.txt",
+                     "\"Maps\",\"http://m.example/\"\r\n\"Soil\",\"http://s.example/\"\r\n");
+  app->startToMain();
+  for (const int tab : {Tab::web, Tab::newFile, Tab::tools}) {
+    SCOPED_TRACE("tab " + std::to_string(tab));
+    app->selectTab(tab);
+    ASSERT_GE(app->list(tab).count(), 2);
+    app->command(ids::mnuList);
+    ASSERT_TRUE(waitFor([&] { return app->list(tab).view() == LV_VIEW_DETAILS; }));
+    EXPECT_TRUE(namesStandApart(tab));
+    app->command(ids::mnuIcon);
+    ASSERT_TRUE(waitFor([&] { return app->list(tab).view() == LV_VIEW_ICON; }));
+    EXPECT_TRUE(waitFor([&] { return namesStandApart(tab); }, 2000));
+    // In a row, not in a column: they fill the list from left to right.
+    EXPECT_GT(app->list(tab).textOnScreen(1).left, app->list(tab).textOnScreen(0).right);
+  }
+}
+
+}  // namespace
+}  // namespace desktop_tests

@@ -1,0 +1,115 @@
+#include "native/cases.h"
+
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <utility>
+
+#include "catalogue/catalogue_file.h"
+#include "catalogue/catalogue_view.h"
+#include "catalogue/list_file.h"
+#include "catalogue_text.h"
+#include "platform/desktop.h"
+#include "platform/text.h"
+
+namespace bench {
+namespace {
+
+using controls::ListView;
+
+/// Keeps the optimizer from dropping work whose result nobody looks at.
+void require(bool held) {
+  if (!held) {
+    throw std::logic_error("a case did not do its work");
+  }
+}
+
+void putCatalogue(std::size_t records) {
+  desktop::desktop().reset();
+  desktop::desktop().putFile(modQMKGeneral::CatalogueFile(), catalogueText(records));
+}
+
+/// The catalogue view as the main window owns it.
+struct View {
+  ListView dataList{L"lstQMK", 1};
+  ListView newList{L"lstQMK", 2};
+  controls::ImageList largeImages;
+  controls::ImageList smallImages;
+  modQMKGeneral::CatalogueView catalogue{dataList, newList, largeImages, smallImages};
+};
+
+std::shared_ptr<View> loadedView(std::size_t records) {
+  putCatalogue(records);
+  auto view = std::make_shared<View>();
+  modQMKGeneral::LoadCatalogueView(view->catalogue);
+  require(!view->dataList.text(0).empty());
+  return view;
+}
+
+std::function<void()> readRecords(std::size_t records) {
+  return [bytes = catalogueText(records), records] {
+    list_file::Reader reader(bytes);
+    std::size_t count = 0;
+    for (list_file::Record record; reader.next(record);) {
+      count += record.has(2) ? 1 : 0;
+    }
+    require(count == records);
+  };
+}
+
+std::function<void()> dropRecord(std::size_t records) {
+  return [bytes = catalogueText(records), records] {
+    std::size_t n = 0;
+    const std::string kept = list_file::filtered(
+        bytes, [&n, records](const list_file::Record&) { return n++ != records / 2; });
+    require(kept.size() < bytes.size());
+  };
+}
+
+std::function<void()> addEntry(std::size_t records) {
+  putCatalogue(records);
+  // The second and later calls restamp the record that the first one added.
+  return [] { modQMKGeneral::AddOrUpdateCatalogueEntry(L"D:\\Elsewhere\\added.fp3", L"FP3"); };
+}
+
+std::function<void()> removeEntry(std::size_t records) {
+  putCatalogue(records);
+  return [path = platform::text::fromCodePage(recordPath(records / 2, records))] {
+    // Gone after the first call; the later ones look through all the others just the same.
+    modQMKGeneral::RemoveCatalogueEntry(path);
+  };
+}
+
+std::function<void()> loadView(std::size_t records) {
+  return [view = loadedView(records), records] {
+    modQMKGeneral::LoadCatalogueView(view->catalogue);
+    require(!view->dataList.text(records - 1).empty());
+  };
+}
+
+std::function<void()> sortView(std::size_t records) {
+  return [view = loadedView(records), records] {
+    ListView& list = view->dataList;
+    for (const std::size_t column : {modQMKGeneral::data_column::date, std::size_t{0}}) {
+      list.setSortKey(static_cast<int>(column));
+      require(!list.text(records - 1).empty());
+    }
+  };
+}
+
+std::function<void()> findRow(std::size_t records) {
+  return [view = loadedView(records)] { require(!view->dataList.find(L"no such name", 0)); };
+}
+
+}  // namespace
+
+const std::vector<Case>& cases() {
+  static const std::vector<Case> all{
+      {"read_records", readRecords}, {"drop_record", dropRecord}, {"add_entry", addEntry},
+      {"remove_entry", removeEntry}, {"load_view", loadView},     {"sort_view_twice", sortView},
+      {"find_row", findRow},
+  };
+  return all;
+}
+
+}  // namespace bench

@@ -1,0 +1,244 @@
+// Measures operations on the catalogue without a window, linked with the objects that ship. It
+// works on a catalogue in its own folder.
+//
+//   bench_operations [--quick] [part of a row's name]
+#include <windows.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "catalogue/catalogue_file.h"
+#include "catalogue/catalogue_view.h"
+#include "catalogue_text.h"
+#include "platform/application.h"
+#include "platform/text.h"
+#include "windows/rows.h"
+#include "windows/whole_file.h"
+
+namespace {
+
+using bench::Pair;
+using bench::Table;
+using controls::ListView;
+using modQMKGeneral::CatalogueFile;
+
+constexpr std::size_t manyRecords = 100000;
+constexpr int manyFiles = 10000;
+
+/// The catalogue view as the main window owns it, without native controls.
+struct View {
+  ListView dataList{L"lstQMK", 1};
+  ListView newList{L"lstQMK", 2};
+  controls::ImageList largeImages;
+  controls::ImageList smallImages;
+  modQMKGeneral::CatalogueView catalogue{dataList, newList, largeImages, smallImages};
+};
+
+std::wstring copyPath() { return platform::application::folder() + L"\\copy.tmp"; }
+
+/// A plain copy of the catalogue, on the disk at its end.
+double copyOnce() {
+  DeleteFileW(copyPath().c_str());
+  return bench::timed([] {
+    const bench::Bytes bytes = bench::readFile(CatalogueFile().c_str());
+    bench::writeFlushed(copyPath(), bytes.view());
+  });
+}
+
+void writeCatalogue(std::size_t records) {
+  bench::writeFlushed(CatalogueFile(), bench::catalogueText(records));
+}
+
+void measureAddAndRemove(const Table& table) {
+  constexpr int fullRuns = 15;
+  const auto path = [](int n) { return L"D:\\Elsewhere\\added " + std::to_wstring(n) + L".fp3"; };
+  table.section({"add.100k"}, [&] {
+    writeCatalogue(manyRecords);
+    int n = 0;
+    const Pair pair = Pair::inTurns(
+        table.runs(fullRuns),
+        [&] {
+          const std::wstring added = path(n++);
+          return bench::timed(
+              [&added] { modQMKGeneral::AddOrUpdateCatalogueEntry(added, L"FP3"); });
+        },
+        copyOnce);
+    table.printRatio("add.100k", pair, 2.0);
+  });
+  table.section({"remove.100k"}, [&] {
+    writeCatalogue(manyRecords);
+    std::size_t n = 0;
+    const Pair pair = Pair::inTurns(
+        table.runs(fullRuns),
+        [&] {
+          // From all over the file.
+          constexpr std::size_t step = 6151;
+          const std::wstring removed =
+              platform::text::fromCodePage(bench::recordPath(n++ * step, manyRecords));
+          return bench::timed([&removed] { modQMKGeneral::RemoveCatalogueEntry(removed); });
+        },
+        copyOnce);
+    table.printRatio("remove.100k", pair, 2.0);
+  });
+}
+
+/// Looks at every entry of the data folder once and writes as many bytes as the refresh does.
+double enumerateAndWrite(const std::wstring& folder, std::string_view bytes) {
+  DeleteFileW(copyPath().c_str());
+  return bench::timed([&] {
+    WIN32_FIND_DATAW found{};
+    HANDLE const search =
+        FindFirstFileExW((folder + L"\\*").c_str(), FindExInfoBasic, &found, FindExSearchNameMatch,
+                         nullptr, FIND_FIRST_EX_LARGE_FETCH);
+    int count = 0;
+    do {
+      ++count;
+    } while (FindNextFileW(search, &found) != 0);
+    FindClose(search);
+    if (count < manyFiles) {
+      bench::giveUp("not all data files were found");
+    }
+    bench::writeFlushed(copyPath(), bytes);
+  });
+}
+
+void measureRefresh(const Table& table) {
+  table.section({"refresh.10k"}, [&] {
+    const std::wstring folder = platform::application::folder() + L"\\data";
+    CreateDirectoryW(folder.c_str(), nullptr);
+    const wchar_t* const extensions[] = {L".fp3", L".bi3", L".bs3", L".cw3"};
+    for (int n = 0; n < manyFiles; ++n) {
+      const std::wstring path =
+          folder + L"\\plot " + std::to_wstring(n * 7919 % manyFiles) + extensions[n % 4];
+      CloseHandle(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                              FILE_ATTRIBUTE_NORMAL, nullptr));
+    }
+    constexpr std::size_t elsewhere = 100;
+    writeCatalogue(elsewhere);
+    View view;
+    const auto refresh = [&view] {
+      return bench::timed([&view] {
+        modQMKGeneral::RefreshDataFolderEntries(view.catalogue);
+        // The list puts its rows in order when it is first asked for one; a window asks at once.
+        static_cast<void>(view.dataList.text(0));
+      });
+    };
+    static_cast<void>(refresh());
+    if (view.dataList.count() != manyFiles + elsewhere) {
+      bench::giveUp("the refresh lacks files");
+    }
+    const bench::Bytes bytes = bench::readFile(CatalogueFile().c_str());
+    const Pair pair = Pair::inTurns(table.runs(9), refresh,
+                                    [&] { return enumerateAndWrite(folder, bytes.view()); });
+    table.printRatio("refresh.10k", pair, 1.5);
+  });
+}
+
+/// A place in the order, found by a key that is there already.
+struct Keyed {
+  std::string_view key;
+  std::size_t index;
+  bool operator<(const Keyed& other) const {
+    const int order = key.compare(other.key);
+    return order != 0 ? order < 0 : index < other.index;
+  }
+};
+
+void measureSort(const Table& table) {
+  table.section({"sort.100k"}, [&] {
+    writeCatalogue(manyRecords);
+    View view;
+    modQMKGeneral::LoadCatalogueView(view.catalogue);
+    ListView& list = view.dataList;
+    static_cast<void>(list.text(0));
+    constexpr std::size_t column = modQMKGeneral::data_column::date;
+    std::vector<std::string> keys;
+    for (std::size_t index = 0; index < list.count(); ++index) {
+      keys.push_back(platform::text::sortKey(list.subItem(index, column)));
+    }
+    const Pair pair = Pair::inTurns(
+        table.runs(9),
+        [&list] {
+          list.setSortKey(0);
+          static_cast<void>(list.text(0));
+          return bench::timed([&list] {
+            list.setSortKey(static_cast<int>(column));
+            static_cast<void>(list.text(0));
+          });
+        },
+        [&keys] {
+          return bench::timed([&keys] {
+            std::vector<Keyed> order;
+            order.reserve(keys.size());
+            for (const std::string& key : keys) {
+              order.push_back({key, order.size()});
+            }
+            std::sort(order.begin(), order.end());
+            if (order.front().key > order.back().key) {
+              bench::giveUp("the floor does not sort");
+            }
+          });
+        });
+    table.printRatio("sort.100k", pair, 1.5);
+  });
+}
+
+void measureTick(const Table& table) {
+  table.section({"tick"}, [&] {
+    constexpr std::size_t usualRecords = 100;
+    constexpr int ticks = 2000;
+    writeCatalogue(usualRecords);
+    View view;
+    modQMKGeneral::WatchCatalogue(view.catalogue);
+    if (view.dataList.count() != usualRecords) {
+      bench::giveUp("the first tick did not load");
+    }
+    const std::wstring path = CatalogueFile();
+    const Pair pair = Pair::inTurns(
+        table.runs(15),
+        [&view] {
+          return bench::timed([&view] {
+            for (int n = 0; n < ticks; ++n) {
+              modQMKGeneral::WatchCatalogue(view.catalogue);
+            }
+          });
+        },
+        [&path] {
+          return bench::timed([&path] {
+            WIN32_FILE_ATTRIBUTE_DATA data{};
+            for (int n = 0; n < ticks; ++n) {
+              if (GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data) == 0) {
+                bench::giveUp("the catalogue is gone");
+              }
+            }
+          });
+        });
+    table.printRatio("tick", pair, 1.5);
+  });
+}
+
+}  // namespace
+
+int main(int argumentCount, char** arguments) {
+  std::setvbuf(stdout, nullptr, _IONBF, 0);
+  bool quick = false;
+  std::string filter;
+  for (int n = 1; n < argumentCount; ++n) {
+    const std::string argument = arguments[n];
+    if (argument == "--quick") {
+      quick = true;
+    } else {
+      filter = argument;
+    }
+  }
+  const Table table(filter, quick);
+  measureAddAndRemove(table);
+  measureRefresh(table);
+  measureSort(table);
+  measureTick(table);
+  return 0;
+}

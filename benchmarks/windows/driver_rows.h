@@ -1,0 +1,20 @@
+// The measurements that drive the real program, by what they measure.
+#pragma once
+
+#include "windows/rows.h"
+
+namespace bench {
+
+/// Start to splash, and splash to the filled window, against a program with an empty window.
+void measureStart(const Table& table);
+/// Catalogues of all sizes, from the changed file to the rows on the screen: against the floor,
+/// against a textbook's way, growth and memory.
+void measureLoads(const Table& table);
+/// A double-click on a data file, until its tool runs.
+void measureDoubleClick(const Table& table);
+/// Processor time of the program while nothing happens.
+void measureIdle(const Table& table);
+/// Size of the program file.
+void measureSize(const Table& table);
+
+}  // namespace bench

@@ -1,0 +1,164 @@
+#include <windows.h>
+
+#include <cmath>
+#include <map>
+
+#include "catalogue_text.h"
+#include "harness/files.h"
+#include "harness/wait.h"
+#include "windows/capture.h"
+#include "windows/driven_gateway.h"
+#include "windows/driver_rows.h"
+#include "windows/process_facts.h"
+
+namespace bench {
+namespace {
+
+constexpr std::size_t smallest = 1000;
+constexpr std::size_t small = 10000;
+constexpr std::size_t large = 100000;
+constexpr std::size_t largest = 1000000;
+
+constexpr const char* textbookRow = "load.100k.textbook";
+constexpr const char* growthRow = "load.growth";
+constexpr const char* memoryRow = "load.1m.memory";
+constexpr const char* peakRow = "load.1m.peak";
+
+struct Size {
+  std::size_t records;
+  const char* row;
+  int runs;
+  bool limited;
+};
+constexpr Size sizes[] = {{smallest, "load.1k", 9, false},
+                          {small, "load.10k", 15, false},
+                          {large, "load.100k", 9, true},
+                          {largest, "load.1m", 5, true}};
+
+/// Two catalogues of one size that take turns in being the program's.
+class Catalogues {
+ public:
+  Catalogues(const DrivenGateway& gateway, std::size_t records)
+      : path_(gateway.app.cataloguePath()), spare_(path_ + L".spare") {
+    harness::writeFile(path_, catalogueText(records, 1));
+    harness::writeFile(spare_, catalogueText(records, 2));
+  }
+  Catalogues(const Catalogues&) = delete;
+  Catalogues& operator=(const Catalogues&) = delete;
+  ~Catalogues() { DeleteFileW(spare_.c_str()); }
+
+  /// Puts the other one in the place of the first, between two looks of the watch.
+  void swap() const {
+    const std::wstring third = path_ + L".third";
+    if (MoveFileExW(path_.c_str(), third.c_str(), MOVEFILE_REPLACE_EXISTING) == 0 ||
+        MoveFileExW(spare_.c_str(), path_.c_str(), 0) == 0 ||
+        MoveFileExW(third.c_str(), spare_.c_str(), 0) == 0) {
+      throw harness::Failure("the catalogues cannot be swapped");
+    }
+  }
+  [[nodiscard]] const std::wstring& path() const { return path_; }
+
+ private:
+  std::wstring path_;
+  std::wstring spare_;
+};
+
+/// From a changed file to its rows on the screen.
+double loadOnce(const DrivenGateway& gateway, const Catalogues& catalogues, std::size_t records) {
+  catalogues.swap();
+  const std::int64_t begin = now();
+  gateway.tick();
+  gateway.paint();
+  const std::int64_t end = now();
+  if (gateway.count(harness::Tab::open) != static_cast<int>(records)) {
+    throw harness::Failure("the list does not show " + std::to_string(records) + " rows but " +
+                           std::to_string(gateway.count(harness::Tab::open)));
+  }
+  return milliseconds(begin, end);
+}
+
+/// Lets the program load what is there, outside any measurement.
+void settle(const DrivenGateway& gateway, std::size_t records) {
+  waitClosely("the list shows the catalogue", [&gateway, records] {
+    gateway.tick();
+    return gateway.count(harness::Tab::open) == static_cast<int>(records);
+  });
+  gateway.paint();
+}
+
+void measureMemory(const Table& table) {
+  DrivenGateway gateway;
+  gateway.startToOpenTab();
+  gateway.app.writeCatalogue(catalogueText(1));
+  settle(gateway, 1);
+  const ProcessFacts facts(gateway.app.process().handle(),
+                           gateway.app.folder() + L"\\gateway3.exe");
+  const std::uint64_t before = facts.privateBytes();
+  const std::uint64_t peakBefore = facts.peakBytes();
+  const std::string text = catalogueText(largest, 3);
+  // Not in place: a tick must never see half of it.
+  const std::wstring beside = gateway.app.cataloguePath() + L".spare";
+  harness::writeFile(beside, text);
+  MoveFileExW(beside.c_str(), gateway.app.cataloguePath().c_str(), MOVEFILE_REPLACE_EXISTING);
+  settle(gateway, largest);
+  const auto megabytes = [](std::uint64_t bytes) { return static_cast<double>(bytes) / 1e6; };
+  const double grown = megabytes(facts.privateBytes() - before);
+  const double peak = megabytes(facts.peakBytes() - peakBefore);
+  const double file = megabytes(text.size());
+  table.print({memoryRow, grown / file, 3.0, Limit::atMost, grown, file, 1});
+  table.print({peakRow, peak / file, 0, Limit::none, peak, file, 1});
+  gateway.stop();
+}
+
+}  // namespace
+
+void measureLoads(const Table& table) {
+  std::vector<std::string> names{textbookRow, growthRow};
+  for (const Size& size : sizes) {
+    names.emplace_back(size.row);
+  }
+  std::map<std::size_t, double> medians;
+  table.section(names, [&] {
+    DrivenGateway gateway;
+    gateway.startToOpenTab();
+    for (const Size& size : sizes) {
+      const bool forGrowth =
+          table.wanted(growthRow) && (size.records == small || size.records == largest);
+      const bool forTextbook = table.wanted(textbookRow) && size.records == large;
+      if ((!table.wanted(size.row) && !forGrowth && !forTextbook) ||
+          (table.quick() && size.records == largest)) {
+        continue;
+      }
+      const Catalogues catalogues(gateway, size.records);
+      settle(gateway, size.records);
+      const auto load = [&] { return loadOnce(gateway, catalogues, size.records); };
+      const Pair pair = Pair::inTurns(table.runs(size.runs), load,
+                                      [&] { return printedTime(L"floor.exe", catalogues.path()); });
+      table.printRatio(size.row, pair, 1.3, size.limited ? Limit::atMost : Limit::none);
+      medians[size.records] = median(pair.ours);
+      if (forTextbook) {
+        const Pair textbook = Pair::inTurns(table.quick() ? 1 : 3, load, [&] {
+          return printedTime(L"textbook_list.exe", catalogues.path());
+        });
+        const double ours = median(textbook.ours);
+        const double theirs = median(textbook.theirs);
+        table.print({textbookRow, theirs / ours, 10.0, Limit::atLeast, ours, theirs,
+                     static_cast<int>(textbook.ours.size())});
+      }
+    }
+    if (medians.contains(small) && medians.contains(largest)) {
+      const auto work = [](std::size_t n) {
+        return static_cast<double>(n) * std::log(static_cast<double>(n));
+      };
+      // Of the time per unit of n log n at the two ends.
+      const double grown = medians[largest] / medians[small] / (work(largest) / work(small));
+      table.print({growthRow, grown, 1.0, Limit::atMost, medians[largest], medians[small], 1});
+    }
+    gateway.stop();
+  });
+  if (!table.quick()) {
+    table.section({memoryRow, peakRow}, [&table] { measureMemory(table); });
+  }
+}
+
+}  // namespace bench

@@ -22,3 +22,8 @@ target_precompile_headers(unit_tests PRIVATE <gtest/gtest.h> <functional> <map> 
   <vector>)
 include(GoogleTest)
 gtest_discover_tests(unit_tests DISCOVERY_TIMEOUT 60)
+
+# Every platform call of every operation fails in turn; `prove` prints the figures.
+file(GLOB fault_test_sources CONFIGURE_DEPENDS tests/faults/*.cpp)
+add_executable(fault_tests ${fault_test_sources})
+target_link_libraries(fault_tests PRIVATE gateway gateway_warnings GTest::gtest_main)

@@ -9,16 +9,16 @@ bool takesInput(HWND window) {
   return IsWindowVisible(window) != 0 && IsWindowEnabled(window) != 0;
 }
 
+// A named function: on 32-bit Windows a lambda has not the calling convention of a callback.
+BOOL CALLBACK collectIfInput(HWND window, LPARAM list) {
+  if (takesInput(window)) pointerFrom<std::vector<HWND>>(list)->push_back(window);
+  return TRUE;
+}
+
 /// The top-level windows of this thread that take input, foremost first.
 std::vector<HWND> inputWindows() {
   std::vector<HWND> windows;
-  EnumThreadWindows(
-      GetCurrentThreadId(),
-      [](HWND window, LPARAM list) -> BOOL {
-        if (takesInput(window)) pointerFrom<std::vector<HWND>>(list)->push_back(window);
-        return TRUE;
-      },
-      parameterFrom(&windows));
+  EnumThreadWindows(GetCurrentThreadId(), collectIfInput, parameterFrom(&windows));
   return windows;
 }
 

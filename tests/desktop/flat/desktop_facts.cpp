@@ -28,6 +28,33 @@ struct GdiEntry {
   std::uint64_t user;
 };
 
+/// The value of type `Value` at an address.
+template <class Value>
+Value valueAt(std::uintptr_t address) {
+  return *std::bit_cast<const Value*>(address);
+}
+
+/// The table, found by way of the blocks that describe the thread and the process.
+const GdiEntry* gdiTable() {
+  constexpr std::uintptr_t processInThread = 0x60;
+  constexpr std::uintptr_t tableInProcess = 0xF8;
+#ifdef _WIN64
+  const std::uintptr_t process = __readgsqword(processInThread);
+  return valueAt<const GdiEntry*>(process + tableInProcess);
+#else
+  // A 32-bit program on a 64-bit system: the blocks of the 64-bit side hold it, and their
+  // addresses fit into 32 bits.
+  constexpr unsigned long otherThreadInThread = 0xF70;
+  if (const std::uintptr_t thread = __readfsdword(otherThreadInThread); thread != 0) {
+    const auto process = valueAt<std::uintptr_t>(thread + processInThread);
+    return valueAt<const GdiEntry*>(process + tableInProcess);
+  }
+  constexpr unsigned long narrowProcessInThread = 0x30;
+  constexpr std::uintptr_t narrowTableInProcess = 0x94;
+  return valueAt<const GdiEntry*>(__readfsdword(narrowProcessInThread) + narrowTableInProcess);
+#endif
+}
+
 BOOL CALLBACK countOne(HWND /*window*/, LPARAM count) {
   ++*std::bit_cast<int*>(count);
   return TRUE;
@@ -58,12 +85,8 @@ int gdiObjects() {
     return static_cast<int>(counted);
   }
   // Wine does not count them, but has the table.
-  constexpr unsigned long blockInThread = 0x60;
-  constexpr std::size_t tableInBlock = 0xF8;
   constexpr std::size_t entries = 0x10000;
-  const auto block = __readgsqword(blockInThread);
-  const auto* const table =
-      *std::bit_cast<const GdiEntry* const*>(block + static_cast<std::uint64_t>(tableInBlock));
+  const GdiEntry* const table = gdiTable();
   int used = 0;
   for (std::size_t i = 0; i < entries; ++i) {
     used += table[i].type != 0 ? 1 : 0;

@@ -6,12 +6,19 @@
 
 #include "desktop_facts.h"
 
+// The names that the linker's --wrap makes of the two imports. 32-bit Windows decorates them.
+#ifdef _WIN64
+#define TIMER_SYMBOL(kind, name, argumentBytes) "__" kind "___imp_" name
+#else
+#define TIMER_SYMBOL(kind, name, argumentBytes) "___" kind "__imp__" name "@" argumentBytes
+#endif
+
 using StartTimer = UINT_PTR WINAPI(HWND, UINT_PTR, UINT, TIMERPROC);
 using EndTimer = BOOL WINAPI(HWND, UINT_PTR);
 
 extern "C" {
-extern StartTimer* const realStartTimer asm("__real___imp_SetTimer");
-extern EndTimer* const realEndTimer asm("__real___imp_KillTimer");
+extern StartTimer* const realStartTimer asm(TIMER_SYMBOL("real", "SetTimer", "16"));
+extern EndTimer* const realEndTimer asm(TIMER_SYMBOL("real", "KillTimer", "8"));
 }
 
 namespace {
@@ -37,8 +44,8 @@ BOOL WINAPI endTimer(HWND window, UINT_PTR id) {
 }  // namespace
 
 extern "C" {
-extern StartTimer* const countedStartTimer asm("__wrap___imp_SetTimer");
-extern EndTimer* const countedEndTimer asm("__wrap___imp_KillTimer");
+extern StartTimer* const countedStartTimer asm(TIMER_SYMBOL("wrap", "SetTimer", "16"));
+extern EndTimer* const countedEndTimer asm(TIMER_SYMBOL("wrap", "KillTimer", "8"));
 StartTimer* const countedStartTimer = startTimer;
 EndTimer* const countedEndTimer = endTimer;
 }

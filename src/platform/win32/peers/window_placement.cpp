@@ -66,17 +66,22 @@ void WindowPeer::popUp(const controls::MenuItem& menu, int x, int y) {
 }  // namespace platform::win32
 
 namespace platform::screens {
+namespace {
+
+// A named function: on 32-bit Windows a lambda has not the calling convention of a callback.
+BOOL CALLBACK addWorkArea(HMONITOR monitor, HDC /*dc*/, RECT* /*bounds*/, LPARAM found) {
+  auto& list = *win32::pointerFrom<std::vector<Rect>>(found);
+  const MONITORINFO facts = win32::monitorFacts(monitor);
+  const bool primary = (facts.dwFlags & MONITORINFOF_PRIMARY) != 0;
+  list.insert(primary ? list.begin() : list.end(), win32::rectOf(facts.rcWork));
+  return TRUE;
+}
+
+}  // namespace
 
 std::vector<Rect> workAreas() {
   std::vector<Rect> areas;
-  const auto add = [](HMONITOR monitor, HDC, RECT*, LPARAM found) -> BOOL {
-    auto& list = *win32::pointerFrom<std::vector<Rect>>(found);
-    const MONITORINFO facts = win32::monitorFacts(monitor);
-    const bool primary = (facts.dwFlags & MONITORINFOF_PRIMARY) != 0;
-    list.insert(primary ? list.begin() : list.end(), win32::rectOf(facts.rcWork));
-    return TRUE;
-  };
-  EnumDisplayMonitors(nullptr, nullptr, add, win32::parameterFrom(&areas));
+  EnumDisplayMonitors(nullptr, nullptr, addWorkArea, win32::parameterFrom(&areas));
   if (areas.empty()) {
     RECT area{};
     SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);

@@ -1,6 +1,7 @@
 // Pictures as pixels, the pictures that come with the program, and the icons of other programs.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -19,9 +20,14 @@ struct Picture {
 
 namespace pictures {
 
-/// Draws the first icon of a program file at `side` x `side` pixels. Nothing when the file is
-/// missing, is no program or has no icons. Every handle taken on the way is given back.
-[[nodiscard]] std::optional<Picture> programIcon(const std::wstring& file, int side);
+/// A large and a small picture.
+using Sizes = std::array<int, 2>;
+using Icons = std::array<std::optional<Picture>, 2>;
+
+/// Draws the first icon of a program file in both sizes, each a square of so many pixels; the file
+/// is read only once. Nothing where the file is missing, is no program or has no icons. Every
+/// handle taken on the way is given back.
+[[nodiscard]] Icons programIcons(const std::wstring& file, const Sizes& sides);
 
 }  // namespace pictures
 }  // namespace platform

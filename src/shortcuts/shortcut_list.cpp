@@ -1,5 +1,7 @@
 #include "shortcuts/shortcut_list.h"
 
+#include <optional>
+
 #include "catalogue/opening.h"
 #include "platform/files.h"
 #include "platform/geometry.h"
@@ -21,12 +23,12 @@ namespace {
 /// Sides of large and small icons at 96 dpi.
 constexpr std::array iconSides{32, 16};
 
-/// The target's icon at `side` pixels, or a blank picture when it has none. The icon is drawn with
-/// a margin of one pixel, which is not taken over: scaling it away would blur the icon.
-Picture iconOf(controls::PictureBox& surface, const std::wstring& target, int side) {
+/// The icon at `side` pixels, or a blank picture when there is none. The icon is drawn with a
+/// margin of one pixel, which is not taken over: scaling it away would blur the icon.
+Picture drawn(controls::PictureBox& surface, const std::optional<Picture>& icon, int side) {
   constexpr int margin = 1;
   surface.loadEmptyPicture({side + 2 * margin, side + 2 * margin});
-  if (const auto icon = platform::pictures::programIcon(target, side)) {
+  if (icon) {
     surface.draw(*icon, margin, margin);
   }
   return surface.image(margin);
@@ -40,9 +42,11 @@ void clearImages(ShortcutList& shortcuts) {
 }
 
 void addImages(ShortcutList& shortcuts, const std::wstring& key, const std::wstring& target) {
-  for (std::size_t i = 0; i < iconSides.size(); ++i) {
-    const int side = platform::scaled(iconSides.at(i), shortcuts.dpi);
-    shortcuts.imgShortCut.at(i).add(key, iconOf(shortcuts.picShortCuts, target, side));
+  const platform::pictures::Sizes sides{platform::scaled(iconSides.front(), shortcuts.dpi),
+                                        platform::scaled(iconSides.back(), shortcuts.dpi)};
+  const platform::pictures::Icons icons = platform::pictures::programIcons(target, sides);
+  for (std::size_t i = 0; i < sides.size(); ++i) {
+    shortcuts.imgShortCut.at(i).add(key, drawn(shortcuts.picShortCuts, icons.at(i), sides.at(i)));
   }
 }
 

@@ -1,8 +1,11 @@
 // Dialogs, and what the shell does for the program: shortcuts, starting, browsing, help, icons.
+#include <algorithm>
 #include <cstddef>
 #include <optional>
 
+#include <algorithm>
 #include "platform/browser.h"
+
 #include "platform/desktop.h"
 #include "platform/dialogs.h"
 #include "platform/help.h"
@@ -127,6 +130,8 @@ void showCompiled(const std::wstring& file) {
 
 namespace pictures {
 
+namespace {
+
 std::optional<Picture> programIcon(const std::wstring& file, int side) {
   desktop().iconsAsked.emplace_back(file, side);
   if (desktop().onIcon) {
@@ -141,6 +146,15 @@ std::optional<Picture> programIcon(const std::wstring& file, int side) {
   }
   const auto area = static_cast<std::size_t>(side) * static_cast<std::size_t>(side);
   return Picture{{side, side}, std::vector<std::uint32_t>(area, *colour)};
+}
+
+}  // namespace
+
+Icons programIcons(const std::wstring& file, const Sizes& sides) {
+  Icons icons;
+  std::transform(sides.begin(), sides.end(), icons.begin(),
+                 [&file](int side) { return programIcon(file, side); });
+  return icons;
 }
 
 }  // namespace pictures

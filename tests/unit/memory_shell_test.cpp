@@ -160,11 +160,12 @@ TEST_F(MemoryShellTest, IconsAreSquaresOfTheirColour) {
   desktop().putProgram(L"C:\\App\\tool.exe");
   desktop().setIcon(L"C:\\APP\\Tool.exe", 0xFF112233);
   desktop().setIcon(L"C:\\App\\gone.exe", 0xFF112233);
-  EXPECT_EQ(pictures::programIcon(L"C:\\App\\tool.exe", 2),
-            (Picture{{2, 2}, std::vector<std::uint32_t>(4, 0xFF112233)}));
-  EXPECT_EQ(pictures::programIcon(L"C:\\App\\gone.exe", 2), std::nullopt);
-  EXPECT_EQ(pictures::programIcon(L"C:\\App", 2), std::nullopt);
-  EXPECT_EQ(desktop().iconsAsked.size(), 3U);
+  const pictures::Icons both{Picture{{2, 2}, std::vector<std::uint32_t>(4, 0xFF112233)},
+                             Picture{{1, 1}, std::vector<std::uint32_t>(1, 0xFF112233)}};
+  EXPECT_EQ(pictures::programIcons(L"C:\\App\\tool.exe", {2, 1}), both);
+  EXPECT_EQ(pictures::programIcons(L"C:\\App\\gone.exe", {2, 1}), pictures::Icons{});
+  EXPECT_EQ(pictures::programIcons(L"C:\\App", {2, 1}), pictures::Icons{});
+  EXPECT_EQ(desktop().iconsAsked.size(), 6U);
 }
 
 TEST_F(MemoryShellTest, SettingsAreKeptWithoutRegardToCase) {

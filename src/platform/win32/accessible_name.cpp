@@ -19,6 +19,9 @@ ComPointer<IAccPropServices> service() {
 }  // namespace
 
 void AccessibleName::give(HWND window, const std::wstring& name) {
+  if (window_ != nullptr || name.empty()) {
+    return;
+  }
   if (const auto properties = service()) {
     if (SUCCEEDED(properties->SetHwndPropStr(window, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF,
                                              PROPID_ACC_NAME, name.c_str()))) {

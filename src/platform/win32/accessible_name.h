@@ -18,6 +18,7 @@ class AccessibleName {
   /// Takes the name back; the window has to exist still.
   ~AccessibleName();
 
+  /// Gives the window the name; does nothing when it has one already or the name is empty.
   void give(HWND window, const std::wstring& name);
 
  private:

@@ -4,6 +4,8 @@
 #include <shellapi.h>
 
 #include <algorithm>
+#include <array>
+#include <utility>
 
 #include "platform/pictures.h"
 #include "platform/win32/handles.h"
@@ -23,18 +25,28 @@ std::size_t area(Size size) {
   return static_cast<std::size_t>(size.width) * static_cast<std::size_t>(size.height);
 }
 
-/// The first icon of a file, drawn for `side` if the file offers that; empty when there is none.
-Icon extractIcon(const std::wstring& file, int side) {
-  HICON sharp = nullptr;
-  UINT id = 0;
-  const UINT count = PrivateExtractIconsW(file.c_str(), 0, side, side, &sharp, &id, 1, 0);
-  // The count is -1 when the file could not be read.
-  if (count != 0 && count != static_cast<UINT>(-1) && sharp != nullptr) return Icon(sharp);
+using NativeIcons = std::array<Icon, 2>;
 
-  HICON plain = ExtractIconW(GetModuleHandleW(nullptr), file.c_str(), 0);
-  // 1 stands for a file that is no program.
-  const bool none = reinterpret_cast<ULONG_PTR>(plain) <= 1;
-  return Icon(none ? nullptr : plain);
+/// The first icon of a file, drawn for both sizes if the file offers that; empty when there is
+/// none.
+NativeIcons extractIcons(const std::wstring& file, const Sizes& sides) {
+  const auto both =
+      static_cast<int>(MAKELONG(static_cast<WORD>(sides.front()), static_cast<WORD>(sides.back())));
+  std::array<HICON, 2> sharp{};
+  std::array<UINT, 2> ids{};
+  const UINT count = PrivateExtractIconsW(file.c_str(), 0, both, both, sharp.data(), ids.data(),
+                                          static_cast<UINT>(sharp.size()), 0);
+  NativeIcons icons{Icon(sharp.front()), Icon(sharp.back())};
+  // The count is -1 when the file could not be read.
+  if (count != 0 && count != static_cast<UINT>(-1) && icons.front() && icons.back()) return icons;
+
+  for (Icon& icon : icons) {
+    HICON plain = ExtractIconW(GetModuleHandleW(nullptr), file.c_str(), 0);
+    // 1 stands for a file that is no program.
+    const bool none = reinterpret_cast<ULONG_PTR>(plain) <= 1;
+    icon = Icon(none ? nullptr : plain);
+  }
+  return icons;
 }
 
 /// A bitmap's pixels as they are stored, rows from top to bottom; empty when it cannot be read.
@@ -109,13 +121,21 @@ Picture resized(const Picture& picture, int side) {
 
 }  // namespace
 
-std::optional<Picture> programIcon(const std::wstring& file, int side) {
-  if (file.empty() || side <= 0 || win32::hasEmbeddedNul(file)) return std::nullopt;
-  const Icon icon = extractIcon(file, side);
-  if (!icon) return std::nullopt;
-  std::optional<Picture> picture = pixelsOf(icon);
-  if (picture && picture->size != Size{side, side}) return resized(*picture, side);
-  return picture;
+Icons programIcons(const std::wstring& file, const Sizes& sides) {
+  constexpr int largest = 0x7FFF;  // two sizes share one number on their way to the system
+  const bool valid =
+      std::all_of(sides.begin(), sides.end(), [](int side) { return side > 0 && side <= largest; });
+  if (file.empty() || !valid || win32::hasEmbeddedNul(file)) return {};
+  const NativeIcons icons = extractIcons(file, sides);
+  Icons pictures;
+  for (std::size_t i = 0; i < icons.size(); ++i) {
+    if (!icons.at(i)) continue;
+    pictures.at(i) = pixelsOf(icons.at(i));
+    if (pictures.at(i) && pictures.at(i)->size != Size{sides.at(i), sides.at(i)}) {
+      pictures.at(i) = resized(*pictures.at(i), sides.at(i));
+    }
+  }
+  return pictures;
 }
 
 }  // namespace platform::pictures

@@ -45,7 +45,7 @@ void NativeControl::create(const wchar_t* windowClass, DWORD style, DWORD extend
     throw RunTimeError(error::outOfMemory);
   }
   if (!control_.accessibleName().empty()) {
-    accessibleName_.give(window(), control_.accessibleName());
+    watchMessages();
   }
   send(WM_SETFONT, firstParameterFrom(font()), FALSE);
   if (!control_.toolTip().empty()) {
@@ -64,6 +64,11 @@ LRESULT CALLBACK NativeControl::watch(HWND window, UINT message, WPARAM first, L
     RemoveWindowSubclass(window, watch, id);
   } else if (!control.detached_) {
     const WindowPeer::Busy busy(control.host_);
+    if (message == WM_GETOBJECT) {
+      // Given only now that somebody asks for it: most people's starts need not wait for the
+      // service that keeps such names.
+      control.accessibleName_.give(window, control.control_.accessibleName());
+    }
     if (const auto result = control.message(message, first, second)) {
       return *result;
     }

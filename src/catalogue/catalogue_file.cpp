@@ -17,7 +17,6 @@
 namespace modQMKGeneral {
 
 using list_file::Missing;
-using list_file::Reader;
 using list_file::Record;
 using platform::RunTimeError;
 using platform::text::toCodePage;

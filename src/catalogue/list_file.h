@@ -51,8 +51,8 @@ class Reader {
 /// a field are not escaped; a line end inside a field becomes a blank, as it would tear the record.
 [[nodiscard]] std::string line(std::initializer_list<std::string_view> fields);
 
-/// Adds a record at the end of `bytes`, after ending a last line that lacks its line end.
-void append(std::string& bytes, std::string_view record);
+/// Adds a record at the end of `content`, after ending a last line that lacks its line end.
+void append(std::string& content, std::string_view record);
 
 /// What an edit makes of one record.
 enum class Change {

@@ -80,6 +80,7 @@ std::vector<std::vector<Entry>> searchByExtension(const std::wstring& folder,
                                                   const std::vector<std::wstring>& extensions) {
   std::vector<std::vector<Entry>> found(extensions.size());
   std::vector<std::wstring> endings;
+  endings.reserve(extensions.size());
   for (const std::wstring& extension : extensions) {
     endings.push_back(text::upper(L"." + extension));
   }

@@ -134,8 +134,8 @@ class Desktop {
   void alias(const std::wstring& shortPath, const std::wstring& longPath);
   /// The shortcut stored in a file, nothing when it holds none.
   [[nodiscard]] std::optional<platform::shell_links::Link> linkAt(const std::wstring& path) const;
-  /// Runs just before a draft that is to replace a file looks at it, once per call: another program that
-  /// writes in that moment.
+  /// Runs just before a draft that is to replace a file looks at it, once per call: another program
+  /// that writes in that moment.
   std::function<void()> onReplace;
 
   // --- failing calls, and the journal ---
@@ -167,9 +167,9 @@ class Desktop {
   /// Number of calls that only looked and cannot raise an error, since the reset.
   [[nodiscard]] int looks() const { return looks_; }
   /// What the program did to the desktop, in order: "make folder P", "remove P", "rename P -> Q",
-  /// "copy P -> Q", "read P", "read to append P", "create P", "write P", "replace P -> Q" (with " (changed)"
-  /// when it was refused), "setting S\K = V", "link P", "start E", "browse A", "classic help F",
-  /// "compiled help F", "message T", "error N", "input P", "open file dialog", "create W",
+  /// "copy P -> Q", "read P", "read to append P", "create P", "write P", "replace P -> Q" (with "
+  /// (changed)" when it was refused), "setting S\K = V", "link P", "start E", "browse A", "classic
+  /// help F", "compiled help F", "message T", "error N", "input P", "open file dialog", "create W",
   /// "show W", "activate W", "menu M at X Y", "destroy W", "modal W", "run W", "tick T", "pump",
   /// "end". Calls that only look are not in it; a call that failed is, with " failed N" behind it.
   [[nodiscard]] const std::vector<std::wstring>& journal() const { return journal_; }
@@ -279,9 +279,7 @@ class Desktop {
   /// Runs `operation` as one such call; an error that it raises is marked in the journal.
   void call(const std::wstring& what, const std::function<void()>& operation);
   /// The same for a call that only looks and has no line in the journal.
-  void look(const std::function<void()>& operation) {
-    attempt({L"", journal_.size()}, operation);
-  }
+  void look(const std::function<void()>& operation) { attempt({L"", journal_.size()}, operation); }
   /// One call that only looks and raises nothing: true when it is to find nothing.
   [[nodiscard]] bool blinded();
   void note(const std::wstring& what) { journal_.push_back(what); }

@@ -6,6 +6,7 @@
 
 #include "platform/win32/application_start.h"
 #include "platform/win32/handles.h"
+#include "platform/win32/system_library.h"
 
 namespace platform {
 namespace win32 {
@@ -57,9 +58,11 @@ std::vector<std::byte> versionResource() {
 template <class Item>
 const Item* versionBlock(const std::vector<std::byte>& resource, const wchar_t* name,
                          UINT& length) {
+  using Query = BOOL WINAPI(const void*, const wchar_t*, void**, UINT*);
+  static Query* const query = win32::systemFunction<Query>(L"version.dll", "VerQueryValueW");
   void* block = nullptr;
   length = 0;
-  if (resource.empty() || VerQueryValueW(resource.data(), name, &block, &length) == 0) {
+  if (resource.empty() || query == nullptr || query(resource.data(), name, &block, &length) == 0) {
     return nullptr;
   }
   return static_cast<const Item*>(block);

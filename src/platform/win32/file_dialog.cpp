@@ -8,6 +8,7 @@
 #include "platform/dialogs.h"
 #include "platform/run_time_error.h"
 #include "platform/win32/modality.h"
+#include "platform/win32/system_library.h"
 
 namespace platform::dialogs {
 namespace {
@@ -57,6 +58,14 @@ const wchar_t* orDefault(const std::wstring& text) { return text.empty() ? nullp
 }  // namespace
 
 std::wstring openFile(const OpenFileRequest& request) {
+  using Open = BOOL WINAPI(OPENFILENAMEW*);
+  using LastFailure = DWORD WINAPI();
+  static Open* const open = win32::systemFunction<Open>(L"comdlg32.dll", "GetOpenFileNameW");
+  static LastFailure* const lastFailure =
+      win32::systemFunction<LastFailure>(L"comdlg32.dll", "CommDlgExtendedError");
+  if (open == nullptr || lastFailure == nullptr) {
+    throw RunTimeError(error::cannotCreateObject);
+  }
   std::wstring name(longestFileName, L'\0');
   std::copy_n(request.fileName.begin(), std::min(request.fileName.size(), longestFileName - 1),
               name.begin());
@@ -76,8 +85,8 @@ std::wstring openFile(const OpenFileRequest& request) {
 
   const KeptCurrentFolder kept;
   const win32::ModalScope modal(dialog.hwndOwner);
-  if (GetOpenFileNameW(&dialog) == 0) {
-    const DWORD extendedError = CommDlgExtendedError();
+  if (open(&dialog) == 0) {
+    const DWORD extendedError = lastFailure();
     throw RunTimeError(extendedError == 0 ? error::cancelled
                                           : dialogErrors - static_cast<int>(extendedError));
   }

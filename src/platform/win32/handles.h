@@ -13,6 +13,8 @@
 #include <string>
 #include <utility>
 
+#include "platform/win32/object_counts.h"
+
 namespace platform::win32 {
 
 /// Sole owner of a handle. `Traits` supplies `Type`, `invalid()` and `close(Type)`.
@@ -23,10 +25,10 @@ class Handle {
 
   Handle() noexcept = default;
   /// Takes over `value`; the invalid value makes an empty owner.
-  explicit Handle(Type value) noexcept : value_(value) {}
+  explicit Handle(Type value) noexcept : value_(value) { count(value, 1); }
   Handle(const Handle&) = delete;
   Handle& operator=(const Handle&) = delete;
-  Handle(Handle&& other) noexcept : value_(other.release()) {}
+  Handle(Handle&& other) noexcept : Handle(other.release()) {}
   Handle& operator=(Handle&& other) noexcept {
     if (this != &other) reset(other.release());
     return *this;
@@ -37,25 +39,27 @@ class Handle {
   [[nodiscard]] explicit operator bool() const noexcept { return value_ != Traits::invalid(); }
 
   /// Gives the handle away; the caller has to close it.
-  [[nodiscard]] Type release() noexcept { return std::exchange(value_, Traits::invalid()); }
+  [[nodiscard]] Type release() noexcept {
+    count(value_, -1);
+    return std::exchange(value_, Traits::invalid());
+  }
 
   /// Closes what is held and takes over `value`. The thread's last error stays what it was, so
   /// that a failure can still be reported after the clean-up.
   void reset(Type value = Traits::invalid()) noexcept {
     const Type old = std::exchange(value_, value);
+    count(value, 1);
+    count(old, -1);
     if (old == Traits::invalid()) return;
     const DWORD lastError = GetLastError();
     Traits::close(old);
     SetLastError(lastError);
   }
 
-  /// Closes what is held and returns the place into which a function writes a new handle.
-  [[nodiscard]] Type* out() noexcept {
-    reset();
-    return &value_;
-  }
-
  private:
+  static void count(Type value, int change) noexcept {
+    if (value != Traits::invalid()) countObject<Traits>(change);
+  }
   Type value_ = Traits::invalid();
 };
 

@@ -7,21 +7,10 @@
 #include "platform/win32/handles.h"
 #include "platform/win32/modality.h"
 #include "platform/win32/paths.h"
+#include "platform/win32/system_library.h"
 
 namespace platform::help {
 namespace {
-
-using HtmlHelpFunction = HWND(WINAPI*)(HWND, LPCWSTR, UINT, DWORD_PTR);
-
-/// The viewer's entry point; null on a system without the viewer. The viewer's windows belong to
-/// this process and may be open until it ends, so the library is never unloaded.
-HtmlHelpFunction htmlHelp() {
-  HMODULE viewer = LoadLibraryExW(L"hhctrl.ocx", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
-  if (viewer == nullptr) return nullptr;
-  // Function pointers of the system's libraries all come as one type.
-  return reinterpret_cast<HtmlHelpFunction>(
-      reinterpret_cast<void*>(GetProcAddress(viewer, "HtmlHelpW")));
-}
 
 struct ClassicRequest {
   HWND owner;
@@ -51,7 +40,9 @@ void showClassic(const std::wstring& file, int command) {
 
 void showCompiled(const std::wstring& file) {
   if (win32::hasEmbeddedNul(file)) return;
-  static const HtmlHelpFunction show = htmlHelp();
+  using HtmlHelp = HWND WINAPI(HWND, LPCWSTR, UINT, DWORD_PTR);
+  // The viewer's windows belong to this process and may be open until it ends.
+  static HtmlHelp* const show = win32::systemFunction<HtmlHelp>(L"hhctrl.ocx", "HtmlHelpW");
   constexpr UINT displayTopic = 0;
   if (show != nullptr) show(nullptr, file.c_str(), displayTopic, 0);
 }

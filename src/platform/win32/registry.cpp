@@ -9,10 +9,11 @@ namespace platform::registry {
 std::optional<Value> query(Root root, const std::wstring& key, const std::wstring& name,
                            std::uint32_t access, std::size_t bufferBytes) {
   HKEY rootKey = root == Root::currentUser ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE;
-  win32::RegistryKey opened;
-  if (RegOpenKeyExW(rootKey, key.c_str(), 0, access, opened.out()) != ERROR_SUCCESS) {
+  HKEY found = nullptr;
+  if (RegOpenKeyExW(rootKey, key.c_str(), 0, access, &found) != ERROR_SUCCESS) {
     return std::nullopt;
   }
+  const win32::RegistryKey opened(found);
   Value value;
   value.bytes.resize(bufferBytes);
   DWORD type = REG_NONE;

@@ -36,10 +36,10 @@ std::wstring read(const std::wstring& section, const std::wstring& key,
 }
 
 void write(const std::wstring& section, const std::wstring& key, const std::wstring& value) {
-  win32::RegistryKey store;
-  LSTATUS status =
-      RegCreateKeyExW(HKEY_CURRENT_USER, keyOf(section).c_str(), 0, nullptr,
-                      REG_OPTION_NON_VOLATILE, KEY_SET_VALUE, nullptr, store.out(), nullptr);
+  HKEY made = nullptr;
+  LSTATUS status = RegCreateKeyExW(HKEY_CURRENT_USER, keyOf(section).c_str(), 0, nullptr,
+                                   REG_OPTION_NON_VOLATILE, KEY_SET_VALUE, nullptr, &made, nullptr);
+  const win32::RegistryKey store(made);
   if (status == ERROR_SUCCESS) {
     const auto bytes = static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t));
     status = RegSetValueExW(store.get(), key.c_str(), 0, REG_SZ,

@@ -1,6 +1,9 @@
 #include "platform/win32/peers/timer_peer.h"
 
+#include <utility>
+
 #include "platform/run_time_error.h"
+#include "platform/win32/object_counts.h"
 
 namespace platform::win32 {
 
@@ -16,16 +19,25 @@ void TimerPeer::changed(controls::Change change) {
   }
 }
 
-void TimerPeer::restart() {
+void TimerPeer::stop() {
   KillTimer(window_, id());
-  if (timer_.enabled() && timer_.interval() > 0 &&
-      SetTimer(window_, id(), static_cast<UINT>(timer_.interval()), nullptr) == 0) {
+  if (std::exchange(running_, false)) countObject<TimerPeer>(-1);
+}
+
+void TimerPeer::restart() {
+  stop();
+  if (!timer_.enabled() || timer_.interval() <= 0) {
+    return;
+  }
+  if (SetTimer(window_, id(), static_cast<UINT>(timer_.interval()), nullptr) == 0) {
     throw RunTimeError(error::outOfMemory);
   }
+  running_ = true;
+  countObject<TimerPeer>(1);
 }
 
 void TimerPeer::detach() {
-  KillTimer(window_, id());
+  stop();
   if (!orphaned_) {
     timer_.attach(nullptr);
   }

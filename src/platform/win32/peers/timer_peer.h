@@ -19,10 +19,12 @@ class TimerPeer final : public controls::Peer {
   void tick() { timer_.raiseTimer(); }
 
  private:
+  void stop();
   void restart();
   HWND window_;
   controls::Timer& timer_;
   UINT_PTR id_;
+  bool running_ = false;
   bool orphaned_ = false;
 };
 

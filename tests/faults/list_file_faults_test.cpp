@@ -1,0 +1,297 @@
+// Operations that write a list file.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "catalogue/catalogue_file.h"
+#include "faults/sweep.h"
+#include "web/web_list.h"
+
+namespace faults {
+namespace {
+
+using desktop::desktop;
+using platform::dialogs::Answer;
+
+void nothing(Bench& /*bench*/) {}
+
+Texts reported(const Fault& fault) { return {untrapped(fault)}; }
+Texts problemWithSaving(const Fault& fault) { return {trapped(fault)}; }
+
+const std::string others = record("cw3", "D:\\Other.cw3", "4/4/2004");
+
+/// Another program writes the catalogue just before it is replaced the first time.
+void disturbOnce() {
+  desktop().onReplace = [] {
+    desktop().onReplace = nullptr;
+    const std::string bytes = desktop().bytesOf(catalogueFile).value_or("");
+    desktop().putFile(catalogueFile, others + bytes);
+  };
+}
+
+void addOthersRecord(Fault& fault) {
+  if (fault.was(L"replace ") || fault.followed(L"replace ", L"(changed)")) {
+    fault.old.files[catalogueFile].insert(0, others);
+  }
+}
+
+/// Text of the first item whose file has a new name, if its data file was renamed.
+bool listsMayShowNewName(const Fault& fault) {
+  std::vector<Texts> expected = fault.old.lists;
+  if (fault.inReload()) {
+    expected.at(frmQMK::open).clear();
+    return fault.now.lists == expected;
+  }
+  if (fault.now.lists == expected) {
+    return true;
+  }
+  // The item has its new name from the renaming of the data file on.
+  Texts& items = expected.at(frmQMK::open);
+  const bool renamed = fault.now.file(L"D:\\Afar.FP3") == "one";
+  for (std::wstring& item : items) {
+    if (item.starts_with(L"One.fp3|")) {
+      item.replace(0, 7, L"Afar.FP3");
+    }
+  }
+  std::sort(items.begin(), items.end());
+  Texts shown = fault.now.lists.at(frmQMK::open);
+  std::sort(shown.begin(), shown.end());
+  return renamed && shown == items;
+}
+
+/// The same for the Web list, whose item is changed before anything else.
+bool webListShowsNewName(const Fault& fault) {
+  std::vector<Texts> expected = fault.old.lists;
+  if (fault.inReload()) {
+    expected.at(frmQMK::web).clear();
+  } else {
+    expected.at(frmQMK::web).at(0) = L"Storms|http://storms.example|||";
+  }
+  return fault.now.lists == expected;
+}
+
+/// A load that fails leaves the list with what it held by then.
+bool dataListIsEmpty(const Fault& fault) {
+  std::vector<Texts> expected = fault.old.lists;
+  expected.at(frmQMK::open).clear();
+  return fault.now.lists == expected;
+}
+
+void typeWebEntry(Bench& bench, const std::wstring& name, const std::wstring& url) {
+  frmWeb* const dialog = bench.main().webDialog();
+  ASSERT_NE(dialog, nullptr);
+  dialog->txtName.acceptTyped(name);
+  dialog->txtUrl.acceptTyped(url);
+}
+
+bool dialogStaysUnlessWritten(const Fault& fault) {
+  return fault.now.dialogOpen == !fault.inReload();
+}
+
+bool dialogIsClosed(const Fault& fault) { return !fault.now.dialogOpen; }
+
+void build(Bench& bench) {
+  Bench::handle([&bench] { modQMKGeneral::BuildCatalogue(bench.main().catalogue); });
+}
+
+void refresh(Bench& bench) {
+  Bench::handle([&bench] { modQMKGeneral::RefreshDataFolderEntries(bench.main().catalogue); });
+}
+
+void addNew(Bench& /*bench*/) { modQMKGeneral::AddOrUpdateCatalogueEntry(L"D:\\New.cw3", L"CW3"); }
+
+void leaveStaleFile(Bench& /*bench*/) { desktop().putFile(temporaryFile, "stale"); }
+
+void deleteSelectedFile(Bench& bench) {
+  desktop().answers = {Answer::yes};
+  bench.main().mnuDelete.raiseClick();
+}
+
+void renameSelectedFile(Bench& bench) {
+  desktop().inputAnswers = {L"Afar"};
+  bench.main().mnuRename.raiseClick();
+}
+
+void declineToLocate(Bench& bench) {
+  desktop().answers = {Answer::no};
+  bench.main().lstQMK[frmQMK::open].raiseDoubleClick();
+}
+
+void takeCatalogue(Bench& /*bench*/) { desktop().take(catalogueFile); }
+
+Texts withQuestion(const std::wstring& question, const Fault& fault) {
+  return {question, untrapped(fault)};
+}
+
+std::vector<Operation> operations() {
+  const std::wstring gone =
+      L"File does not exist: D:\\Gone.fp3\rIt may have been moved or deleted. Do you wish to "
+      L"locate the file yourself? ";
+  const auto selectOne = [](Bench& bench) { bench.select(frmQMK::open, L"One.fp3"); };
+  const auto selectGone = [](Bench& bench) { bench.select(frmQMK::open, L"Gone.fp3"); };
+  const auto deletion = [](const Fault& fault) {
+    return withQuestion(L"Are your sure you want to delete ONE.FP3", fault);
+  };
+  std::vector<Operation> all{
+      {.name = "build", .prepare = nothing, .run = build, .told = reported},
+      {.name = "build over a stale temporary file",
+       .prepare = leaveStaleFile,
+       .run = build,
+       .told = reported},
+      {.name = "build by showing a missing catalogue",
+       .prepare = takeCatalogue,
+       .run = [](Bench& bench) { modQMKGeneral::LoadCatalogueView(bench.main().catalogue); },
+       .told = [](const Fault& fault) { return Texts{catalogueProblem(fault)}; },
+       .listsAreRight = dataListIsEmpty},
+      {.name = "add", .prepare = nothing, .run = addNew, .told = problemWithSaving},
+      {.name = "add over a stale temporary file",
+       .prepare = leaveStaleFile,
+       .run = addNew,
+       .told = problemWithSaving},
+      {.name = "add to a missing catalogue",
+       .prepare = takeCatalogue,
+       .run = addNew,
+       .told = problemWithSaving},
+      {.name = "add while another program writes",
+       .prepare = nothing,
+       .run =
+           [](Bench& bench) {
+             disturbOnce();
+             addNew(bench);
+           },
+       .told = problemWithSaving,
+       .addOthersWork = addOthersRecord},
+      {.name = "update",
+       .prepare = nothing,
+       .run =
+           [](Bench& /*bench*/) {
+             modQMKGeneral::AddOrUpdateCatalogueEntry(L"d:\\one.FP3", L"FP3");
+           },
+       .told = problemWithSaving},
+      {.name = "remove", .prepare = selectOne, .run = deleteSelectedFile, .told = deletion},
+      {.name = "remove over a stale temporary file",
+       .prepare =
+           [selectOne](Bench& bench) {
+             selectOne(bench);
+             leaveStaleFile(bench);
+           },
+       .run = deleteSelectedFile,
+       .told = deletion},
+      {.name = "remove by the question about a missing file",
+       .prepare = selectGone,
+       .run = declineToLocate,
+       .told = [gone](const Fault& fault) { return withQuestion(gone, fault); }},
+      {.name = "refresh", .prepare = nothing, .run = refresh, .told = reported},
+      {.name = "refresh over a stale temporary file",
+       .prepare = leaveStaleFile,
+       .run = refresh,
+       .told = reported},
+      {.name = "rename",
+       .prepare = selectOne,
+       .run = renameSelectedFile,
+       .told = problemWithSaving,
+       .listsAreRight = listsMayShowNewName},
+      {.name = "rename over a stale temporary file",
+       .prepare =
+           [selectOne](Bench& bench) {
+             selectOne(bench);
+             leaveStaleFile(bench);
+           },
+       .run = renameSelectedFile,
+       .told = problemWithSaving,
+       .listsAreRight = listsMayShowNewName},
+      {.name = "rename a missing file",
+       .prepare = selectGone,
+       .run = renameSelectedFile,
+       .told =
+           [](const Fault& fault) {
+             return Texts{L"File does not exists, removing entry", trapped(fault)};
+           }},
+      {.name = "tick of the watch",
+       .prepare = nothing,
+       .run =
+           [](Bench& bench) {
+             bench.main().catalogue.lastSeen = 0;
+             bench.main().tmrFileUpdate.setEnabled(true);
+             bench.main().tmrFileUpdate.raiseTimer();
+             bench.main().tmrFileUpdate.setEnabled(false);
+           },
+       .told =
+           [](const Fault& fault) {
+             if (!fault.was(L"read ")) {
+               return Texts{errorReport(fault)};
+             }
+             // Behind a load that failed the watch may ask for the file's time again.
+             return fault.failures > 1 ? Texts{catalogueProblem(fault), errorReport(fault)}
+                                       : Texts{catalogueProblem(fault)};
+           },
+       .listsAreRight =
+           [](const Fault& fault) {
+             return fault.was(L"read ") ? dataListIsEmpty(fault)
+                                        : fault.now.lists == fault.old.lists;
+           }},
+      {.name = "append a web entry",
+       .prepare =
+           [](Bench& bench) {
+             bench.select(frmQMK::web, L"Weather");
+             bench.main().mnuCreate.raiseClick();
+             typeWebEntry(bench, L"Storms", L"http://storms.example");
+           },
+       .run = [](Bench& bench) { bench.main().webDialog()->cmdOK.raiseClick(); },
+       .told = reported,
+       .dialogIsRight = dialogStaysUnlessWritten},
+      {.name = "append a web entry to a missing file",
+       .prepare =
+           [](Bench& bench) {
+             bench.select(frmQMK::web, L"Weather");
+             bench.main().mnuCreate.raiseClick();
+             desktop().take(webListFile);
+             leaveStaleFile(bench);
+           },
+       .run = [](Bench& bench) { bench.main().webDialog()->cmdOK.raiseClick(); },
+       .told = reported,
+       .dialogIsRight = dialogStaysUnlessWritten},
+      {.name = "save a web entry",
+       .prepare =
+           [](Bench& bench) {
+             bench.select(frmQMK::web, L"Weather");
+             bench.main().mnuRename.raiseClick();
+             typeWebEntry(bench, L"Storms", L"http://storms.example");
+           },
+       .run = [](Bench& bench) { bench.main().webDialog()->cmdOK.raiseClick(); },
+       .told = problemWithSaving,
+       .listsAreRight = webListShowsNewName,
+       .dialogIsRight = dialogIsClosed},
+      {.name = "delete a web entry",
+       .prepare = [](Bench& bench) { bench.select(frmQMK::web, L"Weather"); },
+       .run = deleteSelectedFile,
+       .told =
+           [](const Fault& fault) {
+             return withQuestion(L"Are your sure you want to delete WEATHER", fault);
+           }},
+  };
+  return all;
+}
+
+class ListFileFaults : public ::testing::TestWithParam<Operation> {};
+
+TEST_P(ListFileFaults, NoCallThatFailsLosesAnything) { sweepCalls(GetParam()); }
+
+std::string nameOf(const ::testing::TestParamInfo<Operation>& info) {
+  std::string name;
+  bool capital = true;
+  for (const char c : info.param.name) {
+    if (c == ' ') {
+      capital = true;
+      continue;
+    }
+    name += capital ? static_cast<char>(std::toupper(static_cast<unsigned char>(c))) : c;
+    capital = false;
+  }
+  return name;
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, ListFileFaults, ::testing::ValuesIn(operations()), nameOf);
+
+}  // namespace
+}  // namespace faults

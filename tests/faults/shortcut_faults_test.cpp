@@ -1,0 +1,159 @@
+// Operations on shortcut files.
+#include <gtest/gtest.h>
+
+#include "faults/sweep.h"
+#include "platform/run_time_error.h"
+#include "shortcuts/tool_shortcuts.h"
+
+namespace faults {
+namespace {
+
+using desktop::desktop;
+using platform::dialogs::Answer;
+
+Texts reported(const Fault& fault) { return {errorReport(fault)}; }
+
+void selectCalc(Bench& bench) { bench.select(frmQMK::tools, L"Calc"); }
+
+void create(Bench& bench) {
+  bench.main().TabMain.raiseSwitch(frmQMK::tools);
+  desktop().fileDialogResults = {L"C:\\Tools\\calc.exe"};
+  bench.main().mnuCreate.raiseClick();
+}
+
+/// Only a cancelled dialog writes no shortcut; another failure of it goes on without a path.
+bool dialogFailed(const Fault& fault) {
+  if (!fault.was(L"open file dialog")) {
+    return false;
+  }
+  auto files = fault.now.files;
+  const bool written = files.erase(shortcutsFolder + L"\\Shortcut to .lnk") > 0;
+  EXPECT_EQ(files, fault.old.files);
+  const bool cancelled = fault.number == platform::error::cancelled;
+  if (fault.forever && !cancelled) {
+    EXPECT_FALSE(written);
+    EXPECT_EQ(fault.now.messages, reported(fault));
+  } else {
+    EXPECT_EQ(written, !cancelled);
+    EXPECT_TRUE(fault.now.messages.empty());
+  }
+  return true;
+}
+
+void rename(Bench& bench) {
+  desktop().inputAnswers = {L"Sums"};
+  bench.main().mnuRename.raiseClick();
+}
+
+void erase(Bench& bench) {
+  desktop().answers = {Answer::yes};
+  bench.main().mnuDelete.raiseClick();
+}
+
+/// A deletion that fails is ignored, and the list is loaded again.
+bool deletionIsIgnored(const Fault& fault) {
+  EXPECT_EQ(fault.now.files, fault.old.files);
+  EXPECT_EQ(fault.now.lists, fault.old.lists);
+  EXPECT_EQ(fault.now.messages, fault.clean.messages);
+  return true;
+}
+
+void putToolLinks(Bench& bench) {
+  platform::shell_links::Link link;
+  link.targetPath = L"C:\\Tools\\calc.exe";
+  for (const wchar_t* const name : {L"PlotviewX.lnk", L"Plotview.lnk", L"Plotview Browser.lnk",
+                                    L"Imagekeep.lnk", L"BrushtallyPC.lnk"}) {
+    desktop().putLink(shortcutsFolder + L"\\" + name, link);
+  }
+  bench.settle();
+}
+
+void provision(Bench& /*bench*/) { Bench::handle(modSC::ProvisionToolShortcuts); }
+
+/// A shortcut of the suite's own, which is deleted before it is written afresh.
+bool isToolLink(const std::wstring& path) {
+  return path == shortcutsFolder + L"\\Plotview Browser.lnk" ||
+         path == shortcutsFolder + L"\\BrushtallyPC.lnk";
+}
+
+/// The obsolete shortcuts that go without a check go with their errors ignored.
+bool removalIsIgnored(const Fault& fault) {
+  const bool ignored = fault.was(L"remove " + shortcutsFolder + L"\\Plotview.lnk") ||
+                       fault.was(L"remove " + shortcutsFolder + L"\\Canopy Weigh.lnk");
+  if (ignored) {
+    expectWholeFiles(fault, isToolLink);
+  }
+  if (ignored && !fault.forever) {
+    EXPECT_TRUE(fault.now.messages.empty());
+  } else if (ignored) {
+    EXPECT_EQ(fault.now.messages, reported(fault));
+  }
+  return ignored;
+}
+
+void start(Bench& bench) { bench.main().lstQMK[frmQMK::tools].raiseDoubleClick(); }
+
+Texts cannotStart(const Fault& fault) {
+  if (fault.was(L"read ")) {
+    return {catalogueProblem(fault)};
+  }
+  return {L"Can't start application\r" + fault.reason() + L"\rPath: C:\\Tools\\calc.exe"};
+}
+
+bool dataListIsEmptyAfterReading(const Fault& fault) {
+  std::vector<Texts> expected = fault.old.lists;
+  if (fault.was(L"read ")) {
+    expected.at(frmQMK::open).clear();
+  }
+  return fault.now.lists == expected;
+}
+
+std::vector<Operation> operations() {
+  return {
+      {.name = "create",
+       .prepare = [](Bench& /*bench*/) {},
+       .run = create,
+       .told = reported,
+       .goesOn = dialogFailed},
+      {.name = "rename", .prepare = selectCalc, .run = rename, .told = reported},
+      {.name = "erase",
+       .prepare = selectCalc,
+       .run = erase,
+       .told = reported,
+       .goesOn = deletionIsIgnored},
+      {.name = "provision",
+       .prepare = putToolLinks,
+       .run = provision,
+       .told = reported,
+       .goesOn = removalIsIgnored,
+       .mayBeGone = isToolLink},
+      {.name = "start",
+       .prepare = selectCalc,
+       .run = start,
+       .told = cannotStart,
+       .listsAreRight = dataListIsEmptyAfterReading},
+  };
+}
+
+class ShortcutFaults : public ::testing::TestWithParam<Operation> {};
+
+TEST_P(ShortcutFaults, NoCallThatFailsLosesAnything) { sweepCalls(GetParam()); }
+
+std::string nameOf(const ::testing::TestParamInfo<Operation>& info) { return info.param.name; }
+
+INSTANTIATE_TEST_SUITE_P(Each, ShortcutFaults, ::testing::ValuesIn(operations()), nameOf);
+
+std::vector<Operation> looking() {
+  std::vector<Operation> all = operations();
+  all.pop_back();  // a start looks at nothing
+  return all;
+}
+
+class LookFaults : public ::testing::TestWithParam<Operation> {};
+
+TEST_P(LookFaults, NothingIsLostWhenACallFindsNothingOrMemoryRunsOut) { sweepLooks(GetParam()); }
+
+INSTANTIATE_TEST_SUITE_P(Each, LookFaults, ::testing::ValuesIn(looking()), nameOf);
+
+}  // namespace
+}  // namespace faults

@@ -1,0 +1,147 @@
+// The start of the program with every call failing in turn, and its end.
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+
+#include "faults/sweep.h"
+#include "platform/text.h"
+#include "startup/startup.h"
+
+namespace faults {
+namespace {
+
+using desktop::desktop;
+using modSystem::Gateway;
+
+const std::string example = record("CW3", "C:\\App\\data\\CWIexample.cw3", "11/20/2026");
+
+/// One start; nothing in `now` when it ended early.
+struct Start {
+  Fault fault;
+  bool up = false;
+};
+
+Start startWith(const std::function<void()>& inject) {
+  desktop().reset();
+  desktop().onMistake = [](const std::string& what) { ADD_FAILURE() << what; };
+  layOutDisk();
+  const auto gateway = std::make_unique<Gateway>();
+  Start start;
+  start.fault.old = stateOf(gateway->main);
+  inject();
+  start.up = gateway->start();
+  desktop().failNothing();
+  start.fault.looks = desktop().looks();
+  start.fault.happened = !desktop().failedCalls().empty();
+  if (start.fault.happened) {
+    start.fault.call = desktop().failedCalls().front().what;
+  }
+  start.fault.now = stateOf(gateway->main);
+  EXPECT_EQ(gateway->main.visible(), start.up);
+  if (start.up) {
+    EXPECT_TRUE(gateway->main.tmrFileUpdate.enabled());
+    EXPECT_EQ(gateway->main.TabMain.current(), frmQMK::tools);
+    EXPECT_EQ(gateway->main.lstQMK[frmQMK::fresh].count(), 4U);
+    expectNextOperationsWork(gateway->main);
+  } else {
+    EXPECT_EQ(start.fault.now.messages.size(), 1U);
+  }
+  return start;
+}
+
+void checkStart(const Start& start, const State& clean) {
+  const State& old = start.fault.old;
+  const State& now = start.fault.now;
+  const std::string catalogue = now.file(catalogueFile);
+  EXPECT_TRUE(catalogue == old.file(catalogueFile) || catalogue == clean.file(catalogueFile) ||
+              catalogue == old.file(catalogueFile) + example)
+      << catalogue;
+  EXPECT_EQ(now.file(webListFile), old.file(webListFile));
+  for (const auto& [path, bytes] : old.files) {
+    if (path != catalogueFile) {
+      EXPECT_EQ(now.file(path), bytes) << platform::text::toCodePage(path);
+    }
+  }
+}
+
+TEST(StartUpFaults, NoCallThatFailsLosesAnythingAndTheStartGoesOnAsFarAsItCan) {
+  const State clean = startWith([] {}).fault.now;
+  int cases = 0;
+  for (int n = 1;; ++n) {
+    const Start probe = startWith([n] { desktop().failCall(n, 57); });
+    if (!probe.fault.happened) {
+      EXPECT_EQ(probe.fault.now, clean);
+      break;
+    }
+    for (const int number : errorsOf(probe.fault.call)) {
+      for (const bool forever : {false, true}) {
+        const Start start = startWith([=] { desktop().failCall(n, number, forever); });
+        SCOPED_TRACE("call " + std::to_string(n) + " (" +
+                     platform::text::toCodePage(start.fault.call) + ") raises " +
+                     std::to_string(number) + (forever ? " for ever" : " once"));
+        checkStart(start, clean);
+        // Only the obsolete shortcuts are removed with errors ignored.
+        EXPECT_TRUE(!start.fault.now.messages.empty() ||
+                    start.fault.was(L"remove " + shortcutsFolder));
+        ++cases;
+        if (HasFailure()) {
+          return;
+        }
+      }
+    }
+  }
+  ASSERT_GT(cases, 0);
+  countCases("calls that fail", "start-up", cases);
+}
+
+TEST(StartUpFaults, NothingIsLostWhenACallFindsNothingOrMemoryRunsOut) {
+  using LookFault = desktop::Desktop::LookFault;
+  const State clean = startWith([] {}).fault.now;
+  int cases = 0;
+  for (const LookFault kind : {LookFault::findsNothing, LookFault::outOfMemory}) {
+    for (const bool forever : {false, true}) {
+      for (int n = 1;; ++n) {
+        const Start start = startWith([=] { desktop().failLook(n, kind, forever); });
+        if (start.fault.looks < n) {
+          break;
+        }
+        SCOPED_TRACE("look " + std::to_string(n) + (forever ? " for ever" : " once"));
+        checkStart(start, clean);
+        ++cases;
+        if (HasFailure()) {
+          return;
+        }
+      }
+    }
+  }
+  ASSERT_GT(cases, 0);
+  countCases("calls that find nothing or run out of memory", "start-up", cases);
+}
+
+TEST(ClosingFaults, WhatCannotBeRememberedIsToldAndTheWindowCloses) {
+  int cases = 0;
+  for (const bool forever : {false, true}) {
+    for (int n = 1;; ++n) {
+      Bench bench;
+      desktop().answers = {platform::dialogs::Answer::yes};
+      const State old = stateOf(bench.main());
+      desktop().failCall(n, 75, forever);
+      EXPECT_TRUE(bench.main().unload());
+      desktop().failNothing();
+      EXPECT_FALSE(bench.main().loaded());
+      EXPECT_EQ(stateOf(bench.main()).files, old.files);
+      if (desktop().failedCalls().empty()) {
+        EXPECT_EQ(desktop().errorReports.size(), 0U);
+        break;
+      }
+      EXPECT_EQ(desktop().errorReports, std::vector<int>{75});
+      ++cases;
+    }
+  }
+  ASSERT_GT(cases, 0);
+  countCases("calls that fail", "closing", cases);
+}
+
+}  // namespace
+}  // namespace faults

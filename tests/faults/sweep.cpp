@@ -1,0 +1,161 @@
+#include "faults/sweep.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "platform/text.h"
+
+namespace faults {
+
+using desktop::desktop;
+using platform::text::toCodePage;
+
+namespace {
+
+/// Runs of an operation beyond this one are a sign that it never ends.
+constexpr int mostCalls = 200;
+
+/// One run of an operation, after `inject`, on a fresh desktop.
+Fault runWith(const Operation& operation, const std::function<void()>& inject) {
+  Fault fault;
+  Bench bench;
+  operation.prepare(bench);
+  desktop().clearJournal();
+  fault.old = stateOf(bench.main());
+  const int looks = desktop().looks();
+  inject();
+  operation.run(bench);
+  desktop().failNothing();
+  desktop().onReplace = nullptr;
+  fault.looks = desktop().looks() - looks;
+  fault.failures = desktop().failedCalls().size();
+  if (!desktop().failedCalls().empty()) {
+    const auto& failed = desktop().failedCalls().front();
+    const auto& journal = desktop().journal();
+    fault.happened = true;
+    fault.call = failed.what;
+    fault.before.assign(journal.begin(),
+                        journal.begin() + static_cast<std::ptrdiff_t>(failed.place));
+  }
+  fault.now = stateOf(bench.main());
+  EXPECT_TRUE(bench.main().loaded() && bench.main().visible());
+  expectNextOperationsWork(bench.main());
+  return fault;
+}
+
+State cleanState(const Operation& operation) {
+  return runWith(operation, [] { desktop().failNothing(); }).now;
+}
+
+bool listsAsBefore(const Fault& fault) {
+  std::vector<Texts> expected = fault.old.lists;
+  if (fault.inReload()) {
+    const bool web = fault.was(L"read " + webListFile);
+    expected.at(web ? frmQMK::web : frmQMK::open).clear();
+  }
+  return fault.now.lists == expected;
+}
+
+/// Checks one run with a fault.
+void check(const Operation& operation, const Fault& fault) {
+  if (operation.goesOn && operation.goesOn(fault)) {
+    return;
+  }
+  expectWholeFiles(fault, operation.mayBeGone);
+  if (fault.now.messages == fault.clean.messages) {
+    // The program got over it without telling: then nothing may show of it.
+    EXPECT_EQ(fault.now.files, fault.clean.files);
+    EXPECT_EQ(fault.now.lists, fault.clean.lists);
+    EXPECT_EQ(fault.now.dialogOpen, fault.clean.dialogOpen);
+    return;
+  }
+  EXPECT_EQ(fault.now.messages, operation.told(fault));
+  EXPECT_TRUE(operation.listsAreRight ? operation.listsAreRight(fault) : listsAsBefore(fault))
+      << ::testing::PrintToString(fault.now.lists);
+  EXPECT_TRUE(operation.dialogIsRight ? operation.dialogIsRight(fault)
+                                      : fault.now.dialogOpen == fault.old.dialogOpen);
+}
+
+using LookFault = desktop::Desktop::LookFault;
+
+void checkLook(const Fault& fault, LookFault kind) {
+  for (const auto& path : {catalogueFile, webListFile}) {
+    EXPECT_TRUE(fault.now.file(path) == fault.old.file(path) ||
+                fault.now.file(path) == fault.clean.file(path));
+  }
+  if (kind == LookFault::outOfMemory) {
+    expectWholeFiles(fault);
+    const Texts& messages = fault.now.messages;
+    EXPECT_EQ(
+        std::count(messages.begin(), messages.end(), L"Run-time error '7':\r\n\r\nOut of memory"),
+        1);
+  }
+}
+
+std::string describe(int n, const Fault& fault) {
+  return "call " + std::to_string(n) + " (" + toCodePage(fault.call) + ") raises " +
+         std::to_string(fault.number) + (fault.forever ? " for ever" : " once");
+}
+
+}  // namespace
+
+void sweepCalls(const Operation& operation) {
+  const State clean = cleanState(operation);
+  int cases = 0;
+  for (int n = 1;; ++n) {
+    ASSERT_LT(n, mostCalls);
+    const Fault probe = runWith(operation, [n] { desktop().failCall(n, 57); });
+    if (!probe.happened) {
+      EXPECT_EQ(probe.now, clean) << "a run without a fault is not like another one";
+      break;
+    }
+    for (const int number : errorsOf(probe.call)) {
+      for (const bool forever : {false, true}) {
+        Fault fault = runWith(operation, [=] { desktop().failCall(n, number, forever); });
+        fault.number = number;
+        fault.forever = forever;
+        fault.clean = clean;
+        if (operation.addOthersWork) {
+          operation.addOthersWork(fault);
+        }
+        SCOPED_TRACE(describe(n, fault));
+        EXPECT_EQ(fault.call, probe.call);
+        check(operation, fault);
+        ++cases;
+        if (::testing::Test::HasFailure()) {
+          return;  // one case is enough to look at
+        }
+      }
+    }
+  }
+  ASSERT_GT(cases, 0) << "the operation makes no call that can fail";
+  countCases("calls that fail", operation.name, cases);
+}
+
+void sweepLooks(const Operation& operation) {
+  const State clean = cleanState(operation);
+  int cases = 0;
+  for (const LookFault kind : {LookFault::findsNothing, LookFault::outOfMemory}) {
+    for (const bool forever : {false, true}) {
+      for (int n = 1;; ++n) {
+        ASSERT_LT(n, mostCalls);
+        Fault fault = runWith(operation, [=] { desktop().failLook(n, kind, forever); });
+        if (fault.looks < n) {
+          break;
+        }
+        fault.clean = clean;
+        SCOPED_TRACE("look " + std::to_string(n) + (forever ? " for ever" : " once"));
+        checkLook(fault, kind);
+        ++cases;
+        if (::testing::Test::HasFailure()) {
+          return;
+        }
+      }
+    }
+  }
+  ASSERT_GT(cases, 0) << "the operation makes no call that only looks";
+  countCases("calls that find nothing or run out of memory", operation.name, cases);
+}
+
+}  // namespace faults

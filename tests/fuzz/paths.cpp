@@ -1,0 +1,104 @@
+// Taking paths apart, writing them as the disk has them, and telling types by them. The input is a
+// path.
+#include <algorithm>
+#include <string>
+
+#include "catalogue/catalogue_file.h"
+#include "fuzz/support/fuzz.h"
+#include "platform/desktop.h"
+#include "platform/run_time_error.h"
+#include "platform/text.h"
+#include "startup/paths.h"
+
+using fuzz::require;
+using fuzz::theDesktop;
+using SmodMisc::CanonicalPath;
+using SmodMisc::SplitPath;
+
+namespace {
+
+void checkSplitting(const std::wstring& path) {
+  std::wstring name;
+  std::wstring folder;
+  SplitPath(path, name, folder);
+  require(folder + name == path, "the parts joined are the path");
+  require(name.find(L'\\') == std::wstring::npos, "a name has no separator");
+  require(folder.empty() || folder.ends_with(L'\\'), "a folder ends with a separator");
+  // An output may be the very string that is split.
+  std::wstring same = path;
+  std::wstring other;
+  SplitPath(same, same, other);
+  require(same == name && other == folder, "splitting a path into itself");
+  same = path;
+  SplitPath(same, other, same);
+  require(other == name && same == folder, "splitting a path into itself");
+  SplitPath(folder, other, same);
+  require(other.empty() && same == folder, "a folder has no name in it");
+}
+
+void checkCanonical(const std::wstring& path) {
+  const std::wstring canonical = CanonicalPath(path);
+  if (canonical.empty()) {
+    return;
+  }
+  constexpr std::size_t behindDrive = 3;
+  // Only backslashes separate: no system call hands out paths with slashes.
+  if (path.size() <= behindDrive || path.find(L'/') != std::wstring::npos) {
+    return;
+  }
+  require(!canonical.ends_with(L'\\'), "a canonical path ends with a name");
+  require(canonical.starts_with(path.substr(0, 2)), "a canonical path keeps the drive's letter");
+  require(theDesktop().has(canonical), "a canonical path names what is there");
+  require(CanonicalPath(canonical) == canonical, "a canonical path is its own");
+  require(CanonicalPath(canonical + L'\\') == canonical, "a separator at the end does not count");
+  // Patterns aside, letter case is all that changes in a path of long names.
+  if (path.find_first_of(L"*?~") == std::wstring::npos) {
+    std::wstring whole = path;
+    if (whole.ends_with(L'\\')) {
+      whole.pop_back();
+    }
+    // The system takes dots and blanks off the end of every component.
+    const bool plain = whole.find(L".\\") == std::wstring::npos &&
+                       whole.find(L" \\") == std::wstring::npos && !whole.ends_with(L'.') &&
+                       !whole.ends_with(L' ');
+    require(!plain || platform::text::upper(whole) == platform::text::upper(canonical),
+            "a canonical path has the same names");
+  }
+}
+
+void checkType(const std::wstring& name) {
+  int type = -1;
+  try {
+    type = modQMKGeneral::TypeNumberFromExtension(name);
+  } catch (const platform::RunTimeError& failure) {
+    require(failure.number() == platform::error::invalidCall && !name.empty() && name.size() < 4,
+            "only a name of one to three characters is refused");
+    return;
+  }
+  const std::wstring upper = platform::text::upper(name);
+  int expected = name.empty() ? 0 : 99;
+  expected = upper.ends_with(L".FP3") ? 0 : expected;
+  expected = upper.ends_with(L".BS3") ? 1 : expected;
+  expected = upper.ends_with(L".BI3") ? 2 : expected;
+  expected = upper.ends_with(L".CW3") ? 3 : expected;
+  require(type == expected, "the last four characters tell the type");
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+  // The disk never changes: it is made once.
+  static const bool prepared = [] {
+    fuzz::freshDesktop();
+    theDesktop().putFile(L"C:\\Program Files\\Quill.mark\\Data\\Ridge one.fp3", "data");
+    theDesktop().putFile(L"C:\\App\\hidden.txt", "data", platform::files::hidden);
+    theDesktop().alias(L"C:\\PROGRA~1", L"C:\\Program Files");
+    return true;
+  }();
+  static_cast<void>(prepared);
+  const std::wstring path = fuzz::wide(fuzz::Input(bytes, size).rest());
+  checkSplitting(path);
+  checkCanonical(path);
+  checkType(path);
+  return 0;
+}

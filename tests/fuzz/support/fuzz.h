@@ -1,0 +1,70 @@
+// What the fuzzing programs share: taking the input apart, and stopping at a broken promise.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/controls/list_view.h"
+#include "platform/desktop.h"
+
+namespace fuzz {
+
+/// Ends the program, as a crash would, unless `holds`; `promise` is what the log says.
+void require(bool holds, const char* promise);
+
+/// The input, taken from front to back: single characters that choose, lines, and the rest.
+class Input {
+ public:
+  Input(const std::uint8_t* bytes, std::size_t size)
+      : left_(reinterpret_cast<const char*>(bytes), size) {}
+  /// The next character; a NUL when there is none left.
+  char character();
+  /// What stands before the next line feed, which is taken too; the rest when there is none.
+  std::string_view line();
+  std::string_view rest() { return left_; }
+
+ private:
+  std::string_view left_;
+};
+
+/// Text from bytes of the code page; the last sixteen of them stand for characters that the code
+/// page lacks.
+[[nodiscard]] std::wstring wide(std::string_view bytes);
+
+/// The bytes that a field of a written record holds: a line end in it becomes a blank.
+[[nodiscard]] std::string asWritten(const std::wstring& text);
+
+/// Whether a text survives being written and read: no double quote, no line end.
+[[nodiscard]] bool survives(const std::wstring& text);
+
+/// The lines of a list file, with their line ends.
+[[nodiscard]] std::vector<std::string> linesOf(std::string_view bytes);
+
+/// What `list_file::append` is to do, said in another way.
+[[nodiscard]] std::string extended(std::string bytes, const std::string& record);
+
+/// The in-memory desktop.
+inline desktop::Desktop& theDesktop() { return desktop::desktop(); }
+
+/// A fresh disk with the application folder and an empty shortcuts folder, nothing recorded.
+void freshDesktop();
+
+/// Bytes of a file that has to be there.
+[[nodiscard]] std::string bytesOf(const std::wstring& path);
+
+/// The items of a list in their displayed order: the text and `subItems` sub-items, parted by NUL.
+[[nodiscard]] std::vector<std::wstring> itemsOf(const controls::ListView& list,
+                                                std::size_t subItems);
+
+inline constexpr const wchar_t* catalogueFile = L"C:\\App\\QMKFileList3.txt";
+inline constexpr const wchar_t* webListFile = L"C:\\App\\QMKWebList.txt";
+inline constexpr const wchar_t* temporaryFile = L"C:\\App\\qmklist.tmp";
+inline constexpr const wchar_t* shortcutsFolder =
+    L"C:\\Users\\Ann\\Documents\\My QMKExtra3\\ShortCuts";
+
+}  // namespace fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size);

@@ -75,6 +75,10 @@ void TestProfile::setSetting(const std::wstring& name, const std::wstring& value
   write(settingsKey, name, REG_SZ, value);
 }
 
+void TestProfile::removeSetting(const std::wstring& name) {
+  RegDeleteKeyValueW(HKEY_CURRENT_USER, settingsKey, name.c_str());
+}
+
 ScreenDensity::ScreenDensity(DWORD dpi) {
   DWORD before = 0;
   DWORD size = sizeof(before);

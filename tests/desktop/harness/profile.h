@@ -22,6 +22,7 @@ class TestProfile {
   /// Value of a setting of the program, nothing when it is not set.
   [[nodiscard]] static std::optional<std::wstring> setting(const std::wstring& name);
   static void setSetting(const std::wstring& name, const std::wstring& value);
+  static void removeSetting(const std::wstring& name);
 
  private:
   struct Value {

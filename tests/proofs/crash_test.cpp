@@ -1,0 +1,163 @@
+// A program that is killed at any instant leaves each list file as it was before or after an
+// operation, never anything else, and the next program works on.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <set>
+#include <string>
+
+#include "harness/files.h"
+#include "harness/gateway_app.h"
+#include "harness/input.h"
+#include "harness/text.h"
+#include "harness/wait.h"
+#include "harness/windows_of_process.h"
+#include "list_model.h"
+#include "proof.h"
+#include "worker_process.h"
+
+namespace proofs {
+namespace {
+
+std::int64_t ticks() {
+  LARGE_INTEGER now{};
+  QueryPerformanceCounter(&now);
+  return now.QuadPart;
+}
+
+/// Lets a drawn time pass, finer than the system's clock can sleep: the instants of the kill are to
+/// fall between any two steps of the killed program.
+void letPass(int microseconds) {
+  LARGE_INTEGER frequency{};
+  QueryPerformanceFrequency(&frequency);
+  const std::int64_t end = ticks() + frequency.QuadPart * microseconds / 1'000'000;
+  constexpr int fineUs = 2000;
+  if (microseconds > fineUs) {
+    Sleep(static_cast<DWORD>((microseconds - fineUs) / 1000));
+  }
+  while (ticks() < end) {
+  }
+}
+
+std::string bytesOf(const std::wstring& path) {
+  return ListModel::withoutToday(harness::readFile(path).value_or("(no file)"));
+}
+
+/// Files that a killed program may leave in its folder.
+void expectNothingLeftBehind(const std::wstring& folder) {
+  const std::set<std::wstring> known{L"QMKFileList3.txt", L"QMKWebList.txt", L"qmklist.tmp",
+                                     L"qmklist.tmp.old",  L"data",           workerName};
+  for (const std::wstring& name : harness::namesIn(folder)) {
+    EXPECT_TRUE(known.contains(name)) << "left behind: " << harness::utf8(name);
+  }
+}
+
+class Crash : public ::testing::Test {
+ protected:
+  harness::TestFolder root_;
+  harness::Job job_;
+};
+
+TEST_F(Crash, KilledBetweenAnyTwoStepsOfARewrite) {
+  const int kills = amount(50, 1000);
+  constexpr int longestRunUs = 60'000;
+  const std::wstring folder = root_.path() + L"\\Suite";
+  ListModel model(folder);
+  Random random(seed());
+  std::int64_t done = 0;
+  int afterTheOperation = 0;
+  int leftTemporary = 0;
+  for (int kill = 0; kill < kills; ++kill) {
+    const Worker worker(
+        folder, L"churn " + std::to_wstring(seed()) + L" " + std::to_wstring(done) + L" 1000000000",
+        job_);
+    worker.waitUntilReady();
+    letPass(random.below(longestRunUs));
+    worker.kill();
+    ASSERT_EQ(worker.notes().messages, 0) << harness::utf8(worker.notes().lastMessage);
+    const std::int64_t finished = worker.notes().finished;
+    for (; done < finished; ++done) {
+      model.apply(operationAt(seed(), done));
+    }
+    ListModel next = model;
+    next.apply(operationAt(seed(), done));
+    const std::string catalogue = bytesOf(model.cataloguePath());
+    const std::string webList = bytesOf(model.webListPath());
+    const bool before = catalogue == model.catalogue() && webList == model.webList();
+    const bool after = catalogue == next.catalogue() && webList == next.webList();
+    ASSERT_TRUE(before || after) << "kill " << kill << ", seed " << seed() << ", operation " << done
+                                 << ":\n"
+                                 << catalogue.substr(0, 2000);
+    if (!before) {
+      model = next;
+      ++done;
+      ++afterTheOperation;
+    }
+    leftTemporary += harness::exists(folder + L"\\qmklist.tmp") ? 1 : 0;
+    expectNothingLeftBehind(folder);
+  }
+  // What was left behind stands in nobody's way.
+  constexpr int more = 50;
+  const Worker last(folder,
+                    L"churn " + std::to_wstring(seed()) + L" " + std::to_wstring(done) + L" " +
+                        std::to_wstring(done + more),
+                    job_);
+  last.waitUntilDone(60'000);
+  EXPECT_EQ(last.notes().messages, 0) << harness::utf8(last.notes().lastMessage);
+  for (int n = 0; n < more; ++n) {
+    model.apply(operationAt(seed(), done + n));
+  }
+  EXPECT_EQ(bytesOf(model.cataloguePath()), model.catalogue());
+  EXPECT_EQ(bytesOf(model.webListPath()), model.webList());
+  figure("crash, kills of a rewriting loop", kills);
+  figure("crash, operations finished between the kills", done);
+  figure("crash, kills that left the temporary file behind", leftTemporary);
+  figure("crash, kills between the replacement and its report", afterTheOperation);
+}
+
+/// The real program has a catalogue with records of its own, and puts the data folder's files and
+/// the example into it while it starts.
+TEST_F(Crash, TheProgramKilledWhileItStarts) {
+  const int kills = amount(3, 100);
+  constexpr int longestRunUs = 1'200'000;
+  Random random(seed() + 1);
+  std::array<int, 3> seen{};
+  harness::GatewayApp app;
+  app.addAllTools();
+  const std::wstring plot = app.addDataFile(L"Plot 1.fp3");
+  const std::string foreign = "bs3 , \"D:\\Old files\\1.bs3\" x, 1/2/2003,more\n";
+  const std::string data =
+      harness::codePageBytes(L"\"fp3\",\"" + plot + L"\",\"" +
+                             harness::dateAndTime(harness::changeTime(plot)) + L"\"\r\n");
+  const std::string example = harness::codePageBytes(L"\"CW3\",\"" + app.folder() +
+                                                     L"\\data\\CWIexample.cw3\",\"(today)\"\r\n");
+  const std::array<std::string, 3> states{foreign, foreign + example, foreign + data};
+  for (int kill = 0; kill < kills; ++kill) {
+    harness::TestProfile::setSetting(L"CWIExample", L"False");
+    app.writeCatalogue(foreign);
+    app.start();
+    HWND const splash = app.waitForSplash();
+    harness::clickAt(harness::centreOf(harness::screenRect(splash)), splash);
+    letPass(random.below(longestRunUs));
+    app.kill();
+    const std::string bytes = bytesOf(app.cataloguePath());
+    const auto* const state = std::find(states.begin(), states.end(), bytes);
+    ASSERT_NE(state, states.end()) << "kill " << kill << ", seed " << seed() << ":\n" << bytes;
+    ++seen.at(static_cast<std::size_t>(state - states.begin()));
+  }
+  app.startToMain();
+  harness::waitUntil("the data folder is catalogued",
+                     [&] { return bytesOf(app.cataloguePath()) == states[2]; });
+  EXPECT_EQ(app.close(), 0U);
+  figure("crash, kills of the starting program", kills);
+  figure(
+      "crash, found before / between / after its two rewrites",
+      std::to_string(seen[0]) + " / " + std::to_string(seen[1]) + " / " + std::to_string(seen[2]));
+}
+
+}  // namespace
+}  // namespace proofs

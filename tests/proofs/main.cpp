@@ -1,0 +1,15 @@
+// The proofs: the real program and the product's own code under faults, load and hostile input.
+#include <gmock/gmock.h>
+#include <windows.h>
+
+#include <cstdio>
+
+#include "proof.h"
+
+int main(int argumentCount, char** arguments) {
+  // Results have to be on the disk even if the run is cut off.
+  std::setvbuf(stdout, nullptr, _IONBF, 0);
+  ::testing::InitGoogleMock(&argumentCount, arguments);
+  std::printf("seed: %llu\n", static_cast<unsigned long long>(proofs::seed()));
+  return RUN_ALL_TESTS();
+}

@@ -1,0 +1,300 @@
+#include "monkey.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <array>
+
+#include "harness/files.h"
+#include "harness/input.h"
+#include "harness/text.h"
+#include "harness/wait.h"
+#include "harness/windows_of_process.h"
+
+namespace proofs {
+namespace {
+
+namespace ids = controls::ids;
+using harness::Failure;
+
+void input(INPUT what) { SendInput(1, &what, sizeof(INPUT)); }
+
+void mouse(DWORD flags) {
+  INPUT what{};
+  what.type = INPUT_MOUSE;
+  what.mi.dwFlags = flags;
+  input(what);
+}
+
+void key(WORD code, DWORD flags) {
+  INPUT what{};
+  what.type = INPUT_KEYBOARD;
+  what.ki.wVk = code;
+  what.ki.dwFlags = flags;
+  input(what);
+}
+
+/// Read without the window's help: it may go at any moment.
+bool isExitQuestion(HWND dialog) {
+  constexpr int textId = 0xFFFF;
+  std::array<wchar_t, 32> text{};
+  HWND const label = GetDlgItem(dialog, textId);
+  return label != nullptr &&
+         InternalGetWindowText(label, text.data(), static_cast<int>(text.size())) > 0 &&
+         std::wstring(text.data()) == L"Exit Gateway?";
+}
+
+}  // namespace
+
+void Monkey::note(const std::string& event) {
+  constexpr std::size_t kept = 25;
+  last_.push_back(event);
+  if (last_.size() > kept) {
+    last_.pop_front();
+  }
+}
+
+HWND Monkey::dialog() const {
+  for (HWND const window : harness::visibleWindows(app_.processId())) {
+    if (harness::className(window) == L"#32770" && IsWindowEnabled(window) != FALSE) {
+      return window;
+    }
+  }
+  return nullptr;
+}
+
+void Monkey::act() {
+  try {
+    HWND const open = dialog();
+    // A dialog is dealt with most of the time; otherwise it is clicked and typed past.
+    if (open != nullptr && !random_.oneIn(3)) {
+      inDialog(open);
+    } else {
+      inMain(random_.below(100));
+    }
+    watch();
+  } catch (const Failure& failure) {
+    std::string story = failure.what();
+    for (const std::string& event : last_) {
+      story += "\n  " + event;
+    }
+    throw Failure(story);
+  }
+}
+
+void Monkey::watch() {
+  if (!app_.running()) {
+    restart();
+    return;
+  }
+  const DWORD start = GetTickCount();
+  DWORD_PTR ignored = 0;
+  const bool answered =
+      SendMessageTimeoutW(app_.main(), WM_NULL, 0, 0, SMTO_NORMAL, longestAnswerMs, &ignored) != 0;
+  const DWORD lasted = GetTickCount() - start;
+  if (!answered && IsWindow(app_.main()) != FALSE) {
+    throw Failure("the program does not answer");
+  }
+  slowestMs_ = std::max(slowestMs_, lasted);
+}
+
+void Monkey::restart() {
+  // A program that is left as it should be remembers its window's place at the very end.
+  constexpr const wchar_t* rememberedPlace = L"Placement";
+  const auto code = app_.process().waitForExit(0);
+  const bool remembered = harness::TestProfile::setting(rememberedPlace).has_value();
+  if (code != DWORD{0} || !remembered) {
+    throw Failure("the program has ended with " + std::to_string(code.value_or(0)) +
+                  (remembered ? "" : " without remembering its window"));
+  }
+  harness::TestProfile::removeSetting(rememberedPlace);
+  ++restarts_;
+  app_.startToMain();
+}
+
+void Monkey::clickSomewhere(HWND window, bool twice) {
+  const RECT area = harness::screenRect(window);
+  const int width = std::max(1, static_cast<int>(area.right - area.left));
+  const int height = std::max(1, static_cast<int>(area.bottom - area.top));
+  const POINT place{area.left + random_.below(width), area.top + random_.below(height)};
+  note("click at " + std::to_string(place.x) + ", " + std::to_string(place.y) +
+       (twice ? ", twice" : ""));
+  SetCursorPos(place.x, place.y);
+  const bool right = random_.oneIn(10);
+  for (int click = 0; click < (twice ? 2 : 1); ++click) {
+    mouse(right ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_LEFTDOWN);
+    mouse(right ? MOUSEEVENTF_RIGHTUP : MOUSEEVENTF_LEFTUP);
+  }
+}
+
+void Monkey::press(WORD code, WORD held) {
+  note("key " + std::to_string(code) + " with " + std::to_string(held));
+  if (held != 0) {
+    key(held, 0);
+  }
+  key(code, 0);
+  key(code, KEYEVENTF_KEYUP);
+  if (held != 0) {
+    key(held, KEYEVENTF_KEYUP);
+  }
+}
+
+std::wstring Monkey::someText() {
+  // No quotes and commas: with them a record says something else than what was typed.
+  constexpr std::wstring_view letters = L"abc &%^.-_()\u00E4\u00E9xyz0123 ";
+  std::wstring text;
+  for (int left = 1 + random_.below(12); left > 0; --left) {
+    text += letters.at(static_cast<std::size_t>(random_.below(static_cast<int>(letters.size()))));
+  }
+  return text;
+}
+
+void Monkey::inMain(int kind) {
+  HWND const main = app_.main();
+  constexpr std::array<WORD, 16> keys{VK_DOWN,   VK_UP,    VK_LEFT, VK_RIGHT, VK_HOME, VK_END,
+                                      VK_RETURN, VK_SPACE, VK_F5,   VK_TAB,   VK_NEXT, VK_PRIOR,
+                                      VK_ESCAPE, VK_F10,   VK_APPS, 'P'};
+  constexpr std::array<int, 10> commands{
+      ids::mnuCreate,       ids::mnuRename, ids::mnuDelete, ids::mnuList,   ids::mnuIcon,
+      ids::mnuHelpContents, ids::mnuWeb,    ids::mnuAbout,  ids::mnuDelete, ids::mnuRename};
+  if (kind < 30) {
+    clickSomewhere(main, kind < 8);
+  } else if (kind < 55) {
+    constexpr std::array<WORD, 3> held{VK_SHIFT, VK_CONTROL, VK_SHIFT};
+    press(keys.at(static_cast<std::size_t>(random_.below(keys.size()))),
+          random_.oneIn(6) ? held.at(static_cast<std::size_t>(random_.below(3))) : WORD{0});
+  } else if (kind < 72) {
+    const int command = commands.at(static_cast<std::size_t>(random_.below(commands.size())));
+    note("command " + std::to_string(command));
+    if (IsWindowEnabled(main) != FALSE) {
+      PostMessageW(main, WM_COMMAND, static_cast<WPARAM>(command), 0);
+    }
+  } else if (kind < 84) {
+    const int tab = random_.below(4);
+    note("tab " + std::to_string(tab));
+    if (IsWindowEnabled(main) != FALSE) {
+      PostMessageW(app_.tabs().window(), TCM_SETCURFOCUS, static_cast<WPARAM>(tab), 0);
+    }
+  } else if (kind < 89) {
+    note("resize");
+    SetWindowPos(main, nullptr, random_.below(200), random_.below(200), 100 + random_.below(900),
+                 60 + random_.below(700), SWP_NOZORDER | SWP_ASYNCWINDOWPOS);
+  } else if (kind < 91) {
+    constexpr std::array<WPARAM, 4> ways{SC_MAXIMIZE, SC_RESTORE, SC_MINIMIZE, SC_RESTORE};
+    note("size box");
+    PostMessageW(main, WM_SYSCOMMAND, ways.at(static_cast<std::size_t>(random_.below(4))), 0);
+    PostMessageW(main, WM_SYSCOMMAND, SC_RESTORE, 0);
+  } else if (kind < 99) {
+    changeFiles();
+  } else {
+    note("close");
+    if (IsWindowEnabled(main) != FALSE) {
+      PostMessageW(main, WM_CLOSE, 0, 0);
+    }
+  }
+}
+
+void Monkey::inDialog(HWND open) {
+  // Leaving the program costs seconds: it is done now and then only.
+  if (isExitQuestion(open) && !random_.oneIn(20)) {
+    note("no, stay");
+    PostMessageW(open, WM_COMMAND, IDNO, 0);
+    return;
+  }
+  std::vector<HWND> buttons;
+  for (HWND const control : harness::children(open)) {
+    const std::wstring kind = harness::className(control);
+    if (kind == L"Edit" && random_.oneIn(2)) {
+      const std::wstring text = someText();
+      note("type " + harness::utf8(text));
+      SendMessageTimeoutW(control, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()),
+                          SMTO_NORMAL, longestAnswerMs, nullptr);
+    }
+    if (kind == L"Button" && IsWindowVisible(control) != FALSE) {
+      buttons.push_back(control);
+    }
+  }
+  switch (random_.below(6)) {
+    case 0:
+      press(VK_ESCAPE);
+      break;
+    case 1:
+      press(VK_RETURN);
+      break;
+    case 2:
+      press(VK_TAB);
+      break;
+    case 3:
+      clickSomewhere(open, false);
+      break;
+    default:
+      if (!buttons.empty()) {
+        HWND const button =
+            buttons.at(static_cast<std::size_t>(random_.below(static_cast<int>(buttons.size()))));
+        note("button " + std::to_string(GetDlgCtrlID(button)));
+        PostMessageW(button, BM_CLICK, 0, 0);
+      } else {
+        press(VK_ESCAPE);
+      }
+  }
+}
+
+void Monkey::changeFiles() {
+  const std::wstring number = std::to_wstring(files_++ % 50);
+  const std::wstring path = app_.folder() + L"\\data\\Found " + number + L".fp3";
+  const int kind = random_.below(6);
+  note("change of files " + std::to_string(kind));
+  // The program may hold the file at this instant: then it is left as it is.
+  const auto appendTo = [](const std::wstring& file, const std::wstring& line) {
+    HANDLE const open =
+        CreateFileW(file.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (open != INVALID_HANDLE_VALUE) {
+      const std::string bytes = harness::codePageBytes(line);
+      DWORD written = 0;
+      WriteFile(open, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
+      CloseHandle(open);
+    }
+  };
+  switch (kind) {
+    case 0:
+      harness::writeFile(path, "data\r\n");
+      break;
+    case 1:
+      DeleteFileW(path.c_str());
+      break;
+    case 2:
+      DeleteFileW(app_.cataloguePath().c_str());
+      break;
+    case 3:
+      appendTo(app_.folder() + L"\\QMKWebList.txt",
+               L"\"Page " + number + L"\",\"qmkproof:" + number + L"\"\r\n");
+      break;
+    default:
+      appendTo(app_.cataloguePath(),
+               L"\"fp3\",\"" + (kind == 4 ? path : L"C:\\gone\\Gone " + number + L".bs3") +
+                   L"\",\"1/2/2003\"\r\n");
+  }
+}
+
+void Monkey::tidyUp() {
+  for (HWND open = dialog(); open != nullptr || IsWindowEnabled(app_.main()) == FALSE;
+       open = dialog()) {
+    if (open != nullptr) {
+      // Each kind of dialog knows one of them.
+      for (const WPARAM button : {IDCANCEL, IDNO, IDOK}) {
+        PostMessageW(open, WM_COMMAND, button, 0);
+      }
+    }
+    harness::waitUntil("the dialog goes", [&] {
+      return open == nullptr || IsWindow(open) == FALSE || IsWindowVisible(open) == FALSE ||
+             dialog() != open;
+    });
+  }
+  // A menu may still be open.
+  SendMessageTimeoutW(app_.main(), WM_CANCELMODE, 0, 0, SMTO_NORMAL, longestAnswerMs, nullptr);
+  harness::post(app_.main(), WM_SYSCOMMAND, SC_RESTORE);
+  SetWindowPos(app_.main(), nullptr, 50, 50, 800, 600, SWP_NOZORDER);
+}
+
+}  // namespace proofs

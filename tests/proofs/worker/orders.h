@@ -1,0 +1,75 @@
+// What the proofs tell their worker to do, and what it tells them, while both run.
+//
+//   worker.exe churn <seed> <first operation> <end>   until <end>, or until it is killed
+//   worker.exe write <tag> <count>                    adds, updates and removes numbered records
+//   worker.exe append <file> <tag> <count>            appends in place, as a foreign program does
+//   worker.exe hold <file> <share> <ms>               keeps a file open
+//
+// The environment variable QMK_NOTES names the shared memory with the `Notes`.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "proof.h"
+
+namespace proofs {
+
+inline constexpr int longestMessage = 256;
+inline constexpr int mostRecords = 1 << 16;
+
+/// Written by the worker, read by the proof; it outlives a killed worker.
+struct Notes {
+  volatile std::int64_t ready = 0;     ///< 1 from the first operation on.
+  volatile std::int64_t finished = 0;  ///< Operations that have been finished.
+  volatile std::int64_t messages = 0;  ///< Message boxes and errors; each is a failed operation.
+  volatile std::int64_t slowest = 0;   ///< Longest operation, in microseconds.
+  volatile std::int64_t slowestFailed = 0;  ///< Longest one that failed, in microseconds.
+  wchar_t lastMessage[longestMessage] = {};
+  /// For each record that a writer numbered: 1 when it must be in the file at the end.
+  volatile char wanted[mostRecords] = {};
+};
+
+/// One rewriting operation of the churn. Which one the n-th is follows from the seed alone, so that
+/// a proof knows what the files must hold without asking the worker.
+struct Operation {
+  enum class Kind { addOrUpdate, remove, refresh, webAppend, webDelete };
+  Kind kind = Kind::addOrUpdate;
+  int number = 0;
+};
+
+[[nodiscard]] inline Operation operationAt(std::uint64_t seed, std::int64_t n) {
+  Random random(seed * 1'000'003U + static_cast<std::uint64_t>(n));
+  static_cast<void>(random.next());
+  constexpr int names = 40;
+  Operation operation;
+  operation.number = random.below(names);
+  const int kind = random.below(10);
+  if (kind < 4) {
+    operation.kind = Operation::Kind::addOrUpdate;
+  } else if (kind < 6) {
+    operation.kind = Operation::Kind::remove;
+  } else if (kind < 7) {
+    operation.kind = Operation::Kind::refresh;
+  } else if (kind < 9) {
+    operation.kind = Operation::Kind::webAppend;
+  } else {
+    operation.kind = Operation::Kind::webDelete;
+  }
+  return operation;
+}
+
+/// The path, and the name, that an operation of that number speaks of.
+[[nodiscard]] inline std::wstring pathOf(int number) {
+  return L"C:\\Somewhere else\\Plot " + std::to_wstring(number) + L".fp3";
+}
+[[nodiscard]] inline std::wstring nameOf(int number) { return L"Page " + std::to_wstring(number); }
+[[nodiscard]] inline std::wstring addressOf(int number) {
+  return L"http://www.example.com/" + std::to_wstring(number);
+}
+/// The path of a writer's n-th record.
+[[nodiscard]] inline std::wstring pathOf(const std::wstring& tag, int number) {
+  return L"C:\\Written by " + tag + L"\\" + std::to_wstring(number) + L".fp3";
+}
+
+}  // namespace proofs

@@ -1,0 +1,230 @@
+// The product's own code, doing one list file operation after the other at full speed, or a foreign
+// program that works on the same file. See orders.h.
+#include <windows.h>
+
+#include <algorithm>
+#include <cwchar>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "catalogue/catalogue_file.h"
+#include "mainwindow/main_window.h"
+#include "platform/run_time_error.h"
+#include "platform/text.h"
+#include "platform/win32/handles.h"
+#include "web/web_list.h"
+#include "worker/orders.h"
+
+namespace {
+
+using platform::win32::FileHandle;
+using proofs::Notes;
+using proofs::Operation;
+
+Notes* notes = nullptr;
+
+/// Notes a failed operation with its text.
+void note(const wchar_t* text) {
+  notes->messages = notes->messages + 1;
+  std::wcsncpy(notes->lastMessage, text, proofs::longestMessage - 1);
+}
+
+/// Nobody is there to answer message boxes: notes what they say and pushes OK.
+LRESULT CALLBACK answerMessages(int code, WPARAM window, LPARAM details) {
+  // A box may be activated more than once, and so may other windows.
+  static HWND answered = nullptr;
+  auto* const box = reinterpret_cast<HWND>(window);
+  if (code == HCBT_DESTROYWND && box == answered) {
+    answered = nullptr;
+  }
+  if (code == HCBT_ACTIVATE && box != answered) {
+    constexpr int textId = 0xFFFF;
+    wchar_t text[proofs::longestMessage] = {};
+    if (GetDlgItemTextW(box, textId, text, proofs::longestMessage) > 0) {
+      answered = box;
+      note(text);
+      PostMessageW(box, WM_COMMAND, IDOK, 0);
+    }
+  }
+  return CallNextHookEx(nullptr, code, window, details);
+}
+
+std::int64_t microseconds() {
+  LARGE_INTEGER now{};
+  LARGE_INTEGER frequency{};
+  QueryPerformanceCounter(&now);
+  QueryPerformanceFrequency(&frequency);
+  constexpr std::int64_t million = 1'000'000;
+  return now.QuadPart / frequency.QuadPart * million +
+         now.QuadPart % frequency.QuadPart * million / frequency.QuadPart;
+}
+
+/// Runs an operation as the program's dispatcher would; false when it reported a failure.
+template <class Body>
+bool succeeds(Body body) {
+  const std::int64_t messagesBefore = notes->messages;
+  const std::int64_t start = microseconds();
+  try {
+    body();
+  } catch (const platform::RunTimeError& failure) {
+    note(failure.numberAndDescription().c_str());
+  }
+  const std::int64_t lasted = microseconds() - start;
+  const bool done = notes->messages == messagesBefore;
+  const auto raise = [lasted](volatile std::int64_t& slowest) {
+    const std::int64_t before = slowest;
+    slowest = std::max(before, lasted);
+  };
+  raise(notes->slowest);
+  if (!done) {
+    raise(notes->slowestFailed);
+  }
+  return done;
+}
+
+void perform(frmQMK& window, const Operation& operation) {
+  switch (operation.kind) {
+    case Operation::Kind::addOrUpdate:
+      modQMKGeneral::AddOrUpdateCatalogueEntry(proofs::pathOf(operation.number), L"FP3");
+      break;
+    case Operation::Kind::remove:
+      modQMKGeneral::RemoveCatalogueEntry(proofs::pathOf(operation.number));
+      break;
+    case Operation::Kind::refresh:
+      modQMKGeneral::RefreshDataFolderEntries(window.catalogue);
+      break;
+    case Operation::Kind::webAppend:
+      modQMKGeneral::AppendWebEntry(window.webList, proofs::nameOf(operation.number),
+                                    proofs::addressOf(operation.number));
+      break;
+    case Operation::Kind::webDelete:
+      modQMKGeneral::DeleteWebEntry(window.webList, proofs::nameOf(operation.number));
+      break;
+  }
+}
+
+void churn(std::uint64_t seed, std::int64_t first, std::int64_t end) {
+  const auto window = std::make_unique<frmQMK>();
+  for (std::int64_t n = first; n < end; ++n) {
+    notes->ready = 1;
+    static_cast<void>(succeeds([&] { perform(*window, proofs::operationAt(seed, n)); }));
+    notes->finished = n + 1;
+  }
+}
+
+/// Adds `count` records, removes every third one again, and updates and refreshes in between.
+void write(const std::wstring& tag, int count) {
+  const auto window = std::make_unique<frmQMK>();
+  const auto add = [&](int number) {
+    if (succeeds([&] {
+          modQMKGeneral::AddOrUpdateCatalogueEntry(proofs::pathOf(tag, number), L"FP3");
+        })) {
+      notes->wanted[number] = 1;
+    }
+  };
+  for (int number = 0; number < count; ++number) {
+    notes->ready = 1;
+    add(number);
+    if (number % 3 == 2 &&
+        succeeds([&] { modQMKGeneral::RemoveCatalogueEntry(proofs::pathOf(tag, number)); })) {
+      notes->wanted[number] = 0;
+    }
+    if (number % 5 == 4) {
+      add(number - 1);
+    }
+    if (number % 10 == 9) {
+      static_cast<void>(
+          succeeds([&] { modQMKGeneral::RefreshDataFolderEntries(window->catalogue); }));
+    }
+    notes->finished = number + 1;
+  }
+}
+
+/// Appends a line in place, as programs do that know nothing of this one: usual sharing, one write,
+/// and another try when somebody is in the way.
+bool appended(const std::wstring& path, const std::string& line) {
+  constexpr int tries = 2000;
+  constexpr DWORD pauseMs = 5;
+  for (int attempt = 0; attempt < tries; ++attempt) {
+    const FileHandle file(CreateFileW(path.c_str(), FILE_APPEND_DATA,
+                                      FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
+                                      FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (file) {
+      DWORD written = 0;
+      return WriteFile(file.get(), line.data(), static_cast<DWORD>(line.size()), &written,
+                       nullptr) != FALSE &&
+             written == line.size();
+    }
+    Sleep(pauseMs);
+  }
+  return false;
+}
+
+void append(const std::wstring& path, const std::wstring& tag, int count) {
+  for (int number = 0; number < count; ++number) {
+    notes->ready = 1;
+    const std::string line = platform::text::toCodePage(
+        L"\"FP3\",\"" + proofs::pathOf(tag, number) + L"\",\"11/20/2026\"\r\n");
+    if (succeeds([&] {
+          if (!appended(path, line)) {
+            note(L"the line could not be appended");
+          }
+        })) {
+      notes->wanted[number] = 1;
+    }
+    notes->finished = number + 1;
+  }
+}
+
+/// Keeps the file open until the proof writes 1 into `finished`, or for a minute.
+void hold(const std::wstring& path, DWORD share) {
+  constexpr DWORD longestMs = 60'000;
+  constexpr DWORD pauseMs = 5;
+  const FileHandle file(CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, share, nullptr,
+                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+  if (!file) {
+    note(L"the file cannot be held");
+  }
+  notes->ready = 1;
+  for (DWORD waited = 0; notes->finished == 0 && waited < longestMs; waited += pauseMs) {
+    Sleep(pauseMs);
+  }
+}
+
+int run(const std::vector<std::wstring>& words) {
+  constexpr int decimal = 10;
+  const auto number = [&](std::size_t index) {
+    return std::wcstoll(words.at(index).c_str(), nullptr, decimal);
+  };
+  const std::wstring& order = words.at(1);
+  if (order == L"churn") {
+    churn(static_cast<std::uint64_t>(number(2)), number(3), number(4));
+  } else if (order == L"write") {
+    write(words.at(2), static_cast<int>(number(3)));
+  } else if (order == L"append") {
+    append(words.at(2), words.at(3), static_cast<int>(number(4)));
+  } else if (order == L"hold") {
+    hold(words.at(2), static_cast<DWORD>(number(3)));
+  } else {
+    return 2;
+  }
+  return 0;
+}
+
+}  // namespace
+
+int wmain(int count, wchar_t** arguments) {
+  wchar_t name[MAX_PATH] = {};
+  GetEnvironmentVariableW(L"QMK_NOTES", name, MAX_PATH);
+  const platform::win32::KernelHandle memory(OpenFileMappingW(FILE_MAP_ALL_ACCESS, FALSE, name));
+  if (!memory) {
+    return 3;
+  }
+  notes = static_cast<Notes*>(MapViewOfFile(memory.get(), FILE_MAP_ALL_ACCESS, 0, 0, 0));
+  if (notes == nullptr) {
+    return 3;
+  }
+  SetWindowsHookExW(WH_CBT, answerMessages, nullptr, GetCurrentThreadId());
+  return run({arguments, arguments + count});
+}

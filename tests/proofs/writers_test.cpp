@@ -1,0 +1,263 @@
+// Several programs work on the catalogue at the same time at full speed: no record of any of them
+// is lost, doubled or torn.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <algorithm>
+#include <chrono>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "harness/files.h"
+#include "harness/gateway_app.h"
+#include "harness/input.h"
+#include "harness/text.h"
+#include "harness/wait.h"
+#include "harness/windows_of_process.h"
+#include "proof.h"
+#include "worker_process.h"
+
+namespace proofs {
+namespace {
+
+using harness::Tab;
+
+constexpr int longestRunMs = 1'800'000;
+
+/// How often each path stands in the catalogue; a line of another form is counted as torn.
+struct Catalogue {
+  std::map<std::wstring, int> paths;
+  int torn = 0;
+};
+
+Catalogue read(const std::wstring& path) {
+  Catalogue result;
+  const std::wstring text = harness::fromCodePage(harness::readFile(path).value_or(""));
+  std::size_t begin = 0;
+  while (begin < text.size()) {
+    const std::size_t end = std::min(text.find(L"\r\n", begin), text.size());
+    const std::wstring line = text.substr(begin, end - begin);
+    begin = end + 2;
+    const std::wstring middle = L"\",\"";
+    const std::size_t first = line.find(middle);
+    const std::size_t second = line.find(middle, first + 1);
+    if (!line.starts_with(L'"') || !line.ends_with(L'"') || second == std::wstring::npos ||
+        line.find(middle, second + 1) != std::wstring::npos || begin > text.size() + 1) {
+      ++result.torn;
+      std::printf("torn: %s\n", harness::utf8(line).c_str());
+      continue;
+    }
+    ++result.paths[line.substr(first + middle.size(), second - first - middle.size())];
+  }
+  return result;
+}
+
+/// What became of one writer's numbered records.
+struct Fate {
+  int wanted = 0;
+  int lost = 0;
+  int doubled = 0;
+  int revived = 0;  ///< There, although their writer took them out.
+};
+
+Fate fateOf(const Catalogue& catalogue, const std::wstring& tag, const Notes& notes, int count) {
+  Fate fate;
+  for (int number = 0; number < count; ++number) {
+    const auto found = catalogue.paths.find(pathOf(tag, number));
+    const int times = found == catalogue.paths.end() ? 0 : found->second;
+    const bool wanted = notes.wanted[number] != 0;
+    fate.wanted += wanted ? 1 : 0;
+    fate.lost += wanted && times == 0 ? 1 : 0;
+    fate.doubled += times > 1 ? 1 : 0;
+    fate.revived += !wanted && times == 1 ? 1 : 0;
+  }
+  return fate;
+}
+
+void expectIntact(const std::string& what, const Fate& fate) {
+  EXPECT_EQ(fate.lost, 0) << what;
+  EXPECT_EQ(fate.doubled, 0) << what;
+  EXPECT_EQ(fate.revived, 0) << what;
+}
+
+std::string shown(const Fate& fate, const Notes& notes) {
+  return std::to_string(fate.wanted) + " / " + std::to_string(fate.lost) + " / " +
+         std::to_string(fate.doubled) + " / " + std::to_string(fate.revived) + ", reported " +
+         std::to_string(notes.messages) + ", slowest " + std::to_string(notes.slowest / 1000) +
+         " ms";
+}
+
+constexpr const char* columns = " (wanted / lost / doubled / revived)";
+
+class Writers : public ::testing::Test {
+ protected:
+  Writers() {
+    // A crash of the proof must not leave programs behind that go on writing.
+    harness::makeFolder(folder_ + L"\\data");
+    harness::writeFile(folder_ + L"\\data\\Plot.fp3", "data\r\n");
+    harness::writeFile(catalogue_, "\"FP3\",\"C:\\Kept\\1.fp3\",\"1/2/2003\"\r\n");
+  }
+  [[nodiscard]] std::unique_ptr<Worker> writer(const std::wstring& tag, int count) const {
+    return std::make_unique<Worker>(folder_, L"write " + tag + L" " + std::to_wstring(count), job_);
+  }
+  [[nodiscard]] std::unique_ptr<Worker> appender(const std::wstring& tag, int count) const {
+    return std::make_unique<Worker>(
+        folder_, L"append \"" + catalogue_ + L"\" " + tag + L" " + std::to_wstring(count), job_);
+  }
+
+  harness::TestFolder root_;
+  std::wstring folder_ = root_.path() + L"\\Suite";
+  std::wstring catalogue_ = folder_ + L"\\QMKFileList3.txt";
+  harness::Job job_;
+};
+
+TEST_F(Writers, TwoProgramsWithTheProductsCode) {
+  const int count = amount(50, 2000);
+  const auto one = writer(L"one", count);
+  const auto other = writer(L"other", count);
+  one->waitUntilDone(longestRunMs);
+  other->waitUntilDone(longestRunMs);
+  const Catalogue catalogue = read(catalogue_);
+  const Fate first = fateOf(catalogue, L"one", one->notes(), count);
+  const Fate second = fateOf(catalogue, L"other", other->notes(), count);
+  figure(std::string("writers, two copies, first") + columns, shown(first, one->notes()));
+  figure(std::string("writers, two copies, second") + columns, shown(second, other->notes()));
+  expectIntact("the first", first);
+  expectIntact("the second", second);
+  EXPECT_EQ(catalogue.torn, 0);
+  EXPECT_EQ(catalogue.paths.count(L"C:\\Kept\\1.fp3"), 1U);
+  // Who has had to wait too long says so, and has changed nothing. That is rare.
+  for (const Worker* const worker : {one.get(), other.get()}) {
+    EXPECT_LE(worker->notes().messages, 1 + count / 20)
+        << harness::utf8(worker->notes().lastMessage);
+  }
+}
+
+TEST_F(Writers, AForeignProgramThatAppendsInPlace) {
+  const int count = amount(50, 2000);
+  const int appends = amount(1500, 60'000);
+  const auto ours = writer(L"ours", count);
+  const auto foreign = appender(L"foreign", appends);
+  ours->waitUntilDone(longestRunMs);
+  foreign->waitUntilDone(longestRunMs);
+  const Catalogue catalogue = read(catalogue_);
+  const Fate first = fateOf(catalogue, L"ours", ours->notes(), count);
+  const Fate second = fateOf(catalogue, L"foreign", foreign->notes(), appends);
+  figure(std::string("writers, beside an appender") + columns, shown(first, ours->notes()));
+  figure(std::string("writers, the appender") + columns, shown(second, foreign->notes()));
+  expectIntact("the product", first);
+  expectIntact("the appender", second);
+  EXPECT_EQ(catalogue.torn, 0);
+  EXPECT_EQ(foreign->notes().messages, 0);
+}
+
+/// The real program deletes entries and keeps its list up to date while a copy of its code and a
+/// foreign program write.
+TEST_F(Writers, TheProgramAmongTheOthers) {
+  const int deletions = amount(4, 150);
+  const int count = amount(40, 1500);
+  const int appends = amount(1000, 40'000);
+  harness::GatewayApp app;
+  harness::GatewayApp::skipExample();
+  std::string kept;
+  for (int n = 0; n < deletions; ++n) {
+    kept += harness::codePageBytes(L"\"FP3\",\"C:\\Doomed\\_Doomed " + std::to_wstring(n) +
+                                   L".fp3\",\"1/2/2003\"\r\n");
+  }
+  app.writeCatalogue(kept);
+  app.startToMain();
+  app.selectTab(Tab::open);
+  const Worker ours(app.folder(), L"write ours " + std::to_wstring(count), job_);
+  const Worker foreign(
+      app.folder(), L"append \"" + app.cataloguePath() + L"\" foreign " + std::to_wstring(appends),
+      job_);
+  std::vector<std::wstring> gone;
+  for (int n = 0; n < deletions; ++n) {
+    harness::bringToFront(app.main());
+    // The sort brings the doomed to the top. Two clicks at one place would make a double-click.
+    const RECT row = app.list(Tab::open).textOnScreen(0);
+    harness::clickAt({row.left + (n % 2 == 0 ? 10 : 40), (row.top + row.bottom) / 2}, app.main());
+    app.command(controls::ids::mnuDelete);
+    const harness::MessageBoxReader question = app.waitForMessage();
+    const std::wstring text = question.text();
+    const std::size_t name = text.find(L"_DOOMED ");
+    ASSERT_NE(name, std::wstring::npos) << harness::utf8(text);
+    question.answer(IDYES);
+    const std::wstring number = text.substr(name + 8, text.find(L'.', name) - name - 8);
+    gone.push_back(L"C:\\Doomed\\_Doomed " + number + L".fp3");
+    harness::waitUntil("the entry leaves the list", [&] {
+      // Few rows: each one is asked for on its own.
+      const harness::ListViewReader list = app.list(Tab::open);
+      bool there = false;
+      for (int index = 0; index < deletions && !there; ++index) {
+        there = list.cell(index, 0) == L"_Doomed " + number + L".fp3";
+      }
+      return !there;
+    });
+  }
+  ours.waitUntilDone(longestRunMs);
+  foreign.waitUntilDone(longestRunMs);
+  const Catalogue catalogue = read(app.cataloguePath());
+  const Fate first = fateOf(catalogue, L"ours", ours.notes(), count);
+  const Fate second = fateOf(catalogue, L"foreign", foreign.notes(), appends);
+  figure("writers, entries that the real program deleted meanwhile",
+         static_cast<std::int64_t>(gone.size()));
+  figure(std::string("writers, beside the real program, a copy") + columns,
+         shown(first, ours.notes()));
+  figure(std::string("writers, beside the real program, an appender") + columns,
+         shown(second, foreign.notes()));
+  expectIntact("the copy", first);
+  expectIntact("the appender", second);
+  EXPECT_EQ(catalogue.torn, 0);
+  for (const std::wstring& path : gone) {
+    EXPECT_EQ(catalogue.paths.count(path), 0U) << harness::utf8(path);
+  }
+  harness::waitUntil("the list shows the file", [&] {
+    return app.list(Tab::open).count() == static_cast<int>(catalogue.paths.size());
+  });
+  EXPECT_EQ(app.close(), 0U);
+}
+
+/// Somebody keeps the catalogue open. The operation waits for a moment, then says what is wrong,
+/// and has changed nothing; when the file is free again it works.
+TEST_F(Writers, AFileThatSomebodyHolds) {
+  constexpr std::int64_t longestFeltUs = 2'000'000;
+  struct Case {
+    const char* name;
+    DWORD share;
+    bool works;
+  };
+  for (const Case& held :
+       {Case{"shares nothing", 0, false}, Case{"shares reading", FILE_SHARE_READ, false},
+        Case{"shares reading and writing", FILE_SHARE_READ | FILE_SHARE_WRITE, false}}) {
+    SCOPED_TRACE(held.name);
+    const std::string before = *harness::readFile(catalogue_);
+    {
+      const Worker holder(folder_, L"hold \"" + catalogue_ + L"\" " + std::to_wstring(held.share),
+                          job_);
+      holder.waitUntilReady();
+      ASSERT_EQ(holder.notes().messages, 0);
+      const auto ours = writer(L"ours", 1);
+      ours->waitUntilDone(longestRunMs);
+      EXPECT_EQ(ours->notes().messages, 1);
+      EXPECT_NE(std::wstring(ours->notes().lastMessage).find(L"70"), std::wstring::npos)
+          << harness::utf8(ours->notes().lastMessage);
+      EXPECT_LT(ours->notes().slowestFailed, longestFeltUs);
+      figure(std::string("writers, time until a file is reported that ") + held.name,
+             std::to_string(ours->notes().slowestFailed / 1000) + " ms");
+      holder.notes().finished = 1;
+      holder.waitUntilDone(longestRunMs);
+    }
+    EXPECT_EQ(*harness::readFile(catalogue_), before);
+  }
+  const auto ours = writer(L"ours", 1);
+  ours->waitUntilDone(longestRunMs);
+  EXPECT_EQ(ours->notes().messages, 0);
+  EXPECT_EQ(read(catalogue_).paths.count(pathOf(L"ours", 0)), 1U);
+}
+
+}  // namespace
+}  // namespace proofs

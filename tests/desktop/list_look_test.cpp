@@ -9,6 +9,12 @@ class ListLook : public GatewayTest {
  protected:
   void SetUp() override { GatewayApp::skipExample(); }
 
+  void addShortcut(const std::wstring& name) const {
+    harness::LinkFile link;
+    link.target = L"C:\\tools\\" + name + L".exe";
+    harness::writeLink(app->shortCutsFolder() + L"\\" + name + L".lnk", link);
+  }
+
   /// Whether no two names cover each other.
   [[nodiscard]] bool namesStandApart(int tab) const {
     const harness::ListViewReader list = app->list(tab);
@@ -48,11 +54,23 @@ TEST_F(ListLook, TheDefaultSizeShowsAllColumnsOfTheOpenList) {
   EXPECT_LE(window.right - window.left, screenWidth);
 }
 
+TEST_F(ListLook, IconsStandApartAfterAReloadWithMoreOfThem) {
+  addShortcut(L"Alder");
+  app->startToMain();
+  app->selectTab(Tab::tools);
+  ASSERT_EQ(app->list(Tab::tools).count(), 1);
+  constexpr int more = 30;
+  for (int n = 0; n < more; ++n) {
+    addShortcut(L"Shortcut " + std::to_wstring(n));
+  }
+  harness::send(app->list(Tab::tools).window(), WM_KEYDOWN, VK_F5);
+  ASSERT_TRUE(waitFor([&] { return app->list(Tab::tools).count() == 1 + more; }));
+  EXPECT_TRUE(waitFor([&] { return namesStandApart(Tab::tools); }, 2000));
+}
+
 TEST_F(ListLook, IconsStandApartAfterTheColumnsWereShown) {
   for (const wchar_t* const name : {L"Alder", L"Birch", L"Cedar"}) {
-    harness::LinkFile link;
-    link.target = std::wstring(L"C:\\tools\\") + name + L".exe";
-    harness::writeLink(app->shortCutsFolder() + L"\\" + name + L".lnk", link);
+    addShortcut(name);
   }
   harness::writeFile(app->folder() + L"\\QMKWebList.txt",
                      "\"Maps\",\"http://m.example/\"\r\n\"Soil\",\"http://s.example/\"\r\n");

@@ -161,6 +161,10 @@ void ListViewPeer::showItems() {
   // Without these the native list would jump to the top and erase itself first.
   send(LVM_SETITEMCOUNT, static_cast<WPARAM>(count),
        LVSICF_NOINVALIDATEALL | (report() ? LVSICF_NOSCROLL : 0));
+  if (!report()) {
+    // The native list does not give new icons places of their own.
+    send(LVM_ARRANGE, LVA_DEFAULT);
+  }
   showing_ = false;
   showSelection();
   // Neither a new count nor a moved focus mark is a reason to show another part of the list.

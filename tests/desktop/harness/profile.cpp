@@ -98,6 +98,9 @@ ScreenDensity::~ScreenDensity() {
 }
 
 ColourScheme::ColourScheme(const std::map<std::wstring, COLORREF>& colours) {
+  // Where Wine keeps colours that a program has set for the time being, other tests' among them.
+  RegDeleteTreeW(HKEY_CURRENT_USER,
+                 L"Software\\Wine\\Temporary System Parameters\\Control Panel\\Colors");
   set(L"Software\\Microsoft\\Windows\\CurrentVersion\\ThemeManager", L"ThemeActive", L"0");
   for (const auto& [name, colour] : colours) {
     set(L"Control Panel\\Colors", name,

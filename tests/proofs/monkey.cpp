@@ -182,8 +182,14 @@ void Monkey::inMain(int kind) {
   } else if (kind < 91) {
     constexpr std::array<WPARAM, 4> ways{SC_MAXIMIZE, SC_RESTORE, SC_MINIMIZE, SC_RESTORE};
     note("size box");
-    PostMessageW(main, WM_SYSCOMMAND, ways.at(static_cast<std::size_t>(random_.below(4))), 0);
-    PostMessageW(main, WM_SYSCOMMAND, SC_RESTORE, 0);
+    // Nobody can use it while a dialog keeps the window disabled. Both steps are waited for, so
+    // that no dialog comes in between: Wine would not show it again.
+    if (IsWindowEnabled(main) != FALSE) {
+      const WPARAM first = ways.at(static_cast<std::size_t>(random_.below(4)));
+      for (const WPARAM way : {first, WPARAM{SC_RESTORE}}) {
+        SendMessageTimeoutW(main, WM_SYSCOMMAND, way, 0, SMTO_NORMAL, longestAnswerMs, nullptr);
+      }
+    }
   } else if (kind < 99) {
     changeFiles();
   } else {
@@ -278,8 +284,13 @@ void Monkey::changeFiles() {
 }
 
 void Monkey::tidyUp() {
+  constexpr DWORD longestTidyMs = 30'000;
+  const DWORD begin = GetTickCount();
   for (HWND open = dialog(); open != nullptr || IsWindowEnabled(app_.main()) == FALSE;
        open = dialog()) {
+    if (GetTickCount() - begin > longestTidyMs) {
+      throw Failure("the window stays disabled, and no dialog shows why");
+    }
     if (open != nullptr) {
       // Each kind of dialog knows one of them.
       for (const WPARAM button : {IDCANCEL, IDNO, IDOK}) {

@@ -175,6 +175,7 @@ TEST_F(Writers, TheProgramAmongTheOthers) {
       app.folder(), L"append \"" + app.cataloguePath() + L"\" foreign " + std::to_wstring(appends),
       job_);
   std::vector<std::wstring> gone;
+  std::int64_t reported = 0;
   for (int n = 0; n < deletions; ++n) {
     harness::bringToFront(app.main());
     // The sort brings the doomed to the top. Two clicks at one place would make a double-click.
@@ -187,16 +188,27 @@ TEST_F(Writers, TheProgramAmongTheOthers) {
     ASSERT_NE(name, std::wstring::npos) << harness::utf8(text);
     question.answer(IDYES);
     const std::wstring number = text.substr(name + 8, text.find(L'.', name) - name - 8);
-    gone.push_back(L"C:\\Doomed\\_Doomed " + number + L".fp3");
-    harness::waitUntil("the entry leaves the list", [&] {
+    HWND report = nullptr;
+    harness::waitUntil("the entry leaves the list, or a message says why not", [&] {
+      report = harness::visibleWindow(app.processId(), L"#32770");
       // Few rows: each one is asked for on its own.
       const harness::ListViewReader list = app.list(Tab::open);
       bool there = false;
-      for (int index = 0; index < deletions && !there; ++index) {
+      for (int index = 0; index < deletions && !there && report == nullptr; ++index) {
         there = list.cell(index, 0) == L"_Doomed " + number + L".fp3";
       }
-      return !there;
+      return report != nullptr || !there;
     });
+    if (report == nullptr) {
+      gone.push_back(L"C:\\Doomed\\_Doomed " + number + L".fp3");
+      continue;
+    }
+    // The others kept the file busy for longer than the program waits: it has to be asked again.
+    const harness::MessageBoxReader message(report);
+    ASSERT_NE(message.text().find(L"'70'"), std::wstring::npos) << harness::utf8(message.text());
+    message.answer(IDOK);
+    ++reported;
+    --n;
   }
   ours.waitUntilDone(longestRunMs);
   foreign.waitUntilDone(longestRunMs);
@@ -205,6 +217,7 @@ TEST_F(Writers, TheProgramAmongTheOthers) {
   const Fate second = fateOf(catalogue, L"foreign", foreign.notes(), appends);
   figure("writers, entries that the real program deleted meanwhile",
          static_cast<std::int64_t>(gone.size()));
+  figure("writers, deletions that it reported as impossible for now", reported);
   figure(std::string("writers, beside the real program, a copy") + columns,
          shown(first, ours.notes()));
   figure(std::string("writers, beside the real program, an appender") + columns,

@@ -44,6 +44,13 @@ class Soak : public ::testing::Test {
     app_->startToMain();
     harness::waitUntil("the data folder is listed",
                        [&] { return app_->list(Tab::open).count() == files; });
+    // The last thing that start-up does.
+    harness::waitUntil("the watch is on", [&] {
+      const Resources now = held();
+      return std::any_of(now.counts.begin(), now.counts.end(), [](const auto& entry) {
+        return entry.first.find("TimerPeer") != std::string::npos && entry.second > 0;
+      });
+    });
   }
   void TearDown() override {
     if (app_->running()) {

@@ -278,8 +278,6 @@ class Desktop {
   void call(const std::wstring& what);
   /// Runs `operation` as one such call; an error that it raises is marked in the journal.
   void call(const std::wstring& what, const std::function<void()>& operation);
-  /// The same for a call that only looks and has no line in the journal.
-  void look(const std::function<void()>& operation) { attempt({L"", journal_.size()}, operation); }
   /// One call that only looks and raises nothing: true when it is to find nothing.
   [[nodiscard]] bool blinded();
   void note(const std::wstring& what) { journal_.push_back(what); }

@@ -1,0 +1,124 @@
+// What the list files rest on, asked of the system directly: drafts, searches, dates.
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <vector>
+
+#include "harness/files.h"
+#include "harness/paths.h"
+#include "platform/clock.h"
+#include "platform/files.h"
+#include "platform/run_time_error.h"
+
+namespace {
+
+using platform::files::Draft;
+using platform::files::Replaced;
+
+class PlatformFiles : public testing::Test {
+ protected:
+  [[nodiscard]] std::wstring path(const std::wstring& name) const {
+    return folder_.path() + L"\\" + name;
+  }
+  [[nodiscard]] static int errorOf(const std::wstring& draft) {
+    try {
+      const Draft refused(draft);
+    } catch (const platform::RunTimeError& failure) {
+      return failure.number();
+    }
+    return 0;
+  }
+  harness::TestFolder folder_;
+};
+
+TEST_F(PlatformFiles, ADraftKeepsOthersOutUntilItIsGone) {
+  {
+    Draft draft(path(L"list.tmp"));
+    draft.write("half");
+    EXPECT_EQ(errorOf(path(L"list.tmp")), 70);
+    EXPECT_EQ(DeleteFileW(path(L"list.tmp").c_str()), FALSE);
+  }
+  EXPECT_EQ(harness::readFile(path(L"list.tmp")), "half") << "It stays behind";
+  EXPECT_EQ(errorOf(path(L"list.tmp")), 0);
+  EXPECT_EQ(harness::readFile(path(L"list.tmp")), "") << "The next one discards it";
+}
+
+TEST_F(PlatformFiles, AStaleDraftIsDiscardedUnlessItIsProtected) {
+  harness::writeFile(path(L"list.tmp"), "stale");
+  SetFileAttributesW(path(L"list.tmp").c_str(), FILE_ATTRIBUTE_HIDDEN);
+  EXPECT_EQ(errorOf(path(L"list.tmp")), 0);
+  EXPECT_EQ(GetFileAttributesW(path(L"list.tmp").c_str()) & FILE_ATTRIBUTE_HIDDEN, 0U);
+  SetFileAttributesW(path(L"list.tmp").c_str(), FILE_ATTRIBUTE_READONLY);
+  EXPECT_EQ(errorOf(path(L"list.tmp")), 75);
+  SetFileAttributesW(path(L"list.tmp").c_str(), FILE_ATTRIBUTE_NORMAL);
+  EXPECT_EQ(errorOf(path(L"nowhere\\list.tmp")), 76);
+}
+
+TEST_F(PlatformFiles, ADraftTakesThePlaceOfTheFileThatIsExpectedAndOfNoOther) {
+  harness::writeFile(path(L"list.txt"), "old");
+  const auto seen = platform::files::readWhole(path(L"list.txt")).stamp;
+  Draft draft(path(L"list.tmp"));
+  draft.write("new, and longer");
+  draft.write("new");
+  EXPECT_EQ(draft.replace(path(L"list.txt"), {}), Replaced::changedSince);
+  harness::writeFile(path(L"list.txt"), "other");
+  EXPECT_EQ(draft.replace(path(L"list.txt"), seen), Replaced::changedSince);
+  EXPECT_EQ(harness::readFile(path(L"list.txt")), "other");
+  EXPECT_EQ(draft.replace(path(L"list.txt"), platform::files::readWhole(path(L"list.txt")).stamp),
+            Replaced::yes);
+  EXPECT_EQ(harness::readFile(path(L"list.txt")), "new");
+  EXPECT_EQ(harness::namesIn(folder_.path()), (std::vector<std::wstring>{L"list.txt"}))
+      << "Neither the draft nor the second name of the old file";
+}
+
+TEST_F(PlatformFiles, OneSearchForAllExtensionsFindsWhatOneForEachFinds) {
+  for (const wchar_t* const name : {L"b.FP3", L"a.fp3", L"a.fp3x", L"fp3", L".fp3", L"c.bi3.fp3",
+                                    L"d.bi3", L"hidden.fp3", L"e.cw3"}) {
+    harness::writeFile(path(name), "x");
+  }
+  SetFileAttributesW(path(L"hidden.fp3").c_str(), FILE_ATTRIBUTE_HIDDEN);
+  CreateDirectoryW(path(L"folder.fp3").c_str(), nullptr);
+  const std::vector<std::wstring> extensions{L"fp3", L"bi3", L"bs3", L"cw3"};
+  const auto found = platform::files::searchByExtension(folder_.path(), extensions);
+  ASSERT_EQ(found.size(), extensions.size());
+  for (std::size_t n = 0; n < extensions.size(); ++n) {
+    const auto names = [](const std::vector<platform::files::Entry>& entries) {
+      std::vector<std::wstring> all;
+      std::transform(entries.begin(), entries.end(), std::back_inserter(all),
+                     [](const auto& entry) { return entry.name; });
+      return all;
+    };
+    EXPECT_EQ(names(found[n]), names(platform::files::search(path(L"*." + extensions[n]))));
+  }
+  EXPECT_GE(found[0].size(), 4U);
+}
+
+TEST_F(PlatformFiles, ManyDatesAreThoseThatTheSystemGivesOneByOne) {
+  constexpr platform::files::FileTime hour = 36'000'000'000;
+  constexpr platform::files::FileTime firstMoment = 134'119'584'000'000'000;
+  std::vector<platform::files::FileTime> moments;
+  // Two years in steps that come upon every hour of the day, with both changes of the season.
+  for (int n = 0; n < 2500; ++n) {
+    moments.push_back(firstMoment + static_cast<platform::files::FileTime>(n) * 7 * hour);
+  }
+  const auto texts = platform::clock::dateAndTimeTexts(moments);
+  ASSERT_EQ(texts.size(), moments.size());
+  for (std::size_t n = 0; n < moments.size(); ++n) {
+    const FILETIME time{.dwLowDateTime = static_cast<DWORD>(moments[n] & 0xFFFFFFFFU),
+                        .dwHighDateTime = static_cast<DWORD>(moments[n] >> 32U)};
+    SYSTEMTIME universal{};
+    SYSTEMTIME local{};
+    FileTimeToSystemTime(&time, &universal);
+    SystemTimeToTzSpecificLocalTime(nullptr, &universal, &local);
+    std::array<wchar_t, 80> date{};
+    std::array<wchar_t, 80> clock{};
+    GetDateFormatEx(nullptr, DATE_SHORTDATE, &local, nullptr, date.data(), 80, nullptr);
+    GetTimeFormatEx(nullptr, 0, &local, nullptr, clock.data(), 80);
+    ASSERT_EQ(texts[n], std::wstring(date.data()) + L" " + clock.data());
+  }
+}
+
+}  // namespace

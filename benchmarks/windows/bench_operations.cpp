@@ -16,6 +16,7 @@
 #include "catalogue_text.h"
 #include "platform/application.h"
 #include "platform/text.h"
+#include "platform/win32/sort_keys.h"
 #include "windows/rows.h"
 #include "windows/whole_file.h"
 
@@ -156,9 +157,10 @@ void measureSort(const Table& table) {
     ListView& list = view.dataList;
     static_cast<void>(list.text(0));
     constexpr std::size_t column = modQMKGeneral::data_column::date;
-    std::vector<std::string> keys;
+    std::vector<std::string> keys(list.count());
     for (std::size_t index = 0; index < list.count(); ++index) {
-      keys.push_back(platform::text::sortKey(list.subItem(index, column)));
+      platform::win32::appendSortKey(LOCALE_NAME_USER_DEFAULT, list.cell(index, column),
+                                     keys[index]);
     }
     const Pair pair = Pair::inTurns(
         table.runs(9),

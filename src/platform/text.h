@@ -12,10 +12,6 @@ namespace platform::text {
 /// Upper-cases every letter, whatever the user's locale; the length never changes.
 [[nodiscard]] std::wstring upper(std::wstring_view text);
 
-/// Bytes whose plain byte order is the user's locale order of the texts, without regard to case.
-/// Two texts that differ only in case have the same key.
-[[nodiscard]] std::string sortKey(std::wstring_view text);
-
 /// Whether `upper(text)` equals `wanted`, which is in upper case already; without a copy of the
 /// text where letters of the plain alphabet settle it.
 [[nodiscard]] bool upperEquals(std::wstring_view text, std::wstring_view wanted);
@@ -31,8 +27,10 @@ struct SortKeys {
   }
 };
 
-/// Keys for `count` texts; `textAt` gives the text of a number. Their byte order is that of
-/// `sortKey`, but for many texts they are made at a fraction of the cost.
+/// Keys for `count` texts; `textAt` gives the text of a number. Their plain byte order is the
+/// user's locale order of the texts, without regard to case: two texts that differ only in case
+/// have the same key. For many texts they are made at a fraction of the cost of asking the system
+/// for each.
 [[nodiscard]] SortKeys sortKeys(std::size_t count,
                                 const std::function<std::wstring_view(std::size_t)>& textAt);
 

@@ -38,14 +38,7 @@ bool upperEquals(std::wstring_view text, std::wstring_view wanted) {
   return plain::upperEquals(text, wanted, [&] { return upper(text) == wanted; });
 }
 
-SortKeys sortKeys(std::size_t count, const std::function<std::wstring_view(std::size_t)>& textAt) {
-  SortKeys keys;
-  for (std::size_t n = 0; n < count; ++n) {
-    keys.bytes += sortKey(textAt(n));
-    keys.ends.push_back(keys.bytes.size());
-  }
-  return keys;
-}
+namespace {
 
 std::string sortKey(std::wstring_view text) {
   // The order of the tests is that of the code points, four bytes each, highest first.
@@ -57,6 +50,17 @@ std::string sortKey(std::wstring_view text) {
     }
   }
   return key;
+}
+
+}  // namespace
+
+SortKeys sortKeys(std::size_t count, const std::function<std::wstring_view(std::size_t)>& textAt) {
+  SortKeys keys;
+  for (std::size_t n = 0; n < count; ++n) {
+    keys.bytes += sortKey(textAt(n));
+    keys.ends.push_back(keys.bytes.size());
+  }
+  return keys;
 }
 
 bool codePageEquals(std::string_view bytes, std::wstring_view text) {

@@ -8,7 +8,7 @@
 #include <unordered_map>
 #include <utility>
 
-#include "platform/win32/file_stamp.h"
+#include "platform/win32/open_files.h"
 
 namespace platform::clock {
 namespace {

@@ -8,25 +8,22 @@
 
 #include "platform/files.h"
 #include "platform/win32/errors.h"
-#include "platform/win32/file_stamp.h"
 #include "platform/win32/handles.h"
+#include "platform/win32/open_files.h"
 #include "platform/win32/paths.h"
 
 namespace platform::files {
 
 using win32::FileHandle;
+using win32::outcome;
+using win32::pieceSize;
 using win32::raise;
 using win32::whileShared;
 
 namespace {
 
-/// Most bytes handed to one write call; some network drives refuse larger ones.
-constexpr std::size_t pieceSize = std::size_t{8} << 20U;
-
 /// FileRenameInfoEx, which the headers declare only when nothing older than it is supported.
 constexpr auto renameInfoEx = static_cast<FILE_INFO_BY_HANDLE_CLASS>(22);
-
-DWORD outcome(BOOL succeeded) { return succeeded != 0 ? ERROR_SUCCESS : GetLastError(); }
 
 bool isAlreadyThere(DWORD error) {
   return error == ERROR_FILE_EXISTS || error == ERROR_ALREADY_EXISTS;

@@ -22,6 +22,11 @@ struct Meaning {
 /// are the same ones); ERROR_GEN_FAILURE for an HRESULT that wraps none.
 [[nodiscard]] DWORD systemErrorOf(HRESULT result);
 
+/// ERROR_SUCCESS for a true result of a Windows function, else the thread's last error.
+[[nodiscard]] inline DWORD outcome(BOOL succeeded) {
+  return succeeded != 0 ? ERROR_SUCCESS : GetLastError();
+}
+
 /// Calls `attempt`, which returns a Windows error code, until it is anything but "somebody else
 /// has the file", for about a tenth of a second. Indexers and virus scanners open what has just
 /// been written and let go of it at once; the user should not hear of them.

@@ -7,21 +7,20 @@
 
 #include "platform/files.h"
 #include "platform/win32/errors.h"
-#include "platform/win32/file_stamp.h"
 #include "platform/win32/handles.h"
+#include "platform/win32/open_files.h"
 #include "platform/win32/paths.h"
 
 namespace platform::files {
 
 using win32::FileHandle;
+using win32::pieceSize;
 using win32::raise;
 using win32::whileShared;
 
 namespace {
 
 constexpr DWORD shareEverything = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-/// Most bytes handed to one read or write call; some network drives refuse larger ones.
-constexpr std::size_t pieceSize = std::size_t{8} << 20U;
 /// A list file beyond this could not be worked on in memory anyway.
 constexpr std::uint64_t largestFile = std::numeric_limits<std::int32_t>::max();
 /// How often a file that changes under the read is read again.

@@ -4,12 +4,13 @@
 
 #include "platform/text.h"
 #include "platform/win32/errors.h"
-#include "platform/win32/file_stamp.h"
 #include "platform/win32/handles.h"
+#include "platform/win32/open_files.h"
 #include "platform/win32/paths.h"
 
 namespace platform::files {
 
+using win32::outcome;
 using win32::raise;
 using win32::requiredPath;
 using win32::whileShared;
@@ -41,9 +42,6 @@ void searchWith(const std::wstring& pattern, unsigned attributes, FINDEX_INFO_LE
     if (isWanted(found, attributes) && !take(found)) return;
   } while (FindNextFileW(search.get(), &found) != 0);
 }
-
-/// ERROR_SUCCESS for a true result of a Windows function, else the thread's last error.
-DWORD outcome(BOOL succeeded) { return succeeded != 0 ? ERROR_SUCCESS : GetLastError(); }
 
 bool isReadOnly(const std::wstring& native) {
   const DWORD attributes = GetFileAttributesW(native.c_str());

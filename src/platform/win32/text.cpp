@@ -52,12 +52,6 @@ std::wstring upper(std::wstring_view text) {
   return result;
 }
 
-std::string sortKey(std::wstring_view text) {
-  std::string key;
-  win32::appendSortKey(LOCALE_NAME_USER_DEFAULT, text, key);
-  return key;
-}
-
 SortKeys sortKeys(std::size_t count, const std::function<std::wstring_view(std::size_t)>& textAt) {
   return win32::sortKeys(LOCALE_NAME_USER_DEFAULT, count, textAt);
 }

@@ -1,13 +1,17 @@
-// The stamp of an open file.
+// What reading and writing open files share.
 #pragma once
 
 #include <windows.h>
 
+#include <cstddef>
 #include <optional>
 
 #include "platform/files.h"
 
 namespace platform::win32 {
+
+/// Most bytes handed to one read or write call; some network drives refuse larger ones.
+inline constexpr std::size_t pieceSize = std::size_t{8} << 20U;
 
 [[nodiscard]] constexpr std::uint64_t joined(DWORD high, DWORD low) {
   return (std::uint64_t{high} << 32U) | low;

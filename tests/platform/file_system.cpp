@@ -176,6 +176,9 @@ void FileSystem::rename(const std::wstring& from, const std::wstring& to) {
   if (node.locked) {
     throw RunTimeError(error::permissionDenied);
   }
+  if (to.ends_with(L'\\')) {
+    throw RunTimeError(error::badFileName);  // that names a folder, and this is a file
+  }
   if (target.node != nullptr && target.node != &node) {
     throw RunTimeError(error::fileExists);
   }

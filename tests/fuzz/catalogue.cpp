@@ -188,7 +188,8 @@ void checkRename(const std::string& old, modQMKGeneral::CatalogueView& view,
   const std::size_t selected = list.selectedItem();
   const std::wstring folder = list.subItem(selected, 3);
   const std::wstring oldPath = folder + list.text(selected);
-  if (numberOf([&oldPath] { theDesktop().putFile(oldPath, "data"); }) != 0) {
+  // Behind a folder that is one backslash the program's own makes it the name of a server.
+  if (folder == L"\\" || numberOf([&oldPath] { theDesktop().putFile(oldPath, "data"); }) != 0) {
     return;
   }
   theDesktop().clearJournal();

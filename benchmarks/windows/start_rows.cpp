@@ -68,10 +68,10 @@ GatewayStart startOnce(DrivenGateway& gateway) {
   RedrawWindow(splash, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
   start.toSplash = milliseconds(begin, now());
 
-  gateway.findLists();
   harness::clickAt(harness::centreOf(harness::screenRect(splash)), splash);
   waitClosely("the end of the splash window", [splash] { return IsWindow(splash) == 0; });
   const std::int64_t closed = now();
+  gateway.findLists();
   waitClosely("full lists", [&gateway] { return gateway.usuallyFilled(); });
   gateway.paint();
   start.toLists = milliseconds(closed, now());

@@ -38,8 +38,15 @@ constexpr std::array tools{
     Tool{L"Unitshift.lnk", L"unishift3.exe", L"unishift4.exe"},
 };
 
-void removeObsoleteShortcuts() {
-  const std::wstring oldest = CanonicalPath(ShortCutsFolder) + L"\\PlotviewX.lnk";
+/// The two folders as they are spelled on the disk. Every part of a path is looked up for that, so
+/// it is done once for all tools.
+struct Folders {
+  std::wstring shortcuts;
+  std::wstring application;
+};
+
+void removeObsoleteShortcuts(const Folders& folders) {
+  const std::wstring oldest = folders.shortcuts + L"\\PlotviewX.lnk";
   if (files::fileExists(oldest)) {
     files::remove(oldest);
   }
@@ -48,8 +55,8 @@ void removeObsoleteShortcuts() {
   RemoveIgnoringErrors(ShortCutsFolder + L"\\Canopy Weigh.lnk");
 }
 
-void provision(const Tool& tool) {
-  const std::wstring link = CanonicalPath(ShortCutsFolder) + L"\\" + tool.shortcut;
+void provision(const Tool& tool, const Folders& folders) {
+  const std::wstring link = folders.shortcuts + L"\\" + tool.shortcut;
   if (files::fileExists(link)) {
     std::wstring target;
     GetShortcutTarget(link, target);
@@ -58,8 +65,7 @@ void provision(const Tool& tool) {
     }
   }
   if (files::fileExists(AppFolder() + L"\\" + tool.executable)) {
-    CreateToolShortcut(CanonicalPath(AppFolder()) + L"\\" + tool.executable, link, AppFolder(),
-                       L"XXX");
+    CreateToolShortcut(folders.application + L"\\" + tool.executable, link, AppFolder(), L"XXX");
   }
 }
 
@@ -89,9 +95,10 @@ void GetShortcutTarget(const std::wstring& linkPath, std::wstring& target) {
 }
 
 void ProvisionToolShortcuts() {
-  removeObsoleteShortcuts();
+  const Folders folders{CanonicalPath(ShortCutsFolder), CanonicalPath(AppFolder())};
+  removeObsoleteShortcuts(folders);
   for (const Tool& tool : tools) {
-    provision(tool);
+    provision(tool, folders);
   }
 }
 

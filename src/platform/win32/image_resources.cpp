@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/run_time_error.h"
+#include "platform/win32/icon_pictures.h"
 #include "platform/win32/parameters.h"
 
 namespace platform::win32 {
@@ -26,35 +27,22 @@ int percentFor(int dpi) {
 
 [[noreturn]] void refused() { throw RunTimeError(error::outOfMemory); }
 
-/// One bit per pixel, set where the picture is clear; rows are filled up to 16 bits.
-std::vector<std::uint8_t> maskOf(const Picture& picture) {
-  const int stride = (picture.size.width + 15) / 16 * 2;
-  std::vector<std::uint8_t> bits(static_cast<std::size_t>(stride) * picture.size.height, 0);
-  std::size_t pixel = 0;
-  for (int y = 0; y < picture.size.height; ++y) {
-    for (int x = 0; x < picture.size.width; ++x, ++pixel) {
-      if (picture.pixels[pixel] >> 24 == 0) {
-        bits[static_cast<std::size_t>(y) * stride + x / 8] |=
-            static_cast<std::uint8_t>(0x80 >> (x % 8));
-      }
-    }
-  }
-  return bits;
-}
-
-/// The icon of one entry of an image list at `size`.
-Icon iconOf(const controls::ImageList::Image& image, Size size) {
+/// The pixels of one entry of an image list at `size`; nothing when there is no such picture.
+std::optional<Picture> pictureOf(const controls::ImageList::Image& image, Size size) {
   if (!image.resource.empty()) {
-    return loadIcon(image.resource, size);
+    const auto stored = storedPicture(image.resource, size.width);
+    return stored ? stored : pictureFromIcon(loadIcon(image.resource, size).get());
   }
   if (image.picture.pixels.empty()) {
-    return {};
+    return std::nullopt;
   }
-  Icon icon = iconFromPicture(image.picture);
-  if (image.picture.size != size) {
-    icon.reset(static_cast<HICON>(CopyImage(icon.get(), IMAGE_ICON, size.width, size.height, 0)));
+  if (image.picture.size == size) {
+    return image.picture;
   }
-  return icon;
+  const Icon original = iconFromPicture(image.picture);
+  const Icon scaled(
+      static_cast<HICON>(CopyImage(original.get(), IMAGE_ICON, size.width, size.height, 0)));
+  return pictureFromIcon(scaled.get());
 }
 
 }  // namespace
@@ -97,43 +85,27 @@ BitmapHandle loadPicture(const std::wstring& name, int dpi, Size size) {
   return fitted;
 }
 
-Icon iconFromPicture(const Picture& picture) {
-  BITMAPINFO description{};
-  description.bmiHeader.biSize = sizeof description.bmiHeader;
-  description.bmiHeader.biWidth = picture.size.width;
-  description.bmiHeader.biHeight = -picture.size.height;  // rows from top to bottom
-  description.bmiHeader.biPlanes = 1;
-  description.bmiHeader.biBitCount = 32;
-  description.bmiHeader.biCompression = BI_RGB;
-  void* bits = nullptr;
-  const BitmapHandle colours(
-      CreateDIBSection(nullptr, &description, DIB_RGB_COLORS, &bits, nullptr, 0));
-  const BitmapHandle mask(
-      CreateBitmap(picture.size.width, picture.size.height, 1, 1, maskOf(picture).data()));
-  if (!colours || !mask || bits == nullptr) {
-    refused();
-  }
-  std::copy(picture.pixels.begin(), picture.pixels.end(), static_cast<std::uint32_t*>(bits));
-  ICONINFO parts{};
-  parts.fIcon = TRUE;
-  parts.hbmColor = colours.get();
-  parts.hbmMask = mask.get();
-  Icon icon(CreateIconIndirect(&parts));
-  if (!icon) {
-    refused();
-  }
-  return icon;
-}
-
 void ImageCache::append(HIMAGELIST list, const controls::ImageList& source, std::size_t from) {
   const Size size{scaled(source.imageSize().width, dpi_), scaled(source.imageSize().height, dpi_)};
+  std::vector<Picture> pictures;
+  std::vector<const std::wstring*> keys;
   for (std::size_t i = from; i < source.images().size(); ++i) {
     const controls::ImageList::Image& image = source.images()[i];
-    const Icon icon = iconOf(image, size);
+    auto picture = pictureOf(image, size);
     // A picture that is missing leaves the items that name it without one.
-    const int place = icon ? ImageList_ReplaceIcon(list, -1, icon.get()) : -1;
-    if (place >= 0) {
-      places_.insert_or_assign(image.key, place);
+    if (picture && picture->size == size) {
+      pictures.push_back(std::move(*picture));
+      keys.push_back(&image.key);
+    }
+  }
+  if (!pictures.empty()) {
+    const Strip strip = stripOf(pictures);
+    int place = ImageList_Add(list, strip.colours.get(), strip.mask.get());
+    if (place < 0) {
+      refused();
+    }
+    for (const std::wstring* const key : keys) {
+      places_.insert_or_assign(*key, place++);
     }
   }
   count_ = source.images().size();

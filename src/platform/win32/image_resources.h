@@ -23,9 +23,6 @@ namespace platform::win32 {
 /// bitmap of exactly `size` pixels (pixel by pixel when it fits). Empty when there is none.
 [[nodiscard]] BitmapHandle loadPicture(const std::wstring& name, int dpi, Size size);
 
-/// Makes an icon of a picture. Raises 7 when the system refuses.
-[[nodiscard]] Icon iconFromPicture(const Picture& picture);
-
 /// The native copy of an image list at one density.
 class ImageCache {
  public:

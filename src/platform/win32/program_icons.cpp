@@ -7,18 +7,16 @@
 #include <array>
 #include <utility>
 
+#include "platform/icon_images.h"
 #include "platform/pictures.h"
 #include "platform/win32/handles.h"
+#include "platform/win32/icon_pictures.h"
 #include "platform/win32/paths.h"
 
 namespace platform::pictures {
 namespace {
 
-using win32::BitmapHandle;
 using win32::Icon;
-
-constexpr std::uint32_t alphaMask = 0xFF000000U;
-constexpr std::uint32_t colourMask = 0x00FFFFFFU;
 
 /// Number of pixels.
 std::size_t area(Size size) {
@@ -49,58 +47,27 @@ NativeIcons extractIcons(const std::wstring& file, const Sizes& sides) {
   return icons;
 }
 
-/// A bitmap's pixels as they are stored, rows from top to bottom; empty when it cannot be read.
-Picture storedPixels(HBITMAP bitmap) {
-  BITMAP description{};
-  if (bitmap == nullptr || GetObjectW(bitmap, sizeof description, &description) == 0) return {};
-  Picture picture{.size = {description.bmWidth, description.bmHeight}, .pixels = {}};
-  picture.pixels.resize(area(picture.size));
-  BITMAPINFO format{};
-  format.bmiHeader.biSize = sizeof format.bmiHeader;
-  format.bmiHeader.biWidth = picture.size.width;
-  format.bmiHeader.biHeight = -picture.size.height;
-  format.bmiHeader.biPlanes = 1;
-  format.bmiHeader.biBitCount = 32;
-  format.bmiHeader.biCompression = BI_RGB;
-  const win32::WindowDc screen(nullptr);
-  if (!screen || GetDIBits(screen.get(), bitmap, 0, static_cast<UINT>(picture.size.height),
-                           picture.pixels.data(), &format, DIB_RGB_COLORS) == 0) {
-    return {};
+/// The icons as the file has them, pixel by pixel.
+std::optional<std::array<Picture, 2>> storedIcons(const std::wstring& path, const Sizes& sides) {
+  const win32::FileHandle file(CreateFileW(path.c_str(), GENERIC_READ,
+                                           FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                           nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+  if (!file) {
+    return std::nullopt;
   }
-  return picture;
-}
-
-/// Makes opaque what the mask keeps (its black part) and clear what it leaves out.
-void applyMask(Picture& picture, const Picture& mask) {
-  for (std::size_t i = 0; i < picture.pixels.size(); ++i) {
-    const bool clear = i >= mask.pixels.size() || (mask.pixels[i] & colourMask) != 0;
-    picture.pixels[i] = clear ? 0 : picture.pixels[i] | alphaMask;
-  }
-}
-
-/// The pixels of an icon at its own size.
-std::optional<Picture> pixelsOf(const Icon& icon) {
-  ICONINFO parts{};
-  if (GetIconInfo(icon.get(), &parts) == 0) return std::nullopt;
-  const BitmapHandle colours(parts.hbmColor);
-  const BitmapHandle maskBitmap(parts.hbmMask);
-  Picture mask = storedPixels(maskBitmap.get());
-  Picture picture;
-  if (colours) {
-    picture = storedPixels(colours.get());
-  } else {
-    // A black-and-white icon keeps its picture in the lower half of the mask.
-    picture.size = {mask.size.width, mask.size.height / 2};
-    const auto half = mask.pixels.begin() + static_cast<std::ptrdiff_t>(mask.pixels.size() / 2);
-    picture.pixels.assign(half, mask.pixels.end());
-    mask.pixels.erase(half, mask.pixels.end());
-  }
-  if (picture.pixels.empty()) return std::nullopt;
-  const bool hasAlpha =
-      colours && std::any_of(picture.pixels.begin(), picture.pixels.end(),
-                             [](std::uint32_t pixel) { return (pixel & alphaMask) != 0; });
-  if (!hasAlpha) applyMask(picture, mask);
-  return picture;
+  const auto readAt = [&file](std::uint64_t place, std::size_t size) {
+    std::string bytes(size, '\0');
+    LARGE_INTEGER where{};
+    where.QuadPart = static_cast<LONGLONG>(place);
+    DWORD got = 0;
+    if (SetFilePointerEx(file.get(), where, nullptr, FILE_BEGIN) == 0 ||
+        ReadFile(file.get(), bytes.data(), static_cast<DWORD>(size), &got, nullptr) == 0) {
+      got = 0;
+    }
+    bytes.resize(got);
+    return bytes;
+  };
+  return unpackedIcons(readAt, sides);
 }
 
 /// The picture at another size, each pixel taken from the nearest one. Only an icon that the
@@ -126,11 +93,14 @@ Icons programIcons(const std::wstring& file, const Sizes& sides) {
   const bool valid =
       std::all_of(sides.begin(), sides.end(), [](int side) { return side > 0 && side <= largest; });
   if (file.empty() || !valid || win32::hasEmbeddedNul(file)) return {};
+  if (auto stored = storedIcons(file, sides)) {
+    return {std::move(stored->front()), std::move(stored->back())};
+  }
   const NativeIcons icons = extractIcons(file, sides);
   Icons pictures;
   for (std::size_t i = 0; i < icons.size(); ++i) {
     if (!icons.at(i)) continue;
-    pictures.at(i) = pixelsOf(icons.at(i));
+    pictures.at(i) = win32::pictureFromIcon(icons.at(i).get());
     if (pictures.at(i) && pictures.at(i)->size != Size{sides.at(i), sides.at(i)}) {
       pictures.at(i) = resized(*pictures.at(i), sides.at(i));
     }

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "platform/geometry.h"
+#include "platform/win32/message_chain.h"
 #include "platform/win32/parameters.h"
 #include "platform/win32/peers/list_view_peer.h"
 #include "platform/win32/peers/window_peer.h"
@@ -181,7 +182,7 @@ std::optional<LRESULT> ListViewPeer::message(UINT message, WPARAM first, LPARAM 
   }
   if (message == WM_SYSCOLORCHANGE) {
     // After the native list has taken over what it takes over itself.
-    const LRESULT result = DefSubclassProc(window(), message, first, second);
+    const LRESULT result = passOn(window(), message, first, second);
     takeColours();
     return result;
   }

@@ -3,6 +3,7 @@
 #include <bit>
 
 #include "platform/run_time_error.h"
+#include "platform/win32/message_chain.h"
 #include "platform/win32/parameters.h"
 #include "platform/win32/peers/window_peer.h"
 
@@ -54,14 +55,16 @@ void NativeControl::create(const wchar_t* windowClass, DWORD style, DWORD extend
 }
 
 void NativeControl::watchMessages() {
-  SetWindowSubclass(window(), watch, watchId, std::bit_cast<DWORD_PTR>(this));
+  if (!hookMessages(window(), watch, watchId, std::bit_cast<DWORD_PTR>(this))) {
+    throw RunTimeError(error::outOfMemory);
+  }
 }
 
 LRESULT CALLBACK NativeControl::watch(HWND window, UINT message, WPARAM first, LPARAM second,
                                       UINT_PTR id, DWORD_PTR self) {
   auto& control = *std::bit_cast<NativeControl*>(self);
   if (message == WM_NCDESTROY) {
-    RemoveWindowSubclass(window, watch, id);
+    unhookMessages(window, watch, id);
   } else if (!control.detached_) {
     const WindowPeer::Busy busy(control.host_);
     if (message == WM_GETOBJECT) {
@@ -73,7 +76,7 @@ LRESULT CALLBACK NativeControl::watch(HWND window, UINT message, WPARAM first, L
       return *result;
     }
   }
-  return DefSubclassProc(window, message, first, second);
+  return passOn(window, message, first, second);
 }
 
 void NativeControl::detach() {

@@ -5,6 +5,7 @@
 #include "platform/run_time_error.h"
 #include "platform/win32/dpi.h"
 #include "platform/win32/image_resources.h"
+#include "platform/win32/message_chain.h"
 #include "platform/win32/message_loop.h"
 #include "platform/win32/parameters.h"
 #include "platform/win32/peers/control_peers.h"
@@ -71,38 +72,53 @@ WindowPeer::WindowPeer(Window& window, WindowKind kind) : window_(&window), kind
 WindowPeer::WindowPeer(Window& window) : WindowPeer(window, window.kind()) {
   switch (kind_) {
     case WindowKind::frame:
-      createWindow(WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, 0);
+      createWindow(WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN);
       break;
     case WindowKind::dialog:
       createDialog();
       break;
     case WindowKind::bare:
     case WindowKind::hidden:
-      createWindow(WS_POPUP | WS_CLIPCHILDREN, 0);
+      createWindow(WS_POPUP | WS_CLIPCHILDREN);
       break;
   }
   window.attach(this);
-  if (!window.menuBar().empty()) {
-    menuBar_ = std::make_unique<MenuBar>(this->window(), window.menuBar());
-  }
-  placeAtStart();
+  dpi_ = dpiOf(this->window());
   window.acceptDpi(dpi_);
-  applyExtendedStyle();
+  // The parts of a frame take longer than anything else at the start, so that other windows which
+  // are shown before it come first.
+  if (kind_ != WindowKind::frame) {
+    finish();
+  }
+}
+
+void WindowPeer::finish() {
+  if (finished_) {
+    return;
+  }
+  finished_ = true;
+  KillTimer(window(), finishTimer);
+  if (!window_->menuBar().empty()) {
+    menuBar_ = std::make_unique<MenuBar>(window(), window_->menuBar());
+  }
   if (kind_ != WindowKind::hidden) {
-    loadIcons();
+    placeAtStart();
+    window_->acceptDpi(dpi_);
+    applyExtendedStyle();
+    if (kind_ != WindowKind::bare) {
+      loadIcons();  // a bare window shows none itself and gets them when it is on the screen
+    }
     loadBackground();
-    createToolTips();
   }
   createControls();
   ready_ = true;
   layout();
 }
 
-void WindowPeer::createWindow(DWORD style, DWORD extendedStyle) {
+void WindowPeer::createWindow(DWORD style) {
   requireClass(window_->name(), procedure);
-  const RECT area = workAreaAt(nullptr);
-  handle_.reset(CreateWindowExW(extendedStyle, window_->name().c_str(), window_->caption().c_str(),
-                                style, area.left, area.top, 0, 0, nullptr, nullptr,
+  handle_.reset(CreateWindowExW(window_->extendedStyle().value_or(0), window_->name().c_str(),
+                                window_->caption().c_str(), style, 0, 0, 0, 0, nullptr, nullptr,
                                 GetModuleHandleW(nullptr), nullptr));
   if (!handle_) {
     throw RunTimeError(error::outOfMemory);
@@ -126,8 +142,7 @@ void WindowPeer::createDialog() {
   }
   leaveDialogScalingToProgram(window());
   SetWindowTextW(window(), window_->caption().c_str());
-  if (SetWindowSubclass(window(), watchDialog, dialogWatchId, std::bit_cast<DWORD_PTR>(this)) ==
-      0) {
+  if (!hookMessages(window(), watchDialog, dialogWatchId, std::bit_cast<DWORD_PTR>(this))) {
     throw RunTimeError(error::outOfMemory);
   }
 }
@@ -141,6 +156,11 @@ Size WindowPeer::nativeSizeFor(Size client) const {
 }
 
 void WindowPeer::placeAtStart() {
+  if (wanted_) {
+    moveTo(*std::exchange(wanted_, std::nullopt));
+    dpi_ = dpiOf(window());
+    return;
+  }
   const WindowPeer* const frame = kind_ == WindowKind::dialog ? framePeer() : nullptr;
   const bool onFrame =
       frame != nullptr && IsWindowVisible(frame->window()) != 0 && IsIconic(frame->window()) == 0;
@@ -161,10 +181,11 @@ void WindowPeer::placeAtStart() {
 }
 
 void WindowPeer::applyExtendedStyle() {
-  if (const auto exact = window_->extendedStyle()) {
+  auto native = static_cast<DWORD>(GetWindowLongPtrW(window(), GWL_EXSTYLE));
+  if (const auto exact = window_->extendedStyle(); exact && *exact != native) {
     SetWindowLongPtrW(window(), GWL_EXSTYLE, static_cast<LONG_PTR>(*exact));
+    native = *exact;
   }
-  const auto native = static_cast<DWORD>(GetWindowLongPtrW(window(), GWL_EXSTYLE));
   if (window_->opacity() && (native & WS_EX_LAYERED) != 0) {
     SetLayeredWindowAttributes(window(), 0, *window_->opacity(), LWA_ALPHA);
   }
@@ -196,15 +217,6 @@ void WindowPeer::loadBackground() {
     backgroundBrush_.reset(CreatePatternBrush(background_.get()));
   }
   InvalidateRect(window(), nullptr, TRUE);
-}
-
-void WindowPeer::createToolTips() {
-  toolTips_.reset(CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
-                                  WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0, 0, 0, window(),
-                                  nullptr, GetModuleHandleW(nullptr), nullptr));
-  if (!toolTips_) {
-    throw RunTimeError(error::outOfMemory);
-  }
 }
 
 void WindowPeer::createControls() {

@@ -20,6 +20,7 @@ std::wstring classOf(HWND window) {
 }  // namespace
 
 bool WindowPeer::preTranslate(MSG& message) {
+  toolTips_.see(message, window());
   if (kind_ == WindowKind::dialog) {
     const Busy busy(*this);
     return IsDialogMessageW(window(), &message) != 0;

@@ -4,6 +4,7 @@
 
 #include "platform/dispatcher.h"
 #include "platform/win32/dpi.h"
+#include "platform/win32/message_chain.h"
 #include "platform/win32/parameters.h"
 #include "platform/win32/peers/window_peer.h"
 
@@ -27,14 +28,14 @@ LRESULT CALLBACK WindowPeer::watchDialog(HWND window, UINT message, WPARAM first
                                          UINT_PTR id, DWORD_PTR self) {
   auto& peer = *std::bit_cast<WindowPeer*>(self);
   if (message == WM_NCDESTROY) {
-    RemoveWindowSubclass(window, watchDialog, id);
+    unhookMessages(window, watchDialog, id);
   } else if (peer.window_ != nullptr) {
     const Busy busy(peer);
     if (const auto result = peer.handle(message, first, second)) {
       return *result;
     }
   }
-  return DefSubclassProc(window, message, first, second);
+  return passOn(window, message, first, second);
 }
 
 std::optional<LRESULT> WindowPeer::handle(UINT message, WPARAM first, LPARAM second) {
@@ -171,6 +172,10 @@ void WindowPeer::activated(bool active) {
 }
 
 void WindowPeer::tick(UINT_PTR timer) {
+  if (timer == finishTimer) {
+    platform::dispatch([this] { finish(); });
+    return;
+  }
   const auto found = std::find_if(timers_.begin(), timers_.end(),
                                   [timer](const auto& peer) { return peer->id() == timer; });
   if (found != timers_.end()) {

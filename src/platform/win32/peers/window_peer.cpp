@@ -2,6 +2,8 @@
 
 #include <bit>
 
+#include "platform/win32/message_chain.h"
+#include "platform/win32/message_loop.h"
 #include "platform/win32/parameters.h"
 
 namespace platform::win32 {
@@ -20,7 +22,7 @@ WindowPeer::~WindowPeer() {
     return;
   }
   if (kind_ == WindowKind::dialog) {
-    RemoveWindowSubclass(window(), watchDialog, dialogWatchId);
+    unhookMessages(window(), watchDialog, dialogWatchId);
   } else {
     SetWindowLongPtrW(window(), GWLP_USERDATA, 0);
   }
@@ -61,10 +63,18 @@ void WindowPeer::show() {
   }
   if (!shown_) {
     shown_ = true;
+    finish();
     layout();
     ShowWindow(window(), showMaximised_ ? SW_SHOWMAXIMIZED : SW_SHOW);
     applyExtendedStyle();
     UpdateWindow(window());
+    if (kind_ == WindowKind::bare) {
+      loadIcons();
+    }
+    if (WindowPeer* const frame = framePeer(); frame != nullptr && !frame->finished_) {
+      // As soon as nothing else is to be done, painting this window included.
+      SetTimer(frame->window(), finishTimer, 0, nullptr);
+    }
   }
   activate();
   if (kind_ == WindowKind::bare) {
@@ -114,23 +124,10 @@ void WindowPeer::requestLayout() {
   }
 }
 
-void WindowPeer::setToolTip(HWND control, const std::wstring& text) {
-  std::wstring copy = text;
-  TTTOOLINFOW tool{};
-  tool.cbSize = sizeof tool;
-  tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
-  tool.hwnd = window();
-  tool.uId = std::bit_cast<UINT_PTR>(control);
-  tool.lpszText = copy.data();
-  SendMessageW(toolTips_.get(), TTM_DELTOOLW, 0, parameterFrom(&tool));
-  if (!text.empty()) {
-    SendMessageW(toolTips_.get(), TTM_ADDTOOLW, 0, parameterFrom(&tool));
-  }
-}
-
 void WindowPeer::refreshFonts() {
   // The former fonts live until every control has taken a new one.
   const auto former = fonts_.renew();
+  toolTips_.renew();
   for (const auto& control : controls_) {
     control->refresh();
   }

@@ -14,6 +14,7 @@
 #include "platform/win32/peers/menu_peer.h"
 #include "platform/win32/peers/native_control.h"
 #include "platform/win32/peers/timer_peer.h"
+#include "platform/win32/peers/tool_tips.h"
 
 namespace platform::win32 {
 
@@ -74,7 +75,7 @@ class WindowPeer final : public controls::WindowPeer {
   /// painted anew.
   void place(HWND control, const Rect& bounds, bool redraw);
   /// Sets or, with "", removes a control's tool tip.
-  void setToolTip(HWND control, const std::wstring& text);
+  void setToolTip(HWND control, const std::wstring& text) { toolTips_.set(control, text); }
   /// Gives a control the focus, now or when the window becomes active.
   void focus(HWND control);
   /// A control is about to be shown or hidden, enabled or disabled: one that goes out of use hands
@@ -85,6 +86,8 @@ class WindowPeer final : public controls::WindowPeer {
 
  private:
   using Window = controls::Window;
+  /// No timer of a window has this small a number.
+  static constexpr UINT_PTR finishTimer = 1;
   using WindowKind = controls::WindowKind;
 
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second);
@@ -93,11 +96,13 @@ class WindowPeer final : public controls::WindowPeer {
 
   // window_creation.cpp
   WindowPeer(controls::Window& window, WindowKind kind);
-  void createWindow(DWORD style, DWORD extendedStyle);
+  /// Does what a window can do without until it is shown.
+  void finish();
+  void createWindow(DWORD style);
   void createDialog();
   void createControls();
-  void createToolTips();
   void placeAtStart();
+  void moveTo(const Rect& normal);
   void applyExtendedStyle();
   void loadIcons();
   void loadBackground();
@@ -136,7 +141,7 @@ class WindowPeer final : public controls::WindowPeer {
   Window* window_;  // nullptr once detached
   WindowKind kind_;
   NativeWindow handle_;
-  NativeWindow toolTips_;
+  ToolTips toolTips_;  // goes before the window
   int dpi_ = designDpi;
   FontCache fonts_;
   Icon largeIcon_;
@@ -149,6 +154,8 @@ class WindowPeer final : public controls::WindowPeer {
   HWND lastFocus_ = nullptr;
   HDWP moving_ = nullptr;  // controls on their way to their places while a layout runs
   int busy_ = 0;
+  std::optional<Rect> wanted_;  // place for a window that is not finished
+  bool finished_ = false;
   bool ready_ = false;
   bool shown_ = false;
   bool showMaximised_ = false;

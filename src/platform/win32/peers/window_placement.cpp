@@ -42,14 +42,21 @@ controls::Placement WindowPeer::placement() const {
 }
 
 void WindowPeer::place(const controls::Placement& placement) {
-  const Rect& normal = placement.normal;
+  showMaximised_ = placement.maximised;
+  if (finished_) {
+    moveTo(placement.normal);
+  } else {
+    wanted_ = placement.normal;
+  }
+}
+
+void WindowPeer::moveTo(const Rect& normal) {
   // On its screen first: should the density there be another one, the system's wish for another
   // size must not follow upon ours.
   SetWindowPos(window(), nullptr, normal.left, normal.top, 0, 0,
                SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
   SetWindowPos(window(), nullptr, normal.left, normal.top, normal.width, normal.height,
                SWP_NOZORDER | SWP_NOACTIVATE);
-  showMaximised_ = placement.maximised;
 }
 
 void WindowPeer::popUp(const controls::MenuItem& menu, int x, int y) {

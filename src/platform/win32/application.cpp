@@ -6,6 +6,7 @@
 
 #include "platform/win32/application_start.h"
 #include "platform/win32/handles.h"
+#include "platform/win32/script_link.h"
 #include "platform/win32/system_library.h"
 
 namespace platform {
@@ -33,6 +34,7 @@ ApplicationStart::ApplicationStart() : instance_(CreateMutexW(nullptr, FALSE, in
 }
 
 ApplicationStart::~ApplicationStart() {
+  script_link::release();
   if (apartment_) CoUninitialize();
 }
 

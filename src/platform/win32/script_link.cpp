@@ -67,13 +67,29 @@ bool put(IDispatch* object, const wchar_t* name, const Value& value) {
   return invoke(object, name, DISPATCH_PROPERTYPUT, {argument.address(), 1}, nullptr);
 }
 
-/// The shortcut object for a path, existing or new; empty when the system has none.
-ComPointer<IDispatch> createShortcut(const std::wstring& linkPath) {
+/// The scripting object of this process; empty until somebody has needed it.
+ComPointer<IDispatch>& keptShell() {
+  static ComPointer<IDispatch> shell;
+  return shell;
+}
+
+/// The scripting object; empty when the system has none. Finding and loading it takes longer than
+/// what it is asked for, and a start asks it about every shortcut.
+const ComPointer<IDispatch>& scriptShell() {
+  ComPointer<IDispatch>& shell = keptShell();
   CLSID shellClass{};
-  ComPointer<IDispatch> shell;
-  if (FAILED(CLSIDFromProgID(L"WScript.Shell", &shellClass)) ||
+  if (!shell && SUCCEEDED(CLSIDFromProgID(L"WScript.Shell", &shellClass)) &&
       FAILED(CoCreateInstance(shellClass, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch,
                               shell.outAny()))) {
+    shell.reset();
+  }
+  return shell;
+}
+
+/// The shortcut object for a path, existing or new; empty when the system has none.
+ComPointer<IDispatch> createShortcut(const std::wstring& linkPath) {
+  const ComPointer<IDispatch>& shell = scriptShell();
+  if (!shell) {
     return {};
   }
   Variant path(linkPath);
@@ -99,6 +115,8 @@ bool write(const std::wstring& linkPath, const shell_links::Link& link) {
          put(object, L"WorkingDirectory", link.workingDirectory) &&
          invoke(object, L"Save", DISPATCH_METHOD, {}, nullptr);
 }
+
+void release() { keptShell().reset(); }
 
 std::wstring targetOf(const std::wstring& linkPath) {
   const ComPointer<IDispatch> shortcut = createShortcut(linkPath);

@@ -14,4 +14,7 @@ namespace platform::win32::script_link {
 /// Target that the shortcut stores; "" when the object does not tell.
 [[nodiscard]] std::wstring targetOf(const std::wstring& linkPath);
 
+/// Gives the scripting object back; to be called before this thread leaves COM.
+void release();
+
 }  // namespace platform::win32::script_link

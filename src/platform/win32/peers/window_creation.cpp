@@ -117,8 +117,10 @@ void WindowPeer::finish() {
 
 void WindowPeer::createWindow(DWORD style) {
   requireClass(window_->name(), procedure);
+  // One that is never shown needs no place among those that are.
+  HWND const parent = kind_ == WindowKind::hidden ? HWND_MESSAGE : nullptr;
   handle_.reset(CreateWindowExW(window_->extendedStyle().value_or(0), window_->name().c_str(),
-                                window_->caption().c_str(), style, 0, 0, 0, 0, nullptr, nullptr,
+                                window_->caption().c_str(), style, 0, 0, 0, 0, parent, nullptr,
                                 GetModuleHandleW(nullptr), nullptr));
   if (!handle_) {
     throw RunTimeError(error::outOfMemory);

@@ -43,6 +43,28 @@ void searchWith(const std::wstring& pattern, unsigned attributes, FINDEX_INFO_LE
   } while (FindNextFileW(search.get(), &found) != 0);
 }
 
+/// Whether `path` is a plain one below a drive's root, for which asking for its attributes is the
+/// same as searching for it.
+bool canBeAskedFor(std::wstring_view path) {
+  constexpr std::size_t root = 3;
+  return path.size() > root && path[1] == L':' && path[2] == L'\\' &&
+         path.find_first_of(L"*?<>\"") == std::wstring_view::npos && path.back() != L'\\' &&
+         path.back() != L'/' && path.back() != L'.';
+}
+
+/// What a search would find, without opening the folder where that can be helped.
+bool exists(const std::wstring& path, unsigned attributes) {
+  if (canBeAskedFor(path)) {
+    const std::optional<std::wstring> native = win32::nativePath(path);
+    if (!native) return false;
+    const DWORD found = GetFileAttributesW(native->c_str());
+    if (found != INVALID_FILE_ATTRIBUTES) return (found & kindsToAskFor & ~attributes) == 0;
+    const DWORD reason = GetLastError();
+    if (reason == ERROR_FILE_NOT_FOUND || reason == ERROR_PATH_NOT_FOUND) return false;
+  }
+  return !findFirst(path, attributes).empty();
+}
+
 bool isReadOnly(const std::wstring& native) {
   const DWORD attributes = GetFileAttributesW(native.c_str());
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
@@ -107,11 +129,9 @@ std::wstring findFirst(const std::wstring& pattern, unsigned attributes) {
   return first;
 }
 
-bool fileExists(const std::wstring& path) { return !findFirst(path).empty(); }
+bool fileExists(const std::wstring& path) { return exists(path, normal); }
 
-bool folderExists(const std::wstring& path) {
-  return !findFirst(path, Attributes::directory).empty();
-}
+bool folderExists(const std::wstring& path) { return exists(path, Attributes::directory); }
 
 void makeFolder(const std::wstring& path) {
   if (CreateDirectoryW(requiredPath(path).c_str(), nullptr) == 0) {

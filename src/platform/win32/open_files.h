@@ -24,13 +24,6 @@ inline constexpr std::size_t pieceSize = std::size_t{8} << 20U;
 
 /// Stamp of the file behind an open handle; nothing (and the thread's last error) when the
 /// system does not tell.
-[[nodiscard]] inline std::optional<files::Stamp> stampOf(HANDLE file) {
-  BY_HANDLE_FILE_INFORMATION information{};
-  if (GetFileInformationByHandle(file, &information) == 0) return std::nullopt;
-  return files::Stamp{.present = true,
-                      .modified = fileTime(information.ftLastWriteTime),
-                      .size = joined(information.nFileSizeHigh, information.nFileSizeLow),
-                      .fileId = joined(information.nFileIndexHigh, information.nFileIndexLow)};
-}
+[[nodiscard]] std::optional<files::Stamp> stampOf(HANDLE file);
 
 }  // namespace platform::win32

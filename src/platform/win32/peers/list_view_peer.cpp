@@ -219,9 +219,13 @@ void ListViewPeer::showSorting() {
     if (SendMessageW(header(), HDM_GETITEMW, index, parameterFrom(&item)) == 0) {
       continue;
     }
+    const int shown = item.fmt;
     item.fmt &= ~(HDF_SORTUP | HDF_SORTDOWN);
     if (list_.sorted() && list_.sortKey() == column) {
       item.fmt |= list_.sortOrder() == controls::ascending ? HDF_SORTUP : HDF_SORTDOWN;
+    }
+    if (item.fmt == shown) {
+      continue;  // a header that is set paints itself again
     }
     SendMessageW(header(), HDM_SETITEMW, index, parameterFrom(&item));
   }

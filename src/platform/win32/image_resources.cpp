@@ -112,10 +112,10 @@ void ImageCache::append(HIMAGELIST list, const controls::ImageList& source, std:
   revision_ = source.revision();
 }
 
-void ImageCache::refresh(const controls::ImageList* source, int dpi,
+bool ImageCache::refresh(const controls::ImageList* source, int dpi,
                          const std::function<void(HIMAGELIST)>& give) {
   if (source == source_ && dpi == dpi_ && (source == nullptr || source->revision() == revision_)) {
-    return;
+    return false;
   }
   const std::size_t count = source == nullptr ? 0 : source->images().size();
   // Every picture that is added is one revision, and so is every other change: as many of either
@@ -123,7 +123,7 @@ void ImageCache::refresh(const controls::ImageList* source, int dpi,
   if (source != nullptr && source == source_ && dpi == dpi_ && count > count_ &&
       source->revision() - revision_ == count - count_) {
     append(list_.get(), *source, count_);
-    return;
+    return true;
   }
   NativeImageList fresh;
   places_.clear();
@@ -141,6 +141,7 @@ void ImageCache::refresh(const controls::ImageList* source, int dpi,
   give(fresh.get());
   list_ = std::move(fresh);
   source_ = source;
+  return true;
 }
 
 int ImageCache::indexOf(const std::wstring& key, int none) const {

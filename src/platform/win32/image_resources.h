@@ -28,8 +28,9 @@ class ImageCache {
  public:
   /// Brings the copy up to date with `source` (nullptr for none) at `dpi`. When it was stale,
   /// `give` is called with the new native list, which the control has to take over before the
-  /// former one is destroyed. Raises 7 when the system refuses an image list.
-  void refresh(const controls::ImageList* source, int dpi,
+  /// former one is destroyed. Says whether there was anything new. Raises 7 when the system refuses
+  /// an image list.
+  bool refresh(const controls::ImageList* source, int dpi,
                const std::function<void(HIMAGELIST)>& give);
   /// Place of a key in the native list, `none` for an unknown one.
   [[nodiscard]] int indexOf(const std::wstring& key, int none) const;

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <bit>
+#include <string>
+#include <utility>
 
 #include "platform/geometry.h"
 #include "platform/win32/dpi.h"
@@ -66,8 +68,9 @@ void ListViewPeer::changed(Change change) {
       showSorting();
       break;
     case Change::images:
-      takeImages();
-      InvalidateRect(window(), nullptr, FALSE);
+      if (takeImages()) {
+        InvalidateRect(window(), nullptr, FALSE);
+      }
       break;
     default:
       mirror(change);
@@ -82,15 +85,16 @@ void ListViewPeer::refresh() {
   showColumns();
 }
 
-void ListViewPeer::takeImages() {
-  large_.refresh(list_.largeImages(), host().dpi(), [this](HIMAGELIST images) {
+bool ListViewPeer::takeImages() {
+  const bool large = large_.refresh(list_.largeImages(), host().dpi(), [this](HIMAGELIST images) {
     send(LVM_SETIMAGELIST, LVSIL_NORMAL, parameterFrom(images));
     // The system's own spacing returns with every image list.
     spaceIcons();
   });
-  small_.refresh(list_.smallImages(), host().dpi(), [this](HIMAGELIST images) {
+  const bool small = small_.refresh(list_.smallImages(), host().dpi(), [this](HIMAGELIST images) {
     send(LVM_SETIMAGELIST, LVSIL_SMALL, parameterFrom(images));
   });
+  return large || small;
 }
 
 void ListViewPeer::spaceIcons() {
@@ -157,15 +161,19 @@ void ListViewPeer::showItems() {
   const std::size_t top = topIndex();
   POINT origin{};
   send(LVM_GETORIGIN, 0, parameterFrom(&origin));
-  showing_ = true;
-  // Without these the native list would jump to the top and erase itself first.
-  send(LVM_SETITEMCOUNT, static_cast<WPARAM>(count),
-       LVSICF_NOINVALIDATEALL | (report() ? LVSICF_NOSCROLL : 0));
-  if (!report()) {
-    // The native list does not give new icons places of their own.
-    send(LVM_ARRANGE, LVA_DEFAULT);
+  // Reloading is common, a list that is another one afterwards is not: the native list measures
+  // itself and paints its bars with every new count.
+  if (count != static_cast<int>(send(LVM_GETITEMCOUNT))) {
+    showing_ = true;
+    // Without these the native list would jump to the top and erase itself first.
+    send(LVM_SETITEMCOUNT, static_cast<WPARAM>(count),
+         LVSICF_NOINVALIDATEALL | (report() ? LVSICF_NOSCROLL : 0));
+    if (!report()) {
+      // The native list does not give new icons places of their own.
+      send(LVM_ARRANGE, LVA_DEFAULT);
+    }
+    showing_ = false;
   }
-  showing_ = false;
   showSelection();
   // Neither a new count nor a moved focus mark is a reason to show another part of the list.
   if (report()) {
@@ -177,7 +185,30 @@ void ListViewPeer::showItems() {
       send(LVM_SCROLL, 0, origin.y - moved.y);
     }
   }
-  InvalidateRect(window(), nullptr, FALSE);
+  std::wstring now = inView();
+  if (!report() || now != lastInView_) {
+    InvalidateRect(window(), nullptr, FALSE);
+  }
+  lastInView_ = std::move(now);
+}
+
+std::wstring ListViewPeer::inView() const {
+  std::wstring all;
+  if (!report()) {
+    return all;
+  }
+  const std::size_t top = topIndex();
+  // The last row may be in view in part.
+  const auto rows = static_cast<std::size_t>(send(LVM_GETCOUNTPERPAGE)) + 1;
+  all = std::to_wstring(top);
+  for (std::size_t index = top; index < std::min(list_.count(), top + rows); ++index) {
+    all += L'\0' + list_.icon(index);
+    for (std::size_t column = 0; column < list_.columns().size(); ++column) {
+      all += L'\0';
+      all += list_.cell(index, column);
+    }
+  }
+  return all;
 }
 
 int ListViewPeer::selectedNatively() const {

@@ -27,7 +27,8 @@ class ListViewPeer final : public controls::ListViewPeer, public NativeControl {
 
  private:
   void takeColours();
-  void takeImages();
+  /// Says whether there were new ones.
+  bool takeImages();
   void spaceIcons();
   void showView();
   void showColumns();
@@ -47,11 +48,14 @@ class ListViewPeer final : public controls::ListViewPeer, public NativeControl {
   [[nodiscard]] int columnWidth(std::size_t index) const;
   [[nodiscard]] int selectedNatively() const;
   [[nodiscard]] int rowHeight() const;
+  /// All that the rows in view show, in a report.
+  [[nodiscard]] std::wstring inView() const;
   [[nodiscard]] HWND header() const;
 
   controls::ListView& list_;
   ImageCache large_;
   ImageCache small_;
+  std::wstring lastInView_;
   int shownColumns_ = 0;
   bool showing_ = false;  // the program itself changes the native list: what it tells is no news
 };

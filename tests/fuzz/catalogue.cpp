@@ -188,8 +188,10 @@ void checkRename(const std::string& old, modQMKGeneral::CatalogueView& view,
   const std::size_t selected = list.selectedItem();
   const std::wstring folder = list.subItem(selected, 3);
   const std::wstring oldPath = folder + list.text(selected);
-  // Behind a folder that is one backslash the program's own makes it the name of a server.
-  if (folder == L"\\" || numberOf([&oldPath] { theDesktop().putFile(oldPath, "data"); }) != 0) {
+  // Behind a folder that is one backslash the program's own makes it the name of a server, and a
+  // path with a NUL names nothing.
+  if (folder == L"\\" || oldPath.find(L'\0') != std::wstring::npos ||
+      numberOf([&oldPath] { theDesktop().putFile(oldPath, "data"); }) != 0) {
     return;
   }
   theDesktop().clearJournal();

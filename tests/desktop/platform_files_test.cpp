@@ -74,6 +74,34 @@ TEST_F(PlatformFiles, ADraftTakesThePlaceOfTheFileThatIsExpectedAndOfNoOther) {
       << "Neither the draft nor the second name of the old file";
 }
 
+TEST_F(PlatformFiles, WhatExistsIsWhatASearchFinds) {
+  namespace files = platform::files;
+  harness::writeFile(path(L"plain.txt"), "x");
+  harness::writeFile(path(L"hidden.txt"), "x");
+  SetFileAttributesW(path(L"hidden.txt").c_str(), FILE_ATTRIBUTE_HIDDEN);
+  harness::writeFile(path(L"system.txt"), "x");
+  SetFileAttributesW(path(L"system.txt").c_str(), FILE_ATTRIBUTE_SYSTEM);
+  CreateDirectoryW(path(L"folder").c_str(), nullptr);
+  const std::wstring embedded(L"plain.txt\0x", 11);
+  int found = 0;
+  for (const std::wstring& name :
+       {std::wstring(L"plain.txt"), std::wstring(L"PLAIN.TXT"), std::wstring(L"hidden.txt"),
+        std::wstring(L"system.txt"), std::wstring(L"folder"), std::wstring(L"folder\\"),
+        std::wstring(L"folder\\."), std::wstring(L"folder\\.."), std::wstring(L"plain.txt\\x"),
+        std::wstring(L"nothing"), std::wstring(L"nowhere\\nothing"), std::wstring(L"*.txt"),
+        std::wstring(L"plain.t?t"), std::wstring(L"fold*"), std::wstring(L""), embedded}) {
+    EXPECT_EQ(files::fileExists(path(name)), !files::findFirst(path(name)).empty()) << name.c_str();
+    EXPECT_EQ(files::folderExists(path(name)),
+              !files::findFirst(path(name), files::directory).empty());
+    found += files::fileExists(path(name)) ? 1 : 0;
+  }
+  EXPECT_EQ(found, 4) << "plain.txt in two spellings and by two patterns";
+  for (const wchar_t* const whole : {L"", L"C:", L"C:\\", L"plain.txt", L"\\\\nowhere\\share"}) {
+    EXPECT_EQ(files::fileExists(whole), !files::findFirst(whole).empty()) << whole;
+    EXPECT_EQ(files::folderExists(whole), !files::findFirst(whole, files::directory).empty());
+  }
+}
+
 TEST_F(PlatformFiles, OneSearchForAllExtensionsFindsWhatOneForEachFinds) {
   for (const wchar_t* const name : {L"b.FP3", L"a.fp3", L"a.fp3x", L"fp3", L".fp3", L"c.bi3.fp3",
                                     L"d.bi3", L"hidden.fp3", L"e.cw3"}) {

@@ -69,7 +69,7 @@ void ListViewPeer::changed(Change change) {
       break;
     case Change::images:
       if (takeImages()) {
-        InvalidateRect(window(), nullptr, FALSE);
+        repaintItems();
       }
       break;
     default:
@@ -187,9 +187,22 @@ void ListViewPeer::showItems() {
   }
   std::wstring now = inView();
   if (!report() || now != lastInView_) {
-    InvalidateRect(window(), nullptr, FALSE);
+    repaintItems();
   }
   lastInView_ = std::move(now);
+}
+
+void ListViewPeer::repaintItems() const {
+  RECT area{};
+  GetClientRect(window(), &area);
+  RECT headers{};
+  if (HWND const headerWindow = header(); headerWindow != nullptr && report() &&
+                                          IsWindowVisible(headerWindow) != 0 &&
+                                          GetClientRect(headerWindow, &headers) != 0) {
+    // The headers would be painted along with the list, although nothing about them is new.
+    area.top = headers.bottom;
+  }
+  InvalidateRect(window(), &area, FALSE);
 }
 
 std::wstring ListViewPeer::inView() const {

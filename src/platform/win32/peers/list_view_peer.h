@@ -48,6 +48,8 @@ class ListViewPeer final : public controls::ListViewPeer, public NativeControl {
   [[nodiscard]] int columnWidth(std::size_t index) const;
   [[nodiscard]] int selectedNatively() const;
   [[nodiscard]] int rowHeight() const;
+  /// Has all items painted again.
+  void repaintItems() const;
   /// All that the rows in view show, in a report.
   [[nodiscard]] std::wstring inView() const;
   [[nodiscard]] HWND header() const;

@@ -1,0 +1,174 @@
+// The program's own chain of message hooks, on windows of the system.
+#include "platform/win32/message_chain.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+
+namespace {
+
+using platform::win32::hookMessages;
+using platform::win32::passOn;
+using platform::win32::unhookMessages;
+
+constexpr UINT message = WM_APP + 1;
+
+/// What one hook does with `message`; it notes its name first.
+struct Hook {
+  std::string name;
+  std::string* log = nullptr;
+  std::function<void(HWND)> also;
+  bool stops = false;
+};
+
+LRESULT CALLBACK run(HWND window, UINT code, WPARAM first, LPARAM second, UINT_PTR /*id*/,
+                     DWORD_PTR data) {
+  const Hook& hook = *reinterpret_cast<const Hook*>(data);
+  if (code != message) {
+    return passOn(window, code, first, second);
+  }
+  *hook.log += hook.name;
+  if (hook.also) {
+    hook.also(window);
+  }
+  return hook.stops ? 7 : passOn(window, code, first, second);
+}
+
+LRESULT CALLBACK windowItself(HWND window, UINT code, WPARAM first, LPARAM second) {
+  if (code == message) {
+    auto* const log = reinterpret_cast<std::string*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    *log += "window";
+    return 42;
+  }
+  return DefWindowProcW(window, code, first, second);
+}
+
+class MessageChain : public testing::Test {
+ protected:
+  MessageChain() {
+    WNDCLASSW description{};
+    description.lpfnWndProc = windowItself;
+    description.hInstance = GetModuleHandleW(nullptr);
+    description.lpszClassName = L"MessageChainTest";
+    RegisterClassW(&description);
+    window = CreateWindowExW(0, description.lpszClassName, L"", WS_POPUP, 0, 0, 10, 10, nullptr,
+                             nullptr, description.hInstance, nullptr);
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&log));
+  }
+  ~MessageChain() override { DestroyWindow(window); }
+  MessageChain(const MessageChain&) = delete;
+  MessageChain& operator=(const MessageChain&) = delete;
+
+  [[nodiscard]] bool add(const Hook& hook, UINT_PTR id) const {
+    return hookMessages(window, run, id, reinterpret_cast<DWORD_PTR>(&hook));
+  }
+  LRESULT send() const { return SendMessageW(window, message, 0, 0); }
+
+  HWND window = nullptr;
+  std::string log;
+  Hook one{.name = "1 ", .log = &log, .also = {}};
+  Hook two{.name = "2 ", .log = &log, .also = {}};
+  Hook three{.name = "3 ", .log = &log, .also = {}};
+};
+
+TEST_F(MessageChain, TheNewestHookComesFirstAndTheWindowLast) {
+  ASSERT_TRUE(add(one, 1) && add(two, 2));
+  EXPECT_EQ(send(), 42);
+  EXPECT_EQ(log, "2 1 window");
+}
+
+TEST_F(MessageChain, AHookThatDoesNotPassOnHasTheLastWord) {
+  two.stops = true;
+  ASSERT_TRUE(add(one, 1) && add(two, 2));
+  EXPECT_EQ(send(), 7);
+  EXPECT_EQ(log, "2 ");
+}
+
+TEST_F(MessageChain, HooksGoInAnyOrder) {
+  ASSERT_TRUE(add(one, 1) && add(two, 2) && add(three, 3));
+  unhookMessages(window, run, 2);
+  send();
+  EXPECT_EQ(log, "3 1 window");
+  unhookMessages(window, run, 1);
+  unhookMessages(window, run, 3);
+  unhookMessages(window, run, 3);
+  log.clear();
+  EXPECT_EQ(send(), 42);
+  EXPECT_EQ(log, "window");
+}
+
+TEST_F(MessageChain, AHookThatIsThereOnlyGetsOtherData) {
+  ASSERT_TRUE(add(one, 1) && add(two, 2) && add(three, 1));
+  send();
+  EXPECT_EQ(log, "2 3 window");
+}
+
+TEST_F(MessageChain, HooksCanGoWhileAMessageIsOnItsWay) {
+  two.also = [](HWND self) {
+    unhookMessages(self, run, 2);
+    unhookMessages(self, run, 1);
+  };
+  ASSERT_TRUE(add(one, 1) && add(two, 2) && add(three, 3));
+  send();
+  send();
+  EXPECT_EQ(log, "3 2 window3 window");
+}
+
+TEST_F(MessageChain, AHookThatComesWhileAMessageIsOnItsWayWaitsForTheNext) {
+  bool added = false;
+  one.also = [&](HWND /*self*/) { added = added || add(two, 2); };
+  ASSERT_TRUE(add(one, 1));
+  send();
+  send();
+  EXPECT_EQ(log, "1 window2 1 window");
+}
+
+TEST_F(MessageChain, MessagesCanBeNested) {
+  bool nested = false;
+  two.also = [&](HWND self) {
+    if (!nested) {
+      nested = true;
+      SendMessageW(self, message, 0, 0);
+    }
+  };
+  ASSERT_TRUE(add(one, 1) && add(two, 2));
+  EXPECT_EQ(send(), 42);
+  EXPECT_EQ(log, "2 2 1 window1 window");
+}
+
+TEST_F(MessageChain, TheWindowCanGoInTheMiddleOfItsMessage) {
+  two.also = [](HWND self) { DestroyWindow(self); };
+  ASSERT_TRUE(add(one, 1) && add(two, 2));
+  send();
+  EXPECT_EQ(log, "2 ") << "Nobody else hears of it: the window is gone";
+  EXPECT_EQ(IsWindow(window), FALSE);
+  EXPECT_FALSE(add(three, 3));
+}
+
+DWORD WINAPI makeWindow(void* place) {
+  HWND const made = CreateWindowExW(0, L"MessageChainTest", L"", WS_POPUP, 0, 0, 1, 1, nullptr,
+                                    nullptr, GetModuleHandleW(nullptr), nullptr);
+  *static_cast<HWND*>(place) = made;
+  MSG pending{};
+  while (GetMessageW(&pending, nullptr, 0, 0) > 0 && pending.message != WM_QUIT) {
+    DispatchMessageW(&pending);
+  }
+  DestroyWindow(made);
+  return 0;
+}
+
+TEST_F(MessageChain, AWindowOfAnotherThreadIsRefused) {
+  HWND volatile other = nullptr;
+  DWORD id = 0;
+  HANDLE const thread = CreateThread(nullptr, 0, makeWindow, const_cast<HWND*>(&other), 0, &id);
+  ASSERT_NE(thread, nullptr);
+  while (other == nullptr && WaitForSingleObject(thread, 1) == WAIT_TIMEOUT) {
+  }
+  EXPECT_FALSE(hookMessages(other, run, 1, reinterpret_cast<DWORD_PTR>(&one)));
+  PostThreadMessageW(id, WM_QUIT, 0, 0);
+  EXPECT_EQ(WaitForSingleObject(thread, 10000), WAIT_OBJECT_0);
+  CloseHandle(thread);
+}
+
+}  // namespace

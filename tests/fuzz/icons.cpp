@@ -1,0 +1,32 @@
+// Any bytes as a program file whose icons are to be shown.
+#include <string>
+
+#include "fuzz/support/fuzz.h"
+#include "platform/icon_images.h"
+
+using fuzz::require;
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+  constexpr platform::pictures::Sizes sides{8, 4};
+  const std::string file(reinterpret_cast<const char*>(bytes), size);
+  // More than a few dozen looks at the file would make a damaged one slow.
+  constexpr std::size_t mostReads = 64;
+  std::size_t reads = 0;
+  const auto icons = platform::pictures::unpackedIcons(
+      [&](std::uint64_t place, std::size_t wanted) {
+        ++reads;
+        return place >= file.size() ? std::string()
+                                    : file.substr(static_cast<std::size_t>(place), wanted);
+      },
+      sides);
+  require(reads <= mostReads, "few looks at the file");
+  if (icons) {
+    for (std::size_t i = 0; i < sides.size(); ++i) {
+      const platform::Picture& picture = icons->at(i);
+      require(picture.size == platform::Size{sides.at(i), sides.at(i)}, "a picture is of its size");
+      require(picture.pixels.size() == static_cast<std::size_t>(sides.at(i)) * sides.at(i),
+              "every pixel is there");
+    }
+  }
+  return 0;
+}

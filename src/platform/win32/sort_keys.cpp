@@ -3,8 +3,9 @@
 // The system weighs most characters by themselves: a text's key is the weights of its characters
 // one behind the other. Where that holds, the rank of each character's weight is a key as good as
 // the weight, and costs a look into a table. It does not hold for hyphen and apostrophe, and in
-// some languages not for pairs of letters that count as one; the table leaves these out, and a
-// batch with a character that is not in the table is left to the system as a whole.
+// some languages not for pairs of letters that count as one; the table leaves these out. In a batch
+// with a character that is not in the table the plain texts get the weights themselves, which are
+// the system's own key, and the others are left to the system.
 #include "platform/win32/sort_keys.h"
 
 #include <algorithm>
@@ -30,6 +31,9 @@ class RankTable {
     const auto index = static_cast<std::size_t>(unit);
     return index < ranks_.size() ? ranks_[index] : 0;
   }
+  /// Appends the system's key of a text whose characters are all in the table; false when one is
+  /// not, and nothing is appended then.
+  bool appendWeights(std::wstring_view text, std::string& keys) const;
 
  private:
   static constexpr wchar_t first = L' ';
@@ -55,7 +59,24 @@ class RankTable {
 
   std::array<std::string, last + 1> weights_;  // "" for a character that is left out
   std::array<unsigned char, last + 1> ranks_{};
+  std::array<std::array<char, weightBytes>, last + 1> weightsOf_{};  // of those that have a rank
 };
+
+bool RankTable::appendWeights(std::wstring_view text, std::string& keys) const {
+  const std::size_t before = keys.size();
+  if (text.empty()) return true;
+  keys.resize(before + text.size() * weightBytes + emptyLevels.size());
+  char* to = keys.data() + before;
+  bool known = true;
+  for (const wchar_t unit : text) {
+    known = known && (*this)[unit] != 0;
+    const std::array<char, weightBytes> weight = known ? weightsOf_[unit] : weightsOf_.front();
+    to = std::copy(weight.begin(), weight.end(), to);
+  }
+  std::copy(emptyLevels.begin(), emptyLevels.end(), to);
+  if (!known) keys.resize(before);
+  return known;
+}
 
 bool RankTable::holdsFor(const wchar_t* locale, const std::wstring& text) const {
   std::string expected;
@@ -110,6 +131,7 @@ void RankTable::learn(const wchar_t* locale) {
     const auto place = distinct.find(weights_.at(static_cast<std::size_t>(unit)));
     ranks_.at(static_cast<std::size_t>(unit)) =
         static_cast<unsigned char>(1 + std::distance(distinct.begin(), place));
+    std::copy_n(place->begin(), weightBytes, weightsOf_.at(static_cast<std::size_t>(unit)).begin());
   }
 }
 
@@ -136,14 +158,26 @@ const RankTable& tableOf(const wchar_t* locale) {
 bool appendRanks(const RankTable& table, std::size_t count,
                  const std::function<std::wstring_view(std::size_t)>& textAt,
                  text::SortKeys& keys) {
+  // Written into room that is made beforehand: a million names have some twenty million characters.
+  std::size_t used = 0;
   for (std::size_t n = 0; n < count; ++n) {
-    for (const wchar_t unit : textAt(n)) {
-      const unsigned char rank = table[unit];
-      if (rank == 0) return false;
-      keys.bytes += static_cast<char>(rank);
+    const std::wstring_view text = textAt(n);
+    if (keys.bytes.size() - used < text.size()) {
+      constexpr std::size_t usualLength = 16;
+      keys.bytes.resize(std::max({2 * keys.bytes.size(), used + text.size(), count * usualLength}));
     }
-    keys.ends.push_back(keys.bytes.size());
+    char* to = keys.bytes.data() + used;
+    bool known = true;
+    for (const wchar_t unit : text) {
+      const unsigned char rank = table[unit];
+      known = known && rank != 0;
+      *to++ = static_cast<char>(rank);
+    }
+    if (!known) return false;
+    used += text.size();
+    keys.ends.push_back(used);
   }
+  keys.bytes.resize(used);
   return true;
 }
 
@@ -184,11 +218,15 @@ text::SortKeys sortKeys(const wchar_t* locale, std::size_t count,
   keys.ends.reserve(count);
   // Below this the system's keys cost less than learning the table.
   constexpr std::size_t worthATable = 2000;
-  if (count >= worthATable && appendRanks(tableOf(locale), count, textAt, keys)) return keys;
+  const RankTable* const table = count >= worthATable ? &tableOf(locale) : nullptr;
+  if (table != nullptr && appendRanks(*table, count, textAt, keys)) return keys;
   keys.bytes.clear();
   keys.ends.clear();
   for (std::size_t n = 0; n < count; ++n) {
-    appendSortKey(locale, textAt(n), keys.bytes);
+    const std::wstring_view text = textAt(n);
+    if (table == nullptr || !table->appendWeights(text, keys.bytes)) {
+      appendSortKey(locale, text, keys.bytes);
+    }
     keys.ends.push_back(keys.bytes.size());
   }
   return keys;

@@ -93,15 +93,17 @@ void FormReader::waitUntilGone() const {
 
 std::wstring FormReader::toolTip(int id) const {
   HWND const labelled = control(id);
-  for (HWND const window : topWindows(processOf(form_))) {
-    if (className(window) == TOOLTIPS_CLASSW) {
-      std::wstring tip = tipFrom(window, labelled);
-      if (!tip.empty()) {
-        return tip;
+  std::wstring tip;
+  moveTo(centreOf(screenRect(labelled)));
+  waitUntil("a tool tip comes up", [&] {
+    for (HWND const window : topWindows(processOf(form_))) {
+      if (className(window) == TOOLTIPS_CLASSW && IsWindowVisible(window) != FALSE) {
+        tip = tipFrom(window, labelled);
       }
     }
-  }
-  return {};
+    return !tip.empty();
+  });
+  return tip;
 }
 
 FormReader waitForWebDialog(const GatewayApp& app) {

@@ -29,7 +29,7 @@ class FormReader {
   void closeBox() const;
   [[nodiscard]] bool shown() const;
   void waitUntilGone() const;
-  /// The whole text of a control's tip, "" without one.
+  /// Rests the pointer on a control: the whole text of the tip that comes up.
   [[nodiscard]] std::wstring toolTip(int id) const;
 
  private:

@@ -13,12 +13,14 @@ LabelPeer::LabelPeer(WindowPeer& host, controls::Label& label)
 }
 
 DWORD LabelPeer::style() const {
-  return SS_LEFT | SS_NOPREFIX | (label_.pathEllipsis() ? SS_PATHELLIPSIS : 0U);
+  // A text without a notice leaves the pointer to what is behind it, and would never show its tip.
+  return SS_LEFT | SS_NOPREFIX | (label_.pathEllipsis() ? SS_PATHELLIPSIS : 0U) |
+         (label_.toolTip().empty() ? 0U : SS_NOTIFY);
 }
 
 void LabelPeer::changed(Change change) {
-  if (change == Change::appearance) {
-    changeStyle(SS_ELLIPSISMASK, style());
+  if (change == Change::appearance || change == Change::toolTip) {
+    changeStyle(SS_ELLIPSISMASK | SS_NOTIFY, style());
   }
   if (change == Change::appearance || change == Change::colours) {
     InvalidateRect(window(), nullptr, TRUE);

@@ -68,6 +68,25 @@ TEST_F(ListLook, IconsStandApartAfterAReloadWithMoreOfThem) {
   EXPECT_TRUE(waitFor([&] { return namesStandApart(Tab::tools); }, 2000));
 }
 
+TEST_F(ListLook, MoreIconsThanFitCanBeScrolledTo) {
+  constexpr int enoughToScroll = 60;
+  addShortcut(L"Alder");
+  app->startToMain();
+  app->selectTab(Tab::tools);
+  EXPECT_EQ(app->list(Tab::tools).style() & WS_VSCROLL, 0U);
+  for (int n = 0; n < enoughToScroll; ++n) {
+    addShortcut(L"Shortcut " + std::to_wstring(n));
+  }
+  harness::send(app->list(Tab::tools).window(), WM_KEYDOWN, VK_F5);
+  ASSERT_TRUE(waitFor([&] { return app->list(Tab::tools).count() == 1 + enoughToScroll; }));
+  EXPECT_TRUE(waitFor([&] { return (app->list(Tab::tools).style() & WS_VSCROLL) != 0; }));
+  app->command(ids::mnuList);
+  ASSERT_TRUE(waitFor([&] { return app->list(Tab::tools).view() == LV_VIEW_DETAILS; }));
+  app->command(ids::mnuIcon);
+  ASSERT_TRUE(waitFor([&] { return app->list(Tab::tools).view() == LV_VIEW_ICON; }));
+  EXPECT_TRUE(waitFor([&] { return (app->list(Tab::tools).style() & WS_VSCROLL) != 0; }));
+}
+
 TEST_F(ListLook, IconsStandApartAfterTheColumnsWereShown) {
   for (const wchar_t* const name : {L"Alder", L"Birch", L"Cedar"}) {
     addShortcut(name);

@@ -121,11 +121,18 @@ void ListViewPeer::showView() {
     showColumns();
   } else {
     // The native list has placed the icons as far apart as the rows were.
-    send(LVM_ARRANGE, LVA_DEFAULT);
+    arrangeIcons();
   }
   if (const auto index = list_.focused()) {
     send(LVM_ENSUREVISIBLE, *index, FALSE);
   }
+}
+
+void ListViewPeer::arrangeIcons() const {
+  send(LVM_ARRANGE, LVA_DEFAULT);
+  // Not every system measures anew how far there is to scroll when icons get other places, but all
+  // do with a count.
+  send(LVM_SETITEMCOUNT, static_cast<WPARAM>(list_.count()), LVSICF_NOINVALIDATEALL);
 }
 
 int ListViewPeer::columnWidth(std::size_t index) const {
@@ -170,7 +177,7 @@ void ListViewPeer::showItems() {
          LVSICF_NOINVALIDATEALL | (report() ? LVSICF_NOSCROLL : 0));
     if (!report()) {
       // The native list does not give new icons places of their own.
-      send(LVM_ARRANGE, LVA_DEFAULT);
+      arrangeIcons();
     }
     showing_ = false;
   }

@@ -31,6 +31,7 @@ class ListViewPeer final : public controls::ListViewPeer, public NativeControl {
   bool takeImages();
   void spaceIcons();
   void showView();
+  void arrangeIcons() const;
   void showColumns();
   void showItems();
   void showSelection();

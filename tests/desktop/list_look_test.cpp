@@ -19,6 +19,7 @@ class ListLook : public GatewayTest {
   [[nodiscard]] bool namesStandApart(int tab) const {
     const harness::ListViewReader list = app->list(tab);
     std::vector<RECT> places;
+    places.reserve(static_cast<std::size_t>(list.count()));
     for (int row = 0; row < list.count(); ++row) {
       places.push_back(list.textOnScreen(row));
     }

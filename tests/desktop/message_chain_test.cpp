@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <functional>
 #include <string>
 
@@ -24,7 +25,7 @@ struct Hook {
 
 LRESULT CALLBACK run(HWND window, UINT code, WPARAM first, LPARAM second, UINT_PTR /*id*/,
                      DWORD_PTR data) {
-  const Hook& hook = *reinterpret_cast<const Hook*>(data);
+  const Hook& hook = *std::bit_cast<const Hook*>(data);
   if (code != message) {
     return passOn(window, code, first, second);
   }
@@ -37,7 +38,7 @@ LRESULT CALLBACK run(HWND window, UINT code, WPARAM first, LPARAM second, UINT_P
 
 LRESULT CALLBACK windowItself(HWND window, UINT code, WPARAM first, LPARAM second) {
   if (code == message) {
-    auto* const log = reinterpret_cast<std::string*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    auto* const log = std::bit_cast<std::string*>(GetWindowLongPtrW(window, GWLP_USERDATA));
     *log += "window";
     return 42;
   }
@@ -57,8 +58,6 @@ class MessageChain : public testing::Test {
     SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&log));
   }
   ~MessageChain() override { DestroyWindow(window); }
-  MessageChain(const MessageChain&) = delete;
-  MessageChain& operator=(const MessageChain&) = delete;
 
   [[nodiscard]] bool add(const Hook& hook, UINT_PTR id) const {
     return hookMessages(window, run, id, reinterpret_cast<DWORD_PTR>(&hook));

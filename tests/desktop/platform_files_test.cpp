@@ -129,7 +129,9 @@ TEST_F(PlatformFiles, ManyDatesAreThoseThatTheSystemGivesOneByOne) {
   constexpr platform::files::FileTime firstMoment = 134'119'584'000'000'000;
   std::vector<platform::files::FileTime> moments;
   // Two years in steps that come upon every hour of the day, with both changes of the season.
-  for (int n = 0; n < 2500; ++n) {
+  constexpr int steps = 2500;
+  moments.reserve(steps);
+  for (int n = 0; n < steps; ++n) {
     moments.push_back(firstMoment + static_cast<platform::files::FileTime>(n) * 7 * hour);
   }
   const auto texts = platform::clock::dateAndTimeTexts(moments);

@@ -4,6 +4,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "catalogue/catalogue_file.h"
@@ -147,7 +148,12 @@ std::vector<std::wstring> expectedItems(const std::string& bytes) {
     const std::wstring folder = folderOf(path);
     const std::wstring name = path.substr(folder.size());
     if (!folder.empty() && !name.empty()) {
-      items.push_back(name + L'\0' + record.text(2) + L'\0' + folder + L'\0' + record.text(0));
+      std::wstring item = name;
+      for (const std::wstring& column : {record.text(2), folder, record.text(0)}) {
+        item += L'\0';
+        item += column;
+      }
+      items.push_back(std::move(item));
     }
   }
   std::sort(items.begin(), items.end());

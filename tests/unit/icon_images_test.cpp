@@ -16,7 +16,6 @@ using icon_program::plainImage;
 using icon_program::program;
 using icon_program::Resource;
 using platform::Picture;
-using platform::Size;
 using platform::pictures::imageOfSize;
 using platform::pictures::Sizes;
 using platform::pictures::unpackedIcons;

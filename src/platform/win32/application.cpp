@@ -61,7 +61,7 @@ template <class Item>
 const Item* versionBlock(const std::vector<std::byte>& resource, const wchar_t* name,
                          UINT& length) {
   using Query = BOOL WINAPI(const void*, const wchar_t*, void**, UINT*);
-  static Query* const query = win32::systemFunction<Query>(L"version.dll", "VerQueryValueW");
+  static auto* const query = win32::systemFunction<Query>(L"version.dll", "VerQueryValueW");
   void* block = nullptr;
   length = 0;
   if (resource.empty() || query == nullptr || query(resource.data(), name, &block, &length) == 0) {

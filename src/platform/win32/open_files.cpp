@@ -15,7 +15,7 @@ namespace {
 /// the device for. That takes longer than all else that reading a list file does.
 std::optional<std::uint64_t> fileIdOf(HANDLE file) {
   using Query = NTSTATUS NTAPI(HANDLE, IO_STATUS_BLOCK*, void*, ULONG, FILE_INFORMATION_CLASS);
-  static Query* const query = systemFunction<Query>(L"ntdll.dll", "NtQueryInformationFile");
+  static auto* const query = systemFunction<Query>(L"ntdll.dll", "NtQueryInformationFile");
   constexpr auto internalInformation = static_cast<FILE_INFORMATION_CLASS>(6);
   IO_STATUS_BLOCK status{};
   LARGE_INTEGER id{};

@@ -50,7 +50,7 @@ class RankTable {
   }
   void learn(const wchar_t* locale);
   void leaveOutPairs(const wchar_t* locale);
-  [[nodiscard]] bool weighsByItself(const std::string& key) const {
+  [[nodiscard]] static bool weighsByItself(const std::string& key) {
     return key.size() == weightBytes + emptyLevels.size() && key.ends_with(emptyLevels) &&
            static_cast<unsigned char>(key.front()) > 1;
   }

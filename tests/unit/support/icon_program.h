@@ -33,7 +33,7 @@ inline std::string plainImage(std::uint32_t side, std::uint32_t colour) {
   for (std::uint32_t i = 0; i < side * side; ++i) {
     image += doubleWord(colour);
   }
-  return image + std::string((side + 31) / 32 * 4 * side, '\0');
+  return image + std::string(std::size_t{4} * ((side + 31) / 32) * side, '\0');
 }
 
 struct DirectoryEntry {
@@ -123,7 +123,7 @@ inline std::string program(const std::vector<Resource>& resources, bool wide = t
   std::string optional = word(wide ? 0x20B : 0x10B);
   optional += std::string(fields - 4 - optional.size(), '\0') + doubleWord(16);
   optional += std::string(16, '\0') + doubleWord(address) +
-              doubleWord(static_cast<std::uint32_t>(tree.size())) + std::string(13 * 8, '\0');
+              doubleWord(static_cast<std::uint32_t>(tree.size())) + std::string(104, '\0');
   const auto stored = static_cast<std::uint32_t>(start.size() + 24 + optional.size() + 40);
   const std::string head = std::string("PE\0\0", 4) + word(0x8664) + word(1) +
                            std::string(12, '\0') +

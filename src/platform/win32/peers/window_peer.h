@@ -102,7 +102,7 @@ class WindowPeer final : public controls::WindowPeer {
   void createDialog();
   void createControls();
   void placeAtStart();
-  void moveTo(const Rect& normal);
+  void moveTo(const Rect& normal) const;
   void applyExtendedStyle();
   void loadIcons();
   void loadBackground();

@@ -50,7 +50,7 @@ void WindowPeer::place(const controls::Placement& placement) {
   }
 }
 
-void WindowPeer::moveTo(const Rect& normal) {
+void WindowPeer::moveTo(const Rect& normal) const {
   // On its screen first: should the density there be another one, the system's wish for another
   // size must not follow upon ours.
   SetWindowPos(window(), nullptr, normal.left, normal.top, 0, 0,

@@ -11,6 +11,7 @@
 #include "catalogue/list_file.h"
 #include "fuzz/support/fuzz.h"
 #include "platform/desktop.h"
+#include "platform/files.h"
 #include "platform/run_time_error.h"
 #include "platform/text.h"
 
@@ -194,10 +195,9 @@ void checkRename(const std::string& old, modQMKGeneral::CatalogueView& view,
   const std::size_t selected = list.selectedItem();
   const std::wstring folder = list.subItem(selected, 3);
   const std::wstring oldPath = folder + list.text(selected);
-  // Behind a folder that is one backslash the program's own makes it the name of a server, and a
-  // path with a NUL names nothing.
-  if (folder == L"\\" || oldPath.find(L'\0') != std::wstring::npos ||
-      numberOf([&oldPath] { theDesktop().putFile(oldPath, "data"); }) != 0) {
+  // Some paths name nothing, or something else behind the backslash that the program adds.
+  if (numberOf([&oldPath] { theDesktop().putFile(oldPath, "data"); }) != 0 ||
+      !platform::files::fileExists(folder + L"\\" + list.text(selected))) {
     return;
   }
   theDesktop().clearJournal();

@@ -102,6 +102,21 @@ TEST_F(Splash, NoMainWindowWhileItIsUp) {
   EXPECT_EQ(app->splash(), nullptr);
 }
 
+TEST_F(Splash, TheMainWindowIsBuiltBehindIt) {
+  HWND main = nullptr;
+  EXPECT_TRUE(waitFor([&] {
+    for (HWND const window : harness::topWindows(app->processId())) {
+      if (harness::className(window) == L"frmQMK") {
+        main = window;
+      }
+    }
+    return main != nullptr && harness::child(main, ids::lstQMK0 + 3) != nullptr &&
+           harness::child(main, ids::cmdBrowse) != nullptr;
+  }));
+  EXPECT_EQ(opacity(), opaque) << "Not only when the splash goes";
+  EXPECT_EQ(IsWindowVisible(main), FALSE);
+}
+
 TEST_F(Splash, FadesAtAClick) {
   const ULONGLONG clicked = GetTickCount64();
   click();

@@ -20,8 +20,10 @@ void TimerPeer::changed(controls::Change change) {
 }
 
 void TimerPeer::stop() {
-  KillTimer(window_, id());
-  if (std::exchange(running_, false)) countObject<TimerPeer>(-1);
+  if (std::exchange(running_, false)) {
+    KillTimer(window_, id());
+    countObject<TimerPeer>(-1);
+  }
 }
 
 void TimerPeer::restart() {

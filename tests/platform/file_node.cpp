@@ -120,6 +120,9 @@ bool fits(const std::wstring& name, const std::wstring& pattern) {
   if (pattern == L"*.*") {
     return true;
   }
+  if (pattern.find_first_of(L"*?") == std::wstring::npos) {
+    return name == pattern;
+  }
   // Row by row: which beginnings of the name fit the beginning of the pattern so far.
   std::vector<bool> reached(name.size() + 1, false);
   reached[0] = true;

@@ -99,6 +99,9 @@ bool Reader::next(Record& record) {
 
 std::string line(std::initializer_list<std::string_view> fields) {
   std::string record;
+  // Usually long enough for a record of the catalogue.
+  constexpr std::size_t usualLength = 128;
+  record.reserve(usualLength);
   for (const std::string_view field : fields) {
     record += record.empty() ? "\"" : ",\"";
     record += field;

@@ -134,6 +134,11 @@ TEST_F(PlatformFiles, ManyDatesAreThoseThatTheSystemGivesOneByOne) {
   for (int n = 0; n < steps; ++n) {
     moments.push_back(firstMoment + static_cast<platform::files::FileTime>(n) * 7 * hour);
   }
+  // And some that share a second, or only nearly.
+  for (const platform::files::FileTime later :
+       {0ULL, 1ULL, 9'999'999ULL, 10'000'000ULL, 10'000'001ULL}) {
+    moments.push_back(firstMoment + later);
+  }
   const auto texts = platform::clock::dateAndTimeTexts(moments);
   ASSERT_EQ(texts.size(), moments.size());
   for (std::size_t n = 0; n < moments.size(); ++n) {

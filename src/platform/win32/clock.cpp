@@ -117,7 +117,14 @@ std::vector<std::wstring> dateAndTimeTexts(const std::vector<files::FileTime>& m
   texts.reserve(moments.size());
   LocalTimes localTimes;
   Texts textOf;
-  for (const files::FileTime moment : moments) {
+  // Files that were copied together share their second.
+  constexpr files::FileTime second = 10'000'000;
+  for (std::size_t n = 0; n < moments.size(); ++n) {
+    const files::FileTime moment = moments[n];
+    if (n > 0 && moment != 0 && moments[n - 1] != 0 && moment / second == moments[n - 1] / second) {
+      texts.push_back(texts.back());
+      continue;
+    }
     const auto local = moment == 0 ? std::nullopt : localTimes(moment);
     texts.push_back(local ? textOf(*local) : L"");
   }

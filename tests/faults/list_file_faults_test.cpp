@@ -293,5 +293,13 @@ std::string nameOf(const ::testing::TestParamInfo<Operation>& info) {
 
 INSTANTIATE_TEST_SUITE_P(Each, ListFileFaults, ::testing::ValuesIn(operations()), nameOf);
 
+class ListFileLooks : public ::testing::TestWithParam<Operation> {};
+
+TEST_P(ListFileLooks, NothingIsLostWhenASearchFindsNothingOrMemoryRunsOut) {
+  sweepLooks(GetParam());
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, ListFileLooks, ::testing::ValuesIn(operations()), nameOf);
+
 }  // namespace
 }  // namespace faults

@@ -50,12 +50,15 @@ Start startWith(const std::function<void()>& inject) {
   return start;
 }
 
-void checkStart(const Start& start, const State& clean) {
+/// `overlooked`: a search did not find what is there. A catalogue that seems to be missing is built
+/// once more, behind what it holds.
+void checkStart(const Start& start, const State& clean, bool overlooked = false) {
   const State& old = start.fault.old;
   const State& now = start.fault.now;
   const std::string catalogue = now.file(catalogueFile);
   EXPECT_TRUE(catalogue == old.file(catalogueFile) || catalogue == clean.file(catalogueFile) ||
-              catalogue == old.file(catalogueFile) + example)
+              catalogue == old.file(catalogueFile) + example ||
+              (overlooked && catalogue.starts_with(old.file(catalogueFile))))
       << catalogue;
   EXPECT_EQ(now.file(webListFile), old.file(webListFile));
   for (const auto& [path, bytes] : old.files) {
@@ -107,7 +110,7 @@ TEST(StartUpFaults, NothingIsLostWhenACallFindsNothingOrMemoryRunsOut) {
           break;
         }
         SCOPED_TRACE("look " + std::to_string(n) + (forever ? " for ever" : " once"));
-        checkStart(start, clean);
+        checkStart(start, clean, kind == LookFault::findsNothing);
         ++cases;
         if (HasFailure()) {
           return;

@@ -112,19 +112,22 @@ void Monkey::restart() {
   app_.startToMain();
 }
 
+void Monkey::click(POINT place, bool twice, bool right) {
+  note((right ? "right click at " : "click at ") + std::to_string(place.x) + ", " +
+       std::to_string(place.y) + (twice ? ", twice" : ""));
+  SetCursorPos(place.x, place.y);
+  for (int click = 0; click < (twice ? 2 : 1); ++click) {
+    mouse(right ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_LEFTDOWN);
+    mouse(right ? MOUSEEVENTF_RIGHTUP : MOUSEEVENTF_LEFTUP);
+  }
+}
+
 void Monkey::clickSomewhere(HWND window, bool twice) {
   const RECT area = harness::screenRect(window);
   const int width = std::max(1, static_cast<int>(area.right - area.left));
   const int height = std::max(1, static_cast<int>(area.bottom - area.top));
   const POINT place{area.left + random_.below(width), area.top + random_.below(height)};
-  note("click at " + std::to_string(place.x) + ", " + std::to_string(place.y) +
-       (twice ? ", twice" : ""));
-  SetCursorPos(place.x, place.y);
-  const bool right = random_.oneIn(10);
-  for (int click = 0; click < (twice ? 2 : 1); ++click) {
-    mouse(right ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_LEFTDOWN);
-    mouse(right ? MOUSEEVENTF_RIGHTUP : MOUSEEVENTF_LEFTUP);
-  }
+  click(place, twice, random_.oneIn(10));
 }
 
 void Monkey::press(WORD code, WORD held) {
@@ -238,7 +241,10 @@ void Monkey::inDialog(HWND open) {
         HWND const button =
             buttons.at(static_cast<std::size_t>(random_.below(static_cast<int>(buttons.size()))));
         note("button " + std::to_string(GetDlgCtrlID(button)));
-        PostMessageW(button, BM_CLICK, 0, 0);
+        // With the mouse, as people do it. A button that is pressed by a message works even while
+        // a menu is up: Wine's file dialog then frees its list beneath the list's own menu, goes on
+        // with it when the menu ends, and leaves a damaged heap to the program.
+        click(harness::centreOf(harness::screenRect(button)), false, false);
       } else {
         press(VK_ESCAPE);
       }
@@ -283,6 +289,16 @@ void Monkey::changeFiles() {
   }
 }
 
+void Monkey::endMenus() {
+  GUITHREADINFO facts{};
+  facts.cbSize = sizeof facts;
+  if (GetGUIThreadInfo(GetWindowThreadProcessId(app_.main(), nullptr), &facts) != FALSE &&
+      (facts.flags & GUI_INMENUMODE) != 0) {
+    SendMessageTimeoutW(facts.hwndMenuOwner, WM_CANCELMODE, 0, 0, SMTO_NORMAL, longestAnswerMs,
+                        nullptr);
+  }
+}
+
 void Monkey::tidyUp() {
   constexpr DWORD longestTidyMs = 30'000;
   const DWORD begin = GetTickCount();
@@ -292,6 +308,7 @@ void Monkey::tidyUp() {
       throw Failure("the window stays disabled, and no dialog shows why");
     }
     if (open != nullptr) {
+      endMenus();
       // Each kind of dialog knows one of them.
       for (const WPARAM button : {IDCANCEL, IDNO, IDOK}) {
         PostMessageW(open, WM_COMMAND, button, 0);

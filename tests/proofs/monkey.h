@@ -38,7 +38,10 @@ class Monkey {
   void watch();
   void restart();
   void note(const std::string& event);
+  void click(POINT place, bool twice, bool right);
   void clickSomewhere(HWND window, bool twice);
+  /// Ends a menu that is up before whatever is posted next: it would work beneath the menu.
+  void endMenus();
   void press(WORD key, WORD held = 0);
   [[nodiscard]] std::wstring someText();
   [[nodiscard]] HWND dialog() const;

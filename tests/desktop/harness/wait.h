@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <stdexcept>
 #include <string>
 
@@ -21,15 +22,22 @@ inline constexpr int patienceMs = 15000;
 /// Time between two looks.
 inline constexpr int pollMs = 10;
 
+/// More than this does not count of the time from one look to the next: then the whole machine
+/// stood still, as a virtual one does at times, and the driven program with it.
+inline constexpr ULONGLONG longestPollMs = 1000;
+
 /// Asks `condition` until it holds; false when it did not within `boundMs` milliseconds.
 template <class Condition>
 [[nodiscard]] bool waitFor(Condition condition, int boundMs = patienceMs) {
-  const ULONGLONG end = GetTickCount64() + static_cast<ULONGLONG>(boundMs);
-  while (!condition()) {
-    if (GetTickCount64() >= end) {
+  ULONGLONG waited = 0;
+  for (ULONGLONG last = GetTickCount64(); !condition();) {
+    if (waited >= static_cast<ULONGLONG>(boundMs)) {
       return false;
     }
     Sleep(pollMs);
+    const ULONGLONG now = GetTickCount64();
+    waited += std::min(now - last, longestPollMs);
+    last = now;
   }
   return true;
 }

@@ -6,6 +6,10 @@
 namespace harness {
 
 Job::Job() : job_(CreateJobObjectW(nullptr, nullptr)) {
+  // Under Wine the program that first asks for the desktop starts the process that owns it. As a
+  // part of the job that process would end with it, and the next program that is dragged by its
+  // title would be ended by the display for asking about one of its windows.
+  static_cast<void>(GetDesktopWindow());
   JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
   limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
   SetInformationJobObject(job_, JobObjectExtendedLimitInformation, &limits, sizeof(limits));

@@ -17,8 +17,11 @@ BOOL CALLBACK collect(HWND window, LPARAM list) {
 }  // namespace
 
 LRESULT send(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  // Longer than a machine stands still: what was sent cannot be sent a second time.
+  constexpr UINT longestAnswerMs = 8 * patienceMs;
   DWORD_PTR result = 0;
-  if (SendMessageTimeoutW(window, message, wParam, lParam, SMTO_NORMAL, patienceMs, &result) == 0) {
+  if (SendMessageTimeoutW(window, message, wParam, lParam, SMTO_NORMAL, longestAnswerMs, &result) ==
+      0) {
     throw Failure("a window did not answer message " + std::to_string(message) + ", error " +
                   std::to_string(GetLastError()));
   }

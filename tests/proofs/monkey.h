@@ -25,6 +25,8 @@ class Monkey {
 
   /// Longest time that the program took to answer.
   [[nodiscard]] DWORD slowestMs() const { return slowestMs_; }
+  /// Number of events after which the main window took input, and not a dialog.
+  [[nodiscard]] int free() const { return free_; }
   /// How often the monkey left the program and started it again.
   [[nodiscard]] int restarts() const { return restarts_; }
 
@@ -38,10 +40,16 @@ class Monkey {
   void watch();
   void restart();
   void note(const std::string& event);
-  void click(POINT place, bool twice, bool right);
   void clickSomewhere(HWND window, bool twice);
-  /// Ends a menu that is up before whatever is posted next: it would work beneath the menu.
-  void endMenus();
+  /// The window of the menu that is up; null when none is.
+  [[nodiscard]] HWND menuOwner() const;
+  /// Ends a menu that is up. What is posted to a dialog works even beneath its menus, which no
+  /// person can do: Wine's file dialog then frees its list while the list's own menu is up, goes on
+  /// with it when the menu ends, and leaves a damaged heap to the program.
+  void endMenus() const;
+  /// Whether a person could give the main window a command now: under Wine a dialog that comes up
+  /// beneath a menu gets no input.
+  [[nodiscard]] bool takesCommands() const;
   void press(WORD key, WORD held = 0);
   [[nodiscard]] std::wstring someText();
   [[nodiscard]] HWND dialog() const;
@@ -52,6 +60,8 @@ class Monkey {
   DWORD slowestMs_ = 0;
   int restarts_ = 0;
   int files_ = 0;
+  int free_ = 0;
+  int disabled_ = 0;  // events since the main window took input
 };
 
 }  // namespace proofs

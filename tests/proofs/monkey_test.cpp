@@ -124,6 +124,7 @@ void run(std::uint64_t seed, int events) {
   app.kill();
   figure("monkey, seed", static_cast<std::int64_t>(seed));
   figure("monkey, events", done);
+  figure("monkey, events after which no dialog was open", monkey.free());
   figure("monkey, left the program and came back", monkey.restarts());
   figure("monkey, longest answer", std::to_string(monkey.slowestMs()) + " ms");
 }

@@ -87,10 +87,11 @@ void Monkey::watch() {
     restart();
     return;
   }
-  // Asked a second time: a machine that stands still for a while is no hang of the program.
+  // Asked again and again: a machine that stands still or is busy for a while is no hang.
+  constexpr int mostTimes = 10;
   bool answered = false;
   DWORD lasted = 0;
-  for (int asked = 0; asked < 2 && !answered; ++asked) {
+  for (int asked = 0; asked < mostTimes && !answered; ++asked) {
     const DWORD start = GetTickCount();
     DWORD_PTR ignored = 0;
     answered = SendMessageTimeoutW(app_.main(), WM_NULL, 0, 0, SMTO_NORMAL, longestAnswerMs,
@@ -301,10 +302,7 @@ HWND Monkey::menuOwner() const {
   // last event asked for is up after these.
   constexpr int pieces = 8;
   for (int sent = 0; sent < pieces; ++sent) {
-    if (SendMessageTimeoutW(app_.main(), WM_NULL, 0, 0, SMTO_NORMAL, longestAnswerMs, nullptr) ==
-        0) {
-      return nullptr;
-    }
+    SendMessageTimeoutW(app_.main(), WM_NULL, 0, 0, SMTO_NORMAL, longestAnswerMs, nullptr);
   }
   GUITHREADINFO facts{};
   facts.cbSize = sizeof facts;

@@ -16,8 +16,8 @@ class Monkey {
  public:
   Monkey(harness::GatewayApp& app, std::uint64_t seed) : app_(app), random_(seed) {}
 
-  /// One event, whatever is on the screen. Raises `Failure` when the program has crashed or twice
-  /// does not answer within `longestAnswerMs`, with the events that led there.
+  /// One event, whatever is on the screen. Raises `Failure` when the program has crashed or ten
+  /// times does not answer within `longestAnswerMs`, with the events that led there.
   void act();
 
   /// Answers and closes whatever is open, so that the main window takes input again.

@@ -35,11 +35,13 @@ void MenuBar::build() {
   for (MenuItem* const item : *menus_) {
     append(bar.get(), *item);
   }
-  const Menu old(GetMenu(window_));
+  HMENU old = GetMenu(window_);
   if (SetMenu(window_, bar.get()) == 0) {
     throw RunTimeError(error::outOfMemory);
   }
   static_cast<void>(bar.release());
+  // Not before: while it is the window's it is the window that destroys it.
+  const Menu replaced(old);
 }
 
 Menu MenuBar::popup(const std::vector<MenuItem*>& entries) {

@@ -185,8 +185,10 @@ void Monkey::inMain(int kind) {
   } else if (kind < 84) {
     const int tab = random_.below(4);
     note("tab " + std::to_string(tab));
-    if (takesCommands()) {
-      PostMessageW(app_.tabs().window(), TCM_SETCURFOCUS, static_cast<WPARAM>(tab), 0);
+    // The program may just be leaving: then there are no tabs.
+    HWND const tabs = GetDlgItem(main, ids::TabMain);
+    if (takesCommands() && tabs != nullptr) {
+      PostMessageW(tabs, TCM_SETCURFOCUS, static_cast<WPARAM>(tab), 0);
     }
   } else if (kind < 89) {
     note("resize");
@@ -346,6 +348,31 @@ void Monkey::tidyUp() {
   SendMessageTimeoutW(app_.main(), WM_CANCELMODE, 0, 0, SMTO_NORMAL, longestAnswerMs, nullptr);
   harness::post(app_.main(), WM_SYSCOMMAND, SC_RESTORE);
   SetWindowPos(app_.main(), nullptr, 50, 50, 800, 600, SWP_NOZORDER);
+}
+
+void Monkey::leave() {
+  ULONGLONG asked = 0;
+  const bool left = harness::waitFor([&] {
+    constexpr ULONGLONG againMs = 2000;
+    HWND const open = dialog();
+    if (open != nullptr) {
+      // What an event asked for last may still have brought up another one.
+      PostMessageW(open, WM_COMMAND, isExitQuestion(open) ? IDYES : IDCANCEL, 0);
+      PostMessageW(open, WM_COMMAND, isExitQuestion(open) ? IDYES : IDNO, 0);
+    } else if (GetTickCount64() - asked > againMs) {
+      PostMessageW(app_.main(), WM_CLOSE, 0, 0);
+      asked = GetTickCount64();
+    }
+    return !app_.running();
+  });
+  if (!left) {
+    std::string shown;
+    for (HWND const window : harness::visibleWindows(app_.processId())) {
+      shown += " " + harness::utf8(harness::className(window)) +
+               (IsWindowEnabled(window) != FALSE ? "" : " (disabled)");
+    }
+    throw Failure("the program does not end; on the screen:" + shown);
+  }
 }
 
 }  // namespace proofs

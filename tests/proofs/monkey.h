@@ -23,6 +23,9 @@ class Monkey {
   /// Answers and closes whatever is open, so that the main window takes input again.
   void tidyUp();
 
+  /// Leaves the program. Raises `Failure` when it does not end.
+  void leave();
+
   /// Longest time that the program took to answer.
   [[nodiscard]] DWORD slowestMs() const { return slowestMs_; }
   /// Number of events after which the main window took input, and not a dialog.

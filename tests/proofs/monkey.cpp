@@ -122,7 +122,18 @@ void Monkey::restart() {
   }
   harness::TestProfile::removeSetting(rememberedPlace);
   ++restarts_;
-  app_.startToMain();
+  app_.start();
+  harness::waitUntil("the program comes back", [this] {
+    // On a machine that stands still for a while the splash window comes and goes unseen.
+    if (HWND const splash = app_.splash(); splash != nullptr) {
+      PostMessageW(splash, WM_LBUTTONDOWN, MK_LBUTTON, 0);
+      PostMessageW(splash, WM_LBUTTONUP, 0, 0);
+    }
+    return harness::visibleWindow(app_.processId(), L"frmQMK") != nullptr;
+  });
+  app_.waitForMain();
+  harness::waitUntil("start-up fills the lists",
+                     [this] { return app_.list(harness::Tab::newFile).count() == 4; });
 }
 
 void Monkey::clickSomewhere(HWND window, bool twice) {

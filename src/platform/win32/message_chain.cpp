@@ -4,6 +4,7 @@
 #include <bit>
 #include <memory>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace platform::win32 {
@@ -17,16 +18,47 @@ struct Hook {
   bool removed = false;
 };
 
-/// How far a message has come; messages of one window can be nested.
-struct Progress {
-  std::size_t before;  // hooks that are still to come, counted from the oldest
-  Progress* outer;
-};
+class Delivery;
 
 struct Chain {
-  WNDPROC window;
+  WNDPROC window = nullptr;
   std::vector<Hook> hooks;  // the newest last
-  Progress* current = nullptr;
+  Delivery* current = nullptr;
+
+  void forgetRemoved() {
+    // Messages on their way count the hooks, so none may go before they have arrived.
+    if (current == nullptr) {
+      std::erase_if(hooks, [](const Hook& one) { return one.removed; });
+    }
+  }
+};
+
+/// A message on its way through a chain; those of one window can be nested.
+class Delivery {
+ public:
+  explicit Delivery(Chain& chain)
+      : chain_(chain), before_(chain.hooks.size()), outer_(std::exchange(chain.current, this)) {}
+  Delivery(const Delivery&) = delete;
+  Delivery& operator=(const Delivery&) = delete;
+  ~Delivery() {
+    chain_.current = outer_;
+    chain_.forgetRemoved();
+  }
+
+  LRESULT pass(HWND window, UINT message, WPARAM first, LPARAM second) {
+    while (before_ > 0) {
+      const Hook hook = chain_.hooks[--before_];
+      if (!hook.removed) {
+        return hook.procedure(window, message, first, second, hook.id, hook.data);
+      }
+    }
+    return CallWindowProcW(chain_.window, window, message, first, second);
+  }
+
+ private:
+  Chain& chain_;
+  std::size_t before_;  // hooks that are still to come, counted from the oldest
+  Delivery* outer_;
 };
 
 /// Only the thread of the windows comes here.
@@ -46,35 +78,13 @@ auto find(Chain& chain, MessageHook hook, UINT_PTR id) {
   });
 }
 
-void forgetRemoved(Chain& chain) {
-  // Messages on their way count the hooks, so none may go before they have arrived.
-  if (chain.current == nullptr) {
-    std::erase_if(chain.hooks, [](const Hook& one) { return one.removed; });
-  }
-}
-
-LRESULT hand(Chain& chain, HWND window, UINT message, WPARAM first, LPARAM second) {
-  Progress& progress = *chain.current;
-  while (progress.before > 0) {
-    const Hook hook = chain.hooks[--progress.before];
-    if (!hook.removed) {
-      return hook.procedure(window, message, first, second, hook.id, hook.data);
-    }
-  }
-  return CallWindowProcW(chain.window, window, message, first, second);
-}
-
 LRESULT CALLBACK chainProcedure(HWND window, UINT message, WPARAM first, LPARAM second) {
   // Kept to the end: the window may go in the middle of a message.
   const std::shared_ptr<Chain> chain = chainOf(window);
   if (chain == nullptr) {
     return DefWindowProcW(window, message, first, second);
   }
-  Progress progress{chain->hooks.size(), chain->current};
-  chain->current = &progress;
-  const LRESULT result = hand(*chain, window, message, first, second);
-  chain->current = progress.outer;
-  forgetRemoved(*chain);
+  const LRESULT result = Delivery(*chain).pass(window, message, first, second);
   if (message == WM_NCDESTROY) {
     chains().erase(window);
   }
@@ -113,7 +123,7 @@ void unhookMessages(HWND window, MessageHook hook, UINT_PTR id) {
   }
   if (const auto found = find(*chain, hook, id); found != chain->hooks.end()) {
     found->removed = true;
-    forgetRemoved(*chain);
+    chain->forgetRemoved();
   }
 }
 
@@ -122,7 +132,7 @@ LRESULT passOn(HWND window, UINT message, WPARAM first, LPARAM second) {
   if (chain == nullptr || chain->current == nullptr) {
     return DefWindowProcW(window, message, first, second);
   }
-  return hand(*chain, window, message, first, second);
+  return chain->current->pass(window, message, first, second);
 }
 
 }  // namespace platform::win32

@@ -195,6 +195,7 @@ void checkRename(const std::string& old, modQMKGeneral::CatalogueView& view,
   const std::size_t selected = list.selectedItem();
   const std::wstring folder = list.subItem(selected, 3);
   const std::wstring oldPath = folder + list.text(selected);
+  const std::wstring parts = newName + list.subItem(selected, 4);
   // Some paths name nothing, or something else behind the backslash that the program adds.
   if (numberOf([&oldPath] { theDesktop().putFile(oldPath, "data"); }) != 0 ||
       !platform::files::fileExists(folder + L"\\" + list.text(selected))) {
@@ -209,8 +210,8 @@ void checkRename(const std::string& old, modQMKGeneral::CatalogueView& view,
     require(fuzz::bytesOf(fuzz::catalogueFile) == old, "a rename that fails changes no record");
     return;
   }
-  // With a backslash in it the new name may be another spelling of the old one.
-  require(!theDesktop().has(oldPath) || newName.find(L'\\') != std::wstring::npos ||
+  // With a backslash in it, or in the type, the new name may be another spelling of the old one.
+  require(!theDesktop().has(oldPath) || parts.find(L'\\') != std::wstring::npos ||
               upper(oldPath).find(upper(newName)) != std::wstring::npos,
           "the data file has its new name");
   const std::string bytes = fuzz::bytesOf(fuzz::catalogueFile);

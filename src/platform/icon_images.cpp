@@ -228,6 +228,17 @@ std::optional<std::string> Resources::bytes(const Node& table) const {
 
 }  // namespace
 
+void completeTransparency(Picture& picture, const std::vector<bool>& clear) {
+  if (std::any_of(picture.pixels.begin(), picture.pixels.end(),
+                  [](std::uint32_t pixel) { return (pixel & alphaMask) != 0; })) {
+    return;
+  }
+  for (std::size_t i = 0; i < picture.pixels.size(); ++i) {
+    const bool leftOut = i >= clear.size() || clear[i];
+    picture.pixels[i] = leftOut ? 0 : picture.pixels[i] | alphaMask;
+  }
+}
+
 std::optional<std::uint16_t> imageOfSize(std::string_view directory, int side) {
   constexpr std::uint32_t iconMark = 0x00010000;  // two bytes of nothing, then the type 1
   constexpr std::size_t head = 6;
@@ -282,13 +293,7 @@ std::optional<Picture> unpackedImage(std::string_view image) {
       clear.push_back(valueAt(mask.substr(y * maskRow, maskRow), x, 1) != 0);
     }
   }
-  const bool hasAlpha = std::any_of(picture.pixels.begin(), picture.pixels.end(),
-                                    [](std::uint32_t pixel) { return (pixel & alphaMask) != 0; });
-  if (!hasAlpha) {
-    for (std::size_t i = 0; i < clear.size(); ++i) {
-      picture.pixels[i] = clear[i] ? 0 : picture.pixels[i] | alphaMask;
-    }
-  }
+  completeTransparency(picture, clear);
   return picture;
 }
 

@@ -12,6 +12,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/pictures.h"
 
@@ -19,6 +20,10 @@ namespace platform::pictures {
 
 /// Gives the bytes of a file from a place on; fewer than asked for at its end, "" past it.
 using ReadAt = std::function<std::string(std::uint64_t place, std::size_t size)>;
+
+/// Gives a picture without transparency of its own that of its mask: `clear` says of each pixel
+/// whether it is left out. A pixel beyond the mask is.
+void completeTransparency(Picture& picture, const std::vector<bool>& clear);
 
 /// Number of the square image of `side` pixels with the most colours in an icon's directory (the
 /// resource of type 14). Nothing when there is none of this size or `directory` is damaged.

@@ -1,6 +1,5 @@
 #include "platform/win32/icon_pictures.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <string_view>
 
@@ -42,14 +41,6 @@ Picture storedPixels(HBITMAP bitmap) {
     return {};
   }
   return picture;
-}
-
-/// Makes opaque what the mask keeps (its black part) and clear what it leaves out.
-void applyMask(Picture& picture, const Picture& mask) {
-  for (std::size_t i = 0; i < picture.pixels.size(); ++i) {
-    const bool clear = i >= mask.pixels.size() || (mask.pixels[i] & colourMask) != 0;
-    picture.pixels[i] = clear ? 0 : picture.pixels[i] | alphaMask;
-  }
 }
 
 /// The bytes of a resource of this program, "" when it has no such.
@@ -134,19 +125,18 @@ std::optional<Picture> pictureFromIcon(HICON icon) {
   if (picture.pixels.empty()) {
     return std::nullopt;
   }
-  const bool hasAlpha =
-      colours && std::any_of(picture.pixels.begin(), picture.pixels.end(),
-                             [](std::uint32_t pixel) { return (pixel & alphaMask) != 0; });
-  if (!hasAlpha) {
-    applyMask(picture, mask);
+  std::vector<bool> clear;
+  clear.reserve(mask.pixels.size());
+  for (const std::uint32_t pixel : mask.pixels) {
+    clear.push_back((pixel & colourMask) != 0);
   }
+  pictures::completeTransparency(picture, clear);
   return picture;
 }
 
 std::optional<Picture> storedPicture(const std::wstring& name, int side) {
-  const auto image = pictures::imageOfSize(resource(name.c_str(), nameFromNumber(14)), side);
-  return image ? pictures::unpackedImage(resource(nameFromNumber(*image), nameFromNumber(3)))
-               : std::nullopt;
+  const auto image = pictures::imageOfSize(resource(name.c_str(), RT_GROUP_ICON), side);
+  return image ? pictures::unpackedImage(resource(nameFromNumber(*image), RT_ICON)) : std::nullopt;
 }
 
 }  // namespace platform::win32

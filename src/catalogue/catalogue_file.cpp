@@ -50,16 +50,9 @@ void appendDataFolder(std::string& bytes) {
       moments.push_back(file.modified);
     }
     const std::vector<std::wstring> dates = clock::dateAndTimeTexts(moments);
-    std::string path;
-    std::string date;
     for (std::size_t i = 0; i < found[n].size(); ++i) {
-      path = folderBytes;
-      path += toCodePage(found[n][i].name);
-      // Files that were copied together share their date.
-      if (i == 0 || dates[i] != dates[i - 1]) {
-        date = toCodePage(dates[i]);
-      }
-      list_file::append(bytes, list_file::line({type, path, date}));
+      list_file::append(bytes, list_file::line({type, folderBytes + toCodePage(found[n][i].name),
+                                                toCodePage(dates[i])}));
     }
   }
 }

@@ -9,6 +9,7 @@
 
 #include "harness/files.h"
 #include "harness/paths.h"
+#include "harness/text.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/run_time_error.h"
@@ -142,17 +143,7 @@ TEST_F(PlatformFiles, ManyDatesAreThoseThatTheSystemGivesOneByOne) {
   const auto texts = platform::clock::dateAndTimeTexts(moments);
   ASSERT_EQ(texts.size(), moments.size());
   for (std::size_t n = 0; n < moments.size(); ++n) {
-    const FILETIME time{.dwLowDateTime = static_cast<DWORD>(moments[n] & 0xFFFFFFFFU),
-                        .dwHighDateTime = static_cast<DWORD>(moments[n] >> 32U)};
-    SYSTEMTIME universal{};
-    SYSTEMTIME local{};
-    FileTimeToSystemTime(&time, &universal);
-    SystemTimeToTzSpecificLocalTime(nullptr, &universal, &local);
-    std::array<wchar_t, 80> date{};
-    std::array<wchar_t, 80> clock{};
-    GetDateFormatEx(nullptr, DATE_SHORTDATE, &local, nullptr, date.data(), 80, nullptr);
-    GetTimeFormatEx(nullptr, 0, &local, nullptr, clock.data(), 80);
-    ASSERT_EQ(texts[n], std::wstring(date.data()) + L" " + clock.data());
+    ASSERT_EQ(texts[n], harness::dateAndTime(moments[n]));
   }
 }
 

@@ -80,28 +80,22 @@ class LocalTimes {
   std::unordered_map<files::FileTime, std::optional<std::int64_t>> distances_;
 };
 
-/// Texts of moments of which many share their day or their second.
+/// Texts of moments of which many share their day.
 class Texts {
  public:
   std::wstring operator()(const SYSTEMTIME& local) {
     const DWORD day = (local.wYear * months + local.wMonth) * days + local.wDay;
     if (day != std::exchange(day_, day)) date_ = dateText(local);
-    const DWORD second = (local.wHour * minutes + local.wMinute) * seconds + local.wSecond;
-    // A format of the time may name parts of the day, but none of the date.
-    if (second != std::exchange(second_, second)) time_ = timeText(local);
-    return date_.empty() || time_.empty() ? L"" : date_ + L" " + time_;
+    const std::wstring time = timeText(local);
+    return date_.empty() || time.empty() ? L"" : date_ + L" " + time;
   }
 
  private:
   static constexpr DWORD months = 16;
   static constexpr DWORD days = 32;
-  static constexpr DWORD minutes = 64;
-  static constexpr DWORD seconds = 64;
   static constexpr DWORD none = 0xFFFFFFFF;
   DWORD day_ = none;
-  DWORD second_ = none;
   std::wstring date_;
-  std::wstring time_;
 };
 
 }  // namespace

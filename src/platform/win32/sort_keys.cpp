@@ -59,7 +59,6 @@ class RankTable {
 
   std::array<std::string, last + 1> weights_;  // "" for a character that is left out
   std::array<unsigned char, last + 1> ranks_{};
-  std::array<std::array<char, weightBytes>, last + 1> weightsOf_{};  // of those that have a rank
 };
 
 bool RankTable::appendWeights(std::wstring_view text, std::string& keys) const {
@@ -67,15 +66,15 @@ bool RankTable::appendWeights(std::wstring_view text, std::string& keys) const {
   if (text.empty()) return true;
   keys.resize(before + text.size() * weightBytes + emptyLevels.size());
   char* to = keys.data() + before;
-  bool known = true;
   for (const wchar_t unit : text) {
-    known = known && (*this)[unit] != 0;
-    const std::array<char, weightBytes> weight = known ? weightsOf_[unit] : weightsOf_.front();
-    to = std::copy(weight.begin(), weight.end(), to);
+    if ((*this)[unit] == 0) {
+      keys.resize(before);
+      return false;
+    }
+    to = std::copy_n(weights_[unit].data(), weightBytes, to);
   }
   std::copy(emptyLevels.begin(), emptyLevels.end(), to);
-  if (!known) keys.resize(before);
-  return known;
+  return true;
 }
 
 bool RankTable::holdsFor(const wchar_t* locale, const std::wstring& text) const {
@@ -131,7 +130,6 @@ void RankTable::learn(const wchar_t* locale) {
     const auto place = distinct.find(weights_.at(static_cast<std::size_t>(unit)));
     ranks_.at(static_cast<std::size_t>(unit)) =
         static_cast<unsigned char>(1 + std::distance(distinct.begin(), place));
-    std::copy_n(place->begin(), weightBytes, weightsOf_.at(static_cast<std::size_t>(unit)).begin());
   }
 }
 

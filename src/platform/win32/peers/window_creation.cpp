@@ -15,8 +15,6 @@ namespace platform::win32 {
 
 namespace {
 
-constexpr UINT_PTR dialogWatchId = 1;
-
 void requireClass(const std::wstring& name, WNDPROC procedure) {
   const HINSTANCE program = GetModuleHandleW(nullptr);
   WNDCLASSEXW known{};

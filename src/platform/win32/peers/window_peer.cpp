@@ -10,12 +10,6 @@ namespace platform::win32 {
 
 using controls::Change;
 
-namespace {
-
-constexpr UINT_PTR dialogWatchId = 1;
-
-}  // namespace
-
 WindowPeer::~WindowPeer() {
   detach();
   if (!handle_) {

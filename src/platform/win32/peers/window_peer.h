@@ -88,6 +88,8 @@ class WindowPeer final : public controls::WindowPeer {
   using Window = controls::Window;
   /// No timer of a window has this small a number.
   static constexpr UINT_PTR finishTimer = 1;
+  /// Hook with which a window watches the dialogs it owns.
+  static constexpr UINT_PTR dialogWatchId = 1;
   using WindowKind = controls::WindowKind;
 
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second);
@@ -155,8 +157,8 @@ class WindowPeer final : public controls::WindowPeer {
   HDWP moving_ = nullptr;  // controls on their way to their places while a layout runs
   int busy_ = 0;
   std::optional<Rect> wanted_;  // place for a window that is not finished
-  bool finished_ = false;
-  bool ready_ = false;
+  bool finished_ = false;       // or just being finished
+  bool ready_ = false;          // to be laid out
   bool shown_ = false;
   bool showMaximised_ = false;
   bool layoutRequested_ = false;

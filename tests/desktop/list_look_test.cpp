@@ -1,6 +1,7 @@
 // How the lists stand: the columns of the report, the places of the icons.
 #include "gateway_test.h"
 #include "harness/link_file.h"
+#include "harness/looks.h"
 
 namespace desktop_tests {
 namespace {
@@ -53,6 +54,24 @@ TEST_F(ListLook, TheDefaultSizeShowsAllColumnsOfTheOpenList) {
   const RECT window = harness::screenRect(app->main());
   constexpr int screenWidth = 1280;
   EXPECT_LE(window.right - window.left, screenWidth);
+}
+
+TEST_F(ListLook, ARowThatReadsOtherwiseAfterAReloadIsPaintedAgain) {
+  const std::string other = record(L"FP3", L"D:\\spruce.fp3");
+  app->writeCatalogue(other + record(L"FP3", L"D:\\i.fp3"));
+  app->startToMain();
+  app->selectTab(Tab::open);
+  const auto written = [this] {
+    const harness::ListViewReader list = app->list(Tab::open);
+    return harness::writingAt(list.textOnScreen(0)).pixels;
+  };
+  ASSERT_TRUE(waitFor([&] { return written() > 0; }));
+  const std::size_t before = written();
+  app->writeCatalogue(other + record(L"FP3", L"D:\\a long name in many letters.fp3"));
+  ASSERT_TRUE(waitFor(
+      [&] { return app->list(Tab::open).cell(0, 0) == L"a long name in many letters.fp3"; }));
+  EXPECT_TRUE(waitFor([&] { return written() > 2 * before; }, 2000))
+      << written() << " pixels, before " << before;
 }
 
 TEST_F(ListLook, IconsStandApartAfterAReloadWithMoreOfThem) {

@@ -49,7 +49,9 @@ HWND ListViewPeer::header() const { return std::bit_cast<HWND>(send(LVM_GETHEADE
 void ListViewPeer::changed(Change change) {
   switch (change) {
     case Change::items:
-      takeImages();
+      if (takeImages()) {
+        lastInView_.clear();
+      }
       showItems();
       break;
     case Change::selection:

@@ -58,7 +58,7 @@ class ListViewPeer final : public controls::ListViewPeer, public NativeControl {
   controls::ListView& list_;
   ImageCache large_;
   ImageCache small_;
-  std::wstring lastInView_;
+  std::wstring lastInView_;  // "" when that may be painted otherwise
   int shownColumns_ = 0;
   bool showing_ = false;  // the program itself changes the native list: what it tells is no news
 };

@@ -3,11 +3,15 @@
 #include <psapi.h>
 #include <winternl.h>
 
+#include <algorithm>
 #include <bit>
 #include <cstdint>
+#include <cstring>
+#include <memory>
 #include <vector>
 
 #include "counted/live_objects.h"
+#include "harness/gdi_table.h"
 #include "harness/wait.h"
 #include "harness/windows_of_process.h"
 
@@ -15,17 +19,6 @@ namespace proofs {
 namespace {
 
 using harness::Failure;
-
-/// One entry of the table of GDI objects that the system shares with each process.
-struct GdiEntry {
-  std::uint64_t object;
-  std::uint16_t process;
-  std::uint16_t lock;
-  std::uint16_t unique;
-  std::uint8_t type;
-  std::uint8_t flags;
-  std::uint64_t user;
-};
 
 template <class Function>
 Function* native(const char* name) {
@@ -43,22 +36,17 @@ long long gdiObjects(HANDLE process) {
   if (query(process, ProcessBasicInformation, &facts, sizeof(facts), nullptr) != 0) {
     throw Failure("the process cannot be asked for its block");
   }
-  constexpr std::size_t tableInBlock = 0xF8;
-  constexpr std::size_t entries = 0x10000;
-  std::uint64_t table = 0;
-  std::vector<GdiEntry> objects(entries);
+  std::uint64_t place = 0;
+  const auto table = std::make_unique<harness::GdiTable>();
   const auto block = std::bit_cast<std::uint64_t>(facts.PebBaseAddress);
-  if (ReadProcessMemory(process, std::bit_cast<void*>(block + tableInBlock), &table, sizeof(table),
-                        nullptr) == FALSE ||
-      ReadProcessMemory(process, std::bit_cast<void*>(table), objects.data(),
-                        objects.size() * sizeof(GdiEntry), nullptr) == FALSE) {
+  if (ReadProcessMemory(process, std::bit_cast<void*>(block + harness::gdiTableInBlock), &place,
+                        sizeof(place), nullptr) == FALSE ||
+      ReadProcessMemory(process, std::bit_cast<void*>(place), table.get(), sizeof(*table),
+                        nullptr) == FALSE) {
     throw Failure("the table of GDI objects cannot be read");
   }
-  long long used = 0;
-  for (const GdiEntry& entry : objects) {
-    used += entry.type != 0 ? 1 : 0;
-  }
-  return used;
+  return std::count_if(table->begin(), table->end(),
+                       [](const harness::GdiEntry& entry) { return entry.used(); });
 }
 
 long long kernelHandles(DWORD process, HANDLE handle) {
@@ -75,14 +63,15 @@ long long kernelHandles(DWORD process, HANDLE handle) {
     throw Failure("the list of processes cannot be read");
   }
   for (const std::byte* at = buffer.data();;) {
-    const auto* const one = reinterpret_cast<const SYSTEM_PROCESS_INFORMATION*>(at);
-    if (std::bit_cast<std::uint64_t>(one->UniqueProcessId) == process) {
-      return one->HandleCount;
+    SYSTEM_PROCESS_INFORMATION one{};
+    std::memcpy(&one, at, sizeof(one));
+    if (HandleToULong(one.UniqueProcessId) == process) {
+      return one.HandleCount;
     }
-    if (one->NextEntryOffset == 0) {
+    if (one.NextEntryOffset == 0) {
       throw Failure("the process is not in the list of processes");
     }
-    at += one->NextEntryOffset;
+    at += one.NextEntryOffset;
   }
 }
 

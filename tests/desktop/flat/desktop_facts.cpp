@@ -1,14 +1,17 @@
 #include "desktop_facts.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstdint>
 
+#include "harness/gdi_table.h"
 #include "platform/win32/handles.h"
 
 namespace flat_tests {
 
 namespace {
 
+using harness::GdiTable;
 using platform::win32::BitmapHandle;
 using platform::win32::MemoryDc;
 using platform::win32::Selection;
@@ -17,17 +20,6 @@ using platform::win32::WindowDc;
 constexpr std::array<int, 4> colourNumbers{COLOR_WINDOW, COLOR_BTNFACE, COLOR_BTNSHADOW,
                                            COLOR_BTNHIGHLIGHT};
 
-/// One entry of the table of GDI objects that the system shares with each process.
-struct GdiEntry {
-  std::uint64_t object;
-  std::uint16_t process;
-  std::uint16_t lock;
-  std::uint16_t unique;
-  std::uint8_t type;
-  std::uint8_t flags;
-  std::uint64_t user;
-};
-
 /// The value of type `Value` at an address.
 template <class Value>
 Value valueAt(std::uintptr_t address) {
@@ -35,23 +27,22 @@ Value valueAt(std::uintptr_t address) {
 }
 
 /// The table, found by way of the blocks that describe the thread and the process.
-const GdiEntry* gdiTable() {
+const GdiTable* gdiTable() {
   constexpr std::uintptr_t processInThread = 0x60;
-  constexpr std::uintptr_t tableInProcess = 0xF8;
 #ifdef _WIN64
   const std::uintptr_t process = __readgsqword(processInThread);
-  return valueAt<const GdiEntry*>(process + tableInProcess);
+  return valueAt<const GdiTable*>(process + harness::gdiTableInBlock);
 #else
   // A 32-bit program on a 64-bit system: the blocks of the 64-bit side hold it, and their
   // addresses fit into 32 bits.
   constexpr unsigned long otherThreadInThread = 0xF70;
   if (const std::uintptr_t thread = __readfsdword(otherThreadInThread); thread != 0) {
     const auto process = valueAt<std::uintptr_t>(thread + processInThread);
-    return valueAt<const GdiEntry*>(process + tableInProcess);
+    return valueAt<const GdiTable*>(process + harness::gdiTableInBlock);
   }
   constexpr unsigned long narrowProcessInThread = 0x30;
   constexpr std::uintptr_t narrowTableInProcess = 0x94;
-  return valueAt<const GdiEntry*>(__readfsdword(narrowProcessInThread) + narrowTableInProcess);
+  return valueAt<const GdiTable*>(__readfsdword(narrowProcessInThread) + narrowTableInProcess);
 #endif
 }
 
@@ -84,14 +75,9 @@ int gdiObjects() {
   if (const DWORD counted = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS); counted != 0) {
     return static_cast<int>(counted);
   }
-  // Wine does not count them, but has the table.
-  constexpr std::size_t entries = 0x10000;
-  const GdiEntry* const table = gdiTable();
-  int used = 0;
-  for (std::size_t i = 0; i < entries; ++i) {
-    used += table[i].type != 0 ? 1 : 0;
-  }
-  return used;
+  return static_cast<int>(
+      std::count_if(gdiTable()->begin(), gdiTable()->end(),
+                    [](const harness::GdiEntry& entry) { return entry.used(); }));
 }
 
 int windowCount() {

@@ -1,0 +1,31 @@
+// The table of GDI objects that the system shares with each process. Wine does not count the
+// objects, but keeps the table.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+namespace harness {
+
+/// One entry of the table.
+struct GdiEntry {
+  std::uint64_t object;
+  std::uint16_t process;
+  std::uint16_t lock;
+  std::uint16_t unique;
+  std::uint8_t type;
+  std::uint8_t flags;
+  std::uint64_t user;
+
+  /// Whether there is an object.
+  [[nodiscard]] bool used() const { return type != 0; }
+};
+
+/// The whole table.
+using GdiTable = std::array<GdiEntry, 0x10000>;
+
+/// Offset of the table's address in a 64-bit process's own block, in bytes.
+inline constexpr std::size_t gdiTableInBlock = 0xF8;
+
+}  // namespace harness

@@ -378,30 +378,4 @@ TEST_F(ProvisioningTest, EveryErrorBehindTheObsoleteShortcutsComesThrough) {
   }
 }
 
-// --- writer and reader ---
-
-TEST_F(ProvisioningTest, TheWriterTakesItsPathsAsTheyAreAndIgnoresTheFourthOne) {
-  modSC::CreateToolShortcut(L"C:\\t.exe", pathOf(L"Any.lnk"), L"C:\\work", L"whatever");
-  const auto link = desktop().linkAt(pathOf(L"Any.lnk"));
-  ASSERT_TRUE(link);
-  EXPECT_EQ(link->targetPath, L"C:\\t.exe");
-  EXPECT_EQ(link->description, pathOf(L"Any.lnk"));
-  EXPECT_EQ(link->workingDirectory, L"C:\\work");
-}
-
-TEST_F(ProvisioningTest, TheReaderStoresTheTargetAndSavesNothing) {
-  putShortcut(L"Any.lnk", L"C:\\t.exe");
-  std::wstring target = L"before";
-  modSC::GetShortcutTarget(pathOf(L"Any.lnk"), target);
-  EXPECT_EQ(target, L"C:\\t.exe");
-  EXPECT_TRUE(desktop().linkWrites.empty());
-  EXPECT_TRUE(desktop().journal().empty());
-}
-
-TEST_F(ProvisioningTest, TheReaderGivesNothingForWhatIsNoShortcut) {
-  std::wstring target = L"before";
-  modSC::GetShortcutTarget(pathOf(L"Missing.lnk"), target);
-  EXPECT_EQ(target, L"");
-}
-
 }  // namespace

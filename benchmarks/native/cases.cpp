@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "catalogue/catalogue_file.h"
-#include "catalogue/catalogue_view.h"
 #include "catalogue/list_file.h"
+#include "catalogue_lists.h"
 #include "catalogue_text.h"
 #include "platform/desktop.h"
 #include "platform/text.h"
@@ -29,18 +29,9 @@ void putCatalogue(std::size_t records) {
   desktop::desktop().putFile(modQMKGeneral::CatalogueFile(), catalogueText(records));
 }
 
-/// The catalogue view as the main window owns it.
-struct View {
-  ListView dataList{L"lstQMK", 1};
-  ListView newList{L"lstQMK", 2};
-  controls::ImageList largeImages;
-  controls::ImageList smallImages;
-  modQMKGeneral::CatalogueView catalogue{dataList, newList, largeImages, smallImages};
-};
-
-std::shared_ptr<View> loadedView(std::size_t records) {
+std::shared_ptr<CatalogueLists> loadedView(std::size_t records) {
   putCatalogue(records);
-  auto view = std::make_shared<View>();
+  auto view = std::make_shared<CatalogueLists>();
   modQMKGeneral::LoadCatalogueView(view->catalogue);
   require(!view->dataList.text(0).empty());
   return view;

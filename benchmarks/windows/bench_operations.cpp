@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "catalogue/catalogue_file.h"
-#include "catalogue/catalogue_view.h"
+#include "catalogue_lists.h"
 #include "catalogue_text.h"
 #include "platform/application.h"
 #include "platform/text.h"
@@ -29,15 +29,6 @@ using modQMKGeneral::CatalogueFile;
 
 constexpr std::size_t manyRecords = 100000;
 constexpr int manyFiles = 10000;
-
-/// The catalogue view as the main window owns it, without native controls.
-struct View {
-  ListView dataList{L"lstQMK", 1};
-  ListView newList{L"lstQMK", 2};
-  controls::ImageList largeImages;
-  controls::ImageList smallImages;
-  modQMKGeneral::CatalogueView catalogue{dataList, newList, largeImages, smallImages};
-};
 
 std::wstring copyPath() { return platform::application::folder() + L"\\copy.tmp"; }
 
@@ -120,7 +111,7 @@ void measureRefresh(const Table& table) {
     }
     constexpr std::size_t elsewhere = 100;
     writeCatalogue(elsewhere);
-    View view;
+    bench::CatalogueLists view;
     const auto refresh = [&view] {
       return bench::timed([&view] {
         modQMKGeneral::RefreshDataFolderEntries(view.catalogue);
@@ -152,7 +143,7 @@ struct Keyed {
 void measureSort(const Table& table) {
   table.section({"sort.100k"}, [&] {
     writeCatalogue(manyRecords);
-    View view;
+    bench::CatalogueLists view;
     modQMKGeneral::LoadCatalogueView(view.catalogue);
     ListView& list = view.dataList;
     static_cast<void>(list.text(0));
@@ -194,7 +185,7 @@ void measureTick(const Table& table) {
     constexpr std::size_t usualRecords = 100;
     constexpr int ticks = 2000;
     writeCatalogue(usualRecords);
-    View view;
+    bench::CatalogueLists view;
     modQMKGeneral::WatchCatalogue(view.catalogue);
     if (view.dataList.count() != usualRecords) {
       bench::giveUp("the first tick did not load");

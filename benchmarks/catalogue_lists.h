@@ -1,0 +1,17 @@
+// The catalogue's lists as the main window owns them, without native controls.
+#pragma once
+
+#include "catalogue/catalogue_view.h"
+
+namespace bench {
+
+/// The lists of the Open and the New tab and what fills them.
+struct CatalogueLists {
+  controls::ListView dataList{L"lstQMK", 1};
+  controls::ListView newList{L"lstQMK", 2};
+  controls::ImageList largeImages;
+  controls::ImageList smallImages;
+  modQMKGeneral::CatalogueView catalogue{dataList, newList, largeImages, smallImages};
+};
+
+}  // namespace bench

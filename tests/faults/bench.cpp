@@ -125,7 +125,9 @@ State stateOf(const frmQMK& main) {
       continue;
     }
     for (const std::wstring& name : desktop().namesIn(folder)) {
-      const std::wstring path = folder + L"\\" + name;
+      std::wstring path = folder;
+      path += L'\\';
+      path += name;
       if (const auto bytes = desktop().bytesOf(path); bytes && path != temporaryFile) {
         state.files[path] = *bytes;
       }

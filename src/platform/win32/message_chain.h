@@ -22,8 +22,8 @@ using MessageHook = LRESULT(CALLBACK*)(HWND window, UINT message, WPARAM first, 
 /// Takes a hook off, also in the middle of its own message. Nothing happens when it is not there.
 void unhookMessages(HWND window, MessageHook hook, UINT_PTR id);
 
-/// Hands a message to the hooks after the calling one, the window itself coming last; to nobody when
-/// the window has gone in between.
+/// Hands a message to the hooks after the calling one, the window itself coming last; to nobody
+/// when the window has gone in between.
 LRESULT passOn(HWND window, UINT message, WPARAM first, LPARAM second);
 
 }  // namespace platform::win32

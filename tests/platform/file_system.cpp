@@ -176,7 +176,7 @@ void FileSystem::rename(const std::wstring& from, const std::wstring& to) {
   if (node.locked) {
     throw RunTimeError(error::permissionDenied);
   }
-  if (to.ends_with(L'\\')) {
+  if (splitPath(to).endsInSeparator) {
     throw RunTimeError(error::badFileName);  // that names a folder, and this is a file
   }
   if (target.node != nullptr && target.node != &node) {

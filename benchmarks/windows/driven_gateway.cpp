@@ -27,7 +27,7 @@ HWND visibleWindow(const wchar_t* className) {
 
 DrivenGateway::DrivenGateway() { harness::GatewayApp::skipExample(); }
 
-void DrivenGateway::addUsualData() {
+void DrivenGateway::addUsualData() const {
   app.addAllTools();
   for (int n = 0; n < usualDataFiles; ++n) {
     static_cast<void>(app.addDataFile(dataFileName(n)));
@@ -42,7 +42,8 @@ void DrivenGateway::addUsualData() {
   std::string web;
   for (int n = 0; n < usualWebEntries; ++n) {
     const std::string number = std::to_string(n);
-    web += "\"Entry " + number + "\",\"http://www.example.com/page" + number + "\"\r\n";
+    web.append("\"Entry ").append(number).append("\",\"http://www.example.com/page");
+    web.append(number).append("\"\r\n");
   }
   harness::writeFile(app.folder() + L"\\QMKWebList.txt", web);
   resetCatalogue();
@@ -58,7 +59,7 @@ void DrivenGateway::resetCatalogue() const {
   app.writeCatalogue(bytes);
 }
 
-HWND DrivenGateway::splash() const { return visibleWindow(L"frmSplash"); }
+HWND DrivenGateway::splash() { return visibleWindow(L"frmSplash"); }
 
 void DrivenGateway::findLists() {
   // The window is there before the splash is, but hidden.

@@ -28,14 +28,14 @@ class DrivenGateway {
 
   /// Lays out what a usual user has: tools, shortcuts, web entries, and data files of which the
   /// catalogue lacks one, so that its list is full only after start-up has refreshed it.
-  void addUsualData();
+  void addUsualData() const;
   /// Takes the last data file out of the catalogue again.
   void resetCatalogue() const;
 
   /// Starts the program. `listsFound` may be called once the splash window is up.
   void findLists();
   /// The splash window, nullptr while it is not on the screen.
-  [[nodiscard]] HWND splash() const;
+  [[nodiscard]] static HWND splash();
   [[nodiscard]] HWND main() const { return main_; }
   [[nodiscard]] HWND list(int index) const { return lists_.at(static_cast<std::size_t>(index)); }
   [[nodiscard]] int count(int index) const;

@@ -4,6 +4,8 @@
 //   empty_window stay     stays until its window is closed
 #include <windows.h>
 
+#include <cstdlib>
+
 namespace {
 
 constexpr UINT paintedMessage = WM_APP;
@@ -34,9 +36,9 @@ LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM secon
 
 }  // namespace
 
-int WINAPI wWinMain(HINSTANCE instance, HINSTANCE /*previous*/, PWSTR commandLine,
+int WINAPI wWinMain(HINSTANCE instance, HINSTANCE /*previous*/, PWSTR /*commandLine*/,
                     int /*showCommand*/) {
-  stays = commandLine[0] != L'\0';
+  stays = __argc > 1;
   WNDCLASSW description{};
   description.lpfnWndProc = procedure;
   description.hInstance = instance;

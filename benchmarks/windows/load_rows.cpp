@@ -48,7 +48,7 @@ class Catalogues {
   ~Catalogues() { DeleteFileW(spare_.c_str()); }
 
   /// Puts the other one in the place of the first, between two looks of the watch.
-  void swap() const {
+  void exchange() const {
     const std::wstring third = path_ + L".third";
     if (MoveFileExW(path_.c_str(), third.c_str(), MOVEFILE_REPLACE_EXISTING) == 0 ||
         MoveFileExW(spare_.c_str(), path_.c_str(), 0) == 0 ||
@@ -65,7 +65,7 @@ class Catalogues {
 
 /// From a changed file to its rows on the screen.
 double loadOnce(const DrivenGateway& gateway, const Catalogues& catalogues, std::size_t records) {
-  catalogues.swap();
+  catalogues.exchange();
   const std::int64_t begin = now();
   gateway.tick();
   gateway.paint();

@@ -42,7 +42,7 @@ std::wstring kernelFolderOf(const std::wstring& executable) {
     if (!isNumber(name)) {
       continue;
     }
-    const std::wstring folder = std::wstring(kernelProcesses) + L"\\" + name;
+    std::wstring folder = std::wstring(kernelProcesses) + L"\\" + name;
     if (readPseudoFile(folder + L"\\cmdline").find(wanted) != std::string::npos) {
       return folder;
     }

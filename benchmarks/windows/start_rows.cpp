@@ -64,7 +64,7 @@ GatewayStart startOnce(DrivenGateway& gateway) {
   const std::int64_t begin = now();
   gateway.app.start();
   HWND splash = nullptr;
-  waitClosely("the splash window", [&] { return (splash = gateway.splash()) != nullptr; });
+  waitClosely("the splash window", [&] { return (splash = DrivenGateway::splash()) != nullptr; });
   RedrawWindow(splash, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
   start.toSplash = milliseconds(begin, now());
 

@@ -6,6 +6,7 @@
 // The controls' header relies on the first.
 #include <commctrl.h>
 
+#include <bit>
 #include <cstdio>
 #include <vector>
 
@@ -27,7 +28,7 @@ std::wstring wide(std::string_view bytes) {
 }
 
 int CALLBACK byName(LPARAM a, LPARAM b, LPARAM names) {
-  const auto& all = *reinterpret_cast<const std::vector<std::wstring>*>(names);
+  const auto& all = *std::bit_cast<const std::vector<std::wstring>*>(names);
   return lstrcmpiW(all[static_cast<std::size_t>(a)].c_str(),
                    all[static_cast<std::size_t>(b)].c_str());
 }

@@ -1,6 +1,7 @@
 #include "windows/driven_gateway.h"
 
 #include "harness/link_file.h"
+#include "harness/looks.h"
 #include "harness/text.h"
 #include "harness/wait.h"
 #include "harness/windows_of_process.h"
@@ -85,9 +86,7 @@ bool DrivenGateway::usuallyFilled() const {
          count(harness::Tab::newFile) == newFileItems;
 }
 
-void DrivenGateway::paint() const {
-  RedrawWindow(main_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
-}
+void DrivenGateway::paint() const { harness::paint(main_); }
 
 void DrivenGateway::tick() const { SendMessageW(main_, WM_TIMER, ids::tmrFileUpdate, 0); }
 

@@ -1,6 +1,7 @@
 #include <windows.h>
 
 #include "harness/input.h"
+#include "harness/looks.h"
 #include "harness/paths.h"
 #include "harness/process.h"
 #include "harness/wait.h"
@@ -36,7 +37,7 @@ double emptyToWindow() {
     window = FindWindowW(L"EmptyWindow", nullptr);
     return window != nullptr && IsWindowVisible(window) != 0;
   });
-  RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+  harness::paint(window);
   const double took = milliseconds(begin, now());
   job.end();
   CloseHandle(process.hThread);
@@ -65,7 +66,7 @@ GatewayStart startOnce(DrivenGateway& gateway) {
   gateway.app.start();
   HWND splash = nullptr;
   waitClosely("the splash window", [&] { return (splash = DrivenGateway::splash()) != nullptr; });
-  RedrawWindow(splash, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+  harness::paint(splash);
   start.toSplash = milliseconds(begin, now());
 
   harness::clickAt(harness::centreOf(harness::screenRect(splash)), splash);

@@ -3,7 +3,6 @@
 #include <psapi.h>
 #include <winternl.h>
 
-#include <algorithm>
 #include <bit>
 #include <cstdint>
 #include <cstring>
@@ -45,8 +44,7 @@ long long gdiObjects(HANDLE process) {
                         nullptr) == FALSE) {
     throw Failure("the table of GDI objects cannot be read");
   }
-  return std::count_if(table->begin(), table->end(),
-                       [](const harness::GdiEntry& entry) { return entry.used(); });
+  return harness::objectsIn(*table);
 }
 
 long long kernelHandles(DWORD process, HANDLE handle) {

@@ -14,6 +14,7 @@
 #include "harness/files.h"
 #include "harness/forms.h"
 #include "harness/gateway_app.h"
+#include "harness/looks.h"
 #include "harness/paths.h"
 #include "harness/text.h"
 #include "harness/wait.h"
@@ -25,11 +26,8 @@ namespace proofs {
 namespace {
 
 namespace ids = controls::ids;
+using harness::paint;
 using harness::Tab;
-
-/// Has everything painted that waits for it: a dialog that is closed before it is on the screen
-/// holds less than one that was seen, and a list that is just being painted holds more.
-void paint(HWND window) { RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN); }
 
 class Soak : public ::testing::Test {
  protected:
@@ -51,7 +49,7 @@ class Soak : public ::testing::Test {
                        [&] { return app_->list(Tab::open).count() == files; });
     // The last thing that start-up does.
     harness::waitUntil("the watch is on", [&] {
-      const Resources now = held();
+      const Resources now = heldNow();
       return std::any_of(now.counts.begin(), now.counts.end(), [](const auto& entry) {
         return entry.first.find("TimerPeer") != std::string::npos && entry.second > 0;
       });
@@ -81,7 +79,8 @@ class Soak : public ::testing::Test {
     return least;
   }
 
-  /// Does a thing often enough to warm up, then `times`, and compares what is held.
+  /// Does a thing, whose windows are painted, often enough to warm up, then `times`, and compares
+  /// what is held.
   void expectFlat(const std::string& what, int times, const std::function<void(int)>& once) const {
     // Room for what the system's own libraries keep for later.
     constexpr std::size_t memoryRoom = std::size_t{3} << 20U;

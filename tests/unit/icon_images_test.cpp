@@ -16,6 +16,7 @@ using icon_program::plainImage;
 using icon_program::program;
 using icon_program::Resource;
 using platform::Picture;
+using platform::pictures::completeTransparency;
 using platform::pictures::imageOfSize;
 using platform::pictures::Sizes;
 using platform::pictures::unpackedIcons;
@@ -60,6 +61,19 @@ TEST(UnpackedImage, With32BitsKeepsItsTransparency) {
   const std::string image = bitmapHead(2, 32) + doubleWord(1) + doubleWord(2) +
                             doubleWord(0x80000003U) + doubleWord(green) + std::string(8, '\xFF');
   EXPECT_EQ(unpackedImage(image), (Picture{{2, 2}, {0x80000003U, green, 1, 2}}));
+}
+
+TEST(CompleteTransparency, WithoutTransparencyTheMaskCountsAndAPixelBeyondItIsLeftOut) {
+  Picture picture{{3, 1}, {0x00112233U, 0x00445566U, 0x00778899U}};
+  completeTransparency(picture, {false, true});
+  EXPECT_EQ(picture.pixels, (Pixels{0xFF112233U, 0U, 0U}));
+}
+
+TEST(CompleteTransparency, APictureThatHasItsOwnIsLeftAsItIs) {
+  const Pixels pixels{0x80112233U, 0x00445566U};
+  Picture picture{{2, 1}, pixels};
+  completeTransparency(picture, {true, false});
+  EXPECT_EQ(picture.pixels, pixels);
 }
 
 TEST(UnpackedImage, Without8BitsOfTransparencyTakesTheMask) {

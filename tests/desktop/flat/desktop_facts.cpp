@@ -1,6 +1,5 @@
 #include "desktop_facts.h"
 
-#include <algorithm>
 #include <bit>
 #include <cstdint>
 
@@ -75,9 +74,7 @@ int gdiObjects() {
   if (const DWORD counted = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS); counted != 0) {
     return static_cast<int>(counted);
   }
-  return static_cast<int>(
-      std::count_if(gdiTable()->begin(), gdiTable()->end(),
-                    [](const harness::GdiEntry& entry) { return entry.used(); }));
+  return static_cast<int>(harness::objectsIn(*gdiTable()));
 }
 
 int windowCount() {

@@ -2,6 +2,7 @@
 // objects, but keeps the table.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -17,13 +18,16 @@ struct GdiEntry {
   std::uint8_t type;
   std::uint8_t flags;
   std::uint64_t user;
-
-  /// Whether there is an object.
-  [[nodiscard]] bool used() const { return type != 0; }
 };
 
 /// The whole table.
 using GdiTable = std::array<GdiEntry, 0x10000>;
+
+/// Number of objects in the table.
+[[nodiscard]] inline long long objectsIn(const GdiTable& table) {
+  return std::count_if(table.begin(), table.end(),
+                       [](const GdiEntry& entry) { return entry.type != 0; });
+}
 
 /// Offset of the table's address in a 64-bit process's own block, in bytes.
 inline constexpr std::size_t gdiTableInBlock = 0xF8;

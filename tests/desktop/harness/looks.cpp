@@ -54,6 +54,8 @@ std::map<COLORREF, std::size_t> coloursAt(const RECT& place) {
 
 }  // namespace
 
+void paint(HWND window) { RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN); }
+
 double contrast(COLORREF a, COLORREF b) {
   const auto [low, high] = std::minmax({luminance(a), luminance(b)});
   return (high + 0.05) / (low + 0.05);

@@ -10,6 +10,10 @@
 
 namespace harness {
 
+/// Has everything painted in a window that waits for it. A dialog that is closed before it was
+/// painted holds less than one that was seen; a window that is just being painted holds more.
+void paint(HWND window);
+
 /// Height of a control's characters in pixels.
 [[nodiscard]] int fontHeight(HWND control);
 

@@ -49,9 +49,7 @@ HWND ListViewPeer::header() const { return std::bit_cast<HWND>(send(LVM_GETHEADE
 void ListViewPeer::changed(Change change) {
   switch (change) {
     case Change::items:
-      if (takeImages()) {
-        lastInView_.clear();
-      }
+      takeImages();
       showItems();
       break;
     case Change::selection:
@@ -70,9 +68,7 @@ void ListViewPeer::changed(Change change) {
       showSorting();
       break;
     case Change::images:
-      if (takeImages()) {
-        repaintItems();
-      }
+      takeImages();
       break;
     default:
       mirror(change);
@@ -87,7 +83,7 @@ void ListViewPeer::refresh() {
   showColumns();
 }
 
-bool ListViewPeer::takeImages() {
+void ListViewPeer::takeImages() {
   const bool large = large_.refresh(list_.largeImages(), host().dpi(), [this](HIMAGELIST images) {
     send(LVM_SETIMAGELIST, LVSIL_NORMAL, parameterFrom(images));
     // The system's own spacing returns with every image list.
@@ -96,7 +92,9 @@ bool ListViewPeer::takeImages() {
   const bool small = small_.refresh(list_.smallImages(), host().dpi(), [this](HIMAGELIST images) {
     send(LVM_SETIMAGELIST, LVSIL_SMALL, parameterFrom(images));
   });
-  return large || small;
+  if (large || small) {
+    repaintItems();
+  }
 }
 
 void ListViewPeer::spaceIcons() {

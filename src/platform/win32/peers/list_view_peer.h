@@ -27,8 +27,8 @@ class ListViewPeer final : public controls::ListViewPeer, public NativeControl {
 
  private:
   void takeColours();
-  /// Says whether there were new ones.
-  bool takeImages();
+  /// Shows new pictures where there are such.
+  void takeImages();
   void spaceIcons();
   void showView();
   void arrangeIcons() const;
@@ -58,7 +58,7 @@ class ListViewPeer final : public controls::ListViewPeer, public NativeControl {
   controls::ListView& list_;
   ImageCache large_;
   ImageCache small_;
-  std::wstring lastInView_;  // "" when that may be painted otherwise
+  std::wstring lastInView_;
   int shownColumns_ = 0;
   bool showing_ = false;  // the program itself changes the native list: what it tells is no news
 };

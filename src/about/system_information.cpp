@@ -8,7 +8,7 @@
 #include "platform/files.h"
 #include "platform/processes.h"
 #include "platform/registry.h"
-#include "platform/run_time_error.h"
+#include "platform/trap.h"
 
 namespace registry = platform::registry;
 
@@ -69,11 +69,12 @@ bool frmAbout::GetKeyValue(registry::Root root, const std::wstring& keyName,
 }
 
 void frmAbout::StartSysInfo() {
-  try {
+  const auto failure = platform::trapped([] {
     // No path is none that can be started.
     const std::wstring tool = informationTool();
     platform::processes::start(tool, tool);
-  } catch (const platform::RunTimeError&) {
+  });
+  if (failure) {
     platform::dialogs::showMessage(L"System Information Is Unavailable At This Time");
   }
 }

@@ -12,6 +12,7 @@
 #include "platform/plain_text.h"
 #include "platform/run_time_error.h"
 #include "platform/text.h"
+#include "platform/trap.h"
 #include "startup/paths.h"
 
 namespace modQMKGeneral {
@@ -128,23 +129,28 @@ void BuildCatalogue(CatalogueView& view) {
 }
 
 void AddOrUpdateCatalogueEntry(const std::wstring& path, const std::wstring& typeCode) {
-  try {
+  const auto failure = platform::trapped([&] {
     const Missing missing =
         files::fileExists(CatalogueFile()) ? Missing::isError : Missing::isEmpty;
     list_file::rewrite(CatalogueFile(), TemporaryFile(), missing,
                        [&](std::string old) { return withEntry(std::move(old), path, typeCode); });
-  } catch (const RunTimeError& failure) {
-    ShowListFileProblem(L"Problem saving to QMK list", failure);
+  });
+  if (failure) {
+    ShowListFileProblem(L"Problem saving to QMK list", *failure);
   }
 }
 
-void RemoveCatalogueEntry(const std::wstring& path) {
+void DropCatalogueEntry(const std::wstring& path) {
   list_file::rewrite(CatalogueFile(), TemporaryFile(), Missing::isError, [&path](std::string old) {
     return list_file::filtered(std::move(old), [&path](const Record& record) {
       return !record.has(pathField) ||
              !platform::text::codePageEquals(record.fields.at(pathField), path);
     });
   });
+}
+
+void RemoveCatalogueEntry(const std::wstring& path) {
+  DropCatalogueEntry(path);
   if (files::fileExists(path)) {
     files::remove(path);
   }

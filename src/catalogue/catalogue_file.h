@@ -35,6 +35,9 @@ void AddOrUpdateCatalogueEntry(const std::wstring& path, const std::wstring& typ
 /// itself if it exists. Errors go to the caller (53: no catalogue).
 void RemoveCatalogueEntry(const std::wstring& path);
 
+/// The same for a data file that is missing: only its records go, even if the file is back again.
+void DropCatalogueEntry(const std::wstring& path);
+
 /// Replaces the records of the data folder by what the folder holds now, behind the records of
 /// files elsewhere, and reloads the view. Errors go to the caller (53: no catalogue).
 void RefreshDataFolderEntries(CatalogueView& view);

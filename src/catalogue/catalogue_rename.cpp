@@ -7,6 +7,7 @@
 #include "platform/files.h"
 #include "platform/run_time_error.h"
 #include "platform/text.h"
+#include "platform/trap.h"
 
 namespace modQMKGeneral {
 
@@ -30,16 +31,6 @@ std::wstring withExtension(const std::wstring& newName, const std::wstring& type
   return newName + L"." + type;
 }
 
-std::optional<std::size_t> indexOf(const ListView& list, const std::wstring& folder,
-                                   const std::wstring& name) {
-  for (std::size_t index = 0; index < list.count(); ++index) {
-    if (list.text(index) == name && list.subItem(index, data_column::folder) == folder) {
-      return index;
-    }
-  }
-  return std::nullopt;
-}
-
 /// The list as a catalogue, in its displayed order.
 std::string recordsOf(const ListView& list) {
   std::string bytes;
@@ -56,8 +47,7 @@ std::string recordsOf(const ListView& list) {
 /// the file when another program has just written it; then it is reloaded and done again, so that
 /// the other program's records stay. Leaves the list reloaded.
 void saveRenamed(CatalogueView& view, std::size_t selected, const std::wstring& newName) {
-  const std::wstring oldName = view.dataList.text(selected);
-  const std::wstring folder = view.dataList.subItem(selected, data_column::folder);
+  const controls::ItemKey entry = view.dataList.keyOf(selected, data_column::entry);
   constexpr int mostTries = 50;
   std::optional<std::size_t> item = selected;
   for (int tries = 0; tries < mostTries; ++tries) {
@@ -69,13 +59,15 @@ void saveRenamed(CatalogueView& view, std::size_t selected, const std::wstring& 
       LoadCatalogueView(view);
       return;
     }
-    view.shown = {};
     LoadCatalogueView(view);
     if (!view.shown.present) {
       // The load has told the user why; a list without its records must not become the file.
       return;
     }
-    item = indexOf(view.dataList, folder, oldName);
+    item = view.dataList.find(entry);
+    if (item) {
+      view.dataList.select(*item);
+    }
   }
   throw RunTimeError(platform::error::permissionDenied);
 }
@@ -91,7 +83,7 @@ void rename(CatalogueView& view, const std::wstring& newName) {
   if (!files::fileExists(oldPath)) {
     platform::dialogs::showMessage(L"File does not exists, removing entry",
                                    platform::dialogs::MessageStyle::critical);
-    RemoveCatalogueEntry(oldPath);
+    DropCatalogueEntry(oldPath);
     return;
   }
   files::rename(oldPath, folder + L"\\" + name);
@@ -101,10 +93,9 @@ void rename(CatalogueView& view, const std::wstring& newName) {
 }  // namespace
 
 void RenameCatalogueFile(CatalogueView& view, const std::wstring& newName) {
-  try {
-    rename(view, newName);
-  } catch (const RunTimeError& failure) {
-    ShowListFileProblem(L"Problem saving to QMK list", failure);
+  const auto failure = platform::trapped([&] { rename(view, newName); });
+  if (failure) {
+    ShowListFileProblem(L"Problem saving to QMK list", *failure);
   }
 }
 

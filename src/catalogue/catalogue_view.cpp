@@ -7,14 +7,13 @@
 #include "catalogue/catalogue_file.h"
 #include "catalogue/list_file.h"
 #include "platform/dialogs.h"
-#include "platform/run_time_error.h"
 #include "platform/text.h"
+#include "platform/trap.h"
 #include "startup/paths.h"
 
 namespace modQMKGeneral {
 
 using controls::ListView;
-using platform::RunTimeError;
 
 namespace files = platform::files;
 
@@ -87,7 +86,6 @@ void addRecords(ListView& list, std::string_view bytes, Location& location) {
   std::wstring type;
   std::wstring date;
   for (list_file::Record record; reader.next(record);) {
-    location = L"3";
     record.text(1, path);
     const std::size_t nameStart = path.rfind(L'\\') + 1;
     const std::wstring_view name = std::wstring_view(path).substr(nameStart);
@@ -95,45 +93,54 @@ void addRecords(ListView& list, std::string_view bytes, Location& location) {
     if (name.empty() || folder.empty()) {
       continue;
     }
+    location = L"3";
+    list.add(name, {}, {});
     record.text(0, type);
     const Kind kind = kindOf(type, location);
     location = L"7";
     record.text(2, date);
-    list.add(name, kind.picture, {date, kind.label, folder, type});
+    list.completeLast(kind.picture, {date, kind.label, folder, type});
   }
+}
+
+void fill(CatalogueView& view, Location& location) {
+  // Until all of it is shown, what is shown is no state of the file.
+  view.shown = {};
+  setUpList(view, location);
+  location = L"2";
+  if (!files::fileExists(CatalogueFile())) {
+    AppendDataFolderRecords();
+    if (!files::fileExists(CatalogueFile())) {
+      return;
+    }
+  }
+  const files::Contents contents = files::readWhole(CatalogueFile());
+  addRecords(view.dataList, contents.bytes, location);
+  view.shown = contents.stamp;
+  location = L"8";
 }
 
 }  // namespace
 
 void LoadCatalogueView(CatalogueView& view) {
   Location location = L"1";
-  try {
-    const ListView::KeepPlace keep(view.dataList, {0, data_column::folder});
-    setUpList(view, location);
-    location = L"2";
-    if (!files::fileExists(CatalogueFile())) {
-      AppendDataFolderRecords();
-      if (!files::fileExists(CatalogueFile())) {
-        return;
-      }
-    }
-    const files::Contents contents = files::readWhole(CatalogueFile());
-    view.shown = contents.stamp;
-    addRecords(view.dataList, contents.bytes, location);
-    location = L"8";
-  } catch (const RunTimeError& failure) {
+  const auto failure = platform::trapped(
+      [&] { view.dataList.rebuild(data_column::entry, [&] { fill(view, location); }); });
+  if (failure) {
     ShowListFileProblem(std::wstring(L"Problem building QMK file list\rLocation: ") + location,
-                        failure);
+                        *failure);
   }
 }
 
 void AddNewFileItems(CatalogueView& view) {
-  const ListView::Update update(view.newList);
-  view.newList.setImages(&view.largeImages, &view.smallImages);
-  view.newList.add(L"New Fuel Profile", L"PV3", {L"FP3"});
-  view.newList.add(L"New Planar Intercept", L"BW3", {L"BI3"});
-  view.newList.add(L"New Plotview Inventory", L"BW3", {L"BS3"});
-  view.newList.add(L"New Canopy Weigh Inventory", L"CW3", {L"CW3"});
+  ListView& list = view.newList;
+  list.update([&] {
+    list.setImages(&view.largeImages, &view.smallImages);
+    list.add(L"New Fuel Profile", L"PV3", {L"FP3"});
+    list.add(L"New Planar Intercept", L"BW3", {L"BI3"});
+    list.add(L"New Plotview Inventory", L"BW3", {L"BS3"});
+    list.add(L"New Canopy Weigh Inventory", L"CW3", {L"CW3"});
+  });
 }
 
 void WatchCatalogue(CatalogueView& view) {
@@ -152,7 +159,6 @@ void WatchCatalogue(CatalogueView& view) {
     ~Ticking() { flag = false; }
   };
   const Ticking ticking(view.ticking);
-  view.shown = {};
   LoadCatalogueView(view);
   // What was read counts, not what the file is by now: a change made in between must be seen by
   // the next tick. Where nothing could be read, the file's time keeps the message from coming

@@ -1,6 +1,8 @@
 // The lists of the Open and New tabs, and the watch on the catalogue file.
 #pragma once
 
+#include <vector>
+
 #include "platform/controls/image_list.h"
 #include "platform/controls/list_view.h"
 #include "platform/files.h"
@@ -13,6 +15,8 @@ inline constexpr std::size_t date = 1;
 inline constexpr std::size_t label = 2;
 inline constexpr std::size_t folder = 3;  ///< With a trailing backslash.
 inline constexpr std::size_t type = 4;    ///< Type code as stored in the record.
+/// The columns that tell one data file from another.
+inline const std::vector<std::size_t> entry{0, folder};
 }  // namespace data_column
 
 /// What the catalogue shows itself in, and what it remembers of the file.

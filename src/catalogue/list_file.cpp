@@ -187,6 +187,13 @@ std::string filtered(std::string content, const std::function<bool(const Record&
   });
 }
 
+namespace {
+
+/// How often a file is written anew that another program changes again and again.
+constexpr int mostTries = 50;
+
+}  // namespace
+
 void discardStale(const std::wstring& temporary) {
   // A hidden one would hand its attribute on to the list file.
   if (!files::findFirst(temporary, files::hidden | files::system).empty()) {
@@ -196,7 +203,6 @@ void discardStale(const std::wstring& temporary) {
 
 void rewrite(const std::wstring& path, const std::wstring& temporary, Missing missing,
              const std::function<std::string(std::string)>& edit) {
-  constexpr int mostTries = 50;
   // From before the reading on, so that another copy of this program cannot read what is about to
   // be replaced.
   files::Draft draft(temporary);
@@ -205,6 +211,17 @@ void rewrite(const std::wstring& path, const std::wstring& temporary, Missing mi
         missing == Missing::isEmpty ? files::readForAppending(path) : files::readWhole(path);
     draft.write(edit(std::move(old.bytes)));
     if (draft.replace(path, old.stamp) == files::Replaced::yes) {
+      return;
+    }
+  }
+  throw platform::RunTimeError(platform::error::permissionDenied);
+}
+
+void overwrite(const std::wstring& path, const std::wstring& temporary, const std::string& bytes) {
+  files::Draft draft(temporary);
+  draft.write(bytes);
+  for (int tries = 0; tries < mostTries; ++tries) {
+    if (draft.replace(path, files::readWhole(path).stamp) == files::Replaced::yes) {
       return;
     }
   }

@@ -87,6 +87,12 @@ void rewrite(const std::wstring& path, const std::wstring& temporary, Missing mi
                                                    const std::string& bytes,
                                                    const platform::files::Stamp& expected);
 
+/// Puts `bytes` in the place of the file at `path` in the same way, whatever it holds. They are in
+/// the temporary file, and stay there on a failure, before anything else is touched. Raises what
+/// writing them, and reading and deleting the file raise (53: missing), and 70 when other programs
+/// keep changing it.
+void overwrite(const std::wstring& path, const std::wstring& temporary, const std::string& bytes);
+
 /// Deletes the temporary file that a failed rewrite has left behind, if there is one.
 void discardStale(const std::wstring& temporary);
 

@@ -3,17 +3,17 @@
 #include <algorithm>
 
 #include "catalogue/catalogue_file.h"
+#include "platform/controls/item_key.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
 #include "platform/processes.h"
-#include "platform/run_time_error.h"
 #include "platform/text.h"
+#include "platform/trap.h"
 #include "startup/paths.h"
 
 namespace ModQMKgeneral2 {
 
 using modQMKGeneral::AppFolder;
-using platform::RunTimeError;
 using platform::text::upper;
 
 namespace data_column = modQMKGeneral::data_column;
@@ -37,7 +37,8 @@ std::wstring toolOf(const std::wstring& type) {
   return type == L"BI3" || type == L"BS3" ? inventoryTool() : L"";
 }
 
-void recoverMissingFile(Opening& opening, const std::wstring& folder, const std::wstring& name) {
+void recoverMissingFile(Opening& opening, const controls::ItemKey& entry,
+                        const std::wstring& folder, const std::wstring& name) {
   const std::wstring question =
       L"File does not exist: " + EncodePath(folder) + EncodePath(name) +
       L"\rIt may have been moved or deleted. Do you wish to locate the file yourself? ";
@@ -45,8 +46,9 @@ void recoverMissingFile(Opening& opening, const std::wstring& folder, const std:
     // The question marks are wildcards to the dialog: it lists every name of that shape.
     opening.cmdBrowse.setTag(EncodePath(name));
     opening.clickBrowse();
-  } else {
-    modQMKGeneral::RemoveCatalogueEntry(folder + name);
+  } else if (controls::findAgain(opening.view.dataList, entry)) {
+    // The question was about a missing file: one that is back by now stays.
+    modQMKGeneral::DropCatalogueEntry(folder + name);
     modQMKGeneral::LoadCatalogueView(opening.view);
   }
 }
@@ -59,10 +61,10 @@ std::wstring EncodePath(std::wstring path) {
 }
 
 void RunToolCommand(modQMKGeneral::CatalogueView& view, const ToolCommand& command) {
-  try {
-    platform::processes::start(command.executable, command.text());
-  } catch (const RunTimeError& failure) {
-    dialogs::showMessage(L"Can't start application\r" + failure.numberAndDescription() +
+  const auto failure = platform::trapped(
+      [&command] { platform::processes::start(command.executable, command.text()); });
+  if (failure) {
+    dialogs::showMessage(L"Can't start application\r" + failure->numberAndDescription() +
                              L"\rPath: " + command.text(),
                          dialogs::MessageStyle::critical);
     return;
@@ -81,7 +83,7 @@ void OpenSelectedDataFile(Opening& opening) {
   const std::wstring name = list.text(selected);
   const std::wstring tool = toolOf(upper(list.subItem(selected, data_column::type)));
   if (!files::fileExists(folder + name)) {
-    recoverMissingFile(opening, folder, name);
+    recoverMissingFile(opening, list.keyOf(selected, data_column::entry), folder, name);
   } else if (!tool.empty()) {
     RunToolCommand(opening.view, {tool, L" " + EncodePath(folder) + EncodePath(name)});
   }
@@ -129,7 +131,7 @@ void BrowseForDataFile(Opening& opening) {
 }
 
 int ChooseDataFile(controls::CommonDialog& dialog, const std::wstring& preset, std::wstring& path) {
-  try {
+  const auto failure = platform::trapped([&dialog, &preset] {
     dialog.initDir =
         AppFolder() + L"\\" + files::findFirst(AppFolder() + L"\\data", files::directory);
     dialog.fileName = preset;
@@ -140,14 +142,12 @@ int ChooseDataFile(controls::CommonDialog& dialog, const std::wstring& preset, s
         L"Brushtally Plotview(*.bs3)|*.bs3|Canopy Weigh(*.cw3)|*.cw3";
     dialog.filterIndex = 1;
     dialog.showOpen();
+  });
+  const int number = failure ? failure->number() : 0;
+  if (number != platform::error::cancelled) {
     path = dialog.fileName;
-    return 0;
-  } catch (const RunTimeError& failure) {
-    if (failure.number() != platform::error::cancelled) {
-      path = dialog.fileName;
-    }
-    return failure.number();
   }
+  return number;
 }
 
 }  // namespace ModQMKgeneral2

@@ -7,6 +7,7 @@
 #include "configuration.h"
 #include "flatlook/form_style.h"
 #include "mainwindow/main_window.h"
+#include "platform/controls/item_key.h"
 #include "platform/dialogs.h"
 #include "platform/run_time_error.h"
 #include "platform/text.h"
@@ -149,15 +150,16 @@ void frmQMK::mnuList_Click() {
 void frmQMK::lstQMK_ColumnClick(int /*index*/, int column) {
   // Whatever list was clicked, the data list is sorted.
   ListView& list = lstQMK[open];
-  const ListView::Update update(list);
-  list.setSorted(false);
-  if (column - 1 > std::numeric_limits<std::int16_t>::max()) {
-    throw platform::RunTimeError(platform::error::overflow);
-  }
-  list.setSortKey(column - 1);
-  list.setSortOrder(list.sortOrder() != controls::ascending ? controls::ascending
-                                                            : controls::descending);
-  list.setSorted(true);
+  list.update([&list, column] {
+    list.setSorted(false);
+    if (column - 1 > std::numeric_limits<std::int16_t>::max()) {
+      throw platform::RunTimeError(platform::error::overflow);
+    }
+    list.setSortKey(column - 1);
+    list.setSortOrder(list.sortOrder() != controls::ascending ? controls::ascending
+                                                              : controls::descending);
+    list.setSorted(true);
+  });
 }
 
 void frmQMK::mnuCreate_Click() {
@@ -192,15 +194,22 @@ void frmQMK::mnuDelete_Click() {
 }
 
 void frmQMK::renameCatalogueEntry() {
-  const ListView& list = currentList();
+  ListView& list = currentList();
   if (list.count() == 0) {
     return;
   }
   const std::size_t selected = list.selectedItem();
   const std::wstring prompt = L"Rename file  " + upper(list.text(selected)) + L"\rType: " +
                               list.subItem(selected, data_column::label);
+  const controls::ItemKey entry = list.keyOf(selected, data_column::entry);
   const std::wstring answer = dialogs::inputBox(prompt, L"  ", L" ");
-  if (!answer.empty()) {
+  if (answer.empty()) {
+    return;
+  }
+  if (const auto item = controls::findAgain(list, entry)) {
+    if (list.selected() != item) {
+      list.select(*item);
+    }
     modQMKGeneral::RenameCatalogueFile(catalogue, answer);
   }
 }
@@ -211,9 +220,11 @@ void frmQMK::deleteCatalogueEntry() {
     return;
   }
   const std::size_t selected = list.selectedItem();
-  // The entry that the question names, even if the list is reloaded while it waits.
+  // The list may be reloaded while the question waits.
+  const controls::ItemKey entry = list.keyOf(selected, data_column::entry);
   const std::wstring path = list.subItem(selected, data_column::folder) + list.text(selected);
-  if (confirmed(L"Are your sure you want to delete " + upper(list.text(selected)))) {
+  if (confirmed(L"Are your sure you want to delete " + upper(entry.text)) &&
+      controls::findAgain(list, entry)) {
     modQMKGeneral::RemoveCatalogueEntry(path);
     modQMKGeneral::LoadCatalogueView(catalogue);
   }
@@ -236,6 +247,10 @@ void frmQMK::createWebShortcut() {
 
 void frmQMK::renameWebShortcut() {
   const std::size_t selected = lstQMK[web].selectedItem();
+  // The dialog changes what is selected when it is confirmed, but only what somebody has chosen.
+  for (ListView& list : lstQMK) {
+    list.adoptSelection();
+  }
   frmWeb& dialog = webDialogForShowing();
   dialog.setCaption(L"Rename Web Shortcut");
   dialog.cmdOK.setCaption(L"Rename");
@@ -245,9 +260,11 @@ void frmQMK::renameWebShortcut() {
 }
 
 void frmQMK::deleteWebShortcut() {
-  const std::wstring name = lstQMK[web].text(lstQMK[web].selectedItem());
-  if (confirmed(L"Are your sure you want to delete " + upper(name))) {
-    modQMKGeneral::DeleteWebEntry(webList, name);
+  const ListView& list = lstQMK[web];
+  const controls::ItemKey entry = list.keyOf(list.selectedItem(), modQMKGeneral::webEntry);
+  if (confirmed(L"Are your sure you want to delete " + upper(entry.text)) &&
+      controls::findAgain(list, entry)) {
+    modQMKGeneral::DeleteWebEntry(webList, entry.text);
   }
 }
 

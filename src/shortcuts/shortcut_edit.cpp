@@ -2,11 +2,13 @@
 #include <array>
 #include <optional>
 
+#include "platform/controls/item_key.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
 #include "platform/run_time_error.h"
 #include "platform/shell_links.h"
 #include "platform/text.h"
+#include "platform/trap.h"
 #include "shortcuts/shortcut_list.h"
 #include "shortcuts/tool_shortcuts.h"
 #include "startup/paths.h"
@@ -15,7 +17,6 @@ namespace modSC {
 
 using modQMKGeneral::AppFolder;
 using modQMKGeneral::ShortCutsFolder;
-using platform::RunTimeError;
 using platform::text::upper;
 using SmodMisc::CanonicalPath;
 using SmodMisc::SplitPath;
@@ -59,7 +60,7 @@ struct Changeable {
 
 /// The selected shortcut, or nothing after telling the user why not: its file is gone, or
 /// `isProtected` holds for its name. Raises 91 without a selected item.
-std::optional<Changeable> changeable(const ShortcutList& shortcuts,
+std::optional<Changeable> changeable(ShortcutList& shortcuts,
                                      bool (*isProtected)(const std::wstring&),
                                      const std::wstring& refusal) {
   Changeable found{selectedFile(shortcuts), {}, {}};
@@ -67,6 +68,8 @@ std::optional<Changeable> changeable(const ShortcutList& shortcuts,
     dialogs::showMessage(L"Please select shortcut");
     return std::nullopt;
   }
+  // The question that follows is about this one; only a reload may not put another in its place.
+  shortcuts.list.adoptSelection();
   SplitPath(found.file, found.name, found.folder);
   if (isProtected(found.name)) {
     dialogs::showMessage(refusal);
@@ -80,7 +83,7 @@ std::optional<Changeable> changeable(const ShortcutList& shortcuts,
 void BrowseForProgram(controls::CommonDialog& dialog, int& errorNumber, std::wstring& path) {
   path.clear();
   errorNumber = 0;
-  try {
+  const auto failure = platform::trapped([&dialog, &path] {
     dialog.initDir = AppFolder();
     dialog.fileName.clear();
     dialog.cancelError = true;
@@ -89,8 +92,9 @@ void BrowseForProgram(controls::CommonDialog& dialog, int& errorNumber, std::wst
     dialog.filterIndex = 1;
     dialog.showOpen();
     path = dialog.fileName;
-  } catch (const RunTimeError& failure) {
-    errorNumber = failure.number();
+  });
+  if (failure) {
+    errorNumber = failure->number();
   }
 }
 
@@ -124,6 +128,9 @@ void RenameShortcut(ShortcutList& shortcuts) {
       selected->name.substr(0, selected->name.size() - linkExtension.size());
   const std::wstring answer = dialogs::inputBox(L"Rename shortcut " + bareName, L"  ", L" ");
   if (!answer.empty()) {
+    if (!controls::selectionIsChosen(shortcuts.list)) {
+      return;
+    }
     if (files::fileExists(selected->folder + answer + L".lnk")) {
       dialogs::showMessage(upper(answer) + L" already exists, can't change name");
     } else {
@@ -144,6 +151,9 @@ void DeleteShortcut(ShortcutList& shortcuts) {
   if (dialogs::showMessage(
           L"Are your sure you want to delete the shortcut: " + upper(selected->name),
           dialogs::MessageStyle::yesNoWarning) != dialogs::Answer::yes) {
+    return;
+  }
+  if (!controls::selectionIsChosen(shortcuts.list)) {
     return;
   }
   const std::wstring doomed = selectedFile(shortcuts);

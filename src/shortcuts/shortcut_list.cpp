@@ -12,7 +12,6 @@
 
 namespace modSC {
 
-using controls::ListView;
 using modQMKGeneral::ShortCutsFolder;
 using platform::Picture;
 
@@ -67,14 +66,15 @@ void addShortcut(ShortcutList& shortcuts, const std::wstring& fileName) {
 }  // namespace
 
 void LoadShortcutList(ShortcutList& shortcuts) {
-  const ListView::KeepPlace keep(shortcuts.list, {shortcut_column::file});
-  shortcuts.list.clear();
-  shortcuts.list.setImages(nullptr, nullptr);
-  clearImages(shortcuts);
-  for (const files::Entry& file : files::search(ShortCutsFolder + L"\\*.lnk")) {
-    addShortcut(shortcuts, file.name);
-  }
-  shortcuts.list.setView(controls::iconView);
+  shortcuts.list.rebuild(shortcut_column::entry, [&shortcuts] {
+    shortcuts.list.clear();
+    shortcuts.list.setImages(nullptr, nullptr);
+    clearImages(shortcuts);
+    for (const files::Entry& file : files::search(ShortCutsFolder + L"\\*.lnk")) {
+      addShortcut(shortcuts, file.name);
+    }
+    shortcuts.list.setView(controls::iconView);
+  });
 }
 
 void RedrawShortcutIcons(ShortcutList& shortcuts) {

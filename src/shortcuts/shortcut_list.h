@@ -4,6 +4,7 @@
 
 #include <array>
 #include <string>
+#include <vector>
 
 #include "catalogue/catalogue_view.h"
 #include "platform/controls/common_dialog.h"
@@ -16,6 +17,8 @@ namespace modSC {
 namespace shortcut_column {
 inline constexpr std::size_t file = 2;    ///< Full path of the shortcut file.
 inline constexpr std::size_t target = 3;  ///< Path of the program that it starts.
+/// The columns that tell one shortcut from another.
+inline const std::vector<std::size_t> entry{file};
 }  // namespace shortcut_column
 
 /// What the shortcuts work with on the main window.

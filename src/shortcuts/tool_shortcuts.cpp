@@ -3,9 +3,9 @@
 #include <array>
 
 #include "platform/files.h"
-#include "platform/run_time_error.h"
 #include "platform/shell_links.h"
 #include "platform/text.h"
+#include "platform/trap.h"
 #include "startup/paths.h"
 
 namespace modSC {
@@ -72,11 +72,7 @@ void provision(const Tool& tool, const Folders& folders) {
 }  // namespace
 
 void RemoveIgnoringErrors(const std::wstring& path) {
-  try {
-    files::remove(path);
-  } catch (const platform::RunTimeError&) {
-    return;
-  }
+  static_cast<void>(platform::trapped([&path] { files::remove(path); }));
 }
 
 void CreateToolShortcut(const std::wstring& targetPath, const std::wstring& linkPath,

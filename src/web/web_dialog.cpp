@@ -72,8 +72,10 @@ void frmWeb::cmdOK_Click() {
     modQMKGeneral::AppendWebEntry(web_, txtName.text(), txtUrl.text());
     unload();
   } else if (cmdOK.caption() == L"Rename") {
-    modQMKGeneral::SaveWebList(web_, txtName.text(), txtUrl.text());
-    unload();
+    // What was typed stays where the entry that it was meant for is gone.
+    if (modQMKGeneral::SaveWebList(web_, txtName.text(), txtUrl.text())) {
+      unload();
+    }
   }
 }
 

@@ -4,9 +4,10 @@
 
 #include "catalogue/catalogue_file.h"
 #include "catalogue/list_file.h"
+#include "platform/controls/item_key.h"
 #include "platform/files.h"
-#include "platform/run_time_error.h"
 #include "platform/text.h"
+#include "platform/trap.h"
 #include "startup/paths.h"
 
 namespace modQMKGeneral {
@@ -15,7 +16,7 @@ using controls::ListView;
 using list_file::Missing;
 using list_file::Reader;
 using list_file::Record;
-using platform::RunTimeError;
+using platform::trapped;
 using platform::text::toCodePage;
 
 namespace files = platform::files;
@@ -26,28 +27,39 @@ std::string recordOf(const std::wstring& name, const std::wstring& url) {
   return list_file::line({toCodePage(name), toCodePage(url)});
 }
 
+/// All items of a list as the file's contents.
+std::string recordsOf(const ListView& list) {
+  std::string bytes;
+  for (std::size_t index = 0; index < list.count(); ++index) {
+    bytes += recordOf(list.text(index), list.subItem(index, urlColumn));
+  }
+  return bytes;
+}
+
+void fill(WebList& web) {
+  web.list().clear();
+  web.list().setImages(&web.largeImages, &web.smallImages);
+  web.list().setView(controls::reportView);
+  if (!files::fileExists(WebListFile())) {
+    return;
+  }
+  const files::Contents contents = files::readWhole(WebListFile());
+  Reader reader(contents.bytes);
+  for (Record record; reader.next(record);) {
+    if (record.has(0)) {
+      web.list().add(record.text(0), L"Web", {record.text(1)});
+    }
+  }
+}
+
 }  // namespace
 
 std::wstring WebListFile() { return AppFolder() + L"\\QMKWebList.txt"; }
 
 void LoadWebList(WebList& web) {
-  try {
-    const ListView::KeepPlace keep(web.list(), {0, urlColumn});
-    web.list().clear();
-    web.list().setImages(&web.largeImages, &web.smallImages);
-    web.list().setView(controls::reportView);
-    if (!files::fileExists(WebListFile())) {
-      return;
-    }
-    const files::Contents contents = files::readWhole(WebListFile());
-    Reader reader(contents.bytes);
-    for (Record record; reader.next(record);) {
-      if (record.has(0)) {
-        web.list().add(record.text(0), L"Web", {record.text(1)});
-      }
-    }
-  } catch (const RunTimeError& failure) {
-    ShowListFileProblem(L"Problem reading Web file list", failure);
+  const auto failure = trapped([&web] { web.list().rebuild(webEntry, [&web] { fill(web); }); });
+  if (failure) {
+    ShowListFileProblem(L"Problem reading Web file list", *failure);
   }
 }
 
@@ -59,26 +71,29 @@ void AppendWebEntry(WebList& web, const std::wstring& name, const std::wstring& 
   LoadWebList(web);
 }
 
-void SaveWebList(WebList& web, const std::wstring& name, const std::wstring& url) {
+bool SaveWebList(WebList& web, const std::wstring& name, const std::wstring& url) {
   ListView& list = web.lists.at(static_cast<std::size_t>(web.tabs.current()));
-  {
-    const ListView::Update update(list);
+  if (!web.list().whole()) {
+    // What could not be read whole must not become the file.
+    LoadWebList(web);
+  }
+  if (!web.list().whole() || !controls::selectionIsChosen(list)) {
+    return false;
+  }
+  list.update([&] {
     // A sorted list may move the item between the two.
     list.setText(list.selectedItem(), name);
     list.setSubItem(list.selectedItem(), urlColumn, url);
-  }
-  try {
-    std::string bytes;
-    for (std::size_t index = 0; index < list.count(); ++index) {
-      bytes += recordOf(list.text(index), list.subItem(index, urlColumn));
-    }
+  });
+  const auto failure = trapped([&web, &list] {
     // The file becomes what the list holds, whatever it holds itself.
-    list_file::rewrite(WebListFile(), TemporaryFile(), Missing::isError,
-                       [&bytes](const std::string& /*old*/) { return bytes; });
+    list_file::overwrite(WebListFile(), TemporaryFile(), recordsOf(list));
     LoadWebList(web);
-  } catch (const RunTimeError& failure) {
-    ShowListFileProblem(L"Problem saving to QMK list", failure);
+  });
+  if (failure) {
+    ShowListFileProblem(L"Problem saving to QMK list", *failure);
   }
+  return true;
 }
 
 void DeleteWebEntry(WebList& web, const std::wstring& name) {

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <string>
+#include <vector>
 
 #include "platform/controls/bars.h"
 #include "platform/controls/image_list.h"
@@ -12,13 +13,16 @@ namespace modQMKGeneral {
 
 /// Sub-item of the Web list that holds the address.
 inline constexpr std::size_t urlColumn = 1;
+/// The columns that tell one entry from another.
+inline const std::vector<std::size_t> webEntry{0, urlColumn};
 
 /// What the web list works with on the main window.
 struct WebList {
-  std::array<controls::ListView, 4>& lists;  ///< The Web tab's is the last one.
+  std::array<controls::ListView, 4>& lists;
   const controls::TabControl& tabs;
   const controls::ImageList& largeImages;
   const controls::ImageList& smallImages;
+  /// The Web tab's list.
   [[nodiscard]] controls::ListView& list() const { return lists[3]; }
 };
 
@@ -34,8 +38,9 @@ void AppendWebEntry(WebList& web, const std::wstring& name, const std::wstring& 
 
 /// Puts name and address into the selected item of the list of the tab in front, writes all items
 /// of that list to the file, and reloads the Web list. Errors of the file are trapped and shown
-/// as "Problem saving to QMK list"; without a selected item 91 goes to the caller.
-void SaveWebList(WebList& web, const std::wstring& name, const std::wstring& url);
+/// as "Problem saving to QMK list"; without a selected item 91 goes to the caller. False, and
+/// nothing is done but told, when a reload has taken the item away that was to be changed.
+bool SaveWebList(WebList& web, const std::wstring& name, const std::wstring& url);
 
 /// Drops every record of exactly that name and reloads the list. Errors go to the caller (53: no
 /// file).

@@ -124,9 +124,13 @@ void checkLook(const Operation& operation, const Fault& fault, LookFault kind) {
   if (kind == LookFault::outOfMemory) {
     expectWholeFiles(fault, operation.mayBeGone);
     const Texts& messages = fault.now.messages;
-    EXPECT_EQ(
-        std::count(messages.begin(), messages.end(), L"Run-time error '7':\r\n\r\nOut of memory"),
-        1);
+    const auto tells = [](const std::wstring& message) {
+      return message == L"Run-time error '7':\r\n\r\nOut of memory" ||
+             message.ends_with(L"\r7-Out of memory");
+    };
+    const auto told = std::count_if(messages.begin(), messages.end(), tells);
+    // Where it lasts, what follows a routine that has told of it may meet it again.
+    EXPECT_TRUE(told == 1 || (told > 1 && fault.forever)) << told;
   }
 }
 
@@ -182,6 +186,7 @@ void sweepLooks(const Operation& operation) {
           break;
         }
         fault.clean = clean;
+        fault.forever = forever;
         SCOPED_TRACE("look " + std::to_string(n) + (forever ? " for ever" : " once"));
         checkLook(operation, fault, kind);
         ++cases;

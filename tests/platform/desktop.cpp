@@ -76,8 +76,10 @@ void Desktop::reset() {
   onMessage = nullptr;
   inputAnswers.clear();
   inputs.clear();
+  onInput = nullptr;
   fileDialogResults.clear();
   fileDialogs.clear();
+  onFileDialog = nullptr;
   starts.clear();
   linkWrites.clear();
   linkFailure.reset();
@@ -263,6 +265,9 @@ std::wstring Desktop::ask(Input input) {
     inputAnswers.pop_front();
   }
   inputs.push_back(input);
+  if (onInput) {
+    onInput(input);
+  }
   return input.answer;
 }
 

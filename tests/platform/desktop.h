@@ -205,9 +205,13 @@ class Desktop {
   /// Texts typed into the input boxes to come; nothing stands for "leave the default and OK".
   std::deque<std::optional<std::wstring>> inputAnswers;
   std::vector<Input> inputs;
+  /// Runs while an input box is up.
+  std::function<void(const Input&)> onInput;
   /// Results of the file dialogs to come: a path, or the number of an error (32755 is Cancel).
   std::deque<std::variant<std::wstring, int>> fileDialogResults;
   std::vector<platform::dialogs::OpenFileRequest> fileDialogs;
+  /// Runs while a file dialog is up.
+  std::function<void()> onFileDialog;
 
   // --- other programs, the shell ---
 

@@ -3,9 +3,7 @@
 #include <cstddef>
 #include <optional>
 
-#include <algorithm>
 #include "platform/browser.h"
-
 #include "platform/desktop.h"
 #include "platform/dialogs.h"
 #include "platform/help.h"
@@ -46,6 +44,9 @@ std::wstring openFile(const OpenFileRequest& request) {
   std::wstring chosen;
   desktop().call(L"open file dialog", [&] {
     desktop().fileDialogs.push_back(request);
+    if (desktop().onFileDialog) {
+      desktop().onFileDialog();
+    }
     auto& results = desktop().fileDialogResults;
     if (results.empty()) {
       desktop().mistake("A file dialog asks and the test has no result for it");

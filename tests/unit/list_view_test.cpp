@@ -259,16 +259,14 @@ TEST_F(ListViewTest, ASortTellsOfTheArrowAndOfTheItems) {
 
 TEST_F(ListViewTest, AnUpdateTellsOnceAtItsEnd) {
   RecordingListPeer peer(list);
-  {
-    const ListView::Update update(list);
+  list.update([&] {
     addAll({L"a", L"b"});
-    {
-      const ListView::Update inner(list);
+    list.update([this] {
       list.clear();
       addAll({L"c"});
-    }
+    });
     EXPECT_TRUE(peer.take().empty());
-  }
+  });
   EXPECT_EQ(peer.take(), std::vector{Change::items});
 }
 
@@ -294,92 +292,13 @@ TEST_F(ListViewTest, HandlersAreOptionalAndTheirErrorsReported) {
 TEST_F(ListViewTest, AMillionItemsAreNoTrouble) {
   list.setSorted(true);
   list.reserve(1'000'000);
-  {
-    const ListView::Update update(list);
+  list.update([this] {
     for (int n = 0; n < 1'000'000; ++n) {
       list.add(std::to_wstring(n % 1000), L"", {});
     }
-  }
+  });
   EXPECT_EQ(list.text(0), L"0");
   EXPECT_EQ(list.text(999'999), L"999");
-}
-
-// --- keeping the place through a reload ---
-
-class KeepPlaceTest : public ListViewTest {
- protected:
-  void rebuild(const Texts& names) {
-    const ListView::KeepPlace keep(list, {0});
-    list.clear();
-    addAll(names);
-  }
-};
-
-TEST_F(KeepPlaceTest, SelectionFocusAndScrollPositionStayWithTheirEntries) {
-  RecordingListPeer peer(list);
-  addAll({L"a", L"b", L"c", L"d", L"e"});
-  list.select(3);
-  list.acceptFocus(2);
-  peer.top = 1;
-  rebuild({L"0", L"a", L"e", L"d", L"x", L"b", L"c"});
-  EXPECT_EQ(selectedText(), L"d");
-  ASSERT_TRUE(list.focused());
-  EXPECT_EQ(list.text(*list.focused()), L"c");
-  EXPECT_EQ(peer.top, 5U);
-}
-
-TEST_F(KeepPlaceTest, AreFoundInTheOrderThatTheListIsSortedIn) {
-  RecordingListPeer peer(list);
-  list.setSorted(true);
-  list.setSortOrder(descending);
-  addAll({L"a", L"b", L"c"});
-  list.select(1);
-  peer.top = 2;
-  rebuild({L"c", L"a", L"bb", L"b"});
-  EXPECT_EQ(selectedText(), L"b");
-  EXPECT_EQ(list.selectedItem(), 2U);
-  EXPECT_EQ(peer.top, 3U);
-}
-
-TEST_F(KeepPlaceTest, WithoutItsEntryTheSelectionFallsToTheFirstAdded) {
-  RecordingListPeer peer(list);
-  addAll({L"a", L"b", L"c"});
-  list.select(1);
-  peer.top = 1;
-  rebuild({L"c", L"a"});
-  EXPECT_EQ(selectedText(), L"c");
-  EXPECT_EQ(peer.top, 1U) << "Without its entry the position stays";
-}
-
-TEST_F(KeepPlaceTest, OfEqualKeysTheFirstOneCounts) {
-  addAll({L"a", L"same", L"same"});
-  list.select(2);
-  rebuild({L"x", L"same", L"same"});
-  EXPECT_EQ(list.selectedItem(), 1U);
-}
-
-TEST_F(KeepPlaceTest, TellsThePeerOnce) {
-  RecordingListPeer peer(list);
-  addAll({L"a", L"b"});
-  peer.take();
-  rebuild({L"b", L"a"});
-  EXPECT_EQ(peer.take(), std::vector{Change::items});
-}
-
-TEST_F(KeepPlaceTest, WorksFromAndToAnEmptyList) {
-  RecordingListPeer peer(list);
-  rebuild({L"a"});
-  EXPECT_EQ(selectedText(), L"a");
-  rebuild({});
-  EXPECT_EQ(list.selected(), std::nullopt);
-  EXPECT_EQ(peer.top, 0U);
-}
-
-TEST_F(KeepPlaceTest, WorksWithoutAPeer) {
-  addAll({L"a", L"b"});
-  list.select(1);
-  rebuild({L"x", L"b"});
-  EXPECT_EQ(selectedText(), L"b");
 }
 
 }  // namespace

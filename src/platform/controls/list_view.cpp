@@ -36,20 +36,40 @@ void ListView::add(std::wstring_view text, std::wstring_view icon,
     widen(iconAndText + subItems.size());
   }
   const auto place = static_cast<Place>(order_.size());
-  const std::size_t row = cells_.size();
+  const std::size_t row = place * rowLength_;
+  // The item is there when its place is: a row that could not be finished is begun again.
+  cells_.resize(row);
   cells_.resize(row + rowLength_);
-  cells_[row] = texts_.addShared(icon);
   cells_[row + 1] = texts_.add(text);
-  std::size_t cell = row + iconAndText;
-  for (const std::wstring_view subItem : subItems) {
-    cells_[cell++] = texts_.addShared(subItem);
-  }
+  fillRow(row, icon, subItems);
   order_.push_back(place);
   if (place == 0) {
     selected_ = focused_ = place;
   }
   orderStale_ = orderStale_ || sorted_;
   itemsChanged();
+}
+
+void ListView::completeLast(std::wstring_view icon,
+                            std::initializer_list<std::wstring_view> subItems) {
+  if (order_.empty()) {
+    throw RunTimeError(platform::error::indexOutOfBounds);
+  }
+  if (iconAndText + subItems.size() > rowLength_) {
+    widen(iconAndText + subItems.size());
+  }
+  fillRow((order_.size() - 1) * rowLength_, icon, subItems);
+  orderStale_ = orderStale_ || sorted_;
+  itemsChanged();
+}
+
+void ListView::fillRow(std::size_t row, std::wstring_view icon,
+                       std::initializer_list<std::wstring_view> subItems) {
+  cells_[row] = texts_.addShared(icon);
+  std::size_t cell = row + iconAndText;
+  for (const std::wstring_view subItem : subItems) {
+    cells_[cell++] = texts_.addShared(subItem);
+  }
 }
 
 void ListView::clear() {
@@ -153,8 +173,13 @@ std::size_t ListView::selectedItem() const {
 }
 
 void ListView::select(std::size_t index) {
-  selected_ = focused_ = ordered(index);
+  acceptSelection(index);
   changed(Change::selection);
+}
+
+void ListView::acceptSelection(std::size_t index) {
+  selected_ = focused_ = ordered(index);
+  lost_.reset();
 }
 
 std::optional<std::size_t> ListView::focused() const { return indexOf(focused_); }
@@ -187,78 +212,21 @@ void ListView::setImages(const ImageList* large, const ImageList* small) {
 }
 
 void ListView::itemsChanged() {
-  if (updating_ > 0) {
-    changedWhileUpdating_ = true;
-    return;
+  if (updating_ == 0) {
+    changed(Change::items);
   }
-  changedWhileUpdating_ = false;
-  changed(Change::items);
 }
 
 void ListView::ensureOrder() const {
   if (!orderStale_) {
     return;
   }
-  orderStale_ = false;
   const auto column = static_cast<std::size_t>(std::max(sortKey_, 0));
   const auto keys = platform::text::sortKeys(order_.size(), [this, column](std::size_t place) {
     return cellOf(static_cast<Place>(place), column);
   });
   sortPlaces(order_, keys, sortOrder_ != ascending);
-}
-
-ListView::KeepPlace::KeepPlace(ListView& list, std::vector<std::size_t> columns)
-    : list_(list), columns_(std::move(columns)) {
-  if (const auto* const peer = static_cast<const ListViewPeer*>(list_.peer())) {
-    topIndex_ = peer->topIndex();
-    remember(top_, topIndex_);
-  }
-  remember(selected_, list_.selected());
-  remember(focused_, list_.focused());
-  ++list_.updating_;
-}
-
-void ListView::KeepPlace::remember(Mark& mark, std::optional<std::size_t> index) const {
-  if (index && *index < list_.count()) {
-    for (const std::size_t column : columns_) {
-      mark.texts.emplace_back(list_.cell(*index, column));
-    }
-  }
-}
-
-void ListView::KeepPlace::look(Mark& mark, std::size_t index) const {
-  if (mark.texts.empty() || mark.found) {
-    return;
-  }
-  for (std::size_t i = 0; i < columns_.size(); ++i) {
-    if (list_.cell(index, columns_[i]) != mark.texts[i]) {
-      return;
-    }
-  }
-  mark.found = index;
-}
-
-ListView::KeepPlace::~KeepPlace() {
-  const auto searching = [](const Mark& mark) { return !mark.texts.empty() && !mark.found; };
-  for (std::size_t index = 0; index < list_.count(); ++index) {
-    look(selected_, index);
-    look(focused_, index);
-    look(top_, index);
-    if (!searching(selected_) && !searching(focused_) && !searching(top_)) {
-      break;
-    }
-  }
-  if (selected_.found) {
-    list_.selected_ = list_.ordered(*selected_.found);
-  }
-  if (focused_.found) {
-    list_.focused_ = list_.ordered(*focused_.found);
-  }
-  --list_.updating_;
-  list_.itemsChanged();
-  if (auto* const peer = static_cast<ListViewPeer*>(list_.peer())) {
-    peer->scrollTo(top_.found.value_or(topIndex_));
-  }
+  orderStale_ = false;
 }
 
 void ListView::raiseDoubleClick() const { platform::dispatch(onDoubleClick); }

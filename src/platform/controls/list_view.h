@@ -13,6 +13,7 @@
 
 #include "platform/controls/control.h"
 #include "platform/controls/image_list.h"
+#include "platform/controls/item_key.h"
 #include "platform/controls/text_store.h"
 
 namespace controls {
@@ -64,6 +65,9 @@ class ListView : public Control {
   /// item of an empty list becomes the selected one.
   void add(std::wstring_view text, std::wstring_view icon,
            std::initializer_list<std::wstring_view> subItems);
+  /// Gives the item that was added last another picture and other sub-items. Raises 35600 when
+  /// there is none.
+  void completeLast(std::wstring_view icon, std::initializer_list<std::wstring_view> subItems);
   /// Removes all items; nothing is selected afterwards.
   void clear();
   /// Makes room for `count` items.
@@ -96,7 +100,7 @@ class ListView : public Control {
   /// The item with the focus mark, nothing when there is none.
   [[nodiscard]] std::optional<std::size_t> focused() const;
   /// The user moved selection or focus mark in the native list; tells nobody.
-  void acceptSelection(std::size_t index) { selected_ = focused_ = ordered(index); }
+  void acceptSelection(std::size_t index);
   void acceptFocus(std::size_t index) { focused_ = ordered(index); }
 
   // --- view, order, pictures ---
@@ -115,47 +119,31 @@ class ListView : public Control {
   [[nodiscard]] const ImageList* largeImages() const { return largeImages_; }
   [[nodiscard]] const ImageList* smallImages() const { return smallImages_; }
 
-  /// Tells the peer once, at its end, of all changes made to the items while it lives.
-  class Update {
-   public:
-    explicit Update(ListView& list) : list_(list) { ++list_.updating_; }
-    Update(const Update&) = delete;
-    Update& operator=(const Update&) = delete;
-    ~Update() {
-      --list_.updating_;
-      list_.itemsChanged();
-    }
+  // --- rebuilding ---
 
-   private:
-    ListView& list_;
-  };
+  /// Makes changes to the items and tells the peer of all of them once, at the end. Raises what
+  /// `change` raises, after telling the peer of what was changed by then, and what the peer raises.
+  void update(const std::function<void()>& change);
 
-  /// Keeps selection, focus mark and scroll position on the same entries while the list is rebuilt:
-  /// remembers the entries by what identifies them and finds them again when it ends. Includes an
-  /// `Update`.
-  class KeepPlace {
-   public:
-    /// `columns` (from 0, the text) together identify an entry.
-    KeepPlace(ListView& list, std::vector<std::size_t> columns);
-    KeepPlace(const KeepPlace&) = delete;
-    KeepPlace& operator=(const KeepPlace&) = delete;
-    ~KeepPlace();
+  /// Rebuilds the list by `fill`, which clears it and adds what it is to hold: an `update` that
+  /// keeps selection, focus mark and scroll position on the same items, which `columns` (from 0,
+  /// the text) together tell from others. Raises what `fill` and the peer raise; the items added
+  /// before that stay.
+  void rebuild(const std::vector<std::size_t>& columns, const std::function<void()>& fill);
+  /// Whether the last rebuild came to its end, so that the list holds all that it was to hold.
+  [[nodiscard]] bool whole() const { return whole_; }
 
-   private:
-    struct Mark {
-      std::vector<std::wstring> texts;  // empty for no entry
-      std::optional<std::size_t> found;
-    };
-    void remember(Mark& mark, std::optional<std::size_t> index) const;
-    void look(Mark& mark, std::size_t index) const;
+  /// What an item is known by: its texts in `columns`. Raises 35600 when there is no such item.
+  [[nodiscard]] ItemKey keyOf(std::size_t index, const std::vector<std::size_t>& columns) const;
+  /// The item of that key. Of several equal ones the one that stands where it stood among them, or
+  /// the last; nothing when there is none.
+  [[nodiscard]] std::optional<std::size_t> find(const ItemKey& key) const;
 
-    ListView& list_;
-    std::vector<std::size_t> columns_;
-    std::size_t topIndex_ = 0;
-    Mark selected_;
-    Mark focused_;
-    Mark top_;
-  };
+  /// The item that was selected until a rebuild did not find it again. What is selected since then
+  /// was chosen by nobody: selecting an item, or `adoptSelection`, ends it.
+  [[nodiscard]] const std::optional<ItemKey>& lostSelection() const { return lost_; }
+  /// Takes what is selected for chosen.
+  void adoptSelection() { lost_.reset(); }
 
   // --- events ---
 
@@ -172,14 +160,19 @@ class ListView : public Control {
   void raiseContextMenu(int x, int y);
 
  private:
-  friend class Update;
   using Place = std::uint32_t;  // position among the items as added, stable while the order changes
+  struct Marks;
 
   [[nodiscard]] std::wstring_view cellOf(Place place, std::size_t column) const;
   [[nodiscard]] Place ordered(std::size_t index) const;
   [[nodiscard]] std::optional<std::size_t> indexOf(std::optional<Place> place) const;
   void setCell(std::size_t index, std::size_t column, std::wstring_view text);
   void widen(std::size_t cellsPerItem);
+  void fillRow(std::size_t row, std::wstring_view icon,
+               std::initializer_list<std::wstring_view> subItems);
+  [[nodiscard]] bool matches(std::size_t index, const ItemKey& key) const;
+  [[nodiscard]] Marks marks(const std::vector<std::size_t>& columns) const;
+  void restore(Marks& marks);
   void itemsChanged();
   void orderChanged();
   void ensureOrder() const;
@@ -195,6 +188,7 @@ class ListView : public Control {
   mutable bool orderStale_ = false;
   std::optional<Place> selected_;
   std::optional<Place> focused_;
+  std::optional<ItemKey> lost_;
   int view_ = iconView;
   bool sorted_ = false;
   int sortKey_ = 0;
@@ -202,7 +196,7 @@ class ListView : public Control {
   const ImageList* largeImages_ = nullptr;
   const ImageList* smallImages_ = nullptr;
   int updating_ = 0;
-  bool changedWhileUpdating_ = false;
+  bool whole_ = true;
 };
 
 }  // namespace controls

@@ -241,12 +241,46 @@ TEST_F(WebList, SavingAMissingFileIsShownAndTheItemIsChangedAlready) {
   EXPECT_EQ(names(), Texts{L"Two"});
 }
 
+TEST_F(WebList, SavingAMissingOrLockedListLeavesTheNewContentsInTheTemporaryFile) {
+  putWebList(one);
+  LoadWebList(web);
+  desktop().lock(unit::webListFile);
+  SaveWebList(web, L"Two", L"http://two/");
+  EXPECT_EQ(unit::bytesOf(unit::temporaryFile), two);
+  desktop().unlock(unit::webListFile);
+  EXPECT_EQ(webList(), one);
+  desktop().take(unit::webListFile);
+  SaveWebList(web, L"Three", L"http://three/");
+  EXPECT_EQ(unit::bytesOf(unit::temporaryFile), record({"Three", "http://three/"}));
+  EXPECT_EQ(messages(), (Texts{L"Problem saving to QMK list\r70-Permission denied",
+                               L"Problem saving to QMK list\r53-File not found"}));
+}
+
+TEST_F(WebList, SavingReplacesWhatAnotherProgramWritesMeanwhile) {
+  putWebList(one);
+  LoadWebList(web);
+  atNextReplacement([this] { putWebList(one + one); });
+  SaveWebList(web, L"Two", L"http://two/");
+  EXPECT_EQ(webList(), two);
+}
+
+TEST_F(WebList, SavingGivesUpAListThatOthersKeepChanging) {
+  putWebList(one);
+  LoadWebList(web);
+  int tries = 0;
+  desktop().onReplace = [&] { putWebList(one + std::to_string(++tries)); };
+  SaveWebList(web, L"Two", L"http://two/");
+  EXPECT_EQ(tries, 50);
+  EXPECT_EQ(messages(), Texts{L"Problem saving to QMK list\r70-Permission denied"});
+}
+
 TEST_F(WebList, WhateverCallFailsASaveLeavesTheOldOrTheNewFileAndSaysSo) {
   unit::sweepFaults(
       5, {.prepare =
               [this] {
                 putWebList(one);
                 LoadWebList(web);
+                list.select(0);
                 desktop().putFile(unit::temporaryFile, "stale");
               },
           .operation = [this] { SaveWebList(web, L"Two", L"http://two/"); },

@@ -50,6 +50,10 @@ std::optional<LRESULT> ListViewPeer::notification(NMHDR& header) {
     case static_cast<int>(NM_CLICK):
     case static_cast<int>(NM_RCLICK):
       showSelection();
+      if (reinterpret_cast<const NMITEMACTIVATE&>(header).iItem >= 0) {
+        // A click on the item that is selected already says that this one is meant.
+        list_.adoptSelection();
+      }
       return 0;
     case static_cast<int>(NM_DBLCLK):
       // Whatever the click fell on, it acts on the selected item.

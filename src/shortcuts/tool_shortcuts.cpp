@@ -46,11 +46,12 @@ struct Folders {
 };
 
 void removeObsoleteShortcuts(const Folders& folders) {
+  // An obsolete shortcut that is missing, protected or in use does no harm, and must not keep the
+  // tools from getting theirs.
   const std::wstring oldest = folders.shortcuts + L"\\PlotviewX.lnk";
   if (files::fileExists(oldest)) {
-    files::remove(oldest);
+    RemoveIgnoringErrors(oldest);
   }
-  // An obsolete shortcut that is missing or in use does no harm.
   RemoveIgnoringErrors(ShortCutsFolder + L"\\Plotview.lnk");
   RemoveIgnoringErrors(ShortCutsFolder + L"\\Canopy Weigh.lnk");
 }

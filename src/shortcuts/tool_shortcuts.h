@@ -19,7 +19,7 @@ void RemoveIgnoringErrors(const std::wstring& path);
 
 /// Makes sure that every suite tool in the application folder has a fresh shortcut in the
 /// shortcuts folder, and that obsolete and misdirected ones go. Shortcuts to other programs are
-/// never touched. Errors of deleting and saving go to the caller.
+/// never touched. Errors of saving, and of deleting anything but an obsolete one, go to the caller.
 void ProvisionToolShortcuts();
 
 }  // namespace modSC

@@ -188,4 +188,21 @@ TEST_F(Provisioning, ALockedObsoleteShortcutIsNoError) {
 }
 
 }  // namespace
+TEST_F(Provisioning, AReadOnlyObsoleteShortcutIsNoErrorAndEveryToolGetsItsShortcut) {
+  app->addAllTools();
+  const std::vector<std::wstring> obsolete{L"PlotviewX.lnk", L"Plotview.lnk", L"Canopy Weigh.lnk"};
+  for (const std::wstring& name : obsolete) {
+    addLink(name, L"C:\\gone\\plv3.exe");
+    ASSERT_NE(SetFileAttributesW(link(name).c_str(), FILE_ATTRIBUTE_READONLY), FALSE);
+  }
+  app->startToMain();
+  EXPECT_EQ(links().size(), obsolete.size() + 6);
+  for (const std::wstring& name : obsolete) {
+    // As the folder of the test could not be cleared otherwise.
+    EXPECT_NE(SetFileAttributesW(link(name).c_str(), FILE_ATTRIBUTE_NORMAL), FALSE);
+    harness::removeFile(link(name));
+  }
+  expectAllFresh();
+}
+
 }  // namespace desktop_tests

@@ -76,9 +76,10 @@ bool isToolLink(const std::wstring& path) {
          path == shortcutsFolder + L"\\BrushtallyPC.lnk";
 }
 
-/// The obsolete shortcuts that go without a check go with their errors ignored.
+/// The obsolete shortcuts go with their errors ignored.
 bool removalIsIgnored(const Fault& fault) {
-  const bool ignored = fault.was(L"remove " + shortcutsFolder + L"\\Plotview.lnk") ||
+  const bool ignored = fault.was(L"remove " + shortcutsFolder + L"\\PlotviewX.lnk") ||
+                       fault.was(L"remove " + shortcutsFolder + L"\\Plotview.lnk") ||
                        fault.was(L"remove " + shortcutsFolder + L"\\Canopy Weigh.lnk");
   if (ignored) {
     expectWholeFiles(fault, isToolLink);

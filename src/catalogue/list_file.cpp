@@ -214,7 +214,7 @@ void rewrite(const std::wstring& path, const std::wstring& temporary, Missing mi
       return;
     }
   }
-  throw platform::RunTimeError(platform::error::permissionDenied);
+  platform::raiseAbout(path, platform::error::permissionDenied);
 }
 
 void overwrite(const std::wstring& path, const std::wstring& temporary, const std::string& bytes) {

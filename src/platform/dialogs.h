@@ -30,8 +30,8 @@ Answer showMessage(const std::wstring& text, MessageStyle style, const std::wstr
 [[nodiscard]] std::wstring inputBox(const std::wstring& prompt, const std::wstring& title,
                                     const std::wstring& defaultAnswer);
 
-/// Tells the user of an error that no routine trapped: "Run-time error '53':", an empty line and
-/// the description, with the critical icon under the application's title.
+/// Tells the user of an error that no routine trapped: its report, with the critical icon under
+/// the application's title.
 void reportRunTimeError(const RunTimeError& error);
 
 /// What an open dialog starts with.

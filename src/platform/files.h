@@ -1,7 +1,8 @@
 // Files and folders as the program asks for them.
 //
 // Paths are Windows paths. A path with an embedded NUL names nothing: searches find nothing,
-// every other operation raises 52.
+// every other operation raises 52. What is raised names the path concerned as it was given; of a
+// rename or a copy the target where it is the target that fails, else the source.
 #pragma once
 
 #include <cstdint>

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <new>
 #include <utility>
 
 namespace platform {
@@ -52,11 +53,38 @@ std::wstring describe(int number) {
 
 RunTimeError::RunTimeError(int number) : RunTimeError(number, describe(number)) {}
 
-RunTimeError::RunTimeError(int number, std::wstring description)
-    : number_(number), description_(std::move(description)) {}
+RunTimeError::RunTimeError(int number, std::wstring description, std::wstring source)
+    : number_(number), description_(std::move(description)), source_(std::move(source)) {}
+
+void RunTimeError::concern(const std::wstring& path) noexcept {
+  try {
+    if (path_.empty()) {
+      path_ = path;
+    }
+  } catch (const std::bad_alloc&) {
+    // Without the path it is still the error that has to be told.
+    path_.clear();
+  }
+}
 
 std::wstring RunTimeError::numberAndDescription() const {
   return std::to_wstring(number_) + L"-" + description_;
+}
+
+std::wstring RunTimeError::report() const {
+  constexpr const wchar_t* paragraph = L"\r\n\r\n";
+  std::wstring text = L"Run-time error '" + std::to_wstring(number_) + L"':";
+  text.append(paragraph).append(description_);
+  if (!path_.empty()) {
+    text.append(paragraph).append(path_);
+  }
+  return text;
+}
+
+void raiseAbout(const std::wstring& path, int number) {
+  RunTimeError failure(number);
+  failure.concern(path);
+  throw failure;
 }
 
 int errorNumberFromSystem(std::uint32_t systemError) {

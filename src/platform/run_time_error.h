@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <exception>
 #include <string>
+#include <utility>
 
 namespace platform {
 
@@ -35,18 +36,47 @@ class RunTimeError : public std::exception {
   /// An error with the text of the run-time's own table; a number that is not in it gets
   /// "Application-defined or object-defined error".
   explicit RunTimeError(int number);
-  RunTimeError(int number, std::wstring description);
+  /// An error with a text of the raiser's own, and the raiser's name if it tells one.
+  RunTimeError(int number, std::wstring description, std::wstring source = {});
 
   [[nodiscard]] int number() const { return number_; }
   [[nodiscard]] const std::wstring& description() const { return description_; }
+  /// Name of what raised the error, "" where it does not tell.
+  [[nodiscard]] const std::wstring& source() const { return source_; }
+  /// The file or folder concerned, as the caller of the failed operation gave it; "" where none is
+  /// known.
+  [[nodiscard]] const std::wstring& path() const { return path_; }
+  /// Names the file or folder concerned, unless one is named already: whoever is nearer to the
+  /// failure knows better.
+  void concern(const std::wstring& path) noexcept;
   /// "53-File not found": the form in which messages quote an error.
   [[nodiscard]] std::wstring numberAndDescription() const;
+  /// Text of the report about an error that no routine trapped: "Run-time error '53':", an empty
+  /// line and the description; where a file or folder is known, an empty line and its path.
+  [[nodiscard]] std::wstring report() const;
   [[nodiscard]] const char* what() const noexcept override { return "run-time error"; }
 
  private:
   int number_;
   std::wstring description_;
+  std::wstring source_;
+  std::wstring path_;
 };
+
+/// Runs an operation on a file or folder. A run-time error that leaves it names `path`, unless it
+/// names another one.
+template <class Operation>
+decltype(auto) concerning(const std::wstring& path, Operation&& operation) {
+  try {
+    return std::forward<Operation>(operation)();
+  } catch (RunTimeError& failure) {
+    failure.concern(path);
+    throw;
+  }
+}
+
+/// Raises the error `number` about the file or folder `path`.
+[[noreturn]] void raiseAbout(const std::wstring& path, int number);
 
 /// The run-time error number for a Windows error code (57 for codes without one of their own).
 [[nodiscard]] int errorNumberFromSystem(std::uint32_t systemError);

@@ -28,6 +28,12 @@ std::string GatewayTest::record(const std::wstring& code, const std::wstring& pa
   return harness::codePageBytes(L"\"" + code + L"\",\"" + path + L"\",\"" + date + L"\"\r\n");
 }
 
+std::wstring GatewayTest::runTimeError(int number, const std::wstring& description,
+                                       const std::wstring& path) {
+  return L"Run-time error '" + std::to_wstring(number) + L"':\r\n\r\n" + description +
+         (path.empty() ? L"" : L"\r\n\r\n" + path);
+}
+
 void GatewayTest::expectMessage(const std::wstring& text, int icon, const std::vector<int>& buttons,
                                 int answer, const std::wstring& title) const {
   const harness::MessageBoxReader box = app->waitForMessage();

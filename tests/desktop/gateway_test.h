@@ -49,6 +49,11 @@ class GatewayTest : public ::testing::Test {
   static std::string record(const std::wstring& code, const std::wstring& path,
                             const std::wstring& date = L"11/20/2026 9:15:00 AM");
 
+  /// The report about an error that no routine traps; `path` of the file or folder concerned, ""
+  /// for an error that knows none.
+  static std::wstring runTimeError(int number, const std::wstring& description,
+                                   const std::wstring& path = L"");
+
   /// Waits for a message box, checks everything on it and pushes a button.
   void expectMessage(const std::wstring& text, int icon, const std::vector<int>& buttons,
                      int answer, const std::wstring& title = L"Quillmark Suite 3 Gateway") const;

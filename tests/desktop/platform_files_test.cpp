@@ -12,7 +12,9 @@
 #include "harness/text.h"
 #include "platform/clock.h"
 #include "platform/files.h"
+#include "platform/processes.h"
 #include "platform/run_time_error.h"
+#include "platform/shell_links.h"
 
 namespace {
 
@@ -73,6 +75,48 @@ TEST_F(PlatformFiles, ADraftTakesThePlaceOfTheFileThatIsExpectedAndOfNoOther) {
   EXPECT_EQ(harness::readFile(path(L"list.txt")), "new");
   EXPECT_EQ(harness::namesIn(folder_.path()), (std::vector<std::wstring>{L"list.txt"}))
       << "Neither the draft nor the second name of the old file";
+}
+
+TEST_F(PlatformFiles, AnErrorNamesTheFileOrFolderConcerned) {
+  namespace files = platform::files;
+  const auto named = [](auto operation) {
+    try {
+      operation();
+    } catch (const platform::RunTimeError& failure) {
+      return failure.path();
+    }
+    return std::wstring(L"no error");
+  };
+  const std::wstring gone = path(L"gone.txt");
+  const std::wstring astray = path(L"nowhere\\astray.txt");
+  const std::wstring file = path(L"file.txt");
+  const std::wstring fixed = path(L"fixed.txt");
+  const std::wstring impossible = path(L"im:possible?.txt");
+  harness::writeFile(file, "x");
+  harness::writeFile(fixed, "y");
+  ASSERT_NE(SetFileAttributesW(fixed.c_str(), FILE_ATTRIBUTE_READONLY), FALSE);
+  EXPECT_EQ(named([&] { static_cast<void>(files::readWhole(gone)); }), gone);
+  EXPECT_EQ(named([&] { static_cast<void>(files::readForAppending(fixed)); }), fixed);
+  EXPECT_EQ(named([&] { files::remove(fixed); }), fixed);
+  EXPECT_EQ(named([&] { files::makeFolder(file); }), file);
+  EXPECT_EQ(named([&] { files::makeFolder(astray); }), astray);
+  EXPECT_EQ(named([&] { files::rename(gone, file); }), gone);
+  EXPECT_EQ(named([&] { files::rename(file, fixed); }), fixed) << "the name is taken";
+  EXPECT_EQ(named([&] { files::rename(file, astray); }), astray);
+  EXPECT_EQ(named([&] { files::rename(file, impossible); }), impossible);
+  EXPECT_EQ(named([&] { files::copy(gone, file); }), gone);
+  EXPECT_EQ(named([&] { files::copy(file, fixed); }), fixed) << "it must not be written to";
+  EXPECT_EQ(named([&] { files::copy(file, astray); }), astray);
+  EXPECT_EQ(named([&] { static_cast<void>(files::readWhole(L"a" + std::wstring(1, L'\0'))); }),
+            L"a" + std::wstring(1, L'\0'));
+  EXPECT_EQ(named([&] { const Draft draft(astray); }), astray);
+  Draft draft(path(L"list.tmp"));
+  draft.write("new");
+  EXPECT_EQ(named([&] { static_cast<void>(draft.replace(fixed, {.present = true})); }), fixed);
+  EXPECT_EQ(named([&] { static_cast<void>(draft.replace(gone, {.present = true})); }), gone);
+  EXPECT_EQ(named([&] { platform::processes::start(gone, gone); }), gone);
+  EXPECT_EQ(named([&] { platform::shell_links::write(fixed, {}); }), fixed);
+  ASSERT_NE(SetFileAttributesW(fixed.c_str(), FILE_ATTRIBUTE_NORMAL), FALSE);
 }
 
 TEST_F(PlatformFiles, WhatExistsIsWhatASearchFinds) {

@@ -170,7 +170,8 @@ TEST_F(Provisioning, ALockedShortcutIsReportedAndTheStartGoesOn) {
   addLink(L"Imagekeep.lnk", L"C:\\gone\\imgkeep3.exe");
   const LockedFile lock(link(L"Imagekeep.lnk"));
   app->start();
-  expectMessage(runTimeError(70, L"Permission denied"), criticalIcon, okOnly, IDOK);
+  expectMessage(runTimeError(70, L"Permission denied", link(L"Imagekeep.lnk")), criticalIcon,
+                okOnly, IDOK);
   app->waitForMain();
   EXPECT_TRUE(waitFor([&] { return app->list(Tab::newFile).count() == 4; }));
   // The tools before it have theirs, those after it have not.
@@ -187,7 +188,6 @@ TEST_F(Provisioning, ALockedObsoleteShortcutIsNoError) {
   EXPECT_EQ(links().size(), 7U);
 }
 
-}  // namespace
 TEST_F(Provisioning, AReadOnlyObsoleteShortcutIsNoErrorAndEveryToolGetsItsShortcut) {
   app->addAllTools();
   const std::vector<std::wstring> obsolete{L"PlotviewX.lnk", L"Plotview.lnk", L"Canopy Weigh.lnk"};
@@ -205,4 +205,5 @@ TEST_F(Provisioning, AReadOnlyObsoleteShortcutIsNoErrorAndEveryToolGetsItsShortc
   expectAllFresh();
 }
 
+}  // namespace
 }  // namespace desktop_tests

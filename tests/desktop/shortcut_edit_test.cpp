@@ -123,7 +123,8 @@ TEST_F(ShortcutEdit, RenamingWithoutTheProgramsShortcutsFolderIsReported) {
   app->startToMain();
   select(L"Foo");
   rename(L"Bar");
-  expectMessage(runTimeError(76, L"Path not found"), criticalIcon, okOnly, IDOK);
+  expectMessage(runTimeError(76, L"Path not found", app->folder() + L"\\shortcuts\\Bar.lnk"),
+                criticalIcon, okOnly, IDOK);
   EXPECT_TRUE(harness::exists(link(L"Foo.lnk")));
   addLink(L"More.lnk", L"C:\\tools\\more.exe");
   EXPECT_EQ(list().count(), 1) << "nothing happens after the failure";

@@ -62,9 +62,6 @@ class ShortcutTest : public GatewayTest {
     harness::waitUntil("the shortcut is selected", [&] { return list().selected() == row; });
   }
 
-  static std::wstring runTimeError(int number, const std::wstring& description) {
-    return L"Run-time error '" + std::to_wstring(number) + L"':\r\n\r\n" + description;
-  }
   static std::wstring missingObject() {
     return runTimeError(91, L"Object variable or With block variable not set");
   }

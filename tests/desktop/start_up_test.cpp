@@ -15,8 +15,11 @@ class StartUp : public GatewayTest {
     harness::clickAt(harness::centreOf(harness::screenRect(splash)), splash);
   }
 
-  static std::wstring runTimeError(int number, const std::wstring& description) {
-    return L"Run-time error '" + std::to_wstring(number) + L"':\r\n\r\n" + description;
+  /// Puts something in the place of a folder that the program makes: a search does not find a
+  /// hidden file, and no folder can be made where it is.
+  static void blockFolder(const std::wstring& path) {
+    harness::writeFile(path, "");
+    ASSERT_NE(SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_HIDDEN), FALSE);
   }
 
   /// Number of records of the catalogue that name a file.
@@ -115,7 +118,31 @@ TEST_F(StartUp, ASecondCopySaysSoAndEnds) {
 TEST_F(StartUp, WithoutADocumentsFolderItReportsAndEnds) {
   harness::removeTree(app->documents());
   app->start();
-  expectMessage(runTimeError(76, L"Path not found"), criticalIcon, okOnly, IDOK);
+  // What the shell calls a documents folder that is gone is its own matter.
+  const harness::MessageBoxReader box = app->waitForMessage();
+  EXPECT_THAT(harness::utf8(box.text()),
+              ::testing::StartsWith("Run-time error '76':\r\n\r\nPath not found\r\n\r\n"));
+  EXPECT_THAT(harness::utf8(box.text()), ::testing::EndsWith("\\My QMKExtra3"));
+  EXPECT_EQ(box.icon(), criticalIcon);
+  box.answer(IDOK);
+  app->waitForExit();
+  endedOnPurpose();
+}
+
+TEST_F(StartUp, ADocumentsFolderThatIsBlockedIsNamed) {
+  blockFolder(app->userFolder());
+  app->start();
+  expectMessage(runTimeError(75, L"Path/File access error", app->userFolder()), criticalIcon,
+                okOnly, IDOK);
+  app->waitForExit();
+  endedOnPurpose();
+}
+
+TEST_F(StartUp, AnApplicationFolderThatCannotBeWrittenToIsNamed) {
+  const std::wstring photos = app->folder() + L"\\PhotoImages";
+  blockFolder(photos);
+  app->start();
+  expectMessage(runTimeError(75, L"Path/File access error", photos), criticalIcon, okOnly, IDOK);
   app->waitForExit();
   endedOnPurpose();
 }
@@ -130,7 +157,8 @@ TEST_F(StartUp, EachStepThatFailsIsReportedAndTheNextOnesStillRun) {
   expectMessage(L"Problem saving to QMK list\r70-Permission denied", noIcon, okOnly, IDOK);
   expectMessage(L"Problem building QMK file list\rLocation: 2\r70-Permission denied", noIcon,
                 okOnly, IDOK);
-  expectMessage(runTimeError(70, L"Permission denied"), criticalIcon, okOnly, IDOK);
+  expectMessage(runTimeError(70, L"Permission denied", app->cataloguePath()), criticalIcon, okOnly,
+                IDOK);
   CloseHandle(lock);
   app->waitForMain();
   EXPECT_EQ(app->list(Tab::newFile).count(), 4);

@@ -207,8 +207,8 @@ TEST_F(WebDialog, RenameWithNothingSelectedInFrontIsReported) {
   const FormReader dialog = askToRename();
   app->selectTab(Tab::open);
   harness::pushButton(dialog.window(), ids::webOK);
-  expectMessage(L"Run-time error '91':\r\n\r\nObject variable or With block variable not set",
-                criticalIcon, okOnly, IDOK);
+  expectMessage(runTimeError(91, L"Object variable or With block variable not set"), criticalIcon,
+                okOnly, IDOK);
   EXPECT_EQ(webList(), before);
   EXPECT_TRUE(dialog.shown()) << "the error left the dialog open";
   dialog.pushAndWait(ids::webCancel);
@@ -234,7 +234,8 @@ TEST_F(WebDialog, CreateInAFileThatCannotBeWrittenIsReported) {
   startOnWebTab(0);
   const FormReader dialog = askToCreate();
   harness::pushButton(dialog.window(), ids::webOK);
-  expectMessage(L"Run-time error '75':\r\n\r\nPath/File access error", criticalIcon, okOnly, IDOK);
+  expectMessage(runTimeError(75, L"Path/File access error", webListPath()), criticalIcon, okOnly,
+                IDOK);
   EXPECT_TRUE(dialog.shown());
   dialog.pushAndWait(ids::webCancel);
   EXPECT_TRUE(harness::namesIn(webListPath()).empty());

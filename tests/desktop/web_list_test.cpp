@@ -65,7 +65,7 @@ TEST_F(WebListFile, DeletingFromAVanishedFileIsReported) {
   selectRow(0);
   harness::removeFile(webListPath());
   deleteSelected(L"ONE");
-  expectMessage(L"Run-time error '53':\r\n\r\nFile not found", criticalIcon, okOnly, IDOK);
+  expectMessage(runTimeError(53, L"File not found", webListPath()), criticalIcon, okOnly, IDOK);
   expectRows({{L"One", L"http://one/"}});
   EXPECT_FALSE(harness::exists(webListPath()));
 }

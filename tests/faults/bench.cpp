@@ -166,8 +166,10 @@ bool Fault::inReload() const {
 }
 
 std::wstring errorReport(const Fault& fault) {
-  return L"Run-time error '" + std::to_wstring(fault.number) + L"':\r\n\r\n" +
-         platform::RunTimeError(fault.number).description();
+  const std::wstring paragraph = L"\r\n\r\n";
+  return L"Run-time error '" + std::to_wstring(fault.number) + L"':" + paragraph +
+         platform::RunTimeError(fault.number).description() +
+         (fault.path.empty() ? L"" : paragraph + fault.path);
 }
 
 std::wstring savingProblem(const Fault& fault) {
@@ -196,13 +198,21 @@ std::wstring trapped(const Fault& fault) {
 std::vector<int> errorsOf(const std::wstring& call) {
   // What the contracts of the calls name, and what any disk can do.
   static const std::vector<std::pair<std::wstring, std::vector<int>>> known{
-      {L"make folder ", {75, 76, 70, 61, 57}},    {L"remove ", {53, 75, 70, 57}},
-      {L"rename ", {53, 58, 76, 70, 74, 75, 57}}, {L"copy ", {53, 76, 75, 70, 61, 57}},
-      {L"read to append ", {75, 76, 70, 67, 57}}, {L"read ", {53, 76, 70, 75, 67, 57}},
-      {L"create C:", {70, 75, 76, 61, 67, 57}},   {L"create ", {7}},
-      {L"write ", {61, 57, 70, 75, 76}},          {L"replace ", {53, 75, 70, 57}},
-      {L"open file dialog", {32755, 20477, 7}},   {L"start ", {53, 5, 70, 75, 57}},
-      {L"link ", {429, 70, 75, 76, 61, 57}},      {L"setting ", {75}},
+      {L"make folder ", {75, 76, 70, 61, 57}},
+      {L"remove ", {53, 75, 70, 57}},
+      {L"rename ", {53, 58, 76, 70, 74, 75, 57}},
+      {L"copy ", {53, 76, 75, 70, 61, 57}},
+      {L"read to append ", {75, 76, 70, 67, 57}},
+      {L"read ", {53, 76, 70, 75, 67, 57}},
+      {L"create C:", {70, 75, 76, 61, 67, 57}},
+      {L"create ", {7}},
+      {L"write ", {61, 57, 70, 75, 76}},
+      {L"replace ", {53, 75, 70, 57}},
+      {L"show ", {7}},
+      {L"open file dialog", {32755, 20477, 7}},
+      {L"start ", {53, 5, 70, 75, 57}},
+      {L"link ", {429, 70, 75, 76, 61, 57}},
+      {L"setting ", {75}},
   };
   for (const auto& [beginning, numbers] : known) {
     if (call.starts_with(beginning)) {

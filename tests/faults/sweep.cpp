@@ -52,6 +52,8 @@ Fault runWith(const Operation& operation, const std::function<void()>& inject) {
 State cleanState(const Operation& operation) {
   return runWith(operation, [] { desktop().failNothing(); }).now;
 }
+    fault.path = failed.path;
+    fault.lastPath = desktop().failedCalls().back().path;
 
 bool listsAsBefore(const Fault& fault) {
   std::vector<Texts> expected = fault.old.lists;

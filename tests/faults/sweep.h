@@ -54,7 +54,9 @@ struct State {
 /// What a run met with.
 struct Fault {
   bool happened = false;
-  std::wstring call;  ///< Line of the journal, "" for a call that has none.
+  std::wstring call;      ///< Line of the journal, "" for a call that has none.
+  std::wstring path;      ///< File or folder that the error names, "" for none.
+  std::wstring lastPath;  ///< The same of the last call that failed.
   int number = 0;
   bool forever = false;
   std::vector<std::wstring> before;  ///< The journal up to the call.

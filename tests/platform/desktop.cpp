@@ -8,6 +8,7 @@
 #include "platform/link_text.h"
 #include "platform/run_time_error.h"
 #include "platform/text.h"
+#include "platform/unfailing.h"
 #include "platform/window_record.h"
 
 namespace desktop {
@@ -195,11 +196,13 @@ void Desktop::call(const std::wstring& what) {
   call(what, [] {});
 }
 
-void Desktop::call(const std::wstring& what, const std::function<void()>& operation) {
+void Desktop::call(const std::wstring& what, const std::function<void()>& operation,
+                   const std::wstring& path) {
+  const Unfailing own;
   const std::size_t line = journal_.size();
   note(what);
   try {
-    attempt({what, line}, operation);
+    platform::concerning(path, [&] { attempt({what, line, path}, operation); });
   } catch (const RunTimeError& failure) {
     // The journal may have been cleared by a hook that ran meanwhile.
     if (line < journal_.size()) {
@@ -234,6 +237,11 @@ void Desktop::mistake(const std::string& what) const {
   onMistake(what);
 }
 
+void Desktop::note(const std::wstring& what) {
+  const Unfailing own;
+  journal_.push_back(what);
+}
+
 Answer Desktop::show(Message message) {
   note(L"message " + message.text);
   const bool asks =
@@ -248,7 +256,10 @@ Answer Desktop::show(Message message) {
       answers.pop_front();
     }
   }
-  messages.push_back(message);
+  {
+    const Unfailing own;
+    messages.push_back(message);
+  }
   if (onMessage) {
     onMessage(message);
   }
@@ -264,6 +275,7 @@ std::wstring Desktop::ask(Input input) {
     input.answer = inputAnswers.front().value_or(input.defaultAnswer);
     inputAnswers.pop_front();
   }
+  const Unfailing own;
   inputs.push_back(input);
   if (onInput) {
     onInput(input);

@@ -159,6 +159,7 @@ class Desktop {
   struct FailedCall {
     std::wstring what;      ///< Its line in the journal, "" for a call that has none.
     std::size_t place = 0;  ///< Number of the lines before it.
+    std::wstring path;      ///< File or folder concerned, which its error names; "" for none.
   };
   /// The calls that failed since `failCall` was last asked, in order.
   [[nodiscard]] const std::vector<FailedCall>& failedCalls() const { return failedCalls_; }
@@ -280,11 +281,13 @@ class Desktop {
   /// One call that can fail: counts it, writes it into the journal and raises what `failCall`
   /// asked for.
   void call(const std::wstring& what);
-  /// Runs `operation` as one such call; an error that it raises is marked in the journal.
-  void call(const std::wstring& what, const std::function<void()>& operation);
+  /// Runs `operation` as one such call; an error that it raises is marked in the journal, and
+  /// names `path` unless it names another file or `path` is "".
+  void call(const std::wstring& what, const std::function<void()>& operation,
+            const std::wstring& path = {});
   /// One call that only looks and raises nothing: true when it is to find nothing.
   [[nodiscard]] bool blinded();
-  void note(const std::wstring& what) { journal_.push_back(what); }
+  void note(const std::wstring& what);
   /// Adds to the last line of the journal.
   void amend(const std::wstring& more) { journal_.back() += more; }
   void mistake(const std::string& what) const;

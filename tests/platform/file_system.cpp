@@ -10,6 +10,7 @@
 
 namespace desktop {
 
+using platform::raiseAbout;
 using platform::RunTimeError;
 using platform::files::Contents;
 using platform::files::Replaced;
@@ -177,10 +178,10 @@ void FileSystem::rename(const std::wstring& from, const std::wstring& to) {
     throw RunTimeError(error::permissionDenied);
   }
   if (splitPath(to).endsInSeparator) {
-    throw RunTimeError(error::badFileName);  // that names a folder, and this is a file
+    raiseAbout(to, error::badFileName);  // that names a folder, and this is a file
   }
   if (target.node != nullptr && target.node != &node) {
-    throw RunTimeError(error::fileExists);
+    raiseAbout(to, error::fileExists);
   }
   if (target.node == &node) {
     node.setName(target.name);
@@ -190,7 +191,7 @@ void FileSystem::rename(const std::wstring& from, const std::wstring& to) {
     throw RunTimeError(74);
   }
   if (target.folder == nullptr || target.failure != error::fileNotFound) {
-    throw RunTimeError(target.failure);
+    raiseAbout(to, target.failure);
   }
   auto moved = node.parent->drop(node);
   moved->setName(target.name);
@@ -209,17 +210,19 @@ void FileSystem::copy(const std::wstring& from, const std::wstring& to) {
   }
   if (target.node == nullptr) {
     if (target.folder == nullptr || target.failure != error::fileNotFound) {
-      throw RunTimeError(target.failure);
+      raiseAbout(to, target.failure);
     }
     target.node = &target.folder->add(target.name);
     target.node->id = ++lastId_;
   } else {
-    if (target.node->hidden) {
-      throw RunTimeError(error::pathFileAccess);
-    }
-    target.node->refuseDeletion();
+    platform::concerning(to, [&target] {
+      if (target.node->hidden) {
+        throw RunTimeError(error::pathFileAccess);
+      }
+      target.node->refuseDeletion();
+    });
   }
-  store(*target.node, source.bytes);
+  platform::concerning(to, [&] { store(*target.node, source.bytes); });
   // The copy is as old as what it was made from, and as protected.
   target.node->modified = source.modified;
   target.node->readOnly = source.readOnly;

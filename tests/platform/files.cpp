@@ -2,6 +2,7 @@
 
 #include "platform/desktop.h"
 #include "platform/run_time_error.h"
+#include "platform/unfailing.h"
 
 namespace platform::files {
 
@@ -39,31 +40,36 @@ bool fileExists(const std::wstring& path) { return !search(path, normal).empty()
 bool folderExists(const std::wstring& path) { return !search(path, directory).empty(); }
 
 void makeFolder(const std::wstring& path) {
-  desktop().call(L"make folder " + path, [&path] { desktop().disk().makeFolder(path); });
+  desktop().call(
+      L"make folder " + path, [&path] { desktop().disk().makeFolder(path); }, path);
 }
 
 void remove(const std::wstring& path) {
-  desktop().call(L"remove " + path, [&path] { desktop().disk().remove(path); });
+  desktop().call(
+      L"remove " + path, [&path] { desktop().disk().remove(path); }, path);
 }
 
 void rename(const std::wstring& from, const std::wstring& to) {
-  desktop().call(L"rename " + from + L" -> " + to, [&] { desktop().disk().rename(from, to); });
+  desktop().call(
+      L"rename " + from + L" -> " + to, [&] { desktop().disk().rename(from, to); }, from);
 }
 
 void copy(const std::wstring& from, const std::wstring& to) {
-  desktop().call(L"copy " + from + L" -> " + to, [&] { desktop().disk().copy(from, to); });
+  desktop().call(
+      L"copy " + from + L" -> " + to, [&] { desktop().disk().copy(from, to); }, from);
 }
 
 Contents readWhole(const std::wstring& path) {
   Contents contents;
-  desktop().call(L"read " + path, [&] { contents = desktop().disk().readWhole(path); });
+  desktop().call(
+      L"read " + path, [&] { contents = desktop().disk().readWhole(path); }, path);
   return contents;
 }
 
 Contents readForAppending(const std::wstring& path) {
   Contents contents;
-  desktop().call(L"read to append " + path,
-                 [&] { contents = desktop().disk().readForAppending(path); });
+  desktop().call(
+      L"read to append " + path, [&] { contents = desktop().disk().readForAppending(path); }, path);
   return contents;
 }
 
@@ -75,7 +81,8 @@ Draft::Draft(const std::wstring& path) : state_(std::make_unique<State>(State{pa
   if (!findFirst(path, hidden | system).empty()) {
     remove(path);
   }
-  desktop().call(L"create " + path, [&path] { desktop().disk().writeWhole(path, ""); });
+  desktop().call(
+      L"create " + path, [&path] { desktop().disk().writeWhole(path, ""); }, path);
 }
 
 Draft::~Draft() = default;
@@ -84,14 +91,18 @@ void Draft::write(std::string_view bytes) {
   const std::wstring& path = state_->path;
   bool reached = false;
   try {
-    desktop().call(L"write " + path, [&] {
-      reached = true;
-      desktop().disk().writeWhole(path, std::string(bytes));
-    });
+    desktop().call(
+        L"write " + path,
+        [&] {
+          reached = true;
+          desktop().disk().writeWhole(path, std::string(bytes));
+        },
+        path);
   } catch (const RunTimeError& failure) {
     // A disk that fills up or breaks does so in the middle of the writing.
     if (!reached &&
         (failure.number() == error::diskFull || failure.number() == error::deviceError)) {
+      const ::desktop::Unfailing own;
       desktop().disk().writeWhole(path, std::string(bytes.substr(0, bytes.size() / 2)));
     }
     throw;
@@ -104,12 +115,15 @@ Replaced Draft::replace(const std::wstring& to, const Stamp& expected) {
   }
   const std::wstring what = L"replace " + state_->path + L" -> " + to;
   Replaced result = Replaced::changedSince;
-  desktop().call(what, [&] {
-    result = desktop().disk().replace(state_->path, to, expected);
-    if (result == Replaced::changedSince) {
-      desktop().amend(L" (changed)");
-    }
-  });
+  desktop().call(
+      what,
+      [&] {
+        result = desktop().disk().replace(state_->path, to, expected);
+        if (result == Replaced::changedSince) {
+          desktop().amend(L" (changed)");
+        }
+      },
+      to);
   return result;
 }
 

@@ -12,6 +12,7 @@
 #include "platform/processes.h"
 #include "platform/run_time_error.h"
 #include "platform/shell_links.h"
+#include "platform/unfailing.h"
 
 namespace platform {
 
@@ -34,10 +35,11 @@ std::wstring inputBox(const std::wstring& prompt, const std::wstring& title,
 
 void reportRunTimeError(const RunTimeError& error) {
   desktop().note(L"error " + std::to_wstring(error.number()));
-  desktop().errorReports.push_back(error.number());
-  showMessage(
-      L"Run-time error '" + std::to_wstring(error.number()) + L"':\r\n\r\n" + error.description(),
-      MessageStyle::critical);
+  {
+    const ::desktop::Unfailing own;
+    desktop().errorReports.push_back(error.number());
+  }
+  showMessage(error.report(), MessageStyle::critical);
 }
 
 std::wstring openFile(const OpenFileRequest& request) {
@@ -67,18 +69,21 @@ std::wstring openFile(const OpenFileRequest& request) {
 namespace processes {
 
 void start(const std::wstring& executable, const std::wstring& commandLine) {
-  desktop().call(L"start " + executable, [&] {
-    if (executable.empty()) {
-      throw RunTimeError(error::invalidCall);
-    }
-    if (!desktop().has(executable)) {
-      throw RunTimeError(error::fileNotFound);
-    }
-    if (!desktop().bytesOf(executable).value_or("").starts_with("MZ")) {
-      throw RunTimeError(error::invalidCall);
-    }
-    desktop().starts.push_back({executable, commandLine});
-  });
+  desktop().call(
+      L"start " + executable,
+      [&] {
+        if (executable.empty()) {
+          throw RunTimeError(error::invalidCall);
+        }
+        if (!desktop().has(executable)) {
+          throw RunTimeError(error::fileNotFound);
+        }
+        if (!desktop().bytesOf(executable).value_or("").starts_with("MZ")) {
+          throw RunTimeError(error::invalidCall);
+        }
+        desktop().starts.push_back({executable, commandLine});
+      },
+      executable);
 }
 
 }  // namespace processes
@@ -86,13 +91,16 @@ void start(const std::wstring& executable, const std::wstring& commandLine) {
 namespace shell_links {
 
 void write(const std::wstring& linkPath, const Link& link) {
-  desktop().call(L"link " + linkPath, [&] {
-    if (desktop().linkFailure) {
-      throw RunTimeError(*desktop().linkFailure);
-    }
-    desktop().disk().writeWhole(linkPath, ::desktop::textOf(link));
-    desktop().linkWrites.push_back({linkPath, link});
-  });
+  desktop().call(
+      L"link " + linkPath,
+      [&] {
+        if (desktop().linkFailure) {
+          throw RunTimeError(*desktop().linkFailure);
+        }
+        desktop().disk().writeWhole(linkPath, ::desktop::textOf(link));
+        desktop().linkWrites.push_back({linkPath, link});
+      },
+      linkPath);
 }
 
 std::wstring targetOf(const std::wstring& linkPath) {
@@ -109,7 +117,10 @@ namespace browser {
 
 std::intptr_t open(const std::wstring& address, int showCommand) {
   desktop().note(L"browse " + address);
-  desktop().browsed.push_back({address, showCommand});
+  {
+    const ::desktop::Unfailing own;
+    desktop().browsed.push_back({address, showCommand});
+  }
   return desktop().browserResult;
 }
 
@@ -119,12 +130,18 @@ namespace help {
 
 void showClassic(const std::wstring& file, int command) {
   desktop().note(L"classic help " + file);
-  desktop().helpShown.push_back({false, file, command});
+  {
+    const ::desktop::Unfailing own;
+    desktop().helpShown.push_back({false, file, command});
+  }
 }
 
 void showCompiled(const std::wstring& file) {
   desktop().note(L"compiled help " + file);
-  desktop().helpShown.push_back({true, file, 0});
+  {
+    const ::desktop::Unfailing own;
+    desktop().helpShown.push_back({true, file, 0});
+  }
 }
 
 }  // namespace help
@@ -134,7 +151,10 @@ namespace pictures {
 namespace {
 
 std::optional<Picture> programIcon(const std::wstring& file, int side) {
-  desktop().iconsAsked.emplace_back(file, side);
+  {
+    const ::desktop::Unfailing own;
+    desktop().iconsAsked.emplace_back(file, side);
+  }
   if (desktop().onIcon) {
     desktop().onIcon(file);
   }

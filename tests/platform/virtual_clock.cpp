@@ -4,6 +4,8 @@
 #include <chrono>
 #include <utility>
 
+#include "platform/unfailing.h"
+
 namespace desktop {
 namespace {
 
@@ -51,6 +53,7 @@ void VirtualClock::reset() {
 }
 
 VirtualClock::Alarm VirtualClock::set(int milliseconds, std::function<void()> action, bool repeat) {
+  const Unfailing own;
   const auto wait = static_cast<std::uint64_t>(std::max(milliseconds, repeat ? 1 : 0));
   alarms_[++lastAlarm_] = {elapsed_ + wait, repeat ? wait : 0, std::move(action)};
   return lastAlarm_;
@@ -77,7 +80,11 @@ void VirtualClock::advance(std::int64_t milliseconds) {
   for (auto alarm = next(); alarm != alarms_.end() && alarm->second.due <= end; alarm = next()) {
     elapsed_ = std::max(elapsed_, alarm->second.due);
     // The action may cancel or set this very alarm, so that it is settled before it runs.
-    const auto action = alarm->second.action;
+    std::function<void()> action;
+    {
+      const Unfailing own;
+      action = alarm->second.action;
+    }
     if (alarm->second.interval == 0) {
       alarms_.erase(alarm);
     } else {

@@ -13,7 +13,7 @@ TEST_F(Surroundings, TheDocumentsFolderIsMissing) {
   harness::removeTree(app_.documents());
   app_.start();
   const harness::MessageBoxReader box = app_.waitForMessage();
-  EXPECT_EQ(box.text(), L"Run-time error '76':\r\n\r\nPath not found");
+  EXPECT_EQ(box.text(), L"Run-time error '76':\r\n\r\nPath not found\r\n\r\n" + app_.userFolder());
   report("missing documents folder", {harness::utf8(box.text())});
   box.answer(IDOK);
   app_.waitForExit();

@@ -7,6 +7,8 @@
 #include "error_number.h"
 #include "platform/desktop_test.h"
 #include "platform/files.h"
+#include "platform/processes.h"
+#include "platform/shell_links.h"
 
 namespace platform::files {
 namespace {
@@ -46,6 +48,36 @@ TEST_F(MemoryFilesTest, ReadingRaises) {
   desktop().unlock(file);
   desktop().setReadOnly(file);
   EXPECT_EQ(readWhole(file).bytes, "old");
+}
+
+TEST_F(MemoryFilesTest, AnErrorNamesTheFileOrFolderConcerned) {
+  desktop().putFile(other, "other");
+  desktop().setReadOnly(other);
+  EXPECT_EQ(pathNamedBy([&] { static_cast<void>(readWhole(missing)); }), missing);
+  EXPECT_EQ(pathNamedBy([&] { static_cast<void>(readForAppending(other)); }), other);
+  EXPECT_EQ(pathNamedBy([&] { remove(other); }), other);
+  EXPECT_EQ(pathNamedBy([&] { makeFolder(file); }), file);
+  EXPECT_EQ(pathNamedBy([&] { makeFolder(astray); }), astray);
+  EXPECT_EQ(pathNamedBy([&] { rename(missing, file); }), missing);
+  EXPECT_EQ(pathNamedBy([&] { rename(file, other); }), other);
+  EXPECT_EQ(pathNamedBy([&] { rename(file, astray); }), astray);
+  EXPECT_EQ(pathNamedBy([&] { rename(file, L"C:\\App\\im:possible"); }), L"C:\\App\\im:possible");
+  EXPECT_EQ(pathNamedBy([&] { copy(missing, file); }), missing);
+  EXPECT_EQ(pathNamedBy([&] { copy(file, other); }), other);
+  EXPECT_EQ(pathNamedBy([&] { copy(file, astray); }), astray);
+  EXPECT_EQ(pathNamedBy([&] { const Draft draft(astray); }), astray);
+  Draft draft(L"C:\\App\\list.tmp");
+  EXPECT_EQ(pathNamedBy([&] { static_cast<void>(draft.replace(other, {.present = true})); }),
+            other);
+  EXPECT_EQ(pathNamedBy([&] { static_cast<void>(draft.replace(missing, {.present = true})); }),
+            missing);
+  EXPECT_EQ(pathNamedBy([&] { processes::start(missing, missing); }), missing);
+  EXPECT_EQ(pathNamedBy([&] { shell_links::write(other, {}); }), other);
+  desktop().failCall(1, 57);
+  EXPECT_EQ(pathNamedBy([&] { draft.write("new"); }), L"C:\\App\\list.tmp");
+  desktop().failCall(1, 57);
+  EXPECT_EQ(pathNamedBy([&] { copy(file, L"C:\\App\\copy.txt"); }), file);
+  EXPECT_EQ(desktop().failedCalls().front().path, file);
 }
 
 TEST_F(MemoryFilesTest, ReadsForAppending) {

@@ -60,6 +60,37 @@ TEST(RunTimeError, MessagesQuoteNumberAndDescription) {
   EXPECT_EQ(RunTimeError(7, L"x").numberAndDescription(), L"7-x");
 }
 
+TEST(RunTimeError, ItsReportHasAParagraphForEachThingThatIsKnown) {
+  RunTimeError failure(53);
+  EXPECT_EQ(failure.path(), L"");
+  EXPECT_EQ(failure.source(), L"");
+  EXPECT_EQ(failure.report(), L"Run-time error '53':\r\n\r\nFile not found");
+  failure.concern(L"C:\\App\\list.txt");
+  EXPECT_EQ(failure.report(),
+            L"Run-time error '53':\r\n\r\nFile not found\r\n\r\nC:\\App\\list.txt");
+  EXPECT_EQ(failure.numberAndDescription(), L"53-File not found");
+  EXPECT_EQ(RunTimeError(7, L"x", L"gateway3.Thing").source(), L"gateway3.Thing");
+  EXPECT_EQ(RunTimeError(7, L"x", L"gateway3.Thing").report(), L"Run-time error '7':\r\n\r\nx");
+}
+
+TEST(RunTimeError, NamesTheFileThatIsNearestToTheFailure) {
+  try {
+    concerning(L"outer", [] { concerning(L"inner", [] { throw RunTimeError(70); }); });
+    ADD_FAILURE() << "Nothing came through";
+  } catch (const RunTimeError& failure) {
+    EXPECT_EQ(failure.number(), 70);
+    EXPECT_EQ(failure.path(), L"inner");
+  }
+  try {
+    concerning(L"outer", [] { raiseAbout(L"inner", 75); });
+    ADD_FAILURE() << "Nothing came through";
+  } catch (const RunTimeError& failure) {
+    EXPECT_EQ(failure.number(), 75);
+    EXPECT_EQ(failure.path(), L"inner");
+  }
+  EXPECT_EQ(concerning(L"outer", [] { return 5; }), 5);
+}
+
 TEST(RunTimeError, EveryErrorCodeOfTheSystemHasItsNumber) {
   const std::map<std::uint32_t, int> numbers{
       {2, 53},  {3, 76},  {4, 67},  {5, 75},   {8, 7},   {14, 7},  {17, 74},  {19, 70}, {32, 70},

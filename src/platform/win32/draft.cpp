@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
+#include <utility>
 #include <vector>
 
 #include "platform/files.h"
@@ -112,10 +113,17 @@ class SecondName {
 }  // namespace
 
 struct Draft::State {
+  State(std::wstring given, std::wstring nativeForm)
+      : path(std::move(given)), native(std::move(nativeForm)) {}
+
+  std::wstring path;  ///< As it was given.
   std::wstring native;
   FileHandle file;
 
   void create();
+  void createFile();
+  void write(std::string_view bytes) const;
+  [[nodiscard]] Replaced replace(const std::wstring& to, const Stamp& expected);
   /// What came of one try; a Windows error code other than "shared" ends the tries.
   struct Attempt {
     DWORD error = ERROR_SUCCESS;
@@ -126,6 +134,11 @@ struct Draft::State {
 };
 
 void Draft::State::create() {
+  // Named here, as the draft may be made anew while it is about to take another file's place.
+  concerning(path, [this] { createFile(); });
+}
+
+void Draft::State::createFile() {
   // Longer than for other files: what we wait for is the whole rewriting of a list.
   constexpr DWORD patienceMilliseconds = 500;
   constexpr DWORD longestPauseMilliseconds = 8;
@@ -184,15 +197,7 @@ Replaced Draft::State::takeFreeName(const std::wstring& to) {
   return Replaced::yes;
 }
 
-Draft::Draft(const std::wstring& path)
-    : state_(std::make_unique<State>(State{win32::requiredPath(path), FileHandle()})) {
-  state_->create();
-}
-
-Draft::~Draft() = default;
-
-void Draft::write(std::string_view bytes) {
-  const FileHandle& file = state_->file;
+void Draft::State::write(std::string_view bytes) const {
   if (SetFilePointerEx(file.get(), LARGE_INTEGER{}, nullptr, FILE_BEGIN) == 0 ||
       SetEndOfFile(file.get()) == 0) {
     raise(GetLastError());
@@ -211,21 +216,36 @@ void Draft::write(std::string_view bytes) {
   if (FlushFileBuffers(file.get()) == 0) raise(GetLastError());
 }
 
-Replaced Draft::replace(const std::wstring& to, const Stamp& expected) {
-  const std::wstring native = win32::requiredPath(to);
-  if (!expected.present) return state_->takeFreeName(native);
-  const DWORD attributes = GetFileAttributesW(native.c_str());
+Replaced Draft::State::replace(const std::wstring& to, const Stamp& expected) {
+  const std::wstring nativeTo = win32::requiredPath(to);
+  if (!expected.present) return takeFreeName(nativeTo);
+  const DWORD attributes = GetFileAttributesW(nativeTo.c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES) {
     raise(GetLastError(), {{ERROR_PATH_NOT_FOUND, error::fileNotFound}});
   }
   refuseProtected(attributes);
-  State::Attempt attempt;
+  Attempt attempt;
   const DWORD result = whileShared([&] {
-    attempt = state_->replaceExisting(native, expected);
+    attempt = replaceExisting(nativeTo, expected);
     return attempt.error;
   });
   if (result != ERROR_SUCCESS) raise(result, {{ERROR_PATH_NOT_FOUND, error::fileNotFound}});
   return attempt.replaced;
+}
+
+Draft::Draft(const std::wstring& path)
+    : state_(std::make_unique<State>(path, win32::requiredPath(path))) {
+  state_->create();
+}
+
+Draft::~Draft() = default;
+
+void Draft::write(std::string_view bytes) {
+  concerning(state_->path, [&] { state_->write(bytes); });
+}
+
+Replaced Draft::replace(const std::wstring& to, const Stamp& expected) {
+  return concerning(to, [&] { return state_->replace(to, expected); });
 }
 
 }  // namespace platform::files

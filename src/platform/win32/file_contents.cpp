@@ -83,10 +83,7 @@ Contents readOpenFile(const FileHandle& file) {
   return contents;
 }
 
-}  // namespace
-
-Contents readWhole(const std::wstring& path) {
-  const std::wstring native = win32::requiredPath(path);
+Contents read(const std::wstring& native) {
   FileHandle file;
   const DWORD result =
       open(native, GENERIC_READ, shareEverything, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, file);
@@ -94,8 +91,7 @@ Contents readWhole(const std::wstring& path) {
   return readOpenFile(file);
 }
 
-Contents readForAppending(const std::wstring& path) {
-  const std::wstring native = win32::requiredPath(path);
+Contents readToAppend(const std::wstring& native) {
   const DWORD attributes = GetFileAttributesW(native.c_str());
   if (attributes != INVALID_FILE_ATTRIBUTES &&
       (attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0) {
@@ -108,6 +104,16 @@ Contents readForAppending(const std::wstring& path) {
   if (result == ERROR_FILE_NOT_FOUND) return {};
   if (result != ERROR_SUCCESS) raise(result);
   return readOpenFile(file);
+}
+
+}  // namespace
+
+Contents readWhole(const std::wstring& path) {
+  return concerning(path, [&path] { return read(win32::requiredPath(path)); });
+}
+
+Contents readForAppending(const std::wstring& path) {
+  return concerning(path, [&path] { return readToAppend(win32::requiredPath(path)); });
 }
 
 }  // namespace platform::files

@@ -2,6 +2,9 @@
 
 #include <windows.h>
 
+#include <algorithm>
+#include <array>
+
 #include "platform/text.h"
 #include "platform/win32/errors.h"
 #include "platform/win32/handles.h"
@@ -85,6 +88,15 @@ void refuseReadOnly(const std::wstring& native) {
   if (isReadOnly(native)) throw RunTimeError(error::pathFileAccess);
 }
 
+/// Whether a copy or a rename that failed like that, of a file that is there, did so for its
+/// target: a name that is taken or impossible, a missing folder, a disk without room.
+bool isAboutTarget(DWORD systemError) {
+  constexpr std::array reasons{DWORD{ERROR_FILE_EXISTS},      DWORD{ERROR_ALREADY_EXISTS},
+                               DWORD{ERROR_PATH_NOT_FOUND},   DWORD{ERROR_INVALID_NAME},
+                               DWORD{ERROR_HANDLE_DISK_FULL}, DWORD{ERROR_DISK_FULL}};
+  return std::find(reasons.begin(), reasons.end(), systemError) != reasons.end();
+}
+
 }  // namespace
 
 std::vector<Entry> search(const std::wstring& pattern, unsigned attributes) {
@@ -134,41 +146,49 @@ bool fileExists(const std::wstring& path) { return exists(path, normal); }
 bool folderExists(const std::wstring& path) { return exists(path, Attributes::directory); }
 
 void makeFolder(const std::wstring& path) {
-  if (CreateDirectoryW(requiredPath(path).c_str(), nullptr) == 0) {
-    raise(GetLastError(), {{ERROR_ALREADY_EXISTS, error::pathFileAccess},
-                           {ERROR_FILE_EXISTS, error::pathFileAccess},
-                           {ERROR_FILE_NOT_FOUND, error::pathNotFound}});
-  }
+  concerning(path, [&path] {
+    if (CreateDirectoryW(requiredPath(path).c_str(), nullptr) == 0) {
+      raise(GetLastError(), {{ERROR_ALREADY_EXISTS, error::pathFileAccess},
+                             {ERROR_FILE_EXISTS, error::pathFileAccess},
+                             {ERROR_FILE_NOT_FOUND, error::pathNotFound}});
+    }
+  });
 }
 
 void remove(const std::wstring& path) {
-  const std::wstring native = requiredPath(path);
-  if ((existingAttributes(native) & FILE_ATTRIBUTE_READONLY) != 0) {
-    throw RunTimeError(error::pathFileAccess);
-  }
-  const DWORD result = whileShared([&native] { return outcome(DeleteFileW(native.c_str())); });
-  if (result != ERROR_SUCCESS) raise(result, {{ERROR_PATH_NOT_FOUND, error::fileNotFound}});
+  concerning(path, [&path] {
+    const std::wstring native = requiredPath(path);
+    if ((existingAttributes(native) & FILE_ATTRIBUTE_READONLY) != 0) {
+      throw RunTimeError(error::pathFileAccess);
+    }
+    const DWORD result = whileShared([&native] { return outcome(DeleteFileW(native.c_str())); });
+    if (result != ERROR_SUCCESS) raise(result, {{ERROR_PATH_NOT_FOUND, error::fileNotFound}});
+  });
 }
 
 void rename(const std::wstring& from, const std::wstring& to) {
   const std::wstring nativeFrom = requiredPath(from);
   const std::wstring nativeTo = requiredPath(to);
-  existingAttributes(nativeFrom);
+  concerning(from, [&nativeFrom] { existingAttributes(nativeFrom); });
   const DWORD result = whileShared([&nativeFrom, &nativeTo] {
     return outcome(MoveFileExW(nativeFrom.c_str(), nativeTo.c_str(), 0));
   });
-  if (result != ERROR_SUCCESS) raise(result);
+  if (result != ERROR_SUCCESS) {
+    concerning(isAboutTarget(result) ? to : from, [result] { raise(result); });
+  }
 }
 
 void copy(const std::wstring& from, const std::wstring& to) {
   const std::wstring nativeFrom = requiredPath(from);
   const std::wstring nativeTo = requiredPath(to);
-  existingAttributes(nativeFrom);
-  refuseReadOnly(nativeTo);
+  concerning(from, [&nativeFrom] { existingAttributes(nativeFrom); });
+  concerning(to, [&nativeTo] { refuseReadOnly(nativeTo); });
   const DWORD result = whileShared([&nativeFrom, &nativeTo] {
     return outcome(CopyFileW(nativeFrom.c_str(), nativeTo.c_str(), FALSE));
   });
-  if (result != ERROR_SUCCESS) raise(result);
+  if (result != ERROR_SUCCESS) {
+    concerning(isAboutTarget(result) ? to : from, [result] { raise(result); });
+  }
 }
 
 std::optional<FileTime> modifiedTime(const std::wstring& path) {

@@ -37,9 +37,7 @@ Answer showMessage(const std::wstring& text, MessageStyle style, const std::wstr
 }
 
 void reportRunTimeError(const RunTimeError& error) {
-  showMessage(
-      L"Run-time error '" + std::to_wstring(error.number()) + L"':\r\n\r\n" + error.description(),
-      MessageStyle::critical);
+  showMessage(error.report(), MessageStyle::critical);
 }
 
 }  // namespace platform::dialogs

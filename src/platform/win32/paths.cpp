@@ -38,7 +38,7 @@ std::optional<std::wstring> nativePath(const std::wstring& path) {
 
 std::wstring requiredPath(const std::wstring& path) {
   std::optional<std::wstring> native = nativePath(path);
-  if (!native) throw RunTimeError(error::badFileName);
+  if (!native) raiseAbout(path, error::badFileName);
   return *std::move(native);
 }
 

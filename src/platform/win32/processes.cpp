@@ -18,9 +18,7 @@ bool isFolder(const std::wstring& path) {
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
-}  // namespace
-
-void start(const std::wstring& executable, const std::wstring& commandLine) {
+void startProgram(const std::wstring& executable, const std::wstring& commandLine) {
   if (executable.empty() || win32::hasEmbeddedNul(commandLine)) {
     throw RunTimeError(error::invalidCall);
   }
@@ -44,6 +42,12 @@ void start(const std::wstring& executable, const std::wstring& commandLine) {
   }
   const win32::KernelHandle process(started.hProcess);
   const win32::KernelHandle thread(started.hThread);
+}
+
+}  // namespace
+
+void start(const std::wstring& executable, const std::wstring& commandLine) {
+  concerning(executable, [&] { startProgram(executable, commandLine); });
 }
 
 }  // namespace platform::processes

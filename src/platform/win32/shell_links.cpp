@@ -39,9 +39,7 @@ void refuseReadOnly(const std::wstring& linkPath) {
   }
 }
 
-}  // namespace
-
-void write(const std::wstring& linkPath, const Link& link) {
+void writeFile(const std::wstring& linkPath, const Link& link) {
   refuseReadOnly(linkPath);
   if (scriptingKeeps(linkPath, link) && win32::script_link::write(linkPath, link)) return;
   bool created = false;
@@ -49,6 +47,12 @@ void write(const std::wstring& linkPath, const Link& link) {
   if (SUCCEEDED(result)) return;
   if (!created) throw RunTimeError(error::cannotCreateObject);
   win32::raise(win32::systemErrorOf(result), {{ERROR_FILE_NOT_FOUND, error::pathNotFound}});
+}
+
+}  // namespace
+
+void write(const std::wstring& linkPath, const Link& link) {
+  concerning(linkPath, [&] { writeFile(linkPath, link); });
 }
 
 std::wstring targetOf(const std::wstring& linkPath) {

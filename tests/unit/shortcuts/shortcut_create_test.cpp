@@ -155,7 +155,9 @@ TEST_F(ShortcutCreateTest, AShortcutThatCannotBeSavedIsARunTimeErrorAndTheListIs
 TEST_F(ShortcutCreateTest, WithoutAMeansOfWritingShortcutsTheCommandEndsWithTheReport) {
   desktop().linkFailure = 429;
   create(L"C:\\Tools\\Calc.exe");
-  EXPECT_EQ(onlyMessage(), L"Run-time error '429':\r\n\r\nActiveX component can't create object");
+  EXPECT_EQ(onlyMessage(),
+            L"Run-time error '429':\r\n\r\nActiveX component can't create object\r\n\r\n" +
+                pathOf(L"Shortcut to Calc.exe.lnk"));
 }
 
 }  // namespace

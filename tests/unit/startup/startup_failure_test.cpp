@@ -48,7 +48,9 @@ TEST_F(StartupFailureTest, AUserFolderThatCannotBeMadeEndsTheStartWithTheReport)
 
   EXPECT_EQ(desktop().errorReports, std::vector<int>{76});
   ASSERT_EQ(desktop().messages.size(), 1U);
-  EXPECT_EQ(desktop().messages.front().text, L"Run-time error '76':\r\n\r\nPath not found");
+  EXPECT_EQ(desktop().messages.front().text,
+            L"Run-time error '76':\r\n\r\nPath not found\r\n\r\n"
+            L"C:\\Users\\Ann\\Documents\\My QMKExtra3");
   EXPECT_FALSE(desktop().journalHas(L"create frmQMK"));
 }
 
@@ -92,7 +94,9 @@ TEST_F(StartupFailureTest, ALockedToolShortcutIsReportedAndTheStartGoesOn) {
 
   EXPECT_EQ(desktop().errorReports, std::vector<int>{70});
   EXPECT_EQ(desktop().messages.size(), 1U);
-  EXPECT_EQ(desktop().messages.front().text, L"Run-time error '70':\r\n\r\nPermission denied");
+  EXPECT_EQ(desktop().messages.front().text,
+            std::wstring(L"Run-time error '70':\r\n\r\nPermission denied\r\n\r\n") +
+                shortcutsFolder + L"\\Plotview Browser.lnk");
   EXPECT_EQ(desktop().shown(L"frmSplash"), 0);
   EXPECT_TRUE(gateway->main.visible());
   EXPECT_EQ(list(frmQMK::fresh).count(), 4U);

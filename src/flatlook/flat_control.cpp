@@ -4,6 +4,7 @@
 #include <array>
 
 #include "flatlook/messages.h"
+#include "platform/application.h"
 #include "platform/run_time_error.h"
 
 namespace native = platform::native;
@@ -41,7 +42,8 @@ native::WindowHandle FlatTarget::requireWindow() const {
   if (!hWnd) {
     throw platform::RunTimeError(noWindowError,
                                  L"Incorrect control type passed to 'Attach' parameter - must be a "
-                                 L"control with a hWnd property.");
+                                 L"control with a hWnd property.",
+                                 platform::application::executableName() + L".cFlatControl");
   }
   return *hWnd;
 }

@@ -25,7 +25,8 @@ struct FlatTarget {
   /// Makes the control smaller by one pixel on every side.
   std::function<void()> shrink;
 
-  /// The control's window. Raises -2147220455 when it has none.
+  /// The control's window. Raises -2147220455 when it has none; the error's source is the
+  /// executable's name and the class's.
   [[nodiscard]] platform::native::WindowHandle requireWindow() const;
   /// Number of that error.
   static constexpr int noWindowError = -2147220455;

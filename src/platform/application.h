@@ -21,6 +21,9 @@ struct Version {
 /// Folder of the running executable, without a trailing backslash.
 [[nodiscard]] std::wstring folder();
 
+/// Name of the running executable, without its folder and its extension.
+[[nodiscard]] std::wstring executableName();
+
 /// Version of the running executable; zeros when it has no version resource.
 [[nodiscard]] Version version();
 

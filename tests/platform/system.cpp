@@ -7,6 +7,7 @@
 #include "platform/folders.h"
 #include "platform/registry.h"
 #include "platform/settings.h"
+#include "platform/unfailing.h"
 
 namespace platform {
 
@@ -15,6 +16,8 @@ using desktop::desktop;
 namespace application {
 
 std::wstring folder() { return desktop().applicationFolder; }
+
+std::wstring executableName() { return L"gateway3"; }
 
 Version version() { return desktop().version; }
 
@@ -58,7 +61,10 @@ namespace registry {
 
 std::optional<Value> query(Root root, const std::wstring& key, const std::wstring& name,
                            std::uint32_t access, std::size_t bufferBytes) {
-  desktop().registryQueries.push_back({root, key, name, access, bufferBytes});
+  {
+    const ::desktop::Unfailing own;
+    desktop().registryQueries.push_back({root, key, name, access, bufferBytes});
+  }
   if (desktop().blinded()) {
     return std::nullopt;
   }

@@ -70,24 +70,35 @@ const Item* versionBlock(const std::vector<std::byte>& resource, const wchar_t* 
   return static_cast<const Item*>(block);
 }
 
-}  // namespace
-
-std::wstring folder() {
+/// Full path of the running executable.
+std::wstring executablePath() {
   std::wstring path(MAX_PATH, L'\0');
   for (;;) {
     const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
     if (length < path.size()) {
       path.resize(length);
-      break;
+      return path;
     }
     path.resize(path.size() * 2);
   }
+}
+
+}  // namespace
+
+std::wstring folder() {
+  std::wstring path = executablePath();
   // The extended form of a path has no place in the texts and file names built from it.
   constexpr std::wstring_view extended = LR"(\\?\)";
   if (path.starts_with(extended) && path.substr(extended.size() + 1, 1) == L":") {
     path.erase(0, extended.size());
   }
   return path.substr(0, path.find_last_of(L'\\'));
+}
+
+std::wstring executableName() {
+  const std::wstring path = executablePath();
+  const std::wstring name = path.substr(path.find_last_of(L'\\') + 1);
+  return name.substr(0, name.find_last_of(L'.'));
 }
 
 Version version() {

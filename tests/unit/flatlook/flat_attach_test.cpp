@@ -97,6 +97,15 @@ TEST_F(FlatControlTest, AnyOtherControlThatDropsDownIsAComboBoxOfItsForm) {
 TEST_F(FlatControlTest, AControlWithoutAWindowIsRefusedInside) {
   const FlatTarget label{L"Label", std::nullopt, form, [this] { ++shrunk; }};
   EXPECT_EQ(errorNumberOf([&] { static_cast<void>(label.requireWindow()); }), -2147220455);
+  try {
+    static_cast<void>(label.requireWindow());
+  } catch (const platform::RunTimeError& failure) {
+    EXPECT_EQ(failure.source(), L"gateway3.cFlatControl");
+    EXPECT_EQ(
+        failure.description(),
+        L"Incorrect control type passed to 'Attach' parameter - must be a control with a hWnd "
+        L"property.");
+  }
   EXPECT_NO_THROW(flat->Attach(label));
   EXPECT_EQ(shrunk, 0);
   EXPECT_EQ(subclass::attachedMessages(), 0U);

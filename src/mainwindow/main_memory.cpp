@@ -34,7 +34,8 @@ void frmQMK::restoreColumnWidths() {
 }
 
 void frmQMK::remember() const {
-  if (peer() == nullptr) {
+  // One that was never laid out has no place of its own to come back to.
+  if (peer() == nullptr || !laidOut()) {
     return;
   }
   settings::write(section, placementKey, mainwindow::placementText(peer()->placement()));

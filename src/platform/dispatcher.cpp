@@ -14,10 +14,14 @@ bool dispatch(const std::function<void()>& handler) {
     const auto running = handler;
     running();
   });
-  if (failure) {
-    dialogs::reportRunTimeError(*failure);
+  if (!failure) {
+    return true;
   }
-  return !failure;
+  // A report for which there is no memory gives way to the report about that.
+  if (const auto unreported = trapped([&failure] { dialogs::reportRunTimeError(*failure); })) {
+    dialogs::reportRunTimeError(*unreported);
+  }
+  return false;
 }
 
 }  // namespace platform

@@ -80,11 +80,11 @@ bool Gateway::start() {
     return false;
   }
   showSplash();
-  if (!splash.foldersReady()) {
+  // The parts of the main window are made while the splash is up; without them it is gone.
+  if (!splash.foldersReady() || !main.loaded() || !dispatch([this] { main.show(); })) {
     return false;
   }
-  main.show();
-  processPendingMessages();
+  dispatch(processPendingMessages);
   fillLists();
   return true;
 }

@@ -13,8 +13,8 @@ class Gateway {
   frmSplash splash;
 
   /// The start-up sequence. False when it ended early, after a report: a folder that the program
-  /// needs could not be created. An error after the main window is up is reported, and the next
-  /// step still runs.
+  /// needs could not be created, or the main window could not be made. An error after the main
+  /// window is up is reported, and the next step still runs.
   bool start();
 
  private:

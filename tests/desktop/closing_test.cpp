@@ -1,8 +1,6 @@
 // Closing the main window: the question on every way, and both answers.
-#include <bit>
-#include <optional>
-
 #include "gateway_test.h"
+#include "harness/end_of_session.h"
 
 namespace desktop_tests {
 namespace {
@@ -83,36 +81,9 @@ INSTANTIATE_TEST_SUITE_P(By, ClosingWay,
                                            CloseWay::toolbar),
                          nameOf);
 
-/// Asks a window whether the session may end, without waiting for the answer.
-class EndOfSession {
- public:
-  explicit EndOfSession(HWND window) {
-    SendMessageCallbackW(window, WM_QUERYENDSESSION, 0, 0, answered,
-                         reinterpret_cast<ULONG_PTR>(&answer_));
-  }
-  /// The window's answer, waited for.
-  [[nodiscard]] bool mayEnd() const {
-    harness::waitUntil("the answer to the end of the session", [this] {
-      MSG message{};
-      while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
-        DispatchMessageW(&message);
-      }
-      return answer_.has_value();
-    });
-    return *answer_;
-  }
-
- private:
-  static void CALLBACK answered(HWND /*window*/, UINT /*message*/, ULONG_PTR target,
-                                LRESULT result) {
-    *std::bit_cast<std::optional<bool>*>(target) = result != 0;
-  }
-  std::optional<bool> answer_;
-};
-
 TEST_F(Closing, EndOfSessionAsksAndNoRefuses) {
   app->startToMain();
-  const EndOfSession question(app->main());
+  const harness::EndOfSession question(app->main());
   expectMessage(L"Exit Gateway?", questionIcon, yesAndNo, IDNO, L"");
   EXPECT_FALSE(question.mayEnd());
   EXPECT_TRUE(app->running());
@@ -120,7 +91,7 @@ TEST_F(Closing, EndOfSessionAsksAndNoRefuses) {
 
 TEST_F(Closing, EndOfSessionAsksAndYesAgrees) {
   app->startToMain();
-  const EndOfSession question(app->main());
+  const harness::EndOfSession question(app->main());
   expectMessage(L"Exit Gateway?", questionIcon, yesAndNo, IDYES, L"");
   EXPECT_TRUE(question.mayEnd());
   app->kill();

@@ -1,5 +1,6 @@
 // The start in an empty profile and in a used one, the second copy, and starts that go wrong.
 #include "gateway_test.h"
+#include "harness/end_of_session.h"
 
 namespace desktop_tests {
 namespace {
@@ -113,6 +114,32 @@ TEST_F(StartUp, ASecondCopySaysSoAndEnds) {
   EXPECT_TRUE(waitFor([&] { return !second->running(); }));
   EXPECT_TRUE(app->running());
   EXPECT_NE(IsWindowVisible(first), FALSE);
+}
+
+TEST_F(StartUp, ASecondCopyThatTheEndOfTheSessionEndsForgetsNoPlace) {
+  const std::wstring place = L"60 45 700 520 96 0";
+  harness::TestProfile::setSetting(L"Placement", place);
+  app->startToMain();
+  const auto second = app->startSecondCopy();
+  const harness::MessageBoxReader box = app->waitForMessage(second->id());
+  ASSERT_EQ(box.text(), L"Error: you already have Quillmark Running");
+  HWND const hidden = harness::waitUntilFound("the main window of the copy", [&]() -> HWND {
+    for (HWND const window : harness::topWindows(second->id())) {
+      if (harness::className(window) == L"frmQMK") {
+        return window;
+      }
+    }
+    return nullptr;
+  });
+  const harness::EndOfSession question(hidden);
+  harness::waitUntil("the question",
+                     [&] { return app->waitForMessage(second->id()).text() == L"Exit Gateway?"; });
+  app->waitForMessage(second->id()).answer(IDYES);
+  EXPECT_TRUE(question.mayEnd());
+  harness::send(hidden, WM_ENDSESSION, TRUE);
+  TerminateProcess(second->handle(), 0);
+  EXPECT_TRUE(waitFor([&] { return !second->running(); }));
+  EXPECT_EQ(harness::TestProfile::setting(L"Placement"), place);
 }
 
 TEST_F(StartUp, WithoutADocumentsFolderItReportsAndEnds) {

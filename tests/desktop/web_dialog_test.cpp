@@ -1,5 +1,6 @@
 // The web shortcut dialog: creating and changing entries as a person does, and the bytes that they
 // leave in the file.
+#include "harness/looks.h"
 #include "web_test.h"
 
 namespace desktop_tests {
@@ -240,6 +241,39 @@ TEST_F(WebDialog, CreateInAFileThatCannotBeWrittenIsReported) {
   dialog.pushAndWait(ids::webCancel);
   EXPECT_TRUE(harness::namesIn(webListPath()).empty());
 }
+
+/// What was drawn between the fields, as the ring of a field that has been moved was.
+class WebDialogRemains : public WebDialog, public ::testing::WithParamInterface<UINT> {};
+
+TEST_P(WebDialogRemains, AreGoneAfterAChangeOfFontOrTheme) {
+  constexpr COLORREF remains = RGB(255, 0, 255);
+  startOnWebTab(0);
+  const FormReader dialog = askToCreate();
+  const RECT above = harness::screenRect(dialog.control(ids::txtName));
+  const RECT below = harness::screenRect(dialog.control(ids::txtUrl));
+  const RECT between{above.left, above.bottom + 3, above.right, below.top - 3};
+  ASSERT_LT(between.top, between.bottom);
+  harness::paint(dialog.window());
+  RECT inWindow = between;
+  MapWindowPoints(nullptr, dialog.window(), reinterpret_cast<POINT*>(&inWindow), 2);
+  HDC const dc = GetDC(dialog.window());
+  HBRUSH const brush = CreateSolidBrush(remains);
+  FillRect(dc, &inWindow, brush);
+  DeleteObject(brush);
+  ReleaseDC(dialog.window(), dc);
+  ASSERT_TRUE(waitFor([&] { return harness::pixelsOf(remains, between) > 0; }));
+
+  harness::send(dialog.window(), GetParam(),
+                GetParam() == WM_SETTINGCHANGE ? WPARAM{SPI_SETNONCLIENTMETRICS} : WPARAM{0});
+
+  EXPECT_TRUE(waitFor([&] { return harness::pixelsOf(remains, between) == 0; }));
+  dialog.pushAndWait(ids::webCancel);
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, WebDialogRemains, ::testing::Values(WM_SETTINGCHANGE, WM_THEMECHANGED),
+                         [](const auto& message) {
+                           return message.param == WM_SETTINGCHANGE ? "Fonts" : "Theme";
+                         });
 
 /// Texts and fields of the dialog stand whole and apart at a density.
 class WebDialogLayout : public WebDialog, public ::testing::WithParamInterface<DWORD> {};

@@ -1,6 +1,7 @@
 // The start of the program with every call failing in turn, and its end.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 
@@ -45,7 +46,14 @@ Start startWith(const std::function<void()>& inject) {
     EXPECT_EQ(gateway->main.lstQMK[frmQMK::fresh].count(), 4U);
     expectNextOperationsWork(gateway->main);
   } else {
-    EXPECT_EQ(start.fault.now.messages.size(), 1U);
+    // Each failure is told but for those of removing an obsolete shortcut; memory that ran out is
+    // no failed call.
+    const auto& failed = desktop().failedCalls();
+    const auto told = std::count_if(failed.begin(), failed.end(), [](const auto& call) {
+      return !call.what.starts_with(L"remove " + shortcutsFolder);
+    });
+    EXPECT_EQ(start.fault.now.messages.size(),
+              std::max<std::size_t>(1, static_cast<std::size_t>(told)));
   }
   return start;
 }

@@ -6,6 +6,7 @@
 #include "platform/desktop.h"
 #include "platform/screens.h"
 #include "platform/text.h"
+#include "platform/unfailing.h"
 #include "platform/window_record.h"
 
 namespace desktop {
@@ -70,8 +71,11 @@ WindowRecord::WindowRecord(Desktop& owner, Window& window) : owner_(owner), wind
 WindowRecord::~WindowRecord() { window_.attach(nullptr); }
 
 void WindowRecord::show() {
-  owner_.note(L"show " + window_.name());
-  ++owner_.shownCounts[window_.name()];
+  owner_.call(L"show " + window_.name());
+  {
+    const Unfailing own;
+    ++owner_.shownCounts[window_.name()];
+  }
   if (window_.kind() == WindowKind::hidden) {
     return;
   }
@@ -87,7 +91,10 @@ void WindowRecord::show() {
 
 void WindowRecord::activate() {
   owner_.note(L"activate " + window_.name());
-  ++owner_.activatedCounts[window_.name()];
+  {
+    const Unfailing own;
+    ++owner_.activatedCounts[window_.name()];
+  }
   owner_.bringToFront(window_);
 }
 
@@ -177,7 +184,11 @@ void create(controls::Window& window) {
 }
 
 void destroy(controls::Window& window) {
-  desktop::desktop().note(L"destroy " + window.name());
+  {
+    // It cannot fail.
+    const desktop::Unfailing own;
+    desktop::desktop().note(L"destroy " + window.name());
+  }
   desktop::desktop().closeWindow(window);
 }
 

@@ -49,6 +49,15 @@ TEST_F(DispatcherTest, RunningOutOfMemoryIsErrorSeven) {
   EXPECT_EQ(desktop().errorReports, (std::vector<int>{7, 7}));
 }
 
+TEST_F(DispatcherTest, AReportForWhichThereIsNoMemoryGivesWayToTheReportAboutThat) {
+  desktop().onMessage = [](const ::desktop::Message& /*message*/) {
+    desktop().onMessage = nullptr;
+    throw std::bad_alloc();
+  };
+  EXPECT_FALSE(dispatch([] { throw RunTimeError(53); }));
+  EXPECT_EQ(desktop().errorReports, (std::vector<int>{53, 7}));
+}
+
 TEST_F(DispatcherTest, WhatIsNoFailureOfTheProgramPassesThrough) {
   EXPECT_THROW(dispatch([] { application::end(); }), ::desktop::ProgramEnded);
   EXPECT_THROW(dispatch([] { throw std::logic_error("a mistake in the code"); }), std::logic_error);

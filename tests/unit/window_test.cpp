@@ -130,6 +130,48 @@ TEST_F(WindowTest, WithoutANativeWindowItsLoadHandlerDoesNotRun) {
   EXPECT_TRUE(window.take().empty());
 }
 
+TEST_F(WindowTest, OneThatCannotBeShownIsNotLeftBehind) {
+  desktop().failCall(2, 7);
+  EXPECT_EQ(errorNumberOf([this] { window.show(); }), 7);
+  EXPECT_TRUE(desktop().journalHas(L"show frmTest failed 7"));
+  EXPECT_EQ(window.take(), Events{L"load"}) << "Nobody is asked whether it may go";
+  EXPECT_FALSE(window.loaded());
+  EXPECT_FALSE(window.visible());
+  EXPECT_EQ(window.peer(), nullptr);
+  EXPECT_TRUE(desktop().windows().empty());
+
+  window.show();
+  EXPECT_TRUE(window.visible());
+}
+
+TEST_F(WindowTest, OneThatCannotBeShownModallyIsNotWaitedFor) {
+  desktop().failCall(2, 7);
+  EXPECT_EQ(errorNumberOf([this] { window.showModal(); }), 7);
+  EXPECT_FALSE(desktop().journalHas(L"modal frmTest"));
+  EXPECT_FALSE(window.loaded());
+}
+
+TEST_F(WindowTest, OneWhoseNativeSideGivesUpIsGoneAndNobodyIsAsked) {
+  window.load();
+  window.take();
+  window.giveUp();
+  EXPECT_FALSE(window.loaded());
+  EXPECT_EQ(window.peer(), nullptr);
+  EXPECT_TRUE(desktop().windows().empty());
+  EXPECT_TRUE(window.take().empty());
+}
+
+TEST_F(WindowTest, IsLaidOutFromTheFirstLayoutOnUntilItIsUnloaded) {
+  window.load();
+  EXPECT_FALSE(window.laidOut());
+  window.show();
+  EXPECT_TRUE(window.laidOut());
+  window.unload();
+  EXPECT_FALSE(window.laidOut());
+  window.load();
+  EXPECT_FALSE(window.laidOut());
+}
+
 TEST_F(WindowTest, AWindowThatUnloadsItselfWhileLoadingIsNotShown) {
   window.unloadInLoad = true;
   window.show();

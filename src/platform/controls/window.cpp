@@ -15,6 +15,7 @@ void Window::dropNative() {
   if (loaded_) {
     loaded_ = false;
     visible_ = false;
+    laidOut_ = false;
     platform::windows::destroy(*this);
   }
 }
@@ -64,8 +65,15 @@ void Window::show() {
     return;  // Form_Load unloaded it again
   }
   visible_ = true;
-  if (peer_ != nullptr) {
+  if (peer_ == nullptr) {
+    return;
+  }
+  try {
     peer_->show();
+  } catch (...) {
+    // Half a window would neither work nor go away.
+    dropNative();
+    throw;
   }
 }
 
@@ -124,6 +132,7 @@ bool Window::raiseClose(UnloadMode mode) {
 
 void Window::raiseLayout(platform::Size client, int dpi) {
   dpi_ = dpi;
+  laidOut_ = true;
   platform::dispatch([this, client, dpi] { layout(client, dpi); });
 }
 

@@ -89,6 +89,9 @@ class Window {
 
   [[nodiscard]] bool loaded() const { return loaded_; }
   [[nodiscard]] bool visible() const { return visible_; }
+  /// Whether the loaded window has been laid out: before that its native window has neither a size
+  /// nor a place that anybody has seen.
+  [[nodiscard]] bool laidOut() const { return laidOut_; }
   /// Dots per inch of the screen that the window is on; 96 until a peer says otherwise.
   [[nodiscard]] int dpi() const { return dpi_; }
   [[nodiscard]] WindowPeer* peer() const { return peer_; }
@@ -96,9 +99,10 @@ class Window {
   /// Loads the window hidden unless it is loaded already. An error in `Form_Load` is passed on;
   /// the window is then not loaded.
   void load();
-  /// Loads and shows the window.
+  /// Loads and shows the window. An error of the native side is passed on; the window is then not
+  /// loaded.
   void show();
-  /// Loads and shows the window, and returns when it has been unloaded.
+  /// Loads and shows the window, and returns when it has been unloaded. Errors as with `show`.
   void showModal();
   /// Brings a shown window to the front.
   void activate();
@@ -109,6 +113,8 @@ class Window {
   // Called by the native side. Each runs its handler through the dispatcher.
   void attach(WindowPeer* peer) { peer_ = peer; }
   void acceptDpi(int dpi) { dpi_ = dpi; }
+  /// The native window cannot be completed: the window is not loaded any more. No handler is asked.
+  void giveUp() { dropNative(); }
   void raiseActivate();
   void raiseClick();
   void raiseKeyPress(wchar_t character);
@@ -151,6 +157,7 @@ class Window {
   platform::Size minimumSize_;
   bool loaded_ = false;
   bool visible_ = false;
+  bool laidOut_ = false;
   int dpi_ = platform::designDpi;
   WindowPeer* peer_ = nullptr;
 };

@@ -1,10 +1,13 @@
 #include "platform/win32/message_loop.h"
 
 #include <algorithm>
+#include <iterator>
+#include <list>
 #include <utility>
 #include <vector>
 
 #include "platform/application.h"
+#include "platform/dispatcher.h"
 #include "platform/win32/peers/window_peer.h"
 #include "platform/windows.h"
 
@@ -12,16 +15,20 @@ namespace platform::win32 {
 
 namespace {
 
+/// A list, as a window has to be able to go without any memory being needed for it.
+using Peers = std::list<std::unique_ptr<WindowPeer>>;
+
 /// Windows that take no input while a modal window is loaded.
 class InputBlock {
  public:
-  InputBlock(const controls::Window& modal, const std::vector<std::unique_ptr<WindowPeer>>& all)
-      : modal_(&modal) {
+  InputBlock(const controls::Window& modal, const Peers& all) : modal_(&modal) {
     for (const auto& peer : all) {
       if (!peer->belongsTo(modal) && IsWindowEnabled(peer->window()) != 0) {
-        EnableWindow(peer->window(), FALSE);
         blocked_.push_back(peer->window());
       }
+    }
+    for (HWND window : blocked_) {
+      EnableWindow(window, FALSE);
     }
   }
   [[nodiscard]] const controls::Window* modal() const { return modal_; }
@@ -37,9 +44,9 @@ class InputBlock {
 };
 
 struct Windows {
-  std::vector<std::unique_ptr<WindowPeer>> live;
+  Peers live;
   /// Detached peers whose messages may still be on the stack.
-  std::vector<std::unique_ptr<WindowPeer>> retired;
+  Peers retired;
   std::vector<InputBlock> blocks;
 };
 
@@ -49,14 +56,15 @@ Windows& windows() {
 }
 
 void deleteRetired() {
-  auto& retired = windows().retired;
-  std::vector<std::unique_ptr<WindowPeer>> leaving;
-  for (auto& peer : retired) {
-    if (!peer->busy()) {
-      leaving.push_back(std::move(peer));
+  Peers& retired = windows().retired;
+  Peers leaving;
+  for (auto peer = retired.begin(); peer != retired.end();) {
+    const auto next = std::next(peer);
+    if (!(*peer)->busy()) {
+      leaving.splice(leaving.end(), retired, peer);
     }
+    peer = next;
   }
-  std::erase(retired, nullptr);
 }
 
 bool preTranslate(MSG& message) {
@@ -78,11 +86,15 @@ bool preTranslate(MSG& message) {
 }
 
 void process(MSG& message) {
-  if (!preTranslate(message)) {
-    TranslateMessage(&message);
-    DispatchMessageW(&message);
-  }
-  deleteRetired();
+  const auto processing = [&message] {
+    if (!preTranslate(message)) {
+      TranslateMessage(&message);
+      DispatchMessageW(&message);
+    }
+    deleteRetired();
+  };
+  // A message for which there is no memory must not end the program.
+  platform::dispatch(processing);
 }
 
 /// Processes messages until `window` is no longer loaded. A request to quit the thread ends the
@@ -120,8 +132,7 @@ void retire(const controls::Window& window) {
   if (found == all.live.end()) {
     return;
   }
-  all.retired.push_back(std::move(*found));
-  all.live.erase(found);
+  all.retired.splice(all.retired.end(), all.live, found);
   all.retired.back()->detach();
   deleteRetired();
   // A loop that waits for this window's end may be asleep inside the call that brought us here.

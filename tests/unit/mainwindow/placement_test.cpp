@@ -69,11 +69,16 @@ TEST(Placement, WithoutAnyScreenStaysWhereItIs) {
 
 class RememberedWindow : public desktop::DesktopTest {
  protected:
-  std::unique_ptr<frmQMK> made() {
+  static std::unique_ptr<frmQMK> hidden() {
     modQMKGeneral::InitUserFolders();
     auto window = std::make_unique<frmQMK>();
     window->load();
     window->SetupMainWindow();
+    return window;
+  }
+  static std::unique_ptr<frmQMK> made() {
+    auto window = hidden();
+    window->show();
     return window;
   }
   static bool close(frmQMK& window, platform::dialogs::Answer answer) {
@@ -106,6 +111,20 @@ TEST_F(RememberedWindow, IsRememberedAtTheEndOfASessionToo) {
   desktop().answers.push_back(Answer::yes);
   EXPECT_TRUE(window->raiseClose(controls::UnloadMode::sessionEnd));
   EXPECT_TRUE(desktop().setting(L"General", L"Placement").has_value());
+}
+
+TEST_F(RememberedWindow, IsNotRememberedWhenItNeverHadAPlace) {
+  for (const controls::UnloadMode mode :
+       {controls::UnloadMode::sessionEnd, controls::UnloadMode::user}) {
+    desktop().setSetting(L"General", L"Placement", L"1 2 300 200 96 0");
+    desktop().setSetting(L"General", L"Columns1", L"2222 2000 3000 4000 0");
+    const auto window = hidden();
+    window->lstQMK[1].acceptColumnWidth(0, 1111);
+    desktop().answers.push_back(Answer::yes);
+    EXPECT_TRUE(window->raiseClose(mode));
+    EXPECT_EQ(desktop().setting(L"General", L"Placement"), L"1 2 300 200 96 0");
+    EXPECT_EQ(desktop().setting(L"General", L"Columns1"), L"2222 2000 3000 4000 0");
+  }
 }
 
 TEST_F(RememberedWindow, IsScaledToTheDensityOfTheScreen) {

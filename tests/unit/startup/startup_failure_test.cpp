@@ -84,6 +84,33 @@ TEST_F(StartupFailureTest, APhotoImagesFolderThatCannotBeMadeEndsTheStartWithThe
   EXPECT_EQ(desktop().shown(L"frmQMK"), 0);
 }
 
+TEST_F(StartupFailureTest, AMainWindowThatCannotBeShownEndsTheStartWithTheReport) {
+  ASSERT_TRUE(gateway->start());
+  const int all = desktop().calls();
+  int n = 1;
+  do {
+    failsBehindMainWindow(n, 7);
+  } while (!desktop().journalHas(L"show frmQMK failed 7") && ++n <= all);
+  ASSERT_LE(n, all);
+
+  EXPECT_FALSE(started);
+  EXPECT_EQ(desktop().errorReports, std::vector<int>{7});
+  EXPECT_EQ(desktop().messages.size(), 1U);
+  EXPECT_FALSE(gateway->main.loaded());
+  EXPECT_TRUE(desktop().windows().empty());
+}
+
+TEST_F(StartupFailureTest, AMainWindowWhosePartsCannotBeMadeBehindTheSplashEndsTheStart) {
+  desktop().at(1000, [this] { gateway->main.giveUp(); });
+
+  EXPECT_FALSE(gateway->start());
+
+  EXPECT_EQ(desktop().shown(L"frmSplash"), 1);
+  EXPECT_EQ(desktop().shown(L"frmQMK"), 0);
+  EXPECT_EQ(timesInJournal(L"create frmQMK"), 1U) << "It is not tried again";
+  EXPECT_TRUE(desktop().windows().empty());
+}
+
 // --- failures that the start survives ---
 
 TEST_F(StartupFailureTest, ALockedToolShortcutIsReportedAndTheStartGoesOn) {

@@ -1,6 +1,7 @@
 // What a window does with its messages.
 #include <algorithm>
 #include <bit>
+#include <functional>
 
 #include "platform/dispatcher.h"
 #include "platform/win32/dpi.h"
@@ -17,7 +18,7 @@ LRESULT CALLBACK WindowPeer::procedure(HWND window, UINT message, WPARAM first, 
   auto* const self = std::bit_cast<WindowPeer*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   if (self != nullptr && self->window_ != nullptr) {
     const Busy busy(*self);
-    if (const auto result = self->handle(message, first, second)) {
+    if (const auto result = self->handleSafely(message, first, second)) {
       return *result;
     }
   }
@@ -31,11 +32,19 @@ LRESULT CALLBACK WindowPeer::watchDialog(HWND window, UINT message, WPARAM first
     unhookMessages(window, watchDialog, id);
   } else if (peer.window_ != nullptr) {
     const Busy busy(peer);
-    if (const auto result = peer.handle(message, first, second)) {
+    if (const auto result = peer.handleSafely(message, first, second)) {
       return *result;
     }
   }
   return passOn(window, message, first, second);
+}
+
+std::optional<LRESULT> WindowPeer::handleSafely(UINT message, WPARAM first, LPARAM second) {
+  std::optional<LRESULT> result;
+  const auto handling = [&] { result = handle(message, first, second); };
+  // By reference, as a copy would need memory for every message.
+  platform::dispatch(std::ref(handling));
+  return result;
 }
 
 std::optional<LRESULT> WindowPeer::handle(UINT message, WPARAM first, LPARAM second) {
@@ -71,6 +80,7 @@ std::optional<LRESULT> WindowPeer::handle(UINT message, WPARAM first, LPARAM sec
         platform::dispatch([this] {
           refreshFonts();
           layout();
+          repaintAll();
         });
       }
       return std::nullopt;
@@ -173,7 +183,15 @@ void WindowPeer::activated(bool active) {
 
 void WindowPeer::tick(UINT_PTR timer) {
   if (timer == finishTimer) {
-    platform::dispatch([this] { finish(); });
+    platform::dispatch([this] {
+      try {
+        finish();
+      } catch (...) {
+        // Gone before the report is up: half a window must not get at any messages meanwhile.
+        window_->giveUp();
+        throw;
+      }
+    });
     return;
   }
   const auto found = std::find_if(timers_.begin(), timers_.end(),
@@ -279,8 +297,12 @@ void WindowPeer::changeDpi(int dpi, const RECT& suggested) {
                  SWP_NOZORDER | SWP_NOACTIVATE);
     loadBackground();
     layout();
-    RedrawWindow(window(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+    repaintAll();
   });
+}
+
+void WindowPeer::repaintAll() {
+  RedrawWindow(window(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 void WindowPeer::limitSize(MINMAXINFO& limits) const {

@@ -115,6 +115,9 @@ class WindowPeer final : public controls::WindowPeer {
   void refreshFonts();
 
   // window_messages.cpp
+  /// Handles a message; what is raised must not leave through the system that sent it, and is
+  /// reported here.
+  std::optional<LRESULT> handleSafely(UINT message, WPARAM first, LPARAM second);
   std::optional<LRESULT> handle(UINT message, WPARAM first, LPARAM second);
   std::optional<LRESULT> handleParts(UINT message, WPARAM first, LPARAM second);
   std::optional<LRESULT> handleBare(UINT message, WPARAM first);
@@ -127,6 +130,9 @@ class WindowPeer final : public controls::WindowPeer {
   std::optional<LRESULT> colourText(HDC dc, HWND control) const;
   void close();
   void changeDpi(int dpi, const RECT& suggested);
+  /// Has everything painted anew: what is drawn around the controls, as the ring of a flat field
+  /// is, stays on the window when they move.
+  void repaintAll();
   void limitSize(MINMAXINFO& limits) const;
   [[nodiscard]] NativeControl* find(HWND control) const;
 

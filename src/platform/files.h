@@ -22,23 +22,35 @@ enum Attributes : unsigned { normal = 0, hidden = 2, system = 4, directory = 16 
 
 /// One result of a directory search.
 struct Entry {
-  std::wstring name;      ///< As stored on disk, without its folder.
-  FileTime modified = 0;  ///< Last modification.
+  std::wstring name;       ///< As stored on disk, without its folder.
+  FileTime modified = 0;   ///< Last modification.
+  std::wstring shortName;  ///< Its second name, in 8.3 form; "" where it has none.
 };
 
 /// All entries that match `pattern` (a path whose last component may hold wildcards), in the
 /// order in which the file system returns them. Entries that are hidden, system or folders come
 /// only when `attributes` asks for them; "." and ".." never come. An empty result stands for
-/// every way of finding nothing; no error is raised.
+/// every way of finding nothing; no error is raised. Short names are not given: to read them along
+/// is slower.
 [[nodiscard]] std::vector<Entry> search(const std::wstring& pattern, unsigned attributes = normal);
 
-/// What `search(folder + L"\\*." + extension)` finds for each of the extensions; the folder is read
-/// only once.
+/// What `search(folder + L"\\*." + extension)` finds for each of the extensions, with the short
+/// names; the folder is read only once.
 [[nodiscard]] std::vector<std::vector<Entry>> searchByExtension(
     const std::wstring& folder, const std::vector<std::wstring>& extensions);
 
 /// Name of the first entry that `search` would return, "" when there is none.
 [[nodiscard]] std::wstring findFirst(const std::wstring& pattern, unsigned attributes = normal);
+
+/// What is stored under exactly that path, be it a file or a folder, hidden or not; nothing when
+/// nothing is, for whatever reason. A wildcard is part of no name.
+[[nodiscard]] std::optional<Entry> entryAt(const std::wstring& path);
+
+/// The short name that a new file of that path would get, "" where its volume gives none. The file
+/// system alone knows: a file is made for the moment and is gone on return. Raises what making a
+/// file raises: 58 (something of that name exists), 75 (no right to make it), 76 (folder missing),
+/// 52 (no file can have that name), 61.
+[[nodiscard]] std::wstring shortNameOfNew(const std::wstring& path);
 
 /// Whether a normal file (not hidden, not system) of that path is found.
 [[nodiscard]] bool fileExists(const std::wstring& path);

@@ -52,4 +52,8 @@ void fromCodePage(std::string_view bytes, std::wstring& text);
 /// look-alike, so that no text can turn into a quote, a comma or a line end.
 [[nodiscard]] std::string toCodePage(std::wstring_view text);
 
+/// Whether the code page holds every character of `text`: what `toCodePage` makes of it is read
+/// back as the same text.
+[[nodiscard]] bool fitsCodePage(std::wstring_view text);
+
 }  // namespace platform::text

@@ -59,6 +59,7 @@ void Desktop::reset() {
     closeWindow(windows_.back()->window());
   }
   clock_.reset();
+  setCodePage(1252);
   disk_ = std::make_unique<FileSystem>([this] { return clock_.now(); });
   putFolder(L"C:\\App");
   putFolder(L"C:\\Users\\Ann\\Documents");
@@ -144,6 +145,8 @@ void Desktop::unlock(const std::wstring& path) { disk_->setLocked(path, false); 
 void Desktop::alias(const std::wstring& shortPath, const std::wstring& longPath) {
   disk_->alias(shortPath, longPath);
 }
+
+void Desktop::giveShortNames(const std::wstring& drive) { disk_->giveShortNames(drive); }
 
 std::optional<platform::shell_links::Link> Desktop::linkAt(const std::wstring& path) const {
   const auto bytes = bytesOf(path);

@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "platform/application.h"
+#include "platform/code_pages.h"
 #include "platform/controls/window.h"
 #include "platform/dialogs.h"
 #include "platform/file_system.h"
@@ -94,7 +95,7 @@ class Desktop {
   ~Desktop();
 
   /// Back to the state of a fresh system: the folders C:\App, C:\Users\Ann\Documents and
-  /// C:\Windows, 20 November 2026 14:30:15, nothing scripted, nothing recorded.
+  /// C:\Windows, code page 1252, 20 November 2026 14:30:15, nothing scripted, nothing recorded.
   void reset();
 
   // --- parts ---
@@ -132,6 +133,9 @@ class Desktop {
   void unlock(const std::wstring& path);
   /// Gives a file or folder the short name that is the last component of `shortPath`.
   void alias(const std::wstring& shortPath, const std::wstring& longPath);
+  /// Makes the volume of a drive ("C:") one that gives short names: everything on it whose name is
+  /// not in 8.3 form has one from now on ("___SUI~1"). Without this only `alias` gives them.
+  void giveShortNames(const std::wstring& drive);
   /// The shortcut stored in a file, nothing when it holds none.
   [[nodiscard]] std::optional<platform::shell_links::Link> linkAt(const std::wstring& path) const;
   /// Runs just before a draft that is to replace a file looks at it, once per call: another program
@@ -168,17 +172,23 @@ class Desktop {
   /// Number of calls that only looked and cannot raise an error, since the reset.
   [[nodiscard]] int looks() const { return looks_; }
   /// What the program did to the desktop, in order: "make folder P", "remove P", "rename P -> Q",
-  /// "copy P -> Q", "read P", "read to append P", "create P", "write P", "replace P -> Q" (with "
-  /// (changed)" when it was refused), "setting S\K = V", "link P", "start E", "browse A", "classic
-  /// help F", "compiled help F", "message T", "error N", "input P", "open file dialog", "create W",
-  /// "show W", "activate W", "menu M at X Y", "destroy W", "modal W", "run W", "tick T", "pump",
-  /// "end". Calls that only look are not in it; a call that failed is, with " failed N" behind it.
+  /// "copy P -> Q", "short name of new P", "read P", "read to append P", "create P", "write P",
+  /// "replace P -> Q" (with " (changed)" when it was refused), "setting S\K = V", "link P", "start
+  /// E", "browse A", "classic help F", "compiled help F", "message T", "error N", "input P", "open
+  /// file dialog", "create W", "show W", "activate W", "menu M at X Y", "destroy W", "modal W",
+  /// "run W", "tick T", "pump", "end". Calls that only look are not in it; a call that failed is,
+  /// with " failed N" behind it.
   [[nodiscard]] const std::vector<std::wstring>& journal() const { return journal_; }
   /// Whether the journal has that line.
   [[nodiscard]] bool journalHas(const std::wstring& line) const;
   /// Place of the first such line, nothing when there is none; for questions of order.
   [[nodiscard]] std::optional<std::size_t> journalPlace(const std::wstring& line) const;
   void clearJournal() { journal_.clear(); }
+
+  // --- text ---
+
+  /// The system's code page, in which list files are: 1252 (after the reset), 1250 or 65001.
+  static void setCodePage(int number) { desktop::setCodePage(number); }
 
   // --- time ---
 

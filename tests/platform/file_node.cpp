@@ -10,9 +10,52 @@ namespace desktop {
 
 using platform::text::upper;
 
+namespace {
+
+bool isLetterOrDigit(wchar_t c) {
+  return (c >= L'A' && c <= L'Z') || (c >= L'0' && c <= L'9') || c == L'_' || c == L'-' ||
+         c == L'~';
+}
+
+/// The text in upper case, with what no short name holds as "_", blanks and dots left out.
+std::wstring withoutOthers(const std::wstring& text) {
+  std::wstring result = upper(text);
+  std::erase_if(result, [](wchar_t c) { return c == L' ' || c == L'.'; });
+  std::replace_if(
+      result.begin(), result.end(), [](wchar_t c) { return !isLetterOrDigit(c); }, L'_');
+  return result;
+}
+
+}  // namespace
+
 void FileSystem::Node::setName(const std::wstring& newName) {
   name = newName;
   upperName_ = upper(newName);
+}
+
+void FileSystem::Node::nameShortly() {
+  const Node* root = this;
+  while (root->parent != nullptr) {
+    root = root->parent;
+  }
+  if (root == this || !root->givesShortNames) {
+    return;
+  }
+  shortName.clear();
+  if (isShortName(name)) {
+    return;
+  }
+  const std::size_t dot = std::min(name.rfind(L'.'), name.size());
+  constexpr std::size_t mostBefore = 6;
+  constexpr std::size_t mostBehind = 4;
+  const std::wstring before = withoutOthers(name.substr(0, dot)).substr(0, mostBefore);
+  const std::wstring behind =
+      dot == name.size() ? L"" : L"." + withoutOthers(name.substr(dot + 1, mostBehind - 1));
+  std::wstring made;
+  for (int n = 1; made.empty() || parent->child(made) != nullptr; ++n) {
+    made = before + L"~" + std::to_wstring(n) + behind;
+  }
+  shortName = made;
 }
 
 FileSystem::Node* FileSystem::Node::child(const std::wstring& wanted) const {
@@ -34,6 +77,7 @@ FileSystem::Node& FileSystem::Node::add(const std::wstring& newName) {
 void FileSystem::Node::adopt(std::unique_ptr<Node> node) {
   node->parent = this;
   children.push_back(std::move(node));
+  children.back()->nameShortly();
 }
 
 std::unique_ptr<FileSystem::Node> FileSystem::Node::drop(const Node& node) {
@@ -71,6 +115,18 @@ bool isName(const std::wstring& name) {
   return std::none_of(name.begin(), name.end(), [](wchar_t c) {
     return c < L' ' || std::wstring_view(L"<>:\"/\\|?*").find(c) != std::wstring_view::npos;
   });
+}
+
+bool isShortName(const std::wstring& name) {
+  const std::wstring wanted = upper(name);
+  const std::size_t dot = std::min(wanted.find(L'.'), wanted.size());
+  const std::wstring before = wanted.substr(0, dot);
+  const std::wstring behind = dot == wanted.size() ? L"" : wanted.substr(dot + 1);
+  constexpr std::size_t mostBefore = 8;
+  constexpr std::size_t mostBehind = 3;
+  return !before.empty() && before.size() <= mostBefore && behind.size() <= mostBehind &&
+         std::all_of(before.begin(), before.end(), isLetterOrDigit) &&
+         std::all_of(behind.begin(), behind.end(), isLetterOrDigit);
 }
 
 PathParts splitPath(const std::wstring& path) {

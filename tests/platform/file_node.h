@@ -22,11 +22,15 @@ struct FileSystem::Node {
   bool locked = false;
   std::string bytes;
   platform::files::FileTime modified = 0;
+  bool givesShortNames = false;  ///< Of the root of a drive.
   std::uint64_t id = 0;
   Node* parent = nullptr;
   std::vector<std::unique_ptr<Node>> children;
 
   void setName(const std::wstring& newName);
+  /// Makes up the short name on a drive that gives short names; no other entry of the folder has
+  /// it.
+  void nameShortly();
   /// The entry of that long or short name, nullptr when there is none.
   [[nodiscard]] Node* child(const std::wstring& wanted) const;
   Node& add(const std::wstring& newName);
@@ -65,6 +69,9 @@ struct PathParts {
 
 /// Whether a file or folder can have that name.
 [[nodiscard]] bool isName(const std::wstring& name);
+
+/// Whether a name is in 8.3 form already, so that no short name is made up for it.
+[[nodiscard]] bool isShortName(const std::wstring& name);
 
 /// Whether an upper-cased name fits an upper-cased pattern. "*" stands for any characters, "?" for
 /// one, or for none at the end of the name or before a dot; "*.*" fits names without a dot too.

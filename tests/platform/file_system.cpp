@@ -143,10 +143,32 @@ std::vector<platform::files::Entry> FileSystem::search(const std::wstring& patte
   for (const auto& child : place.node->children) {
     const unsigned special = child->attributes();
     if ((special & ~attributes) == 0 && child->matches(wanted)) {
-      found.push_back({child->name, child->modified});
+      found.push_back({child->name, child->modified, child->shortName});
     }
   }
   return found;
+}
+
+std::optional<platform::files::Entry> FileSystem::entryAt(const std::wstring& path) const {
+  const Place place = locate(path);
+  if (place.node == nullptr || place.node->parent == nullptr) {
+    return std::nullopt;
+  }
+  return platform::files::Entry{place.node->name, place.node->modified, place.node->shortName};
+}
+
+std::wstring FileSystem::shortNameOfNew(const std::wstring& path) {
+  const Place place = locate(path);
+  if (place.node != nullptr) {
+    throw RunTimeError(error::fileExists);
+  }
+  if (place.folder == nullptr || place.failure != error::fileNotFound) {
+    throw RunTimeError(place.failure);
+  }
+  const Node& made = place.folder->add(place.name);
+  std::wstring name = made.shortName;
+  place.folder->drop(made);
+  return name;
 }
 
 void FileSystem::makeFolder(const std::wstring& path) {
@@ -185,6 +207,7 @@ void FileSystem::rename(const std::wstring& from, const std::wstring& to) {
   }
   if (target.node == &node) {
     node.setName(target.name);
+    node.nameShortly();
     return;
   }
   if (target.drive != nullptr && target.drive != locate(from).drive) {
@@ -304,75 +327,6 @@ Replaced FileSystem::replace(const std::wstring& from, const std::wstring& to,
   target.node->system = moved->system;
   target.node->readOnly = moved->readOnly;
   return Replaced::yes;
-}
-
-// --- what a test prepares and looks at ---
-
-void FileSystem::putFile(const std::wstring& path, const std::string& bytes, unsigned attributes,
-                         FileTime modified) {
-  Place place = locate(path);
-  if (place.node == nullptr) {
-    const auto separator = path.find_last_of(L"\\/");
-    if (separator == std::wstring::npos) {
-      throw RunTimeError(error::badFileName);
-    }
-    Node& folder = folderFor(path.substr(0, separator));
-    place.node = &folder.add(path.substr(separator + 1));
-    place.node->id = ++lastId_;
-  } else if (place.node->folder) {
-    throw RunTimeError(error::pathFileAccess);
-  }
-  place.node->bytes = bytes;
-  place.node->hidden = (attributes & platform::files::hidden) != 0;
-  place.node->system = (attributes & platform::files::system) != 0;
-  place.node->modified = modified != 0 ? modified : stampTime();
-}
-
-void FileSystem::putFolder(const std::wstring& path) { folderFor(path); }
-
-void FileSystem::take(const std::wstring& path) {
-  Node& node = existing(path);
-  if (node.parent != nullptr) {
-    node.parent->drop(node);
-  }
-}
-
-std::optional<std::string> FileSystem::bytesOf(const std::wstring& path) const {
-  const Place place = locate(path);
-  if (place.node == nullptr || place.node->folder) {
-    return std::nullopt;
-  }
-  return place.node->bytes;
-}
-
-bool FileSystem::has(const std::wstring& path) const { return locate(path).node != nullptr; }
-
-std::vector<std::wstring> FileSystem::namesIn(const std::wstring& folder) const {
-  std::vector<std::wstring> names;
-  for (const auto& child : existing(folder).children) {
-    names.push_back(child->name);
-  }
-  return names;
-}
-
-void FileSystem::setReadOnly(const std::wstring& path, bool readOnly) {
-  existing(path).readOnly = readOnly;
-}
-
-void FileSystem::setHidden(const std::wstring& path, bool hidden) {
-  existing(path).hidden = hidden;
-}
-
-void FileSystem::setModified(const std::wstring& path, FileTime modified) {
-  existing(path).modified = modified;
-}
-
-void FileSystem::setLocked(const std::wstring& path, bool locked) {
-  existing(path).locked = locked;
-}
-
-void FileSystem::alias(const std::wstring& shortPath, const std::wstring& longPath) {
-  existing(longPath).shortName = shortPath.substr(shortPath.find_last_of(L'\\') + 1);
 }
 
 }  // namespace desktop

@@ -43,6 +43,7 @@ class FileSystem {
   void setModified(const std::wstring& path, FileTime modified);
   void setLocked(const std::wstring& path, bool locked);
   void alias(const std::wstring& shortPath, const std::wstring& longPath);
+  void giveShortNames(const std::wstring& drive);
   /// Bytes that fit on the disk beside what is there; nothing for no limit. A write that needs
   /// more raises 61 and leaves what fitted.
   void setFreeBytes(std::optional<std::uint64_t> bytes) { freeBytes_ = bytes; }
@@ -51,6 +52,8 @@ class FileSystem {
 
   [[nodiscard]] std::vector<platform::files::Entry> search(const std::wstring& pattern,
                                                            unsigned attributes) const;
+  [[nodiscard]] std::optional<platform::files::Entry> entryAt(const std::wstring& path) const;
+  [[nodiscard]] std::wstring shortNameOfNew(const std::wstring& path);
   void makeFolder(const std::wstring& path);
   void remove(const std::wstring& path);
   void rename(const std::wstring& from, const std::wstring& to);

@@ -8,7 +8,9 @@ namespace platform::files {
 
 using desktop::desktop;
 
-std::vector<Entry> search(const std::wstring& pattern, unsigned attributes) {
+namespace {
+
+std::vector<Entry> searchWithShortNames(const std::wstring& pattern, unsigned attributes) {
   // The contract: an empty result stands for every way of finding nothing.
   if (desktop().blinded()) {
     return {};
@@ -16,13 +18,34 @@ std::vector<Entry> search(const std::wstring& pattern, unsigned attributes) {
   return desktop().disk().search(pattern, attributes);
 }
 
+}  // namespace
+
+std::vector<Entry> search(const std::wstring& pattern, unsigned attributes) {
+  auto entries = searchWithShortNames(pattern, attributes);
+  for (Entry& entry : entries) {
+    entry.shortName.clear();
+  }
+  return entries;
+}
+
 std::vector<std::vector<Entry>> searchByExtension(const std::wstring& folder,
                                                   const std::vector<std::wstring>& extensions) {
   std::vector<std::vector<Entry>> found;
   for (const std::wstring& extension : extensions) {
-    found.push_back(search(folder + L"\\*." + extension));
+    found.push_back(searchWithShortNames(folder + L"\\*." + extension, normal));
   }
   return found;
+}
+
+std::optional<Entry> entryAt(const std::wstring& path) {
+  return desktop().blinded() ? std::nullopt : desktop().disk().entryAt(path);
+}
+
+std::wstring shortNameOfNew(const std::wstring& path) {
+  std::wstring name;
+  desktop().call(L"short name of new " + path,
+                 [&] { name = desktop().disk().shortNameOfNew(path); });
+  return name;
 }
 
 std::optional<FileTime> modifiedTime(const std::wstring& path) {

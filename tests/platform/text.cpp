@@ -1,20 +1,14 @@
 #include "platform/text.h"
 
 #include <algorithm>
-#include <array>
 #include <clocale>
 #include <cwctype>
 
+#include "platform/code_pages.h"
 #include "platform/plain_text.h"
 
 namespace platform::text {
 namespace {
-
-// Windows-1252 from 0x80 to 0x9F; the five that stand for nothing keep their number.
-constexpr std::array<wchar_t, 32> upperHalf{
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
 wchar_t upperOf(wchar_t c) {
   // A locale of its own, so that neither the environment nor a test can change letter case.
@@ -82,27 +76,11 @@ void fromCodePage(std::string_view bytes, std::wstring& text) {
   if (plain::widen(bytes, text)) {
     return;
   }
-  text.clear();
-  for (const char byte : bytes) {
-    const auto code = static_cast<unsigned char>(byte);
-    text += code >= 0x80 && code < 0xA0 ? upperHalf[code - 0x80] : static_cast<wchar_t>(code);
-  }
+  text = desktop::fromBytes(bytes, desktop::codePage());
 }
 
 std::string toCodePage(std::wstring_view text) {
-  std::string result;
-  result.reserve(text.size());
-  for (const wchar_t c : text) {
-    const auto* const found = std::find(upperHalf.begin(), upperHalf.end(), c);
-    if (found != upperHalf.end()) {
-      result += static_cast<char>(0x80 + (found - upperHalf.begin()));
-    } else if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) {
-      result += static_cast<char>(c);
-    } else {
-      result += '?';
-    }
-  }
-  return result;
+  return desktop::toBytes(text, desktop::codePage());
 }
 
 }  // namespace platform::text

@@ -120,6 +120,68 @@ TEST_F(MemoryNamesTest, ShortNamesLeadToTheLongOnes) {
       << "A pattern may fit the short name";
 }
 
+TEST_F(MemoryNamesTest, AnEntryIsFoundByItsVeryNameWhateverItsKind) {
+  desktop().putFile(L"C:\\App\\Long name.text", "", hidden, 5);
+  desktop().alias(L"LONGNA~1.TEX", L"C:\\App\\Long name.text");
+  for (const auto* const path : {L"c:\\app\\LONG NAME.TEXT", L"C:\\App\\longna~1.tex"}) {
+    const auto entry = entryAt(path);
+    ASSERT_TRUE(entry);
+    EXPECT_EQ(entry->name, L"Long name.text");
+    EXPECT_EQ(entry->shortName, L"LONGNA~1.TEX");
+    EXPECT_EQ(entry->modified, 5U);
+  }
+  EXPECT_EQ(entryAt(L"c:\\APP").value_or(Entry{}).name, L"App");
+  EXPECT_EQ(entryAt(L"c:\\APP").value_or(Entry{}).shortName, L"");
+  for (const auto* const path : {L"", L"C:", L"C:\\", L"X:\\a", L"C:\\App\\gone", L"C:\\App\\*",
+                                 L"C:\\App\\Long?name.text", L"C:\\App\\gone\\x"}) {
+    EXPECT_FALSE(entryAt(path)) << testing::PrintToString(std::wstring(path));
+  }
+}
+
+TEST_F(MemoryNamesTest, OnlySomeVolumesGiveShortNames) {
+  desktop().putFile(L"C:\\\u0416\u0443\u043A Suite\\plot 1.fp3x", "x");
+  desktop().putFolder(L"D:");
+  desktop().giveShortNames(L"C:");
+  const std::wstring folder = L"C:\\___SUI~1";
+  EXPECT_EQ(entryAt(folder).value_or(Entry{}).name, L"\u0416\u0443\u043A Suite");
+  EXPECT_EQ(entryAt(folder + L"\\plot 1.fp3x").value_or(Entry{}).shortName, L"PLOT1~1.FP3");
+  desktop().putFile(folder + L"\\\u0416.fp3", "new");
+  desktop().putFile(folder + L"\\\u0411.fp3", "another");
+  desktop().putFile(folder + L"\\plot.fp3", "");
+  desktop().putFile(L"D:\\\u0416.fp3", "");
+  EXPECT_EQ(readWhole(folder + L"\\_~1.FP3").bytes, "new");
+  EXPECT_EQ(readWhole(folder + L"\\_~2.FP3").bytes, "another");
+  EXPECT_EQ(entryAt(folder + L"\\plot.fp3").value_or(Entry{}).shortName, L"");
+  EXPECT_EQ(entryAt(L"D:\\\u0416.fp3").value_or(Entry{}).shortName, L"");
+  EXPECT_EQ(searchByExtension(folder, {L"fp3"})[0].size(), 4U);
+  EXPECT_EQ(searchByExtension(folder, {L"fp3"})[0][1].shortName, L"_~1.FP3");
+  EXPECT_EQ(search(folder + L"\\_~1.FP3").at(0).shortName, L"") << "a plain search leaves it out";
+}
+
+TEST_F(MemoryNamesTest, ARenamedFileHasAnotherShortName) {
+  desktop().giveShortNames(L"C:");
+  desktop().putFile(L"C:\\App\\\u0416.fp3", "");
+  rename(L"C:\\App\\\u0416.fp3", L"C:\\App\\long name.fp3");
+  EXPECT_EQ(entryAt(L"C:\\App\\long name.fp3").value_or(Entry{}).shortName, L"LONGNA~1.FP3");
+  rename(L"C:\\App\\long name.fp3", L"C:\\App\\LONGNA~1.FP3");
+  EXPECT_EQ(entryAt(L"C:\\App\\LONGNA~1.FP3").value_or(Entry{L"", 0, L"none"}).shortName, L"");
+}
+
+TEST_F(MemoryNamesTest, TheShortNameOfANewFileIsKnownBeforehand) {
+  desktop().giveShortNames(L"C:");
+  desktop().putFolder(L"D:");
+  const std::wstring path = L"C:\\App\\\u0416.fp3";
+  EXPECT_EQ(shortNameOfNew(path), L"_~1.FP3");
+  EXPECT_FALSE(desktop().has(path));
+  EXPECT_EQ(shortNameOfNew(L"C:\\App\\plot.fp3"), L"");
+  EXPECT_EQ(shortNameOfNew(L"D:\\\u0416.fp3"), L"");
+  desktop().putFile(path, "");
+  EXPECT_EQ(errorNumberOf([&] { static_cast<void>(shortNameOfNew(path)); }), 58);
+  EXPECT_EQ(errorNumberOf([] { static_cast<void>(shortNameOfNew(L"C:\\gone\\\u0416")); }), 76);
+  EXPECT_EQ(errorNumberOf([] { static_cast<void>(shortNameOfNew(L"C:\\App\\\u0416?")); }), 52);
+  EXPECT_EQ(desktop().journal().front(), L"short name of new " + path);
+}
+
 TEST_F(MemoryNamesTest, SharesAreDrives) {
   desktop().putFile(L"\\\\server\\share\\a.txt", "x");
   EXPECT_TRUE(fileExists(L"\\\\SERVER\\Share\\A.txt"));

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "error_number.h"
+#include "platform/desktop_test.h"
 #include "platform/text.h"
 
 namespace platform::text {
@@ -43,6 +45,78 @@ TEST(MemoryText, TheUpperHalfIsTheCodePagesOwn) {
 TEST(MemoryText, WhatTheCodePageLacksIsAQuestionMarkAndNoLookAlike) {
   EXPECT_EQ(toCodePage(L"a\u0416b\u2033\uFF02\uFF0C\u2028c"), "a?b????c");
   EXPECT_EQ(toCodePage(L"\u0080\u0093"), "??") << "Their bytes stand for something else";
+}
+
+/// Texts in another code page than the usual one.
+class MemoryCodePage : public ::desktop::DesktopTest {
+ protected:
+  static void use(int number) { ::desktop::Desktop::setCodePage(number); }
+  static std::string everyByte() {
+    std::string bytes;
+    for (int byte = 0; byte < 256; ++byte) {
+      bytes += static_cast<char>(byte);
+    }
+    return bytes;
+  }
+};
+
+TEST_F(MemoryCodePage, IsThatOfWesternEuropeAtFirst) {
+  EXPECT_EQ(::desktop::codePage(), 1252);
+  EXPECT_EQ(toCodePage(L"\u00E9\u0159"), "\xE9?");
+  use(1250);
+  ::desktop::desktop().reset();
+  EXPECT_EQ(::desktop::codePage(), 1252);
+}
+
+TEST_F(MemoryCodePage, OfCentralEuropeHasItsOwnUpperHalf) {
+  use(1250);
+  EXPECT_EQ(toCodePage(fromCodePage(everyByte())), everyByte());
+  EXPECT_EQ(toCodePage(L"P\u0159\u00EDklad \u0141\u00F3d\u017A"),
+            "P\xF8\xED"
+            "klad \xA3\xF3"
+            "d\x9F");
+  EXPECT_EQ(fromCodePage("\x80\xA5\xFF"), L"\u20AC\u0104\u02D9");
+  EXPECT_EQ(toCodePage(L"\u00E0\u00F1\u0436"), "???");
+}
+
+TEST_F(MemoryCodePage, MayBeUtf8) {
+  use(65001);
+  const std::wstring text = L"a\u00E9\u0436\u65E5\U0001F332";
+  const std::string bytes = "a\xC3\xA9\xD0\xB6\xE6\x97\xA5\xF0\x9F\x8C\xB2";
+  EXPECT_EQ(toCodePage(text), bytes);
+  EXPECT_EQ(fromCodePage(bytes), text);
+  EXPECT_EQ(toCodePage(std::wstring(1, wchar_t{0xD800})), "\xEF\xBF\xBD");
+}
+
+TEST_F(MemoryCodePage, BrokenUtf8IsReplaced) {
+  use(65001);
+  EXPECT_EQ(fromCodePage("a\xE9z"), L"a\uFFFDz") << "a byte of another code page";
+  EXPECT_EQ(fromCodePage("\xE6\x97"), L"\uFFFD") << "cut off";
+  EXPECT_EQ(fromCodePage("\x80\xC0\xAF"), L"\uFFFD\uFFFD\uFFFD");
+  EXPECT_EQ(fromCodePage("\xED\xA0\x80"), L"\uFFFD") << "a surrogate";
+}
+
+TEST_F(MemoryCodePage, AnotherOneIsNotKnown) {
+  EXPECT_EQ(errorNumberOf([] { use(932); }), 5);
+  EXPECT_EQ(::desktop::codePage(), 1252);
+}
+
+TEST_F(MemoryCodePage, FitsWhatIsReadBackAsItWas) {
+  const std::wstring surrogate(1, wchar_t{0xDC00});
+  struct Case {
+    int codePage;
+    std::wstring text;
+    bool fits;
+  };
+  for (const Case& c :
+       {Case{1252, L"", true}, Case{1252, L"plot?1", true}, Case{1252, L"\u00C4rger", true},
+        Case{1252, L"\u20AC", true}, Case{1252, L"\u0416", false}, Case{1252, L"\u0159", false},
+        Case{1252, L"\u0093", false}, Case{1252, L"a\u0301", false}, Case{1250, L"\u0159", true},
+        Case{1250, L"\u00F1", false}, Case{65001, L"\u0416\u65E5\uFFFD", true},
+        Case{65001, surrogate, false}, Case{1252, surrogate, false}}) {
+    use(c.codePage);
+    EXPECT_EQ(fitsCodePage(c.text), c.fits) << c.codePage << testing::PrintToString(c.text);
+  }
 }
 
 }  // namespace

@@ -102,7 +102,7 @@ bool isAboutTarget(DWORD systemError) {
 std::vector<Entry> search(const std::wstring& pattern, unsigned attributes) {
   std::vector<Entry> entries;
   searchWith(pattern, attributes, FindExInfoBasic, [&entries](const WIN32_FIND_DATAW& found) {
-    entries.push_back({found.cFileName, win32::fileTime(found.ftLastWriteTime)});
+    entries.push_back({found.cFileName, win32::fileTime(found.ftLastWriteTime), {}});
     return true;
   });
   return entries;
@@ -124,12 +124,37 @@ std::vector<std::vector<Entry>> searchByExtension(const std::wstring& folder,
   searchWith(folder + L"\\*", normal, FindExInfoStandard, [&](const WIN32_FIND_DATAW& entry) {
     for (std::size_t n = 0; n < endings.size(); ++n) {
       if (endsIn(entry.cFileName, endings[n]) || endsIn(entry.cAlternateFileName, endings[n])) {
-        found[n].push_back({entry.cFileName, win32::fileTime(entry.ftLastWriteTime)});
+        found[n].push_back(
+            {entry.cFileName, win32::fileTime(entry.ftLastWriteTime), entry.cAlternateFileName});
       }
     }
     return true;
   });
   return found;
+}
+
+std::optional<Entry> entryAt(const std::wstring& path) {
+  constexpr std::wstring_view longForm = LR"(\\?\)";
+  const std::size_t begin = path.starts_with(longForm) ? longForm.size() : 0;
+  // To a search these are wildcards.
+  if (path.find_first_of(L"*?<>\"", begin) != std::wstring::npos) return std::nullopt;
+  std::optional<Entry> entry;
+  searchWith(path, kindsToAskFor, FindExInfoStandard, [&entry](const WIN32_FIND_DATAW& found) {
+    entry = {found.cFileName, win32::fileTime(found.ftLastWriteTime), found.cAlternateFileName};
+    return false;
+  });
+  return entry;
+}
+
+std::wstring shortNameOfNew(const std::wstring& path) {
+  const std::wstring native = requiredPath(path);
+  constexpr DWORD shared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  const win32::FileHandle made(CreateFileW(
+      native.c_str(), GENERIC_WRITE | DELETE, shared, nullptr, CREATE_NEW,
+      FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr));
+  if (!made) raise(GetLastError());
+  const std::optional<Entry> entry = entryAt(path);
+  return entry ? entry->shortName : L"";
 }
 
 std::wstring findFirst(const std::wstring& pattern, unsigned attributes) {

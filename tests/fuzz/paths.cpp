@@ -1,9 +1,11 @@
 // Taking paths apart, writing them as the disk has them, and telling types by them. The input is a
 // path.
 #include <algorithm>
+#include <optional>
 #include <string>
 
 #include "catalogue/catalogue_file.h"
+#include "catalogue/stored_path.h"
 #include "fuzz/support/fuzz.h"
 #include "platform/desktop.h"
 #include "platform/run_time_error.h"
@@ -66,6 +68,53 @@ void checkCanonical(const std::wstring& path) {
   }
 }
 
+/// The path as one reads it in the list after it was written there.
+std::wstring asListed(const std::wstring& path) {
+  return platform::text::fromCodePage(platform::text::toCodePage(path));
+}
+
+void checkReal(const std::wstring& listed) {
+  std::optional<std::wstring> file;
+  try {
+    file = stored_path::realFile(listed);
+  } catch (const platform::RunTimeError& failure) {
+    require(
+        failure.number() == platform::error::badFileName && listed.find(L'?') != std::wstring::npos,
+        "only a path with a substitute may mean several files");
+    return;
+  }
+  if (file) {
+    require(theDesktop().bytesOf(*file).has_value(), "a real file is there");
+    require(
+        platform::text::upper(asListed(*file)) == platform::text::upper(listed) || *file == listed,
+        "a real file is listed like that");
+  }
+}
+
+void checkStored(const std::wstring& path) {
+  using stored_path::Forms;
+  using stored_path::Substitutes;
+  checkReal(path);
+  checkReal(asListed(path));
+  const std::wstring listed = stored_path::forList(path);
+  const bool fits = platform::text::fitsCodePage(path);
+  require(!fits || listed == path, "a path that the code page holds stays as it is");
+  require(stored_path::forList(listed) == listed, "the form for the list is its own");
+  require(platform::text::fitsCodePage(listed) == stored_path::lackingCharacters(listed).empty(),
+          "a character is lacking, or all are held");
+  const Forms all(path, Substitutes::all);
+  require(all.match(path) && all.match(listed) && all.match(asListed(path)) &&
+              all.match(platform::text::upper(path)),
+          "every form of a path is known");
+  const Forms unique(path, Substitutes::unique);
+  require(unique.match(path) && unique.match(asListed(listed)),
+          "the form that is written is known");
+  if (const auto contents = theDesktop().bytesOf(path);
+      contents && platform::text::fitsCodePage(listed)) {
+    require(theDesktop().bytesOf(listed) == contents, "the short form is the same file");
+  }
+}
+
 void checkType(const std::wstring& name) {
   int type = -1;
   try {
@@ -93,12 +142,22 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     theDesktop().putFile(L"C:\\Program Files\\Quill.mark\\Data\\Ridge one.fp3", "data");
     theDesktop().putFile(L"C:\\App\\hidden.txt", "data", platform::files::hidden);
     theDesktop().alias(L"C:\\PROGRA~1", L"C:\\Program Files");
+    // Cyrillic names, the last two alike in the list; on D: they have short forms.
+    int number = 0;
+    for (const auto* const drive : {L"C:", L"D:"}) {
+      for (const auto* const name : {L"\u0410\u0411", L"\u0412", L"\u0413"}) {
+        theDesktop().putFile(drive + std::wstring(L"\\\u0410\\") + name + L".fp3",
+                             std::to_string(++number));
+      }
+    }
+    theDesktop().giveShortNames(L"D:");
     return true;
   }();
   static_cast<void>(prepared);
   const std::wstring path = fuzz::wide(fuzz::Input(bytes, size).rest());
   checkSplitting(path);
   checkCanonical(path);
+  checkStored(path);
   checkType(path);
   return 0;
 }

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <utility>
 #include <vector>
 
 #include "catalogue/list_file.h"
+#include "catalogue/stored_path.h"
 #include "platform/clock.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
@@ -42,7 +44,7 @@ std::wstring trimmed(const std::wstring& text) {
 void appendDataFolder(std::string& bytes) {
   const std::vector<std::wstring> types{L"fp3", L"bi3", L"bs3", L"cw3"};
   const std::wstring folder = AppFolder() + L"\\data";
-  const std::string folderBytes = toCodePage(folder + L"\\");
+  const std::string folderBytes = toCodePage(stored_path::forList(folder) + L"\\");
   const auto found = files::searchByExtension(folder, types);
   for (std::size_t n = 0; n < types.size(); ++n) {
     const std::string type = toCodePage(types[n]);
@@ -52,25 +54,41 @@ void appendDataFolder(std::string& bytes) {
     }
     const std::vector<std::wstring> dates = clock::dateAndTimeTexts(moments);
     for (std::size_t i = 0; i < found[n].size(); ++i) {
-      list_file::append(bytes, list_file::line({type, folderBytes + toCodePage(found[n][i].name),
-                                                toCodePage(dates[i])}));
+      const std::wstring& name = stored_path::nameForList(found[n][i]);
+      list_file::append(
+          bytes, list_file::line({type, folderBytes + toCodePage(name), toCodePage(dates[i])}));
     }
   }
 }
 
-bool inDataFolder(const Record& record, const std::wstring& dataFolder) {
-  const std::string_view path = record.fields.at(pathField);
-  if (const std::size_t last = path.rfind('\\');
-      last != std::string_view::npos && path.front() != ' ' &&
-      std::all_of(path.begin(), path.end(), platform::text::plain::isPlain<char>)) {
-    // A folder that ends in a backslash has no blank to trim at its end.
-    return platform::text::upperCodePageEquals(path.substr(0, last + 1), dataFolder);
+/// The data folder as records name it.
+class DataFolder {
+ public:
+  DataFolder() : inCodePage_(platform::text::fitsCodePage(path_)) {}
+
+  /// Whether the record's file lies in it. In a folder that the code page cannot hold, also a
+  /// record that names it in its short form or with substitutes, as earlier versions wrote it.
+  [[nodiscard]] bool holds(const Record& record) const {
+    const std::string_view path = record.fields.at(pathField);
+    if (const std::size_t last = path.rfind('\\');
+        inCodePage_ && last != std::string_view::npos && path.front() != ' ' &&
+        std::all_of(path.begin(), path.end(), platform::text::plain::isPlain<char>)) {
+      // A folder that ends in a backslash has no blank to trim at its end.
+      return platform::text::upperCodePageEquals(path.substr(0, last + 1), upper_);
+    }
+    std::wstring name;
+    std::wstring folder;
+    SmodMisc::SplitPath(record.text(pathField), name, folder);
+    folder = trimmed(upper(folder));
+    return folder == upper_ || (!inCodePage_ && forms_.match(folder));
   }
-  std::wstring name;
-  std::wstring folder;
-  SmodMisc::SplitPath(record.text(pathField), name, folder);
-  return trimmed(upper(folder)) == dataFolder;
-}
+
+ private:
+  std::wstring path_ = AppFolder() + L"\\Data\\";
+  std::wstring upper_ = trimmed(upper(path_));
+  bool inCodePage_;
+  stored_path::Forms forms_{path_, stored_path::Substitutes::all};
+};
 
 /// The record with another path and today's date; its type code keeps its bytes, and so does
 /// whatever follows the three fields.
@@ -81,21 +99,46 @@ std::string restamped(const Record& record, const std::string& path) {
   return line;
 }
 
+/// The path of an entry that is added, and what to look for in the list.
+class AddedPath {
+ public:
+  explicit AddedPath(const std::wstring& path)
+      : upper_(upper(path)),
+        inCodePage_(platform::text::fitsCodePage(path)),
+        forms_(path, stored_path::Substitutes::unique),
+        listed_(stored_path::forList(path)) {}
+
+  [[nodiscard]] bool isIn(const Record& record) const {
+    const std::string_view listed = record.fields.at(pathField);
+    return record.has(pathField) && (platform::text::upperCodePageEquals(listed, upper_) ||
+                                     (!inCodePage_ && forms_.match(record.text(pathField))));
+  }
+  /// As it is written.
+  [[nodiscard]] std::string bytes() const { return toCodePage(listed_); }
+  /// Whether a record in another form is one too many beside the one that is written.
+  [[nodiscard]] bool isOnlyOne() const {
+    return !inCodePage_ && platform::text::fitsCodePage(listed_);
+  }
+
+ private:
+  std::wstring upper_;
+  bool inCodePage_;
+  stored_path::Forms forms_;
+  std::wstring listed_;
+};
+
 /// The catalogue with the record of `path` restamped, or with a new record at its end.
-std::string withEntry(std::string old, const std::wstring& path, const std::wstring& typeCode) {
-  const std::wstring wanted = upper(path);
-  const std::string pathBytes = toCodePage(path);
-  // A path that the code page cannot hold stands in the file as its substitute.
-  const std::wstring stored = upper(platform::text::fromCodePage(pathBytes));
+std::string withEntry(std::string old, const AddedPath& path, const std::wstring& typeCode) {
+  const std::string pathBytes = path.bytes();
   bool found = false;
   std::string bytes =
       list_file::edited(std::move(old), [&](const Record& record, std::string& changed) {
-        const std::string_view candidate = record.fields.at(pathField);
-        if (!record.has(pathField) || (!platform::text::upperCodePageEquals(candidate, wanted) &&
-                                       !platform::text::upperCodePageEquals(candidate, stored))) {
+        if (!path.isIn(record)) {
           return list_file::Change::none;
         }
-        changed = restamped(record, pathBytes);
+        if (!found || !path.isOnlyOne()) {
+          changed = restamped(record, pathBytes);
+        }
         found = true;
         return list_file::Change::replaced;
       });
@@ -132,8 +175,9 @@ void AddOrUpdateCatalogueEntry(const std::wstring& path, const std::wstring& typ
   const auto failure = platform::trapped([&] {
     const Missing missing =
         files::fileExists(CatalogueFile()) ? Missing::isError : Missing::isEmpty;
+    const AddedPath added(path);
     list_file::rewrite(CatalogueFile(), TemporaryFile(), missing,
-                       [&](std::string old) { return withEntry(std::move(old), path, typeCode); });
+                       [&](std::string old) { return withEntry(std::move(old), added, typeCode); });
   });
   if (failure) {
     ShowListFileProblem(L"Problem saving to QMK list", *failure);
@@ -150,21 +194,23 @@ void DropCatalogueEntry(const std::wstring& path) {
 }
 
 void RemoveCatalogueEntry(const std::wstring& path) {
+  // A path that may be that of several files ends this before the list has lost its entry.
+  const std::optional<std::wstring> file = stored_path::realFile(path);
   DropCatalogueEntry(path);
-  if (files::fileExists(path)) {
-    files::remove(path);
+  if (file && files::fileExists(*file)) {
+    files::remove(*file);
   }
 }
 
 void RefreshDataFolderEntries(CatalogueView& view) {
-  const std::wstring dataFolder = trimmed(upper(AppFolder() + L"\\Data\\"));
+  const DataFolder dataFolder;
   // One replacement does both the dropping and the building, so that no instant shows the
   // catalogue without the data folder's entries.
   list_file::rewrite(
       CatalogueFile(), TemporaryFile(), Missing::isError, [&dataFolder](std::string old) {
         std::string bytes = list_file::filtered(
             std::move(old),
-            [&dataFolder](const Record& record) { return !inDataFolder(record, dataFolder); });
+            [&dataFolder](const Record& record) { return !dataFolder.holds(record); });
         appendDataFolder(bytes);
         return bytes;
       });

@@ -28,11 +28,14 @@ void BuildCatalogue(CatalogueView& view);
 void AppendDataFolderRecords();
 
 /// Stamps today's date on the record of `path`, or appends a record of that type code. Paths
-/// compare without regard to case. Errors are trapped and shown as "Problem saving to QMK list".
+/// compare without regard to case; a path that the code page cannot hold is known in each of the
+/// forms of stored_path.h and has one record afterwards. Errors are trapped and shown as "Problem
+/// saving to QMK list".
 void AddOrUpdateCatalogueEntry(const std::wstring& path, const std::wstring& typeCode);
 
 /// Drops every record whose path is exactly `path` (case matters), then deletes the data file
-/// itself if it exists. Errors go to the caller (53: no catalogue).
+/// itself if it exists. Errors go to the caller (53: no catalogue; 52: several files are listed
+/// with that path, nothing is changed).
 void RemoveCatalogueEntry(const std::wstring& path);
 
 /// The same for a data file that is missing: only its records go, even if the file is back again.
@@ -44,7 +47,9 @@ void RefreshDataFolderEntries(CatalogueView& view);
 
 /// Renames the data file of the view's selected item, adding the type's extension where `newName`
 /// lacks it, and rewrites the catalogue from the list. When the file is gone its entry is removed
-/// instead. Errors are trapped and shown as "Problem saving to QMK list".
+/// instead. A name that the code page cannot hold stands in the list in its short form; where the
+/// volume has none it is refused with 52 before anything is changed. Errors are trapped and shown
+/// as "Problem saving to QMK list".
 void RenameCatalogueFile(CatalogueView& view, const std::wstring& newName);
 
 /// Number of the type that the extension names; an empty name counts as a fuel profile, an

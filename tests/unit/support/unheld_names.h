@@ -1,0 +1,46 @@
+// The catalogue with folders and files whose names the code page cannot hold.
+#pragma once
+
+#include <string>
+
+#include "unit/support/catalogue_test.h"
+
+namespace unit {
+
+// Beetle and beech in Cyrillic letters; the latter reads like the former in the list.
+inline const std::wstring beetle = L"\u0416\u0443\u043A";
+inline const std::wstring beech = L"\u0411\u0443\u043A";
+inline const std::wstring japanese = L"\u65E5\u672C\u8A9E";
+
+/// An application folder with such a name.
+inline const std::wstring suite = L"C:\\" + beetle + L" Suite";
+
+class UnheldNamesTest : public unit::CatalogueTest {
+ protected:
+  static void put(const std::wstring& path) {
+    desktop::desktop().putFile(path, "data", platform::files::normal,
+                               desktop::fileTime({.day = 16}));
+  }
+  /// Moves the application to a folder of that name, with an empty catalogue.
+  static void moveTo(const std::wstring& folder) {
+    desktop::desktop().applicationFolder = folder;
+    desktop::desktop().putFolder(folder + L"\\data");
+    desktop::desktop().putFile(listFile(), "");
+    for (const wchar_t* const tool : {L"plv3.exe", L"brtpc3.exe"}) {
+      desktop::desktop().putProgram(folder + L"\\" + tool);
+    }
+  }
+  /// Its catalogue, and what that holds.
+  [[nodiscard]] static std::wstring listFile() {
+    return desktop::desktop().applicationFolder + L"\\QMKFileList3.txt";
+  }
+  [[nodiscard]] static std::string moved() { return bytesOf(listFile()); }
+  /// Writes the catalogue and shows it.
+  void show(const std::string& bytes) {
+    desktop::desktop().putFile(listFile(), bytes);
+    modQMKGeneral::LoadCatalogueView(view);
+  }
+  void doubleClick() { list.raiseDoubleClick(); }
+};
+
+}  // namespace unit

@@ -3,6 +3,7 @@
 
 #include "catalogue/catalogue_file.h"
 #include "catalogue/list_file.h"
+#include "catalogue/stored_path.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
 #include "platform/run_time_error.h"
@@ -29,6 +30,28 @@ std::wstring withExtension(const std::wstring& newName, const std::wstring& type
     return newName;
   }
   return newName + L"." + type;
+}
+
+/// Raises 52 for a name that the list could not show: one that the code page cannot hold, in a
+/// folder whose volume would give it no short form.
+void refuseUnlistable(const std::wstring& folder, const std::wstring& name) {
+  if (platform::text::fitsCodePage(name)) {
+    return;
+  }
+  // The file itself may have that name already, in another letter case.
+  const std::optional<files::Entry> there = files::entryAt(folder + name);
+  const std::wstring shortName = there ? there->shortName : files::shortNameOfNew(folder + name);
+  if (shortName.empty() || !platform::text::fitsCodePage(shortName)) {
+    platform::raiseAbout(folder + name, platform::error::badFileName);
+  }
+}
+
+/// The name under which a file of `folder` is listed.
+std::wstring listedName(const std::wstring& folder, const std::wstring& name) {
+  if (platform::text::fitsCodePage(name)) {
+    return name;
+  }
+  return stored_path::forList(folder + name).substr(stored_path::forList(folder).size());
 }
 
 /// The list as a catalogue, in its displayed order.
@@ -80,14 +103,17 @@ void rename(CatalogueView& view, const std::wstring& newName) {
   const std::wstring name =
       withExtension(newName, view.dataList.subItem(selected, data_column::type));
   const std::wstring oldPath = folder + L"\\" + oldName;
-  if (!files::fileExists(oldPath)) {
+  const std::optional<std::wstring> file = stored_path::realFile(oldPath);
+  if (!file) {
     platform::dialogs::showMessage(L"File does not exists, removing entry",
                                    platform::dialogs::MessageStyle::critical);
     DropCatalogueEntry(oldPath);
     return;
   }
-  files::rename(oldPath, folder + L"\\" + name);
-  saveRenamed(view, selected, name);
+  const std::wstring realFolder = file->substr(0, file->rfind(L'\\') + 1);
+  refuseUnlistable(realFolder, name);
+  files::rename(*file, realFolder + name);
+  saveRenamed(view, selected, listedName(realFolder, name));
 }
 
 }  // namespace

@@ -1,8 +1,10 @@
 #include "catalogue/opening.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "catalogue/catalogue_file.h"
+#include "catalogue/stored_path.h"
 #include "platform/controls/item_key.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
@@ -35,6 +37,36 @@ std::wstring toolOf(const std::wstring& type) {
     return canopyTool();
   }
   return type == L"BI3" || type == L"BS3" ? inventoryTool() : L"";
+}
+
+/// What starts the tool on a file that was chosen by browsing, up to the file's path; nothing for a
+/// type number that no tool owns.
+std::optional<ToolCommand> browseCommand(int type) {
+  switch (type) {
+    case modQMKGeneral::typeFP3:
+      return ToolCommand{profileTool(), L" "};
+    case modQMKGeneral::typeBS3:
+      return ToolCommand{inventoryTool(), L" bps "};
+    case modQMKGeneral::typeBI3:
+      return ToolCommand{inventoryTool(), L" bpi "};
+    case modQMKGeneral::typeCW3:
+      return ToolCommand{canopyTool(), L" "};
+    default:
+      return std::nullopt;
+  }
+}
+
+/// The path of a file as the tools can read it on their command line. When they cannot, tells the
+/// user why and gives nothing.
+std::optional<std::wstring> pathForTools(const std::wstring& file) {
+  std::wstring path = stored_path::forList(file);
+  if (platform::text::fitsCodePage(path)) {
+    return path;
+  }
+  dialogs::showMessage(L"The tools can not be given this name: " + file +
+                       L"\rThe system's code page lacks these characters: " +
+                       stored_path::lackingCharacters(path));
+  return std::nullopt;
 }
 
 void recoverMissingFile(Opening& opening, const controls::ItemKey& entry,
@@ -82,10 +114,13 @@ void OpenSelectedDataFile(Opening& opening) {
   const std::wstring folder = list.subItem(selected, data_column::folder);
   const std::wstring name = list.text(selected);
   const std::wstring tool = toolOf(upper(list.subItem(selected, data_column::type)));
-  if (!files::fileExists(folder + name)) {
+  const std::optional<std::wstring> file = stored_path::realFile(folder + name);
+  if (!file) {
     recoverMissingFile(opening, list.keyOf(selected, data_column::entry), folder, name);
   } else if (!tool.empty()) {
-    RunToolCommand(opening.view, {tool, L" " + EncodePath(folder) + EncodePath(name)});
+    if (const auto path = pathForTools(*file)) {
+      RunToolCommand(opening.view, {tool, L" " + EncodePath(*path)});
+    }
   }
 }
 
@@ -111,22 +146,12 @@ void BrowseForDataFile(Opening& opening) {
   if (failure != 0) {
     return;
   }
-  const std::wstring encoded = EncodePath(path);
-  switch (modQMKGeneral::TypeNumberFromExtension(path)) {
-    case modQMKGeneral::typeFP3:
-      RunToolCommand(opening.view, {profileTool(), L" " + encoded});
-      break;
-    case modQMKGeneral::typeBS3:
-      RunToolCommand(opening.view, {inventoryTool(), L" bps " + encoded});
-      break;
-    case modQMKGeneral::typeBI3:
-      RunToolCommand(opening.view, {inventoryTool(), L" bpi " + encoded});
-      break;
-    case modQMKGeneral::typeCW3:
-      RunToolCommand(opening.view, {canopyTool(), L" " + encoded});
-      break;
-    default:
-      dialogs::showMessage(L"The file can not be opened");
+  const std::optional<ToolCommand> command =
+      browseCommand(modQMKGeneral::TypeNumberFromExtension(path));
+  if (!command) {
+    dialogs::showMessage(L"The file can not be opened");
+  } else if (const auto handed = pathForTools(path)) {
+    RunToolCommand(opening.view, {command->executable, command->arguments + EncodePath(*handed)});
   }
 }
 

@@ -35,13 +35,16 @@ void RunToolCommand(modQMKGeneral::CatalogueView& view, const ToolCommand& comma
 [[nodiscard]] std::wstring EncodePath(std::wstring path);
 
 /// Double-click on the Open tab: opens the selected data file in its tool; offers to locate a file
-/// that is missing, and drops its entry when the user declines.
+/// that is missing, and drops its entry when the user declines. A file whose path the tools cannot
+/// read is not opened, and the user is told which characters are the reason. Raises 52 when the
+/// entry may mean several files.
 void OpenSelectedDataFile(Opening& opening);
 
 /// Double-click on the New tab: starts the tool of the selected item's type on a new file.
 void StartNewFile(Opening& opening);
 
-/// The browse button: lets the user choose a data file and opens it in its tool.
+/// The browse button: lets the user choose a data file and opens it in its tool, if the tool can
+/// read its path.
 void BrowseForDataFile(Opening& opening);
 
 /// Shows the open dialog with `preset` as the file name. 0 when a file was chosen (its full path

@@ -13,7 +13,6 @@ using platform::text::fromCodePage;
 using platform::text::toCodePage;
 using platform::text::upper;
 
-namespace error = platform::error;
 namespace files = platform::files;
 
 namespace {
@@ -112,7 +111,7 @@ std::optional<std::wstring> realFile(const std::wstring& listed) {
     } else {
       const std::vector<std::wstring> names = listedLike(path, piece.component);
       if (names.size() > 1) {
-        throw platform::RunTimeError(error::badFileName);
+        platform::raiseAbout(listed, platform::error::badFileName);
       }
       if (names.empty()) {
         return std::nullopt;

@@ -198,6 +198,7 @@ std::wstring trapped(const Fault& fault) {
 std::vector<int> errorsOf(const std::wstring& call) {
   // What the contracts of the calls name, and what any disk can do.
   static const std::vector<std::pair<std::wstring, std::vector<int>>> known{
+      {L"short name ", {58, 75, 76, 61, 57}},
       {L"make folder ", {75, 76, 70, 61, 57}},
       {L"remove ", {53, 75, 70, 57}},
       {L"rename ", {53, 58, 76, 70, 74, 75, 57}},

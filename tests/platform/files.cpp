@@ -43,8 +43,8 @@ std::optional<Entry> entryAt(const std::wstring& path) {
 
 std::wstring shortNameOfNew(const std::wstring& path) {
   std::wstring name;
-  desktop().call(L"short name of new " + path,
-                 [&] { name = desktop().disk().shortNameOfNew(path); });
+  desktop().call(
+      L"short name of new " + path, [&] { name = desktop().disk().shortNameOfNew(path); }, path);
   return name;
 }
 

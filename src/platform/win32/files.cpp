@@ -147,14 +147,16 @@ std::optional<Entry> entryAt(const std::wstring& path) {
 }
 
 std::wstring shortNameOfNew(const std::wstring& path) {
-  const std::wstring native = requiredPath(path);
-  constexpr DWORD shared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-  const win32::FileHandle made(CreateFileW(
-      native.c_str(), GENERIC_WRITE | DELETE, shared, nullptr, CREATE_NEW,
-      FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr));
-  if (!made) raise(GetLastError());
-  const std::optional<Entry> entry = entryAt(path);
-  return entry ? entry->shortName : L"";
+  return concerning(path, [&path] {
+    const std::wstring native = requiredPath(path);
+    constexpr DWORD shared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const win32::FileHandle made(CreateFileW(
+        native.c_str(), GENERIC_WRITE | DELETE, shared, nullptr, CREATE_NEW,
+        FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr));
+    if (!made) raise(GetLastError());
+    const std::optional<Entry> entry = entryAt(path);
+    return entry ? entry->shortName : std::wstring();
+  });
 }
 
 std::wstring findFirst(const std::wstring& pattern, unsigned attributes) {

@@ -1,0 +1,119 @@
+// Operations on data files whose names the code page cannot hold.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "catalogue/catalogue_file.h"
+#include "faults/sweep.h"
+
+namespace faults {
+namespace {
+
+using desktop::desktop;
+using platform::dialogs::Answer;
+
+const std::wstring beetle = L"\u0416\u0443\u043A";
+const std::wstring file = L"D:\\" + beetle + L".fp3";
+
+/// Puts a data file of such a name there, on a volume that gives short names, and lists it.
+void list(Bench& bench, const std::string& path) {
+  desktop().putFile(file, "one");
+  desktop().giveShortNames(L"D:");
+  desktop().putFile(catalogueFile, desktop().bytesOf(catalogueFile).value_or("") +
+                                       record("fp3", path, "5/5/2005"));
+  bench.settle();
+}
+
+void listWithSubstitutes(Bench& bench) {
+  list(bench, "D:\\???.fp3");
+  bench.select(frmQMK::open, L"???.fp3");
+}
+
+void add(Bench& /*bench*/) { modQMKGeneral::AddOrUpdateCatalogueEntry(file, L"FP3"); }
+
+void renameTo(Bench& bench, const std::wstring& name) {
+  desktop().inputAnswers = {name};
+  bench.main().mnuRename.raiseClick();
+}
+
+Texts problemWithSaving(const Fault& fault) { return {trapped(fault)}; }
+
+/// The item that is renamed has its new name from the renaming of its file on.
+bool listsMayShow(const Fault& fault, const std::wstring& oldName, const std::wstring& newName) {
+  std::vector<Texts> expected = fault.old.lists;
+  Texts shown = fault.now.lists.at(frmQMK::open);
+  if (fault.inReload()) {
+    return shown.empty();
+  }
+  if (fault.now.lists == expected) {
+    return true;
+  }
+  Texts& items = expected.at(frmQMK::open);
+  for (std::wstring& item : items) {
+    if (item.starts_with(oldName + L"|")) {
+      item.replace(0, oldName.size(), newName);
+    }
+  }
+  std::sort(items.begin(), items.end());
+  std::sort(shown.begin(), shown.end());
+  return shown == items;
+}
+
+std::vector<Operation> operations() {
+  return {
+      {.name = "add a file in its short form",
+       .prepare = [](Bench& bench) { list(bench, "D:\\Another.fp3"); },
+       .run = add,
+       .told = problemWithSaving},
+      {.name = "update a record with substitutes",
+       .prepare = listWithSubstitutes,
+       .run = add,
+       .told = problemWithSaving},
+      {.name = "remove a file behind substitutes",
+       .prepare = listWithSubstitutes,
+       .run =
+           [](Bench& bench) {
+             desktop().answers = {Answer::yes};
+             bench.main().mnuDelete.raiseClick();
+           },
+       .told =
+           [](const Fault& fault) {
+             return Texts{L"Are your sure you want to delete ???.FP3", untrapped(fault)};
+           }},
+      {.name = "rename a file to a name that has a short form",
+       .prepare =
+           [](Bench& bench) {
+             desktop().giveShortNames(L"D:");
+             bench.select(frmQMK::open, L"One.fp3");
+           },
+       .run = [](Bench& bench) { renameTo(bench, beetle); },
+       .told = problemWithSaving,
+       .listsAreRight =
+           [](const Fault& fault) { return listsMayShow(fault, L"One.fp3", L"___~1.FP3"); }},
+      {.name = "rename a file behind substitutes",
+       .prepare = listWithSubstitutes,
+       .run = [](Bench& bench) { renameTo(bench, L"Afar"); },
+       .told = problemWithSaving,
+       .listsAreRight =
+           [](const Fault& fault) { return listsMayShow(fault, L"???.fp3", L"Afar.FP3"); }},
+  };
+}
+
+class UnheldNamesFaults : public ::testing::TestWithParam<Operation> {};
+
+TEST_P(UnheldNamesFaults, NoCallThatFailsLosesAnything) { sweepCalls(GetParam()); }
+
+TEST_P(UnheldNamesFaults, NothingIsLostWhenASearchFindsNothingOrMemoryRunsOut) {
+  sweepLooks(GetParam());
+}
+
+std::string nameOf(const ::testing::TestParamInfo<Operation>& info) {
+  std::string name = info.param.name;
+  std::replace(name.begin(), name.end(), ' ', '_');
+  return name;
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, UnheldNamesFaults, ::testing::ValuesIn(operations()), nameOf);
+
+}  // namespace
+}  // namespace faults

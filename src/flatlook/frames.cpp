@@ -1,25 +1,15 @@
 #include "flatlook/frames.h"
 
-#include <limits>
-
-#include "platform/run_time_error.h"
+#include "platform/geometry.h"
 
 namespace flatlook {
 
 namespace native = platform::native;
 using native::Edges;
 using native::WindowHandle;
+using platform::sum;
 
 namespace {
-
-/// Sum of two coordinates. Raises 6 when it does not fit.
-int sum(int coordinate, int distance) {
-  const long long exact = static_cast<long long>(coordinate) + distance;
-  if (exact < std::numeric_limits<int>::min() || exact > std::numeric_limits<int>::max()) {
-    throw platform::RunTimeError(platform::error::overflow);
-  }
-  return static_cast<int>(exact);
-}
 
 Edges enlarged(const Edges& rect, int by) {
   return {sum(rect.left, -by), sum(rect.top, -by), sum(rect.right, by), sum(rect.bottom, by)};

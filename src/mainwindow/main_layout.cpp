@@ -4,17 +4,7 @@
 
 namespace mainwindow {
 
-using platform::Rect;
 using platform::scaled;
-
-namespace {
-
-Rect inset(const Rect& rect, int by) {
-  return {rect.left + by, rect.top + by, std::max(0, rect.width - 2 * by),
-          std::max(0, rect.height - 2 * by)};
-}
-
-}  // namespace
 
 MainLayout layOut(platform::Size client, int dpi, const MeasuredParts& parts) {
   const int margin = scaled(8, dpi);
@@ -26,7 +16,7 @@ MainLayout layOut(platform::Size client, int dpi, const MeasuredParts& parts) {
   const int tabsTop = parts.toolbarHeight + padding;
   layout.tabs = {margin, tabsTop, std::max(0, client.width - 2 * margin),
                  std::max(0, client.height - tabsTop - margin)};
-  layout.list = inset(parts.displayArea(layout.tabs), padding);
+  layout.list = platform::withoutMargin(parts.displayArea(layout.tabs), padding);
   layout.browseButton = {std::max(layout.list.left, layout.list.right() - button.width),
                          std::max(layout.list.top, layout.list.bottom() - button.height),
                          button.width, button.height};

@@ -33,10 +33,16 @@ std::optional<std::vector<int>> numbers(const std::wstring& text) {
   return found;
 }
 
+/// What two stretches of a line have in common, 0 when they lie apart.
+std::int64_t sharedLength(int beginA, int lengthA, int beginB, int lengthB) {
+  const auto end = [](int begin, int length) { return std::int64_t{begin} + length; };
+  return std::max<std::int64_t>(
+      0, std::min(end(beginA, lengthA), end(beginB, lengthB)) - std::max(beginA, beginB));
+}
+
 std::int64_t sharedArea(const Rect& a, const Rect& b) {
-  const std::int64_t width = std::min(a.right(), b.right()) - std::max(a.left, b.left);
-  const std::int64_t height = std::min(a.bottom(), b.bottom()) - std::max(a.top, b.top);
-  return width > 0 && height > 0 ? width * height : 0;
+  return sharedLength(a.left, a.width, b.left, b.width) *
+         sharedLength(a.top, a.height, b.top, b.height);
 }
 
 }  // namespace
@@ -71,12 +77,14 @@ std::optional<Placement> placementFromText(const std::wstring& text) {
 
 Rect scaledAboutCentre(const Rect& rect, int measuredAt, int dpi) {
   const auto scaled = [measuredAt, dpi](int length) {
-    return static_cast<int>(static_cast<std::int64_t>(length) * dpi / measuredAt);
+    return platform::coordinate(std::int64_t{length} * dpi / measuredAt);
   };
   const int width = scaled(rect.width);
   const int height = scaled(rect.height);
-  return {rect.left + (rect.width - width) / 2, rect.top + (rect.height - height) / 2, width,
-          height};
+  const auto moved = [](int begin, int former, int length) {
+    return platform::coordinate(begin + (std::int64_t{former} - length) / 2);
+  };
+  return {moved(rect.left, rect.width, width), moved(rect.top, rect.height, height), width, height};
 }
 
 Rect broughtOntoScreen(const Rect& rect, const std::vector<Rect>& workAreas) {

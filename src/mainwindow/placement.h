@@ -20,6 +20,7 @@ namespace mainwindow {
 [[nodiscard]] std::optional<controls::Placement> placementFromText(const std::wstring& text);
 
 /// The rectangle as large at `dpi` as it was at `measuredAt`, with its centre where it was.
+/// Raises 6 when a coordinate does not fit.
 [[nodiscard]] platform::Rect scaledAboutCentre(const platform::Rect& rect, int measuredAt, int dpi);
 
 /// The rectangle moved, and made smaller where it must be, so that it lies wholly in one of the

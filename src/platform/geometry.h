@@ -1,7 +1,24 @@
 // Sizes and rectangles in pixels, and the conversions from the design's units.
 #pragma once
 
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+
+#include "platform/run_time_error.h"
+
 namespace platform {
+
+/// A length or a coordinate as the 32 bits that hold one; raises 6 when it does not fit.
+[[nodiscard]] constexpr int coordinate(std::int64_t exact) {
+  if (exact < std::numeric_limits<int>::min() || exact > std::numeric_limits<int>::max()) {
+    throw RunTimeError(error::overflow);
+  }
+  return static_cast<int>(exact);
+}
+
+/// Sum of two coordinates; raises 6 when it does not fit.
+[[nodiscard]] constexpr int sum(int a, int b) { return coordinate(std::int64_t{a} + b); }
 
 /// A size in pixels.
 struct Size {
@@ -10,23 +27,26 @@ struct Size {
   bool operator==(const Size&) const = default;
 };
 
-/// A rectangle in pixels, relative to the client area that holds it.
+/// A rectangle in pixels, relative to the client area that holds it. Its far edges raise 6 when
+/// they lie beyond all coordinates.
 struct Rect {
   int left = 0;
   int top = 0;
   int width = 0;
   int height = 0;
-  [[nodiscard]] int right() const { return left + width; }
-  [[nodiscard]] int bottom() const { return top + height; }
+  [[nodiscard]] int right() const { return sum(left, width); }
+  [[nodiscard]] int bottom() const { return sum(top, height); }
   bool operator==(const Rect&) const = default;
 };
 
 /// `rect` without a margin on every side; one that is all margin has no width or height left.
+/// Raises 6 when a coordinate does not fit.
 [[nodiscard]] constexpr Rect withoutMargin(const Rect& rect, int margin) {
   const auto shortened = [margin](int length) {
-    return length > 2 * margin ? length - 2 * margin : 0;
+    return coordinate(std::max<std::int64_t>(0, length - 2 * std::int64_t{margin}));
   };
-  return {rect.left + margin, rect.top + margin, shortened(rect.width), shortened(rect.height)};
+  return {sum(rect.left, margin), sum(rect.top, margin), shortened(rect.width),
+          shortened(rect.height)};
 }
 
 /// Dots per inch of an unscaled screen; all sizes of the design are given at this density.
@@ -34,14 +54,15 @@ inline constexpr int designDpi = 96;
 /// Twips (1/1440 inch) in one inch, the unit of the column widths.
 inline constexpr int twipsPerInch = 1440;
 
-/// Scales a length given at 96 dpi to `dpi`, rounded to the nearest pixel.
+/// Scales a length given at 96 dpi to `dpi`, rounded to the nearest pixel. Raises 6 when it does
+/// not fit.
 [[nodiscard]] constexpr int scaled(int length, int dpi) {
-  return (length * dpi + designDpi / 2) / designDpi;
+  return coordinate((std::int64_t{length} * dpi + designDpi / 2) / designDpi);
 }
 
-/// Converts twips to pixels at `dpi`, rounded to the nearest pixel.
+/// Converts twips to pixels at `dpi`, rounded to the nearest pixel. Raises 6 when it does not fit.
 [[nodiscard]] constexpr int twipsToPixels(int twips, int dpi) {
-  return (twips * dpi + twipsPerInch / 2) / twipsPerInch;
+  return coordinate((std::int64_t{twips} * dpi + twipsPerInch / 2) / twipsPerInch);
 }
 
 }  // namespace platform

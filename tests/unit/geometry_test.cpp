@@ -2,8 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
+#include "unit/error_number.h"
+
 namespace platform {
 namespace {
+
+constexpr int most = std::numeric_limits<int>::max();
+constexpr int least = std::numeric_limits<int>::min();
 
 TEST(Geometry, LengthsAreUnchangedAtTheDesignsDensity) {
   for (const int length : {0, 1, 7, 640}) {
@@ -33,6 +40,41 @@ TEST(Geometry, TheFarEdgesOfARectangleFollowFromItsSize) {
   const Rect rect{10, 20, 30, 40};
   EXPECT_EQ(rect.right(), 40);
   EXPECT_EQ(rect.bottom(), 60);
+}
+
+TEST(Geometry, CoordinatesReachToTheEndsOfTheirRange) {
+  EXPECT_EQ(coordinate(most), most);
+  EXPECT_EQ(coordinate(least), least);
+  EXPECT_EQ(sum(most - 1, 1), most);
+  EXPECT_EQ(sum(least + 1, -1), least);
+  EXPECT_EQ((Rect{1, 2, most - 1, most - 2}.right()), most);
+  EXPECT_EQ((Rect{1, 2, most - 1, most - 2}.bottom()), most);
+  EXPECT_EQ(withoutMargin({most - 1, most - 1, most, most}, 1),
+            (Rect{most, most, most - 2, most - 2}));
+  EXPECT_EQ(scaled(most, designDpi), most);
+  EXPECT_EQ(scaled(most / 2, 2 * designDpi), most - 1);
+  EXPECT_EQ(twipsToPixels(most, twipsPerInch), most);
+}
+
+TEST(Geometry, ACoordinateBeyondThemIsAnOverflow) {
+  EXPECT_EQ(errorNumberOf([] { static_cast<void>(coordinate(std::int64_t{most} + 1)); }), 6);
+  EXPECT_EQ(errorNumberOf([] { static_cast<void>(coordinate(std::int64_t{least} - 1)); }), 6);
+  EXPECT_EQ(errorNumberOf([] { static_cast<void>(sum(most, 1)); }), 6);
+  EXPECT_EQ(errorNumberOf([] { static_cast<void>(sum(least, -1)); }), 6);
+  EXPECT_EQ(errorNumberOf([] { static_cast<void>(Rect{2, 0, most - 1, 0}.right()); }), 6);
+  EXPECT_EQ(errorNumberOf([] { static_cast<void>(Rect{0, 2, 0, most - 1}.bottom()); }), 6);
+  EXPECT_EQ(errorNumberOf([] { static_cast<void>(withoutMargin({most, 0, 9, 9}, 1)); }), 6);
+  EXPECT_EQ(errorNumberOf([] { static_cast<void>(withoutMargin({0, most, 9, 9}, 1)); }), 6);
+  EXPECT_EQ(errorNumberOf([] { static_cast<void>(withoutMargin({0, 0, most, 9}, -1)); }), 6);
+  EXPECT_EQ(errorNumberOf([] { static_cast<void>(scaled(most, designDpi + 1)); }), 6);
+  EXPECT_EQ(errorNumberOf([] { static_cast<void>(twipsToPixels(most, twipsPerInch + 1)); }), 6);
+}
+
+TEST(Geometry, AMarginIsTakenOffEverySide) {
+  EXPECT_EQ(withoutMargin({10, 20, 30, 40}, 3), (Rect{13, 23, 24, 34}));
+  EXPECT_EQ(withoutMargin({10, 20, 7, 6}, 3), (Rect{13, 23, 1, 0}));
+  EXPECT_EQ(withoutMargin({10, 20, 5, 0}, 3), (Rect{13, 23, 0, 0}));
+  EXPECT_EQ(withoutMargin({0, 0, least, least}, 3), (Rect{3, 3, 0, 0}));
 }
 
 TEST(Geometry, RectanglesAndSizesCompareByAllTheirParts) {

@@ -1,6 +1,7 @@
 // What a control with the flat look does with its messages.
 #include "flatlook/flat_control.h"
 
+#include <limits>
 #include <map>
 #include <vector>
 
@@ -235,6 +236,15 @@ TEST_F(FlatControlTest, ManyComboBoxesShareTheirForm) {
   EXPECT_EQ(comboLook(), "");
   notify(8, otherCombo);
   EXPECT_FALSE(takePixels(otherCombo).empty());
+}
+
+TEST_F(FlatControlTest, AFrameThatLeavesAllCoordinatesIsReportedAsAnOverflow) {
+  const WindowHandle box = textBox();
+  screen().at(box).rect.right = std::numeric_limits<int>::max();
+  screen().at(form).rect = {};
+  paint(box);
+  EXPECT_EQ(::desktop::desktop().errorReports, std::vector<int>{6});
+  EXPECT_EQ(boxLook(), "");
 }
 
 TEST_F(FlatControlTest, ActivationByTheMouseIsHeardAndLeftAlone) {

@@ -63,6 +63,30 @@ TEST_F(FramesTest, CoordinatesDoNotWrapAround) {
   EXPECT_EQ(errorNumberOf([&] { DrawOuterFrame(box, FrameStyle::idle, 1, 2); }), 6);
 }
 
+TEST_F(FramesTest, AFrameThatLeavesTheCoordinatesIsAnOverflowOnEverySide) {
+  constexpr int least = std::numeric_limits<int>::min();
+  constexpr int most = std::numeric_limits<int>::max();
+  const WindowHandle box = textBox();
+  screen().at(form).rect = {};
+  for (const Edges& place :
+       {Edges{least + 1, 10, least + 9, 20}, Edges{10, least + 1, 20, least + 9},
+        Edges{most - 9, 10, most - 1, 20}, Edges{10, most - 9, 20, most - 1}}) {
+    screen().at(box).rect = place;
+    EXPECT_EQ(errorNumberOf([&] { DrawOuterFrame(box, FrameStyle::idle, 1, 2); }), 6)
+        << place.left << " " << place.top;
+    EXPECT_TRUE(takePixels(form).empty());
+  }
+  // Two pixels further in there is just room for it.
+  for (const Edges& place :
+       {Edges{least + 2, 10, least + 9, 20}, Edges{10, least + 2, 20, least + 9},
+        Edges{most - 9, 10, most - 2, 20}, Edges{10, most - 9, 20, most - 2}}) {
+    screen().at(box).rect = place;
+    EXPECT_EQ(errorNumberOf([&] { DrawOuterFrame(box, FrameStyle::hot, 1, 2); }), 0)
+        << place.left << " " << place.top;
+    EXPECT_EQ(takePixels(form).count({place.left - 2, place.top - 2}), 1U);
+  }
+}
+
 // --- around a control ---
 
 TEST_F(FramesTest, AnIdleTextBoxHasTwoRings) {

@@ -2,12 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <memory>
 
 #include "mainwindow/main_window.h"
 #include "platform/desktop.h"
 #include "platform/desktop_test.h"
 #include "startup/paths.h"
+#include "unit/error_number.h"
 
 namespace {
 
@@ -19,6 +21,9 @@ using mainwindow::placementText;
 using platform::Rect;
 
 const std::vector<Rect> twoScreens{{0, 0, 1280, 984}, {1280, 0, 1920, 1040}};
+const std::vector<Rect> stackedScreens{{0, 0, 1280, 984}, {0, 984, 1280, 1040}};
+constexpr int most = std::numeric_limits<int>::max();
+constexpr int least = std::numeric_limits<int>::min();
 
 TEST(Placement, SurvivesBeingWrittenAndRead) {
   const Placement placement{.normal = {-1900, 20, 800, 600}, .dpi = 144, .maximised = true};
@@ -29,10 +34,15 @@ TEST(Placement, SurvivesBeingWrittenAndRead) {
 TEST(Placement, IsNothingWhenTheTextIsAnythingElse) {
   for (const wchar_t* const text :
        {L"", L"1 2 3", L"1 2 3 4 96 0 7", L"1 2 3 4 96 x", L"1 2 0 4 96 0", L"1 2 3 -4 96 0",
-        L"1 2 3 4 0 0", L"1 2 3 4 96 0x", L"99999999999 2 3 4 96 0", L"2000000 2 3 4 96 0",
-        L"1,2,3,4,96,0"}) {
+        L"1 2 3 4 0 0", L"1 2 3 4 96 0x", L"99999999999 2 3 4 96 0", L"1000001 2 3 4 96 0",
+        L"1 -1000001 3 4 96 0", L"-99999999999 2 3 4 96 0", L"1,2,3,4,96,0"}) {
     EXPECT_EQ(placementFromText(text), std::nullopt) << text;
   }
+}
+
+TEST(Placement, FarAwayAndTinyIsStillOne) {
+  EXPECT_EQ(placementFromText(L"1000000 -1000000 1 1 1 0"),
+            (Placement{.normal = {1'000'000, -1'000'000, 1, 1}, .dpi = 1, .maximised = false}));
 }
 
 TEST(Placement, OnAScreenStaysWhereItIs) {
@@ -44,6 +54,32 @@ TEST(Placement, PartlyOffTheScreenIsMovedInOnTheScreenThatHoldsMostOfIt) {
   EXPECT_EQ(broughtOntoScreen({-300, -40, 800, 600}, twoScreens), (Rect{0, 0, 800, 600}));
   EXPECT_EQ(broughtOntoScreen({3000, 900, 800, 600}, twoScreens), (Rect{2400, 440, 800, 600}));
   EXPECT_EQ(broughtOntoScreen({1200, 50, 800, 600}, twoScreens), (Rect{1280, 50, 800, 600}));
+}
+
+TEST(Placement, OfTwoStackedScreensTheOneThatHoldsMoreOfItGetsIt) {
+  EXPECT_EQ(broughtOntoScreen({100, 800, 800, 600}, stackedScreens), (Rect{100, 984, 800, 600}));
+  EXPECT_EQ(broughtOntoScreen({100, 500, 800, 600}, stackedScreens), (Rect{100, 384, 800, 600}));
+  const std::vector<Rect> lowerFirst{stackedScreens[1], stackedScreens[0]};
+  EXPECT_EQ(broughtOntoScreen({100, 800, 800, 600}, lowerFirst), (Rect{100, 984, 800, 600}));
+  EXPECT_EQ(broughtOntoScreen({100, 500, 800, 600}, lowerFirst), (Rect{100, 384, 800, 600}));
+}
+
+TEST(Placement, OfTwoScreensThatHoldAsMuchOfItTheFirstGetsIt) {
+  EXPECT_EQ(broughtOntoScreen({880, 50, 800, 600}, twoScreens), (Rect{480, 50, 800, 600}));
+  EXPECT_EQ(broughtOntoScreen({100, 684, 800, 600}, stackedScreens), (Rect{100, 384, 800, 600}));
+}
+
+TEST(Placement, BesideAScreenAtItsHeightItIsNotOnIt) {
+  // As high as the second screen, but left of both; above and left of the second even more so.
+  EXPECT_EQ(broughtOntoScreen({-2000, 1100, 800, 600}, stackedScreens), (Rect{0, 384, 800, 600}));
+  EXPECT_EQ(broughtOntoScreen({-2000, -2000, 800, 600}, {{0, 0, 500, 500}, {900, 900, 800, 700}}),
+            (Rect{0, 0, 500, 500}));
+}
+
+TEST(Placement, AtTheEdgeOfAllCoordinatesComesToThePrimaryScreen) {
+  EXPECT_EQ(broughtOntoScreen({most, most, most, most}, twoScreens), (Rect{0, 0, 1280, 984}));
+  EXPECT_EQ(broughtOntoScreen({most, least, 800, 600}, twoScreens), (Rect{480, 0, 800, 600}));
+  EXPECT_EQ(broughtOntoScreen({least, most, 800, 600}, twoScreens), (Rect{0, 384, 800, 600}));
 }
 
 TEST(Placement, OnAScreenThatIsGoneComesToThePrimaryOne) {
@@ -61,6 +97,32 @@ TEST(Placement, OfAnotherDensityKeepsItsCentre) {
   EXPECT_EQ(mainwindow::scaledAboutCentre({100, 100, 400, 200}, 192, 96),
             (Rect{200, 150, 200, 100}));
   EXPECT_EQ(mainwindow::scaledAboutCentre({1, 2, 3, 4}, 120, 120), (Rect{1, 2, 3, 4}));
+}
+
+TEST(Placement, OfAnotherDensityDoesNotWrapAround) {
+  using mainwindow::scaledAboutCentre;
+  EXPECT_EQ(scaledAboutCentre({0, 0, most, most}, 192, 96),
+            (Rect{536870912, 536870912, most / 2, most / 2}));
+  EXPECT_EQ(errorNumberOf([] {
+              static_cast<void>(scaledAboutCentre({0, 0, most, 10}, 96, 192));
+            }),
+            6);
+  EXPECT_EQ(errorNumberOf([] {
+              static_cast<void>(scaledAboutCentre({0, 0, 10, most}, 96, 192));
+            }),
+            6);
+  EXPECT_EQ(errorNumberOf([] {
+              static_cast<void>(scaledAboutCentre({least, 0, 10, 10}, 96, 192));
+            }),
+            6);
+  EXPECT_EQ(errorNumberOf([] {
+              static_cast<void>(scaledAboutCentre({0, least, 10, 10}, 96, 192));
+            }),
+            6);
+  EXPECT_EQ(errorNumberOf([] {
+              static_cast<void>(scaledAboutCentre({most, 0, 10, 10}, 192, 96));
+            }),
+            6);
 }
 
 TEST(Placement, WithoutAnyScreenStaysWhereItIs) {

@@ -22,7 +22,7 @@ void frmQMK::restorePlace() {
   }
   // The screens may have been rearranged, or have another density, since then.
   placement->normal = mainwindow::broughtOntoScreen(
-      mainwindow::scaledAboutCentre(placement->normal, placement->dpi, dpi()),
+      mainwindow::scaledAboutCentre(placement->normal, placement->dpi, peer()->placement().dpi),
       platform::screens::workAreas());
   peer()->place(*placement);
 }

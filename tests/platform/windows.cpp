@@ -62,7 +62,7 @@ class WindowRecord::TimerPeer : public controls::Peer {
 
 WindowRecord::WindowRecord(Desktop& owner, Window& window) : owner_(owner), window_(window) {
   window_.attach(this);
-  window_.acceptDpi(owner_.dpi);
+  placement_.dpi = owner_.dpi;
   for (controls::Timer* timer : window_.timers()) {
     timers_.push_back(std::make_unique<TimerPeer>(owner_, *timer));
   }

@@ -106,7 +106,8 @@ TEST_F(WindowTest, ShowingLoadsFirst) {
 TEST_F(WindowTest, IsLaidOutForItsScreen) {
   desktop().dpi = 144;
   window.show();
-  EXPECT_EQ(window.dpi(), 144);
+  EXPECT_EQ(window.take(), (Events{L"load", L"layout 144", L"activate"}));
+  EXPECT_EQ(window.peer()->placement().dpi, 144);
   EXPECT_EQ(window.client, (platform::Size{300, 150}));
 }
 

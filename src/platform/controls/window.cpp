@@ -131,7 +131,6 @@ bool Window::raiseClose(UnloadMode mode) {
 }
 
 void Window::raiseLayout(platform::Size client, int dpi) {
-  dpi_ = dpi;
   laidOut_ = true;
   platform::dispatch([this, client, dpi] { layout(client, dpi); });
 }

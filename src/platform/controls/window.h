@@ -41,7 +41,7 @@ class WindowPeer : public Peer {
   virtual void show() = 0;
   /// Brings the window to the front and gives it the focus.
   virtual void activate() = 0;
-  /// Where the native window stands now.
+  /// Where the native window stands now, and the density of the screen that it is on.
   [[nodiscard]] virtual Placement placement() const = 0;
   /// Moves the native window; a maximised placement takes effect when the window is shown. The
   /// size is taken as it is, whatever `dpi` it was measured at.
@@ -92,8 +92,6 @@ class Window {
   /// Whether the loaded window has been laid out: before that its native window has neither a size
   /// nor a place that anybody has seen.
   [[nodiscard]] bool laidOut() const { return laidOut_; }
-  /// Dots per inch of the screen that the window is on; 96 until a peer says otherwise.
-  [[nodiscard]] int dpi() const { return dpi_; }
   [[nodiscard]] WindowPeer* peer() const { return peer_; }
 
   /// Loads the window hidden unless it is loaded already. An error in `Form_Load` is passed on;
@@ -112,7 +110,6 @@ class Window {
 
   // Called by the native side. Each runs its handler through the dispatcher.
   void attach(WindowPeer* peer) { peer_ = peer; }
-  void acceptDpi(int dpi) { dpi_ = dpi; }
   /// The native window cannot be completed: the window is not loaded any more. No handler is asked.
   void giveUp() { dropNative(); }
   void raiseActivate();
@@ -158,7 +155,6 @@ class Window {
   bool loaded_ = false;
   bool visible_ = false;
   bool laidOut_ = false;
-  int dpi_ = platform::designDpi;
   WindowPeer* peer_ = nullptr;
 };
 

@@ -82,7 +82,6 @@ WindowPeer::WindowPeer(Window& window) : WindowPeer(window, window.kind()) {
   }
   window.attach(this);
   dpi_ = dpiOf(this->window());
-  window.acceptDpi(dpi_);
   // The parts of a frame take longer than anything else at the start, so that other windows which
   // are shown before it come first.
   if (kind_ != WindowKind::frame) {
@@ -101,7 +100,6 @@ void WindowPeer::finish() {
   }
   if (kind_ != WindowKind::hidden) {
     placeAtStart();
-    window_->acceptDpi(dpi_);
     applyExtendedStyle();
     if (kind_ != WindowKind::bare) {
       loadIcons();  // a bare window shows none itself and gets them when it is on the screen

@@ -43,6 +43,11 @@ std::wstring registryName(platform::registry::Root root, const std::wstring& key
   return (user ? L"user\\" : L"machine\\") + upper(key) + L"\n" + upper(name);
 }
 
+bool asks(const Message& message) {
+  return message.style == MessageStyle::yesNoWarning ||
+         message.style == MessageStyle::yesNoQuestion;
+}
+
 }  // namespace
 
 Desktop& desktop() {
@@ -73,8 +78,9 @@ void Desktop::reset() {
   formatDate = shortDate;
   formatDateAndTime = shortDateAndTime;
   answers.clear();
-  messages.clear();
-  errorReports.clear();
+  messages = {};
+  errorReports = {};
+  sorts = 0;
   onMessage = nullptr;
   inputAnswers.clear();
   inputs.clear();
@@ -247,9 +253,7 @@ void Desktop::note(const std::wstring& what) {
 
 Answer Desktop::show(Message message) {
   note(L"message " + message.text);
-  const bool asks =
-      message.style == MessageStyle::yesNoWarning || message.style == MessageStyle::yesNoQuestion;
-  if (asks) {
+  if (asks(message)) {
     if (answers.empty()) {
       mistake("A message box asks and the test has no answer for it: " +
               platform::text::toCodePage(message.text));
@@ -267,6 +271,18 @@ Answer Desktop::show(Message message) {
     onMessage(message);
   }
   return message.answer;
+}
+
+std::vector<std::wstring> Desktop::unexpectedMessages() const {
+  std::vector<std::wstring> texts;
+  std::size_t index = messages.total() - messages.unseen().size();
+  for (const Message& message : messages.unseen()) {
+    const bool lookedAtAsReport = message.report && *message.report < errorReports.lookedAt();
+    if (index++ >= messages.lookedAt() && !lookedAtAsReport && !asks(message)) {
+      texts.push_back(message.text);
+    }
+  }
+  return texts;
 }
 
 std::wstring Desktop::ask(Input input) {

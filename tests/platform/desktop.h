@@ -23,6 +23,7 @@
 #include "platform/file_system.h"
 #include "platform/files.h"
 #include "platform/pictures.h"
+#include "platform/record.h"
 #include "platform/registry.h"
 #include "platform/shell_links.h"
 #include "platform/virtual_clock.h"
@@ -39,6 +40,8 @@ struct Message {
   platform::dialogs::MessageStyle style = platform::dialogs::MessageStyle::information;
   std::wstring title;
   platform::dialogs::Answer answer = platform::dialogs::Answer::ok;
+  /// For the report of an error: how many reports there were before it, since the reset.
+  std::optional<std::size_t> report;
 };
 
 /// An input box that was shown.
@@ -208,9 +211,11 @@ class Desktop {
   /// Answers of the Yes/No boxes to come. A box without one is a mistake of the test: it is
   /// reported and answered No.
   std::deque<platform::dialogs::Answer> answers;
-  std::vector<Message> messages;
+  /// Message boxes that were shown. `DesktopTest` fails a test that did not look at one of them, or
+  /// at the error report that it is.
+  Record<Message> messages;
   /// Numbers of the error reports, which are in `messages` too.
-  std::vector<int> errorReports;
+  Record<int> errorReports;
   /// Runs while a message box is up.
   std::function<void(const Message&)> onMessage;
   /// Texts typed into the input boxes to come; nothing stands for "leave the default and OK".
@@ -252,6 +257,11 @@ class Desktop {
   std::function<void()> onPump;
   int pumps = 0;
 
+  // --- texts ---
+
+  /// How often the sort keys of many texts were asked for, since the reset.
+  int sorts = 0;
+
   // --- settings and registry ---
 
   void setSetting(const std::wstring& section, const std::wstring& key, const std::wstring& value);
@@ -281,6 +291,11 @@ class Desktop {
   [[nodiscard]] controls::Window* active() const { return active_; }
 
   // --- mistakes of a test ---
+
+  /// Texts of the message boxes that the program showed and the test did not look at: neither at
+  /// `messages` nor, for an error report, at `errorReports`. A question that had its answer in
+  /// `answers` was expected.
+  [[nodiscard]] std::vector<std::wstring> unexpectedMessages() const;
 
   /// Told when a test left something unscripted (an unanswered box, a modal window that nothing
   /// would ever close). `DesktopTest` makes a test failure of it; without a receiver it aborts.

@@ -25,7 +25,7 @@ Answer showMessage(const std::wstring& text, MessageStyle style) {
 }
 
 Answer showMessage(const std::wstring& text, MessageStyle style, const std::wstring& title) {
-  return desktop().show({text, style, title, Answer::ok});
+  return desktop().show({text, style, title, Answer::ok, std::nullopt});
 }
 
 std::wstring inputBox(const std::wstring& prompt, const std::wstring& title,
@@ -35,11 +35,13 @@ std::wstring inputBox(const std::wstring& prompt, const std::wstring& title,
 
 void reportRunTimeError(const RunTimeError& error) {
   desktop().note(L"error " + std::to_wstring(error.number()));
+  std::size_t before = 0;
   {
     const ::desktop::Unfailing own;
+    before = desktop().errorReports.total();
     desktop().errorReports.push_back(error.number());
   }
-  showMessage(error.report(), MessageStyle::critical);
+  desktop().show({error.report(), MessageStyle::critical, application::title, Answer::ok, before});
 }
 
 std::wstring openFile(const OpenFileRequest& request) {

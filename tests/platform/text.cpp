@@ -5,6 +5,7 @@
 #include <cwctype>
 
 #include "platform/code_pages.h"
+#include "platform/desktop.h"
 #include "platform/plain_text.h"
 
 namespace platform::text {
@@ -49,6 +50,7 @@ std::string sortKey(std::wstring_view text) {
 }  // namespace
 
 SortKeys sortKeys(std::size_t count, const std::function<std::wstring_view(std::size_t)>& textAt) {
+  ++desktop::desktop().sorts;
   SortKeys keys;
   for (std::size_t n = 0; n < count; ++n) {
     keys.bytes += sortKey(textAt(n));

@@ -70,6 +70,47 @@ TEST_F(MemoryShellTest, ThingsHappenWhileAMessageIsUp) {
   };
   dialogs::showMessage(L"text");
   EXPECT_EQ(seen, std::vector<std::wstring>{L"text"});
+  EXPECT_EQ(desktop().messages.size(), 1U);
+}
+
+TEST_F(MemoryShellTest, AMessageThatNobodyLooksAtWasNotExpected) {
+  using Texts = std::vector<std::wstring>;
+  dialogs::showMessage(L"one");
+  EXPECT_EQ(desktop().unexpectedMessages(), Texts{L"one"});
+  EXPECT_EQ(desktop().unexpectedMessages(), Texts{L"one"}) << "To ask is not to look";
+  EXPECT_EQ(desktop().messages.back().text, L"one");
+  EXPECT_EQ(desktop().unexpectedMessages(), Texts{});
+  dialogs::showMessage(L"two");
+  EXPECT_EQ(desktop().unexpectedMessages(), Texts{L"two"});
+  desktop().messages.clear();
+  EXPECT_EQ(desktop().unexpectedMessages(), Texts{});
+  dialogs::showMessage(L"three");
+  EXPECT_EQ(desktop().unexpectedMessages(), Texts{L"three"});
+  EXPECT_FALSE(desktop().messages.empty());
+}
+
+TEST_F(MemoryShellTest, TheReportOfAnErrorIsLookedAtAsSuchOrAsAMessage) {
+  using Texts = std::vector<std::wstring>;
+  const std::wstring text = L"Run-time error '53':\r\n\r\nFile not found";
+  EXPECT_TRUE(desktop().errorReports.empty());
+  dialogs::reportRunTimeError(platform::RunTimeError(53));
+  EXPECT_EQ(desktop().unexpectedMessages(), Texts{text});
+  EXPECT_EQ(desktop().errorReports, std::vector<int>{53});
+  EXPECT_EQ(desktop().unexpectedMessages(), Texts{});
+  desktop().errorReports.clear();
+  dialogs::showMessage(L"other");
+  dialogs::reportRunTimeError(platform::RunTimeError(53));
+  EXPECT_EQ(desktop().unexpectedMessages(), (Texts{L"other", text}));
+  EXPECT_EQ(desktop().errorReports.size(), 1U);
+  EXPECT_EQ(desktop().unexpectedMessages(), Texts{L"other"});
+  EXPECT_EQ(desktop().messages.size(), 3U);
+  EXPECT_EQ(desktop().unexpectedMessages(), Texts{});
+}
+
+TEST_F(MemoryShellTest, AQuestionThatHasItsAnswerIsExpected) {
+  desktop().answers = {dialogs::Answer::yes};
+  dialogs::showMessage(L"sure?", dialogs::MessageStyle::yesNoQuestion);
+  EXPECT_TRUE(desktop().unexpectedMessages().empty());
 }
 
 TEST_F(MemoryShellTest, AnInputBoxGivesWhatIsTyped) {

@@ -88,6 +88,7 @@ TEST_F(ShortcutDeleteTest, AProtectedShortcutDoesNotReloadTheList) {
   choose(L"Imagekeep.lnk");
   putUnlisted();
   window.mnuDelete.raiseClick();
+  EXPECT_EQ(onlyMessage(), L"Sorry, you can't delete this shortcut");
   EXPECT_FALSE(reloaded());
 }
 

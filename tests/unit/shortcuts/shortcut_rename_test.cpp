@@ -169,6 +169,7 @@ TEST_F(ShortcutRenameTest, AProtectedShortcutDoesNotReloadTheList) {
   select(L"Sprawl");
   putUnlisted();
   window.mnuRename.raiseClick();
+  EXPECT_EQ(onlyMessage(), L"Sorry, you can't rename this shortcut");
   EXPECT_FALSE(reloaded());
 }
 

@@ -190,6 +190,7 @@ TEST_F(SplashTest, ASecondCopyDoesNothingBehindItsMessage) {
   EXPECT_THROW(splash.load(), ProgramEnded);
 
   expectInOrder({L"message Error: you already have Quillmark Running", L"end"});
+  EXPECT_EQ(desktop().messages.size(), 1U);
   EXPECT_FALSE(desktop().has(L"C:\\App\\PhotoImages"));
   EXPECT_TRUE(desktop().linkWrites.empty());
   EXPECT_EQ(desktop().pumps, 0);

@@ -235,6 +235,7 @@ TEST_F(StartupTest, ASecondCopyHasMadeTheUserFoldersAndLoadedTheMainWindowHidden
   expectInOrder({std::wstring(L"make folder ") + userFolder,
                  std::wstring(L"make folder ") + shortcutsFolder, L"create frmQMK", L"pump",
                  L"message Error: you already have Quillmark Running"});
+  EXPECT_EQ(desktop().messages.size(), 1U);
   EXPECT_TRUE(gateway->main.loaded());
   EXPECT_FALSE(gateway->main.visible());
   EXPECT_EQ(list(frmQMK::open).columns().size(), 5U);
@@ -260,6 +261,7 @@ TEST_F(StartupTest, TheProgramFailsWhenItsFoldersCannotBeMade) {
   gateway.reset();
   desktop().take(L"C:\\Users\\Ann\\Documents");
   EXPECT_EQ(modSystem::Main(), 1);
+  EXPECT_EQ(desktop().errorReports, std::vector<int>{76});
   EXPECT_FALSE(desktop().journalHas(L"run frmQMK"));
 }
 

@@ -48,6 +48,12 @@ TEST(ImageOfSize, TakesTheOneWithTheMostColours) {
   EXPECT_EQ(imageOfSize(bytes, 24), std::nullopt);
 }
 
+TEST(ImageOfSize, OfEqualPicturesTheFirstWins) {
+  EXPECT_EQ(imageOfSize(directory({{16, 32, 1}, {16, 32, 2}}), 16), 1);
+  EXPECT_EQ(imageOfSize(directory({{16, 8, 5}, {16, 32, 4}, {16, 32, 3}, {16, 0, 2}}), 16), 4);
+  EXPECT_EQ(imageOfSize(directory({{16, 0, 7}, {16, 0, 8}}), 16), 7);
+}
+
 TEST(ImageOfSize, OfADamagedDirectoryIsNothing) {
   const std::string bytes = directory({{16, 32, 1}, {32, 32, 2}});
   for (std::size_t size = 0; size < bytes.size(); ++size) {
@@ -67,6 +73,18 @@ TEST(CompleteTransparency, WithoutTransparencyTheMaskCountsAndAPixelBeyondItIsLe
   Picture picture{{3, 1}, {0x00112233U, 0x00445566U, 0x00778899U}};
   completeTransparency(picture, {false, true});
   EXPECT_EQ(picture.pixels, (Pixels{0xFF112233U, 0U, 0U}));
+}
+
+TEST(CompleteTransparency, BeyondAMaskThatIsTooShortEverythingIsLeftOut) {
+  // The memory behind the mask's end says "not clear" of every pixel.
+  std::vector<bool> mask(64, false);
+  mask.resize(2);
+  Picture picture{{4, 1}, {1, 2, 3, 4}};
+  completeTransparency(picture, mask);
+  EXPECT_EQ(picture.pixels, (Pixels{0xFF000001U, 0xFF000002U, 0U, 0U}));
+  Picture another{{2, 1}, {1, 2}};
+  completeTransparency(another, {});
+  EXPECT_EQ(another.pixels, (Pixels{0U, 0U}));
 }
 
 TEST(CompleteTransparency, APictureThatHasItsOwnIsLeftAsItIs) {
@@ -155,6 +173,17 @@ TEST(UnpackedIcons, OfWhatIsNoProgramAreNothing) {
                                        program({{directoryType, 1, directory({{8, 32, 1}})}})};
   for (const std::string& file : files) {
     EXPECT_FALSE(unpackedIcons(readerOf(file), Sizes{8, 8})) << file.size();
+  }
+}
+
+TEST(UnpackedIcons, OfAProgramWithASpoiltMarkAreNothing) {
+  const std::string file = program(twoSizes());
+  const std::size_t mark = file.find(std::string("PE\0\0", 4));
+  ASSERT_NE(mark, std::string::npos);
+  for (std::size_t i = 0; i < 4; ++i) {
+    std::string spoilt = file;
+    spoilt[mark + i] = static_cast<char>(spoilt[mark + i] ^ 1);
+    EXPECT_FALSE(unpackedIcons(readerOf(spoilt), Sizes{8, 4})) << i;
   }
 }
 

@@ -131,6 +131,26 @@ TEST_F(FlatControlTest, OfTwoControlsOnlyTheSecondStaysAttached) {
   EXPECT_EQ(boxLook(), "idle");
 }
 
+TEST_F(FlatControlTest, ATextBoxAfterAButtonIsDrawnAround) {
+  const WindowHandle button = addControl(L"Button", {10, 90, 90, 115});
+  flat->Attach(target(L"CommandButton", button));
+  const WindowHandle box = textBox();
+  paint(box);
+  EXPECT_EQ(boxLook(), "idle");
+  EXPECT_TRUE(takePixels(box).empty()) << "It is not drawn inside, as a button is";
+  EXPECT_TRUE(takePixels(button).empty());
+}
+
+TEST_F(FlatControlTest, AButtonAfterAComboBoxHasAButtonsFrameAndNoList) {
+  comboBox();
+  const WindowHandle button = addControl(L"Button", {10, 90, 90, 115});
+  flat->Attach(target(L"CommandButton", button));
+  screen().at(button).listDropped = true;
+  EXPECT_FALSE(flat->DroppedDown());
+  paint(button);
+  EXPECT_EQ(takePixels(button).at({40, 0}), 0x0080FFU);
+}
+
 TEST_F(FlatControlTest, ALabelAfterAControlLeavesNothingAttached) {
   const WindowHandle box = comboBox();
   screen().at(box).listDropped = true;

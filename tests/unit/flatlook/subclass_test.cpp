@@ -219,6 +219,18 @@ TEST_F(SubclassTest, AWindowThatGoesDetachesEverythingAndTellsEachObjectOnce) {
   detachMessage(one, window, first);
 }
 
+TEST_F(SubclassTest, AWindowThatGoesIsNoLongerWatchedWhenTheLastObjectHearsOfIt) {
+  Listener one("one", events);
+  Listener two("two", events);
+  attachMessage(one, window, first);
+  attachMessage(two, window, first);
+  std::vector<bool> watched;
+  one.onGone = two.onGone = [&] { watched.push_back(screen().at(window).watched); };
+  screen().destroy(window);
+  EXPECT_EQ(watched, (std::vector<bool>{true, false}));
+  EXPECT_EQ(take(), (Events{"one gone", "two gone"}));
+}
+
 TEST_F(SubclassTest, AnObjectThatAnotherDestroysWhenTheWindowGoesIsNotTold) {
   Listener one("one", events);
   auto two = std::make_unique<Listener>("two", events);

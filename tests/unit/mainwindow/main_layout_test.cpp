@@ -124,6 +124,24 @@ TEST(MainLayoutTest, TheButtonGrowsWithTheDpiOnly) {
   });
 }
 
+TEST(MainLayoutTest, HasItsDesignedGaps) {
+  const MainLayout layout = layOut({800, 600}, 96, partsAt(96));
+  EXPECT_EQ(layout.toolbar, (Rect{0, 0, 800, 46}));
+  EXPECT_EQ(layout.tabs, (Rect{8, 52, 784, 540}));
+  EXPECT_EQ(layout.list, (Rect{17, 81, 766, 502}));
+  EXPECT_EQ(layout.listOnOpen, (Rect{17, 81, 766, 468}));
+  EXPECT_EQ(layout.browseButton, (Rect{687, 555, 96, 28}));
+}
+
+TEST(MainLayoutTest, ItsGapsGrowWithTheDpi) {
+  const MainLayout layout = layOut({1200, 900}, 144, partsAt(144));
+  EXPECT_EQ(layout.toolbar, (Rect{0, 0, 1200, 69}));
+  EXPECT_EQ(layout.tabs, (Rect{12, 78, 1176, 810}));
+  EXPECT_EQ(layout.list, (Rect{26, 122, 1148, 752}));
+  EXPECT_EQ(layout.listOnOpen, (Rect{26, 122, 1148, 701}));
+  EXPECT_EQ(layout.browseButton, (Rect{1030, 832, 144, 42}));
+}
+
 TEST(MainLayoutTest, NothingIsEverNegativeHoweverSmallTheWindow) {
   for (const int dpi : dpis) {
     for (int width = 0; width <= 500; width += 7) {
@@ -174,6 +192,7 @@ TEST_F(MainWindowTest, TheControlsStandWhereTheLayoutPutsThem) {
 
 TEST_F(MainWindowTest, TheWindowCannotBecomeSmallerThanItsPartsNeed) {
   EXPECT_EQ(window.minimumSize(), smallest);
+  EXPECT_EQ(window.designSize(), (Size{780, 500}));
   EXPECT_GE(window.designSize().width, window.minimumSize().width);
   EXPECT_GE(window.designSize().height, window.minimumSize().height);
 }

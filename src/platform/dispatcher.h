@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <type_traits>
 
 namespace platform {
 
@@ -9,5 +10,12 @@ namespace platform {
 /// program goes on; running out of memory is reported as error 7. An empty handler does nothing.
 /// True when the handler ran to its end.
 bool dispatch(const std::function<void()>& handler);
+
+/// The same for what is written down where it is to run. Nothing is copied, so that no memory is
+/// needed before the errors are caught, however much it captures.
+template <class Handler>
+requires(!std::is_same_v<Handler, std::function<void()>>) bool dispatch(const Handler& handler) {
+  return dispatch(std::function<void()>(std::ref(handler)));
+}
 
 }  // namespace platform

@@ -71,9 +71,11 @@ void Toolbar::setImages(const ImageList* images) {
 }
 
 void Toolbar::raiseButtonClick(const std::wstring& key) {
-  platform::dispatch([this, key] {
+  platform::dispatch([this, &key] {
+    // The button whose key it is may be gone before its handler ends.
+    const std::wstring pressed = key;
     if (onButtonClick) {
-      onButtonClick(key);
+      onButtonClick(pressed);
     }
   });
 }

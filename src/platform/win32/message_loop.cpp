@@ -86,15 +86,14 @@ bool preTranslate(MSG& message) {
 }
 
 void process(MSG& message) {
-  const auto processing = [&message] {
+  // A message for which there is no memory must not end the program.
+  platform::dispatch([&message] {
     if (!preTranslate(message)) {
       TranslateMessage(&message);
       DispatchMessageW(&message);
     }
     deleteRetired();
-  };
-  // A message for which there is no memory must not end the program.
-  platform::dispatch(processing);
+  });
 }
 
 /// Processes messages until `window` is no longer loaded. A request to quit the thread ends the

@@ -1,7 +1,6 @@
 // What a window does with its messages.
 #include <algorithm>
 #include <bit>
-#include <functional>
 
 #include "platform/dispatcher.h"
 #include "platform/win32/dpi.h"
@@ -41,9 +40,7 @@ LRESULT CALLBACK WindowPeer::watchDialog(HWND window, UINT message, WPARAM first
 
 std::optional<LRESULT> WindowPeer::handleSafely(UINT message, WPARAM first, LPARAM second) {
   std::optional<LRESULT> result;
-  const auto handling = [&] { result = handle(message, first, second); };
-  // By reference, as a copy would need memory for every message.
-  platform::dispatch(std::ref(handling));
+  platform::dispatch([&] { result = handle(message, first, second); });
   return result;
 }
 

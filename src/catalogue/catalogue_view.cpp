@@ -95,11 +95,17 @@ void addRecords(ListView& list, std::string_view bytes, Location& location) {
     }
     location = L"3";
     list.add(name, {}, {});
-    record.text(0, type);
-    const Kind kind = kindOf(type, location);
-    location = L"7";
-    record.text(2, date);
-    list.completeLast(kind.picture, {date, kind.label, folder, type});
+    try {
+      record.text(0, type);
+      const Kind kind = kindOf(type, location);
+      location = L"7";
+      record.text(2, date);
+      list.completeLast(kind.picture, {date, kind.label, folder, type});
+    } catch (...) {
+      // Half an item would lead to a file in no folder.
+      list.removeLast();
+      throw;
+    }
   }
 }
 

@@ -63,6 +63,20 @@ void ListView::completeLast(std::wstring_view icon,
   itemsChanged();
 }
 
+void ListView::removeLast() noexcept {
+  if (order_.empty()) {
+    return;
+  }
+  const auto last = static_cast<Place>(order_.size() - 1);
+  // In a list that was sorted meanwhile it stands anywhere. Its row is taken for the next item.
+  order_.erase(std::find(order_.begin(), order_.end(), last));
+  for (auto* const mark : {&selected_, &focused_}) {
+    if (*mark == last) {
+      mark->reset();
+    }
+  }
+}
+
 void ListView::fillRow(std::size_t row, std::wstring_view icon,
                        std::initializer_list<std::wstring_view> subItems) {
   cells_[row] = texts_.addShared(icon);

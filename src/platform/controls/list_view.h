@@ -68,6 +68,9 @@ class ListView : public Control {
   /// Gives the item that was added last another picture and other sub-items. Raises 35600 when
   /// there is none.
   void completeLast(std::wstring_view icon, std::initializer_list<std::wstring_view> subItems);
+  /// Takes the item that was added last away again, if there is one. For one that could not be
+  /// completed, inside an `update` or a `rebuild`: it raises nothing and does not tell the peer.
+  void removeLast() noexcept;
   /// Removes all items; nothing is selected afterwards.
   void clear();
   /// Makes room for `count` items.

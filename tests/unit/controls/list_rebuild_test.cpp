@@ -306,6 +306,26 @@ TEST_F(ListRebuildTest, AnItemIsThereWholeOrNotAtAll) {
   EXPECT_EQ(errorNumberOf([this] { list.completeLast(L"", {}); }), 35600);
 }
 
+TEST_F(ListRebuildTest, AnItemThatCannotBeCompletedGoesAgain) {
+  list.setSorted(true);
+  list.add(L"b", L"", {L"1"});
+  list.add(L"a", L"", {L"2"});
+  EXPECT_EQ(list.text(0), L"a");
+  list.removeLast();
+  ASSERT_EQ(list.count(), 1U);
+  EXPECT_EQ(list.text(0), L"b");
+  EXPECT_EQ(list.selected(), 0U);
+  list.removeLast();
+  EXPECT_EQ(list.count(), 0U);
+  EXPECT_EQ(list.selected(), std::nullopt);
+  EXPECT_EQ(list.focused(), std::nullopt);
+  list.removeLast();
+  list.add(L"c", L"", {});
+  EXPECT_EQ(list.text(0), L"c");
+  EXPECT_EQ(list.subItem(0, 1), L"") << "Nothing is left of the former row";
+  EXPECT_EQ(list.selected(), 0U);
+}
+
 TEST_F(ListRebuildTest, AnItemThatIsCompletedTakesItsSortedPlaceAndThePeerHears) {
   RecordingListPeer peer(list);
   list.setSortKey(1);

@@ -24,8 +24,10 @@ const std::string others = record("cw3", "D:\\Other.cw3", "4/4/2004");
 void disturbOnce() {
   desktop().onReplace = [] {
     desktop().onReplace = nullptr;
-    const std::string bytes = desktop().bytesOf(catalogueFile).value_or("");
-    desktop().putFile(catalogueFile, others + bytes);
+    script([] {
+      const std::string bytes = desktop().bytesOf(catalogueFile).value_or("");
+      desktop().putFile(catalogueFile, others + bytes);
+    });
   };
 }
 
@@ -103,17 +105,17 @@ void addNew(Bench& /*bench*/) { modQMKGeneral::AddOrUpdateCatalogueEntry(L"D:\\N
 void leaveStaleFile(Bench& /*bench*/) { desktop().putFile(temporaryFile, "stale"); }
 
 void deleteSelectedFile(Bench& bench) {
-  desktop().answers = {Answer::yes};
+  script([] { desktop().answers = {Answer::yes}; });
   bench.main().mnuDelete.raiseClick();
 }
 
 void renameSelectedFile(Bench& bench) {
-  desktop().inputAnswers = {L"Afar"};
+  script([] { desktop().inputAnswers = {L"Afar"}; });
   bench.main().mnuRename.raiseClick();
 }
 
 void declineToLocate(Bench& bench) {
-  desktop().answers = {Answer::no};
+  script([] { desktop().answers = {Answer::no}; });
   bench.main().lstQMK[frmQMK::open].raiseDoubleClick();
 }
 
@@ -300,6 +302,14 @@ TEST_P(ListFileLooks, NothingIsLostWhenASearchFindsNothingOrMemoryRunsOut) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, ListFileLooks, ::testing::ValuesIn(operations()), nameOf);
+
+class ListFileMemory : public ::testing::TestWithParam<Operation> {};
+
+TEST_P(ListFileMemory, NothingIsLostWhenItRunsOut) { sweepMemory(GetParam()); }
+
+TEST_P(ListFileMemory, NothingIsLostWhenAListIsRefused) { sweepPeers(GetParam()); }
+
+INSTANTIATE_TEST_SUITE_P(Each, ListFileMemory, ::testing::ValuesIn(operations()), nameOf);
 
 }  // namespace
 }  // namespace faults

@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 
+#include "faults/allocations.h"
 #include "faults/sweep.h"
 #include "platform/text.h"
 #include "startup/startup.h"
@@ -23,7 +24,8 @@ struct Start {
   bool up = false;
 };
 
-Start startWith(const std::function<void()>& inject) {
+/// `partly`: a step that fills a list may have ended early.
+Start startWith(const std::function<void()>& inject, bool partly = false) {
   desktop().reset();
   desktop().onMistake = [](const std::string& what) { ADD_FAILURE() << what; };
   layOutDisk();
@@ -31,11 +33,17 @@ Start startWith(const std::function<void()>& inject) {
   Start start;
   start.fault.old = stateOf(gateway->main);
   inject();
-  start.up = gateway->start();
+  {
+    const CountedAllocations counted;
+    start.up = gateway->start();
+  }
+  start.fault.allocations = allocations();
+  const bool outOfMemory = allocationFailed();
+  failAllocation(0);
   desktop().failNothing();
   start.fault.looks = desktop().looks();
-  start.fault.happened = !desktop().failedCalls().empty();
-  if (start.fault.happened) {
+  start.fault.happened = outOfMemory || !desktop().failedCalls().empty();
+  if (!desktop().failedCalls().empty()) {
     start.fault.call = desktop().failedCalls().front().what;
   }
   start.fault.now = stateOf(gateway->main);
@@ -43,7 +51,7 @@ Start startWith(const std::function<void()>& inject) {
   if (start.up) {
     EXPECT_TRUE(gateway->main.tmrFileUpdate.enabled());
     EXPECT_EQ(gateway->main.TabMain.current(), frmQMK::tools);
-    EXPECT_EQ(gateway->main.lstQMK[frmQMK::fresh].count(), 4U);
+    EXPECT_TRUE(partly || gateway->main.lstQMK[frmQMK::fresh].count() == 4U);
     expectNextOperationsWork(gateway->main);
   } else {
     // Each failure is told but for those of removing an obsolete shortcut; memory that ran out is
@@ -128,6 +136,68 @@ TEST(StartUpFaults, NothingIsLostWhenACallFindsNothingOrMemoryRunsOut) {
   }
   ASSERT_GT(cases, 0);
   countCases("calls that find nothing or run out of memory", "start-up", cases);
+}
+
+TEST(StartUpFaults, NothingIsLostWhenMemoryRunsOutAnywhere) {
+  const auto startFailing = [](int n) { return startWith([n] { failAllocation(n); }, n != 0); };
+  static_cast<void>(startFailing(0));  // what is made once for the whole program is made here
+  const Fault clean = startFailing(0).fault;
+  const int stride = strideFor(clean.allocations);
+  int cases = 0;
+  for (int n = 1;; n += stride) {
+    const Start start = startFailing(n);
+    if (!start.fault.happened) {
+      EXPECT_EQ(start.fault.now, clean.now);
+      break;
+    }
+    SCOPED_TRACE("allocation " + std::to_string(n));
+    checkStart(start, clean.now);
+    const Texts& messages = start.fault.now.messages;
+    EXPECT_LE(messages.size(), 1U);
+    EXPECT_TRUE(std::all_of(messages.begin(), messages.end(), tellsOfMemory))
+        << ::testing::PrintToString(messages);
+    if (messages.empty()) {
+      // The program got over it without telling: then nothing may show of it.
+      EXPECT_EQ(start.fault.now, clean.now);
+    }
+    ++cases;
+    if (HasFailure()) {
+      return;
+    }
+  }
+  ASSERT_GT(cases, 0);
+  countCases("memory that runs out", "start-up", cases);
+}
+
+TEST(ClosingFaults, TheWindowClosesWhenMemoryRunsOut) {
+  int cases = 0;
+  for (int n = 1;; ++n) {
+    Bench bench;
+    desktop().answers = {platform::dialogs::Answer::yes};
+    const State old = stateOf(bench.main());
+    failAllocation(n);
+    bool closed = false;
+    {
+      const CountedAllocations counted;
+      closed = bench.main().raiseClose(controls::UnloadMode::user);
+    }
+    const bool failed = allocationFailed();
+    failAllocation(0);
+    EXPECT_EQ(stateOf(bench.main()).files, old.files);
+    EXPECT_EQ(bench.main().loaded(), !closed);
+    EXPECT_EQ(desktop().errorReports, failed ? std::vector<int>{7} : std::vector<int>{});
+    if (!closed) {
+      // The question could not be asked.
+      EXPECT_TRUE(failed && desktop().answers.size() == 1);
+      EXPECT_TRUE(bench.main().raiseClose(controls::UnloadMode::user));
+    }
+    if (!failed || ::testing::Test::HasFailure()) {
+      break;
+    }
+    ++cases;
+  }
+  ASSERT_GT(cases, 0);
+  countCases("memory that runs out", "closing", cases);
 }
 
 TEST(ClosingFaults, WhatCannotBeRememberedIsToldAndTheWindowCloses) {

@@ -7,6 +7,7 @@
 #include <set>
 #include <sstream>
 
+#include "faults/allocations.h"
 #include "platform/dispatcher.h"
 #include "platform/text.h"
 
@@ -20,18 +21,29 @@ namespace {
 /// Runs of an operation beyond this one are a sign that it never ends.
 constexpr int mostCalls = 200;
 
-/// One run of an operation, after `inject`, on a fresh desktop.
-Fault runWith(const Operation& operation, const std::function<void()>& inject) {
+}  // namespace
+
+Fault runWith(const Operation& operation, const std::function<void(Bench&)>& inject,
+              const std::function<void()>& lift) {
   Fault fault;
   Bench bench;
   operation.prepare(bench);
   desktop().clearJournal();
   fault.old = stateOf(bench.main());
   const int looks = desktop().looks();
-  inject();
+  inject(bench);
   // As everything that the user can ask for.
-  platform::dispatch([&] { operation.run(bench); });
+  {
+    const CountedAllocations counted;
+    platform::dispatch([&] { operation.run(bench); });
+  }
+  fault.allocations = allocations();
+  fault.happened = allocationFailed();
+  failAllocation(0);
   desktop().failNothing();
+  if (lift) {
+    lift();
+  }
   desktop().onReplace = nullptr;
   fault.looks = desktop().looks() - looks;
   fault.failures = desktop().failedCalls().size();
@@ -40,6 +52,8 @@ Fault runWith(const Operation& operation, const std::function<void()>& inject) {
     const auto& journal = desktop().journal();
     fault.happened = true;
     fault.call = failed.what;
+    fault.path = failed.path;
+    fault.lastPath = desktop().failedCalls().back().path;
     fault.before.assign(journal.begin(),
                         journal.begin() + static_cast<std::ptrdiff_t>(failed.place));
   }
@@ -50,10 +64,10 @@ Fault runWith(const Operation& operation, const std::function<void()>& inject) {
 }
 
 State cleanState(const Operation& operation) {
-  return runWith(operation, [] { desktop().failNothing(); }).now;
+  return runWith(operation, [](Bench& /*bench*/) { desktop().failNothing(); }).now;
 }
-    fault.path = failed.path;
-    fault.lastPath = desktop().failedCalls().back().path;
+
+namespace {
 
 bool listsAsBefore(const Fault& fault) {
   std::vector<Texts> expected = fault.old.lists;
@@ -148,14 +162,15 @@ void sweepCalls(const Operation& operation) {
   int cases = 0;
   for (int n = 1;; ++n) {
     ASSERT_LT(n, mostCalls);
-    const Fault probe = runWith(operation, [n] { desktop().failCall(n, 57); });
+    const Fault probe = runWith(operation, [n](Bench& /*bench*/) { desktop().failCall(n, 57); });
     if (!probe.happened) {
       EXPECT_EQ(probe.now, clean) << "a run without a fault is not like another one";
       break;
     }
     for (const int number : errorsOf(probe.call)) {
       for (const bool forever : {false, true}) {
-        Fault fault = runWith(operation, [=] { desktop().failCall(n, number, forever); });
+        Fault fault =
+            runWith(operation, [=](Bench& /*bench*/) { desktop().failCall(n, number, forever); });
         fault.number = number;
         fault.forever = forever;
         fault.clean = clean;
@@ -183,7 +198,8 @@ void sweepLooks(const Operation& operation) {
     for (const bool forever : {false, true}) {
       for (int n = 1;; ++n) {
         ASSERT_LT(n, mostCalls);
-        Fault fault = runWith(operation, [=] { desktop().failLook(n, kind, forever); });
+        Fault fault =
+            runWith(operation, [=](Bench& /*bench*/) { desktop().failLook(n, kind, forever); });
         if (fault.looks < n) {
           break;
         }

@@ -10,6 +10,7 @@
 
 #include "mainwindow/main_window.h"
 #include "platform/desktop.h"
+#include "platform/unfailing.h"
 
 namespace faults {
 
@@ -41,6 +42,14 @@ class Bench {
   std::unique_ptr<frmQMK> main_;
 };
 
+/// What a test itself does to the desktop in the middle of an operation; memory never runs out in
+/// it.
+template <class Step>
+void script(Step step) {
+  const desktop::Unfailing own;
+  step();
+}
+
 /// What there is after a run.
 struct State {
   std::map<std::wstring, std::string> files;  ///< All of them, by path.
@@ -65,6 +74,7 @@ struct Fault {
   State now;
   std::size_t failures = 0;  ///< Calls of the run that failed.
   int looks = 0;             ///< Calls of the run that only looked.
+  int allocations = 0;       ///< What the run asked memory for, in number.
   [[nodiscard]] bool was(const std::wstring& beginning) const {
     return call.starts_with(beginning);
   }
@@ -113,6 +123,25 @@ inline void PrintTo(const Operation& operation, std::ostream* out) { *out << ope
 void sweepCalls(const Operation& operation);
 /// Sweeps the calls that only look: they find nothing, or memory runs out in them.
 void sweepLooks(const Operation& operation);
+
+/// Lets memory run out at the first, the second, the third ... thing that is asked for; in the
+/// short form of the proofs at a sample of them.
+void sweepMemory(const Operation& operation);
+/// Lets the native side of the lists refuse the first, the second, the third ... change.
+void sweepPeers(const Operation& operation);
+
+/// One run of an operation on a fresh desktop, between `inject` and `lift`; memory is counted
+/// meanwhile.
+[[nodiscard]] Fault runWith(const Operation& operation, const std::function<void(Bench&)>& inject,
+                            const std::function<void()>& lift = {});
+/// What a run without a fault leaves.
+[[nodiscard]] State cleanState(const Operation& operation);
+/// Checks a run that met with error 7 in whatever place.
+void checkOutOfMemory(const Operation& operation, const Fault& fault);
+/// Whether a message tells that memory ran out, in the report or in a routine's own sentence.
+[[nodiscard]] bool tellsOfMemory(const std::wstring& message);
+/// Every how-manieth of `all` cases a sweep takes: each in the long form of the proofs.
+[[nodiscard]] int strideFor(int all);
 
 /// Takes stock of the desktop and the window.
 [[nodiscard]] State stateOf(const frmQMK& main);

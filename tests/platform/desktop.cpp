@@ -294,8 +294,10 @@ std::wstring Desktop::ask(Input input) {
     input.answer = inputAnswers.front().value_or(input.defaultAnswer);
     inputAnswers.pop_front();
   }
-  const Unfailing own;
-  inputs.push_back(input);
+  {
+    const Unfailing own;
+    inputs.push_back(input);
+  }
   if (onInput) {
     onInput(input);
   }

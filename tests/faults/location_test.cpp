@@ -1,0 +1,49 @@
+// Where a load of the data list stopped, as its message tells it.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "catalogue/catalogue_view.h"
+#include "faults/allocations.h"
+#include "faults/sweep.h"
+
+namespace faults {
+namespace {
+
+using desktop::desktop;
+
+TEST(Location, FollowsTheLoadThroughARecord) {
+  Bench bench;
+  // Texts that need memory wherever they are looked at.
+  desktop().putFile(catalogueFile, record("\xE9t\xE9 et hiver",
+                                          "D:\\A folder of the survey\\A file of the survey.fp3",
+                                          "the eleventh of November in the morning"));
+  std::wstring seen;
+  const std::wstring before = L"Problem building QMK file list\rLocation: ";
+  for (int n = 1;; ++n) {
+    // Each time from the same state, so that the memory is asked for in the same order.
+    modQMKGeneral::LoadCatalogueView(bench.main().catalogue);
+    desktop().messages.clear();
+    failAllocation(n);
+    {
+      const CountedAllocations counted;
+      modQMKGeneral::LoadCatalogueView(bench.main().catalogue);
+    }
+    if (!allocationFailed()) {
+      break;
+    }
+    ASSERT_EQ(desktop().messages.size(), 1U) << n;
+    const std::wstring text = desktop().messages[0].text;
+    ASSERT_TRUE(text.starts_with(before)) << n;
+    const std::wstring location = text.substr(before.size(), text.rfind(L'\r') - before.size());
+    if (!seen.ends_with(location)) {
+      seen += location;
+    }
+  }
+  failAllocation(0);
+  // The tests of the type, "4" to "6", need none.
+  EXPECT_EQ(seen, L"12378");
+}
+
+}  // namespace
+}  // namespace faults

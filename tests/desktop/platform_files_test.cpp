@@ -15,6 +15,7 @@
 #include "platform/processes.h"
 #include "platform/run_time_error.h"
 #include "platform/shell_links.h"
+#include "platform/text.h"
 
 namespace {
 
@@ -167,6 +168,48 @@ TEST_F(PlatformFiles, OneSearchForAllExtensionsFindsWhatOneForEachFinds) {
     EXPECT_EQ(names(found[n]), names(platform::files::search(path(L"*." + extensions[n]))));
   }
   EXPECT_GE(found[0].size(), 4U);
+}
+
+TEST_F(PlatformFiles, AnEntryHasBothItsNamesAndAWildcardIsNoName) {
+  const std::wstring name = L"\u0416\u0443\u043A \u65E5.fp3";
+  harness::writeFile(path(name), "x");
+  harness::writeFile(path(L"plain.txt"), "x");
+  const auto entry = platform::files::entryAt(path(name));
+  ASSERT_TRUE(entry);
+  EXPECT_EQ(entry->name, name);
+  ASSERT_NE(entry->shortName, L"") << "a volume that gives short names";
+  EXPECT_TRUE(platform::text::fitsCodePage(entry->shortName));
+  EXPECT_EQ(
+      platform::files::entryAt(path(entry->shortName)).value_or(platform::files::Entry{}).name,
+      name);
+  EXPECT_EQ(platform::files::searchByExtension(folder_.path(), {L"fp3"})[0].at(0).shortName,
+            entry->shortName);
+  EXPECT_EQ(platform::files::entryAt(L"\\\\?\\" + path(name)).value_or(*entry).name, name);
+  for (const wchar_t* const missing : {L"gone.txt", L"plain.t?t", L"*", L"plain<", L"gone\\x"}) {
+    EXPECT_FALSE(platform::files::entryAt(path(missing))) << missing;
+  }
+}
+
+TEST_F(PlatformFiles, TheShortNameOfANewFileIsTheOneThatItGets) {
+  const auto raised = [](const std::wstring& file) {
+    try {
+      static_cast<void>(platform::files::shortNameOfNew(file));
+    } catch (const platform::RunTimeError& failure) {
+      return failure.number();
+    }
+    return 0;
+  };
+  const std::wstring name = L"\u0416\u0443\u043A.bi3";
+  const std::wstring foretold = platform::files::shortNameOfNew(path(name));
+  EXPECT_NE(foretold, L"");
+  EXPECT_FALSE(harness::exists(path(name))) << "nothing stays behind";
+  EXPECT_EQ(platform::files::shortNameOfNew(path(L"plain.txt")), L"");
+  harness::writeFile(path(name), "x");
+  EXPECT_EQ(platform::files::entryAt(path(name)).value_or(platform::files::Entry{}).shortName,
+            foretold);
+  EXPECT_EQ(raised(path(name)), platform::error::fileExists);
+  EXPECT_EQ(raised(path(L"gone\\" + name)), platform::error::pathNotFound);
+  EXPECT_EQ(raised(path(L"?" + name)), platform::error::badFileName);
 }
 
 TEST_F(PlatformFiles, ManyDatesAreThoseThatTheSystemGivesOneByOne) {

@@ -94,7 +94,6 @@ TEST_F(Closing, EndOfSessionAsksAndYesAgrees) {
   const harness::EndOfSession question(app->main());
   expectMessage(L"Exit Gateway?", questionIcon, yesAndNo, IDYES, L"");
   EXPECT_TRUE(question.mayEnd());
-  app->kill();
   endedOnPurpose();
 }
 

@@ -2,12 +2,20 @@
 
 namespace desktop_tests {
 
+void GatewayTest::expectNoMessageLeft() const {
+  for (const std::wstring& text : app->messagesShown()) {
+    ADD_FAILURE() << "the test did not expect this message: " << harness::utf8(text);
+  }
+}
+
 void GatewayTest::useFolder(const std::wstring& name) {
+  expectNoMessageLeft();
   app.reset();  // the old profile has to be put back first
   app = std::make_unique<GatewayApp>(name);
 }
 
 void GatewayTest::TearDown() {
+  expectNoMessageLeft();
   if (app->started() && !endedOnPurpose_) {
     EXPECT_TRUE(app->running()) << "the program ended before the test did";
     if (app->running() && app->main() != nullptr) {

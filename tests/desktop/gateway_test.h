@@ -42,7 +42,7 @@ class GatewayTest : public ::testing::Test {
   /// Replaces the application folder by a fresh one of another name.
   void useFolder(const std::wstring& name);
   void TearDown() override;
-  /// For tests that end in the middle of things.
+  /// For tests that end in the middle of things. A message box on the screen fails even these.
   void endedOnPurpose() { endedOnPurpose_ = true; }
 
   /// A line of the catalogue file.
@@ -61,6 +61,8 @@ class GatewayTest : public ::testing::Test {
   std::unique_ptr<GatewayApp> app = std::make_unique<GatewayApp>();
 
  private:
+  /// Fails the test for each message box that the program shows and nobody has answered.
+  void expectNoMessageLeft() const;
   bool endedOnPurpose_ = false;
 };
 

@@ -4,9 +4,34 @@
 // The controls' header relies on the first.
 #include <commctrl.h>
 
+#include <array>
 #include <cstdio>
 
 #include "desktop_facts.h"
+#include "platform/text.h"
+
+namespace {
+
+/// A message box of the program's code, as the report of an error is, fails the test that runs, and
+/// is closed: nobody else would push its button.
+BOOL CALLBACK refuse(HWND window, LPARAM /*unused*/) {
+  constexpr int textId = 0xFFFF;
+  HWND const label = GetDlgItem(window, textId);
+  if (IsWindowVisible(window) != 0 && label != nullptr) {
+    std::array<wchar_t, 1024> text{};
+    GetWindowTextW(label, text.data(), static_cast<int>(text.size()));
+    ADD_FAILURE() << "the test did not expect this message: "
+                  << platform::text::toCodePage(text.data());
+    PostMessageW(window, WM_CLOSE, 0, 0);
+  }
+  return TRUE;
+}
+
+void CALLBACK lookForMessages(HWND /*window*/, UINT /*message*/, UINT_PTR /*id*/, DWORD /*time*/) {
+  EnumThreadWindows(GetCurrentThreadId(), refuse, 0);
+}
+
+}  // namespace
 
 int main(int argumentCount, char** arguments) {
   // Results have to be on the disk even if the run is cut off.
@@ -15,5 +40,7 @@ int main(int argumentCount, char** arguments) {
   INITCOMMONCONTROLSEX classes{sizeof(classes), ICC_STANDARD_CLASSES | ICC_USEREX_CLASSES};
   InitCommonControlsEx(&classes);
   const flat_tests::DistinctColours colours;
+  constexpr UINT lookMs = 100;
+  SetTimer(nullptr, 0, lookMs, lookForMessages);
   return RUN_ALL_TESTS();
 }

@@ -8,6 +8,7 @@
 #include "harness/bars.h"
 #include "harness/input.h"
 #include "harness/remote_memory.h"
+#include "harness/text.h"
 #include "harness/wait.h"
 #include "harness/windows_of_process.h"
 #include "platform/controls/control_ids.h"
@@ -53,6 +54,7 @@ HWND messageText(HWND box) {
 std::wstring MessageBoxReader::title() const { return harness::text(box_); }
 
 std::wstring MessageBoxReader::text() const {
+  read_ = true;
   HWND const label = messageText(box_);
   return label != nullptr ? harness::text(label) : std::wstring();
 }
@@ -76,7 +78,13 @@ std::vector<int> MessageBoxReader::buttons() const {
   return ids;
 }
 
-void MessageBoxReader::answer(int button) const { push(box_, button); }
+void MessageBoxReader::answer(int button) const {
+  const bool expected = read_;
+  if (const std::wstring shown = text(); !expected && shown.starts_with(L"Run-time error '")) {
+    throw Failure("the test did not expect this report: " + utf8(shown));
+  }
+  push(box_, button);
+}
 
 std::wstring InputBoxReader::title() const { return text(box_); }
 

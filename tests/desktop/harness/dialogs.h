@@ -19,11 +19,13 @@ class MessageBoxReader {
   [[nodiscard]] int icon() const;
   /// Ids of its buttons from left to right: 1 OK, 6 Yes, 7 No.
   [[nodiscard]] std::vector<int> buttons() const;
-  /// Pushes a button and waits until the box is gone.
+  /// Pushes a button and waits until the box is gone. Raises `Failure` for the report of an error
+  /// whose text was not read: the test did not expect it.
   void answer(int button) const;
 
  private:
   HWND box_;
+  mutable bool read_ = false;
 };
 
 /// The input box on the screen.

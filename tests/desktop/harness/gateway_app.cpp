@@ -174,6 +174,18 @@ bool GatewayApp::dialogShown() const {
   return visibleWindow(process_->id(), dialogClass) != nullptr;
 }
 
+std::vector<std::wstring> GatewayApp::messagesShown() const {
+  std::vector<std::wstring> texts;
+  if (running()) {
+    for (HWND const window : visibleWindows(process_->id())) {
+      if (className(window) == dialogClass && isMessageBox(window)) {
+        texts.push_back(MessageBoxReader(window).text());
+      }
+    }
+  }
+  return texts;
+}
+
 DWORD GatewayApp::close() {
   post(main_, WM_CLOSE);
   waitForMessage().answer(IDYES);

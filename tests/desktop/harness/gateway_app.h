@@ -101,6 +101,8 @@ class GatewayApp {
   [[nodiscard]] FileDialogReader waitForFileDialog() const;
   /// Whether a dialog of the program is on the screen.
   [[nodiscard]] bool dialogShown() const;
+  /// Texts of the program's message boxes that are on the screen; none before the start.
+  [[nodiscard]] std::vector<std::wstring> messagesShown() const;
 
   /// Closes the main window, answers Yes and waits for the end; the exit code.
   DWORD close();

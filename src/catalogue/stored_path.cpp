@@ -141,14 +141,14 @@ std::wstring lackingCharacters(std::wstring_view text) {
   return characters;
 }
 
-Forms::Forms(const std::wstring& path, Substitutes substitutes) {
+Forms::Forms(const std::wstring& path, Substitutes counting) {
   forEachPiece(path, [&](const Piece& piece, const std::wstring& whole) {
     std::vector<std::wstring> forms{std::wstring(piece.component)};
     if (!fitsCodePage(piece.component)) {
       const std::wstring shortForm = shortFormOf(whole);
       const std::wstring substituted = asListed(piece.component);
       const std::wstring folder = whole.substr(0, whole.size() - piece.component.size());
-      if (shortForm.empty() || substitutes == Substitutes::all ||
+      if (shortForm.empty() || counting == Substitutes::all ||
           listedLike(folder, substituted).size() <= 1) {
         forms.push_back(substituted);
       }

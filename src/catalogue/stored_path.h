@@ -45,7 +45,7 @@ class Forms {
  public:
   /// Looks up the short forms of the components that the code page cannot hold, and with
   /// `Substitutes::unique` their neighbours; nothing for a path that the code page holds.
-  Forms(const std::wstring& path, Substitutes substitutes);
+  Forms(const std::wstring& path, Substitutes counting);
   /// Whether a path of the list is one of them, in any letter case.
   [[nodiscard]] bool match(std::wstring_view listed) const;
 

@@ -7,9 +7,7 @@
 #include <tuple>
 #include <vector>
 
-#include "platform/shell_links.h"
-#include "unit/support/list_file_bytes.h"
-#include "unit/support/loaded_main_window.h"
+#include "unit/support/question_bench.h"
 
 namespace {
 
@@ -17,90 +15,11 @@ using controls::ListKey;
 using controls::UnloadMode;
 using desktop::desktop;
 using platform::dialogs::Answer;
+using unit::answerWith;
+using unit::QuestionBench;
 using unit::record;
+using unit::shortcuts;
 using unit::Texts;
-
-const std::wstring shortcuts = L"C:\\Users\\Ann\\Documents\\My QMKExtra3\\ShortCuts\\";
-
-/// Three entries in each list, of which the middle one is selected and asked about.
-class QuestionBench : public unit::LoadedMainWindow {
- protected:
-  QuestionBench() {
-    for (const wchar_t* const name : {L"Alder.bi3", L"Birch.bi3", L"Cedar.bi3"}) {
-      desktop().putFile(L"D:\\" + std::wstring(name), "data");
-    }
-    putCatalogue(alder + birch + cedar);
-    putWebList(atlas + barometer + clock);
-    for (const wchar_t* const name : {L"Adder", L"Burner", L"Cutter"}) {
-      putShortcut(name);
-    }
-    desktop().putFolder(L"C:\\App\\shortcuts");
-    modQMKGeneral::LoadCatalogueView(main.catalogue);
-    modQMKGeneral::LoadWebList(main.webList);
-    modSC::LoadShortcutList(main.shortcuts);
-    main.tmrFileUpdate.setEnabled(true);
-    desktop().advance(2000);
-    for (controls::ListView& list : main.lstQMK) {
-      if (list.count() > 1) {
-        list.acceptSelection(1);
-      }
-    }
-  }
-
- public:
-  const std::string alder = record({"bi3", "D:\\Alder.bi3", "1/1/2001"});
-  const std::string birch = record({"bi3", "D:\\Birch.bi3", "2/2/2002"});
-  const std::string cedar = record({"bi3", "D:\\Cedar.bi3", "3/3/2003"});
-  const std::string atlas = record({"Atlas", "http://atlas"});
-  const std::string barometer = record({"Barometer", "http://barometer"});
-  const std::string clock = record({"Clock", "http://clock"});
-
-  static void putCatalogue(const std::string& bytes) {
-    desktop().putFile(unit::catalogueFile, bytes);
-  }
-  static void putWebList(const std::string& bytes) { desktop().putFile(unit::webListFile, bytes); }
-  static void putShortcut(const std::wstring& name) {
-    platform::shell_links::Link link;
-    link.targetPath = L"C:\\Tools\\" + name + L".exe";
-    desktop().putLink(shortcuts + name + L".lnk", link);
-  }
-  static std::string catalogue() { return unit::bytesOf(unit::catalogueFile); }
-  static std::string webList() { return unit::bytesOf(unit::webListFile); }
-  static bool hasData(const std::wstring& name) { return desktop().has(L"D:\\" + name); }
-  static bool hasShortcut(const std::wstring& name) {
-    return desktop().has(shortcuts + name + L".lnk");
-  }
-  [[nodiscard]] Texts names() const { return textsOf(main.lstQMK[frmQMK::web]); }
-  /// Whether no entry but the one asked about has lost its file.
-  static bool othersAreThere() {
-    return hasData(L"Alder.bi3") && hasData(L"Cedar.bi3") && hasShortcut(L"Adder") &&
-           hasShortcut(L"Cutter");
-  }
-  frmQMK& program() { return main; }
-  /// The watch ticks, and the user reloads the lists that are not watched.
-  void reload() {
-    desktop().advance(1000);
-    main.lstQMK[frmQMK::tools].raiseKey(ListKey::reload);
-    main.lstQMK[frmQMK::web].raiseKey(ListKey::reload);
-  }
-  /// Texts of the messages that are no questions.
-  static Texts told() {
-    Texts texts;
-    for (const auto& message : desktop().messages) {
-      if (message.answer == Answer::ok) {
-        texts.push_back(message.text);
-      }
-    }
-    return texts;
-  }
-  /// What happens before the answer.
-  std::function<void()> meanwhile;
-  void happen() {
-    if (const auto once = std::exchange(meanwhile, nullptr)) {
-      once();
-    }
-  }
-};
 
 /// Something that asks about the middle entry of a list and acts on it.
 struct Question {
@@ -117,12 +36,6 @@ void confirm(QuestionBench& bench, int tab, controls::MenuItem& command) {
   bench.program().TabMain.raiseSwitch(tab);
   desktop().answers.push_front(Answer::yes);
   command.raiseClick();
-}
-
-void answerWith(QuestionBench& bench, int tab, const std::wstring& name) {
-  bench.program().TabMain.raiseSwitch(tab);
-  desktop().inputAnswers = {name};
-  bench.program().mnuRename.raiseClick();
 }
 
 const std::vector<Question>& questions() {
@@ -347,110 +260,5 @@ INSTANTIATE_TEST_SUITE_P(Before, Questions,
                            return std::get<0>(tested.param).name + "_" +
                                   std::get<1>(tested.param).name;
                          });
-
-// --- a file that comes back ---
-
-TEST_F(QuestionBench, AFileThatIsBackBeforeTheAnswerStaysAndOnlyItsEntryGoes) {
-  meanwhile = [] { desktop().putFile(L"D:\\Birch.bi3", "the work of a summer"); };
-  desktop().onMessage = [this](const auto& /*message*/) { happen(); };
-  desktop().take(L"D:\\Birch.bi3");
-  desktop().answers = {Answer::no};
-  main.lstQMK[frmQMK::open].raiseDoubleClick();
-  EXPECT_EQ(desktop().bytesOf(L"D:\\Birch.bi3"), "the work of a summer");
-  EXPECT_EQ(catalogue(), alder + cedar);
-  EXPECT_EQ(textsOf(main.lstQMK[frmQMK::open]), (Texts{L"Alder.bi3", L"Cedar.bi3"}));
-}
-
-TEST_F(QuestionBench, AFileThatIsBackWhenARenameHasMissedItStays) {
-  meanwhile = [] { desktop().putFile(L"D:\\Birch.bi3", "the work of a summer"); };
-  desktop().onMessage = [this](const auto& /*message*/) { happen(); };
-  desktop().take(L"D:\\Birch.bi3");
-  answerWith(*this, frmQMK::open, L"Beech");
-  EXPECT_EQ(told(), Texts{L"File does not exists, removing entry"});
-  EXPECT_EQ(desktop().bytesOf(L"D:\\Birch.bi3"), "the work of a summer");
-}
-
-// --- the user chooses another entry ---
-
-TEST_F(QuestionBench, TheWebShortcutDialogChangesWhatTheUserHasSelectedSince) {
-  main.TabMain.raiseSwitch(frmQMK::web);
-  main.mnuRename.raiseClick();
-  main.webDialog()->txtName.acceptTyped(L"Buoy");
-  main.lstQMK[frmQMK::web].acceptSelection(2);
-  main.webDialog()->cmdOK.raiseClick();
-  EXPECT_EQ(webList(), atlas + barometer + record({"Buoy", "http://barometer"}));
-}
-
-TEST_F(QuestionBench, AnEntryThatTheUserHasSelectedSinceMustBeThereToo) {
-  main.TabMain.raiseSwitch(frmQMK::web);
-  main.mnuRename.raiseClick();
-  main.lstQMK[frmQMK::web].acceptSelection(2);
-  putWebList(atlas + barometer);
-  reload();
-  main.webDialog()->cmdOK.raiseClick();
-  EXPECT_EQ(told(), Texts{L"Clock is no longer in the list"});
-  EXPECT_EQ(webList(), atlas + barometer);
-  ASSERT_TRUE(main.webDialog()->loaded()) << "What was typed stays";
-  main.lstQMK[frmQMK::web].acceptSelection(0);
-  main.webDialog()->cmdOK.raiseClick();
-  EXPECT_FALSE(main.webDialog()->loaded());
-  EXPECT_EQ(names(), (Texts{L"Barometer", L"Barometer"}));
-}
-
-TEST_F(QuestionBench, OnAnotherTabAReloadMovesNothingEither) {
-  main.TabMain.raiseSwitch(frmQMK::web);
-  main.mnuRename.raiseClick();
-  main.TabMain.raiseSwitch(frmQMK::open);
-  putCatalogue(alder + cedar);
-  reload();
-  main.webDialog()->cmdOK.raiseClick();
-  EXPECT_EQ(told(), Texts{L"Birch.bi3 is no longer in the list"});
-  EXPECT_EQ(webList(), atlas + barometer + clock);
-}
-
-TEST_F(QuestionBench, WhatIsSelectedWhenTheDialogIsShownIsChosen) {
-  main.TabMain.raiseSwitch(frmQMK::web);
-  putWebList(atlas + clock);
-  reload();
-  main.mnuRename.raiseClick();
-  EXPECT_EQ(main.webDialog()->txtName.text(), L"Atlas");
-  main.webDialog()->txtName.acceptTyped(L"Axis");
-  main.webDialog()->cmdOK.raiseClick();
-  EXPECT_EQ(webList(), record({"Axis", "http://atlas"}) + clock);
-  EXPECT_EQ(told(), Texts{});
-}
-
-// --- equal entries ---
-
-TEST_F(QuestionBench, EqualWebShortcutsAreToldApartByTheirOrder) {
-  putWebList(atlas + clock + clock);
-  reload();
-  main.TabMain.raiseSwitch(frmQMK::web);
-  main.lstQMK[frmQMK::web].acceptSelection(2);
-  main.mnuRename.raiseClick();
-  main.webDialog()->txtName.acceptTyped(L"Sundial");
-  main.lstQMK[frmQMK::web].raiseKey(ListKey::reload);
-  EXPECT_EQ(main.lstQMK[frmQMK::web].selected(), 2U);
-  main.webDialog()->cmdOK.raiseClick();
-  EXPECT_EQ(webList(), atlas + clock + record({"Sundial", "http://clock"}));
-}
-
-// --- a list that could not be read whole ---
-
-TEST_F(QuestionBench, AWebListThatCouldNotBeReadDoesNotBecomeTheFile) {
-  main.TabMain.raiseSwitch(frmQMK::web);
-  main.mnuRename.raiseClick();
-  main.webDialog()->txtName.acceptTyped(L"Buoy");
-  desktop().lock(unit::webListFile);
-  reload();
-  main.webDialog()->cmdOK.raiseClick();
-  EXPECT_TRUE(main.webDialog()->loaded());
-  const std::wstring problem = L"Problem reading Web file list\r70-Permission denied";
-  EXPECT_EQ(told(), (Texts{problem, problem}));
-  desktop().unlock(unit::webListFile);
-  EXPECT_EQ(webList(), atlas + barometer + clock);
-  main.webDialog()->cmdOK.raiseClick();
-  EXPECT_EQ(webList(), atlas + record({"Buoy", "http://barometer"}) + clock);
-}
 
 }  // namespace

@@ -2,10 +2,12 @@
 // is a letter, a line with the type code, and the path.
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <string>
 
 #include "catalogue/catalogue_file.h"
 #include "catalogue/opening.h"
+#include "catalogue/stored_path.h"
 #include "fuzz/support/fuzz.h"
 #include "platform/desktop.h"
 #include "platform/dispatcher.h"
@@ -59,18 +61,34 @@ void checkStart(const std::wstring& path) {
   }
 }
 
+/// The file that a listed path names; nothing when there is none, or there may be several.
+std::optional<std::wstring> fileOf(const std::wstring& path) {
+  try {
+    return stored_path::realFile(path);
+  } catch (const platform::RunTimeError&) {
+    return std::nullopt;
+  }
+}
+
 void open(Lists& lists, const std::wstring& type, const std::wstring& path) {
   const std::size_t behind = path.rfind(L'\\') + 1;
   lists.data.add(path.substr(behind), L"", {L"", L"", path.substr(0, behind), type});
-  const bool there = platform::files::fileExists(path);
+  const auto file = fileOf(path);
+  const bool there = file.has_value();
   const std::wstring code = upper(type);
   const bool known = code == L"FP3" || code == L"CW3" || code == L"BI3" || code == L"BS3";
   theDesktop().answers = {Answer::yes};
   platform::dispatch([&lists] { ModQMKgeneral2::OpenSelectedDataFile(lists.opening); });
   require(there || theDesktop().starts.empty(), "no tool is started on a file that is gone");
-  require(there == lists.cmdBrowse.tag().empty() || path.substr(behind).empty(),
+  require(there == lists.cmdBrowse.tag().empty() || path.substr(behind).empty() ||
+              !theDesktop().errorReports.empty(),
           "a file that is gone is offered to be located");
-  require(!there || theDesktop().starts.size() == (known ? 1 : 0), "each type has its tool");
+  // No volume of this desktop gives short names.
+  const bool readable = there && platform::text::fitsCodePage(*file);
+  require(!there || theDesktop().starts.size() == (known && readable ? 1 : 0),
+          "each type has its tool");
+  require(!there || readable || !known || theDesktop().messages.size() == 1,
+          "a name that the tools cannot read is told of");
 }
 
 void browse(Lists& lists, const std::wstring& path) {

@@ -183,6 +183,7 @@ TEST_F(TabControlTest, TheDisplayAreaLiesInsideTheBounds) {
   EXPECT_LE(area.right(), bounds.right());
   EXPECT_LE(area.bottom(), bounds.bottom());
   EXPECT_GT(area.height, 0);
+  EXPECT_EQ(area, (platform::Rect{11, 42, 288, 158}));
   const platform::Rect tiny = tabs.displayArea({0, 0, 3, 3}, 96);
   EXPECT_EQ(tiny.width, 0);
   EXPECT_EQ(tiny.height, 0);

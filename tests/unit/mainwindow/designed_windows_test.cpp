@@ -1,0 +1,134 @@
+// What every window is made of: names and ids of its controls in their order, what they say, and
+// their pictures. Ids, names and spoken names are relied on from outside.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <tuple>
+#include <vector>
+
+#include "about/about_box.h"
+#include "platform/desktop_test.h"
+#include "startup/splash_window.h"
+#include "unit/support/main_window_fixture.h"
+#include "web/web_dialog.h"
+
+namespace {
+
+/// Name, id, caption and spoken name of a control.
+using Face = std::tuple<std::wstring, int, std::wstring, std::wstring>;
+using Faces = std::vector<Face>;
+using Pairs = std::vector<std::pair<std::wstring, std::wstring>>;
+
+Faces facesOf(const controls::Window& window) {
+  Faces faces;
+  for (const controls::Control* const control : window.controls()) {
+    faces.emplace_back(control->name(), control->id(), control->caption(),
+                       control->accessibleName());
+  }
+  for (const controls::Timer* const timer : window.timers()) {
+    faces.emplace_back(timer->name(), timer->id(), timer->caption(), timer->accessibleName());
+  }
+  return faces;
+}
+
+Pairs picturesOf(const controls::ImageList& list) {
+  Pairs pairs;
+  for (const auto& image : list.images()) {
+    pairs.emplace_back(image.key, image.resource);
+  }
+  return pairs;
+}
+
+using DesignedWindow = desktop::DesktopTest;
+
+TEST_F(DesignedWindow, OfTheSplash) {
+  const frmSplash splash;
+  EXPECT_EQ(splash.name(), L"frmSplash");
+  EXPECT_EQ(splash.kind(), controls::WindowKind::bare);
+  EXPECT_EQ(splash.caption(), L"Quillmark Suite 3 Gateway");
+  EXPECT_EQ(splash.picture(), L"SPLASH");
+  EXPECT_EQ(facesOf(splash), (Faces{{L"lblSuite", 1104, L"Quillmark Suite 3", L""},
+                                    {L"Label1", 1100, L"Gateway", L""},
+                                    {L"lblTM", 1101, L"", L""},
+                                    {L"lblApp", 1102, L"", L""},
+                                    {L"lblCopyRight", 1103, L"", L""},
+                                    {L"Timer1", 1110, L"", L""},
+                                    {L"Timer2", 1111, L"", L""}}));
+}
+
+TEST_F(DesignedWindow, OfTheAboutBox) {
+  const frmAbout box;
+  EXPECT_EQ(box.name(), L"frmAbout");
+  EXPECT_EQ(box.kind(), controls::WindowKind::dialog);
+  EXPECT_EQ(facesOf(box), (Faces{{L"Image1", 1305, L"", L"Quillmark Suite"},
+                                 {L"Label1", 1300, L"Gateway", L""},
+                                 {L"lblTitle", 1301, L"Entrance to QMKExtra  3", L""},
+                                 {L"lblTM", 1302, L"", L""},
+                                 {L"lblVersion", 1303, L"", L""},
+                                 {L"lblPath", 1304, L"", L""},
+                                 {L"cmdOK", 1, L"OK", L""}}));
+}
+
+TEST_F(MainWindowTest, TheWebDialogIsMadeOfTheseParts) {
+  const frmWeb dialog(window.webList);
+  EXPECT_EQ(dialog.name(), L"frmWeb");
+  EXPECT_EQ(dialog.kind(), controls::WindowKind::dialog);
+  EXPECT_EQ(facesOf(dialog), (Faces{{L"Label1", 1200, L"Name", L""},
+                                    {L"txtName", 1201, L"", L"Name"},
+                                    {L"Label2", 1202, L"URL", L""},
+                                    {L"txtUrl", 1203, L"", L"URL"},
+                                    {L"cmdOK", 1, L"", L""},
+                                    {L"cmdCancel", 2, L"Cancel", L""}}));
+}
+
+TEST_F(MainWindowTest, IsMadeOfTheseParts) {
+  EXPECT_EQ(window.name(), L"frmQMK");
+  EXPECT_EQ(window.kind(), controls::WindowKind::frame);
+  EXPECT_EQ(facesOf(window), (Faces{{L"barMain", 1020, L"", L"Commands"},
+                                    {L"TabMain", 1000, L"", L"Lists"},
+                                    {L"lstQMK", 1010, L"", L"Tools"},
+                                    {L"lstQMK", 1011, L"", L"Open"},
+                                    {L"lstQMK", 1012, L"", L"New"},
+                                    {L"lstQMK", 1013, L"", L"Web"},
+                                    {L"cmdBrowse", 1030, L"Browse", L""},
+                                    {L"tmrFileUpdate", 1040, L"", L""}}));
+  EXPECT_EQ(window.cmdBrowse.toolTip(), L"Browse for a data file");
+}
+
+TEST_F(MainWindowTest, ItsMenusAndButtonsHaveStableIds) {
+  std::vector<int> menus;
+  for (const controls::MenuItem* const menu : window.menuBar()) {
+    menus.push_back(menu->id());
+    for (const controls::MenuItem* const entry : menu->children()) {
+      menus.push_back(entry->id());
+    }
+  }
+  EXPECT_EQ(menus, (std::vector<int>{2000, 2001, 2010, 2011, 2012, 2013, 2020, 2021, 2022, 2030,
+                                     2031, 2032, 2033}));
+  std::vector<int> commands;
+  for (const auto& button : window.barMain.buttons()) {
+    if (!button.separator()) {
+      commands.push_back(button.command);
+    }
+  }
+  EXPECT_EQ(commands, (std::vector<int>{2100, 2101, 2102, 2103, 2104, 2105, 2106}));
+}
+
+TEST_F(MainWindowTest, ItsPicturesAreTheseResourcesInTheseSizes) {
+  using platform::Size;
+  EXPECT_EQ(picturesOf(window.imgIcons[2]), (Pairs{{L"Delete", L"TB_DELETE"},
+                                                   {L"Rename", L"TB_RENAME"},
+                                                   {L"Create", L"TB_CREATE"},
+                                                   {L"IconView", L"TB_ICONVIEW"},
+                                                   {L"listview", L"TB_LISTVIEW"},
+                                                   {L"Exit", L"TB_EXIT"},
+                                                   {L"Help", L"TB_HELP"}}));
+  EXPECT_EQ(window.imgIcons[2].imageSize(), (Size{24, 24}));
+  const Pairs types{{L"PV3", L"PV3"}, {L"BW3", L"BW3"}, {L"CW3", L"CW3"}, {L"Web", L"WEB"}};
+  EXPECT_EQ(picturesOf(window.imgIcons[0]), types);
+  EXPECT_EQ(picturesOf(window.imgIcons[1]), types);
+  EXPECT_EQ(window.imgIcons[0].imageSize(), (Size{32, 32}));
+  EXPECT_EQ(window.imgIcons[1].imageSize(), (Size{16, 16}));
+}
+
+}  // namespace

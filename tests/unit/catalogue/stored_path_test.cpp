@@ -193,6 +193,11 @@ TEST_F(StoredPath, TellsWhichCharactersAreLacking) {
   EXPECT_EQ(lackingCharacters(L"plot? \u00C4"), L"");
   EXPECT_EQ(lackingCharacters(L"a" + beetle + L"b" + beetle + L"\u65E5"),
             L"\u0416 \u0443 \u043A \u65E5");
+  // A pair is one character; two second halves are none.
+  const std::wstring pair{wchar_t{0xD83D}, wchar_t{0xDE00}};
+  const std::wstring halves{wchar_t{0xDC00}, wchar_t{0xDC01}};
+  EXPECT_EQ(lackingCharacters(pair), pair);
+  EXPECT_EQ(lackingCharacters(halves), halves.substr(0, 1) + L" " + halves.substr(1));
   use(1250);
   EXPECT_EQ(lackingCharacters(L"\u0159\u00F1"), L"\u00F1");
   use(65001);

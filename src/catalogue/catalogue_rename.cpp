@@ -51,7 +51,8 @@ std::wstring listedName(const std::wstring& folder, const std::wstring& name) {
   if (platform::text::fitsCodePage(name)) {
     return name;
   }
-  return stored_path::forList(folder + name).substr(stored_path::forList(folder).size());
+  const std::optional<files::Entry> entry = files::entryAt(folder + name);
+  return entry ? stored_path::nameForList(*entry) : name;
 }
 
 /// The list as a catalogue, in its displayed order.

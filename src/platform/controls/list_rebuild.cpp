@@ -1,6 +1,4 @@
 // Changing many items at once, and what stays in its place meanwhile.
-#include <array>
-
 #include "platform/controls/list_view.h"
 
 namespace controls {
@@ -21,17 +19,11 @@ void inAnyCase(First first, Then then) {
 
 }  // namespace
 
-/// Items that a rebuild finds again, by key; nothing where there is no item.
+/// Items that a rebuild finds again; nothing where there is no item.
 struct ListView::Marks {
-  struct Mark {
-    std::optional<ItemKey> key;
-    std::size_t met = 0;  // items of that key so far
-    std::optional<std::size_t> found;
-    [[nodiscard]] bool sought() const { return key && met <= key->number; }
-  };
-  Mark selected;
-  Mark focused;
-  Mark top;
+  std::optional<ItemKey> selected;
+  std::optional<ItemKey> focused;
+  std::optional<ItemKey> top;
   std::size_t topIndex = 0;
   bool selectedIsLost = false;  // nothing was selected: the mark is for what was lost before
 };
@@ -45,7 +37,7 @@ void ListView::update(const std::function<void()>& change) {
 }
 
 void ListView::rebuild(const std::vector<std::size_t>& columns, const std::function<void()>& fill) {
-  Marks kept = marks(columns);
+  const Marks kept = marks(columns);
   ++updating_;
   whole_ = false;
   inAnyCase(
@@ -57,7 +49,8 @@ void ListView::rebuild(const std::vector<std::size_t>& columns, const std::funct
         --updating_;
         inAnyCase([&] { restore(kept); }, [this] { itemsChanged(); });
         if (auto* const peer = static_cast<ListViewPeer*>(this->peer())) {
-          peer->scrollTo(kept.top.found.value_or(kept.topIndex));
+          const auto top = kept.top ? find(*kept.top) : std::nullopt;
+          peer->scrollTo(top.value_or(kept.topIndex));
         }
       });
 }
@@ -69,43 +62,29 @@ ListView::Marks ListView::marks(const std::vector<std::size_t>& columns) const {
   Marks marks;
   if (const auto* const peer = static_cast<const ListViewPeer*>(this->peer())) {
     marks.topIndex = peer->topIndex();
-    marks.top.key = keyAt(marks.topIndex);
+    marks.top = keyAt(marks.topIndex);
   }
   // A list that could not be filled has no selection, but had one.
   marks.selectedIsLost = !selected_ && lost_;
-  marks.selected.key = marks.selectedIsLost ? lost_ : keyAt(selected());
-  marks.focused.key = marks.selectedIsLost ? lost_ : keyAt(focused());
+  marks.selected = marks.selectedIsLost ? lost_ : keyAt(selected());
+  marks.focused = marks.selectedIsLost ? lost_ : keyAt(focused());
   return marks;
 }
 
-void ListView::restore(Marks& marks) {
-  const std::array all{&marks.selected, &marks.focused, &marks.top};
-  for (std::size_t index = 0; index < count(); ++index) {
-    bool sought = false;
-    for (Marks::Mark* const mark : all) {
-      if (mark->sought() && matches(index, *mark->key)) {
-        mark->found = index;
-        ++mark->met;
-      }
-      sought = sought || mark->sought();
-    }
-    if (!sought) {
-      break;
-    }
+void ListView::restore(const Marks& marks) {
+  if (const auto focused = marks.focused ? find(*marks.focused) : std::nullopt) {
+    focused_ = ordered(*focused);
   }
-  if (marks.focused.found) {
-    focused_ = ordered(*marks.focused.found);
-  }
-  if (marks.selected.found) {
-    selected_ = ordered(*marks.selected.found);
-  }
-  if (!marks.selected.key) {
+  if (!marks.selected) {
     return;
   }
-  if (!marks.selected.found) {
-    lost_ = lost_ ? lost_ : marks.selected.key;
-  } else if (marks.selectedIsLost) {
-    lost_.reset();
+  if (const auto selected = find(*marks.selected)) {
+    selected_ = ordered(*selected);
+    if (marks.selectedIsLost) {
+      lost_.reset();
+    }
+  } else if (!lost_) {
+    lost_ = marks.selected;
   }
 }
 

@@ -175,7 +175,7 @@ class ListView : public Control {
                std::initializer_list<std::wstring_view> subItems);
   [[nodiscard]] bool matches(std::size_t index, const ItemKey& key) const;
   [[nodiscard]] Marks marks(const std::vector<std::size_t>& columns) const;
-  void restore(Marks& marks);
+  void restore(const Marks& marks);
   void itemsChanged();
   void orderChanged();
   void ensureOrder() const;

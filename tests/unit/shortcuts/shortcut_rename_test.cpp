@@ -60,6 +60,14 @@ TEST_F(ShortcutRenameTest, TheRenamedShortcutGoesToTheProgramsOwnFolder) {
   EXPECT_TRUE(desktop().messages.empty());
 }
 
+TEST_F(ShortcutRenameTest, WhatIsDeletedIsReadAgainFromTheItemSelectedBehindTheQuestion) {
+  desktop().onInput = [this](const auto& /*input*/) { select(L"Bar"); };
+  rename(L"Quux");
+  EXPECT_EQ(desktop().linkAt(L"C:\\App\\shortcuts\\Quux.lnk")->targetPath, L"C:\\foo.exe");
+  EXPECT_TRUE(desktop().has(pathOf(L"Foo.lnk")));
+  EXPECT_FALSE(desktop().has(pathOf(L"Bar.lnk")));
+}
+
 TEST_F(ShortcutRenameTest, TheRenamedShortcutLeavesTheList) {
   putUnlisted();
   rename(L"Quux");

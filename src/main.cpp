@@ -1,7 +1,7 @@
 // The program's entry: makes the platform ready and hands over to the start-up sequence.
 #include <windows.h>
 
-#include "platform/win32/application_start.h"
+#include "platform/win32/system/application_start.h"
 #include "startup/startup.h"
 
 int WINAPI wWinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, PWSTR /*commandLine*/,

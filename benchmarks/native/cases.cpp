@@ -6,9 +6,9 @@
 #include <utility>
 
 #include "catalogue/catalogue_file.h"
-#include "catalogue/list_file.h"
 #include "catalogue_lists.h"
 #include "catalogue_text.h"
+#include "listfile/list_file.h"
 #include "platform/desktop.h"
 #include "platform/text.h"
 

@@ -16,7 +16,7 @@
 #include "catalogue_text.h"
 #include "platform/application.h"
 #include "platform/text.h"
-#include "platform/win32/sort_keys.h"
+#include "platform/win32/system/sort_keys.h"
 #include "windows/rows.h"
 #include "windows/whole_file.h"
 

@@ -8,8 +8,6 @@
 
 namespace bench {
 
-namespace ids = controls::ids;
-
 namespace {
 
 constexpr int ownShortcuts = 6;

@@ -3,14 +3,13 @@
 #include <algorithm>
 #include <array>
 
+#include "about/control_ids.h"
 #include "flatlook/form_style.h"
 #include "platform/application.h"
-#include "platform/controls/control_ids.h"
 #include "platform/windows.h"
 #include "startup/paths.h"
 
 namespace application = platform::application;
-namespace ids = controls::ids;
 using platform::scaled;
 
 namespace {

@@ -6,10 +6,10 @@
 #include <utility>
 #include <vector>
 
-#include "catalogue/list_file.h"
 #include "catalogue/stored_path.h"
+#include "listfile/list_file.h"
+#include "listfile/suite_lists.h"
 #include "platform/clock.h"
-#include "platform/dialogs.h"
 #include "platform/files.h"
 #include "platform/plain_text.h"
 #include "platform/run_time_error.h"
@@ -152,12 +152,6 @@ std::string withEntry(std::string old, const AddedPath& path, const std::wstring
 }  // namespace
 
 std::wstring CatalogueFile() { return AppFolder() + L"\\QMKFileList3.txt"; }
-
-std::wstring TemporaryFile() { return AppFolder() + L"\\qmklist.tmp"; }
-
-void ShowListFileProblem(const std::wstring& sentence, const RunTimeError& failure) {
-  platform::dialogs::showMessage(sentence + L"\r" + failure.numberAndDescription());
-}
 
 void AppendDataFolderRecords() {
   list_file::rewrite(CatalogueFile(), TemporaryFile(), Missing::isEmpty, [](std::string bytes) {

@@ -4,14 +4,11 @@
 #include <string>
 
 #include "catalogue/catalogue_view.h"
-#include "platform/run_time_error.h"
 
 namespace modQMKGeneral {
 
-/// Path of the catalogue file, and of the temporary file that every rewrite of a list file goes
-/// through.
+/// Path of the catalogue file.
 [[nodiscard]] std::wstring CatalogueFile();
-[[nodiscard]] std::wstring TemporaryFile();
 
 /// Numbers of the data types, as `TypeNumberFromExtension` gives them.
 inline constexpr int typeFP3 = 0;
@@ -55,8 +52,5 @@ void RenameCatalogueFile(CatalogueView& view, const std::wstring& newName);
 /// Number of the type that the extension names; an empty name counts as a fuel profile, an
 /// unknown extension is 99. Raises 5 for a name of one to three characters.
 [[nodiscard]] int TypeNumberFromExtension(const std::wstring& fileName);
-
-/// Shows `sentence`, a line break, and the error's number and description.
-void ShowListFileProblem(const std::wstring& sentence, const platform::RunTimeError& failure);
 
 }  // namespace modQMKGeneral

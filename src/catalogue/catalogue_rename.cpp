@@ -2,8 +2,9 @@
 #include <utility>
 
 #include "catalogue/catalogue_file.h"
-#include "catalogue/list_file.h"
 #include "catalogue/stored_path.h"
+#include "listfile/list_file.h"
+#include "listfile/suite_lists.h"
 #include "platform/dialogs.h"
 #include "platform/files.h"
 #include "platform/run_time_error.h"

@@ -5,7 +5,8 @@
 #include <string_view>
 
 #include "catalogue/catalogue_file.h"
-#include "catalogue/list_file.h"
+#include "listfile/list_file.h"
+#include "listfile/suite_lists.h"
 #include "platform/dialogs.h"
 #include "platform/text.h"
 #include "platform/trap.h"

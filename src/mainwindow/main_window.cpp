@@ -2,14 +2,13 @@
 #include "mainwindow/main_window.h"
 
 #include "flatlook/form_style.h"
+#include "mainwindow/control_ids.h"
 #include "mainwindow/main_layout.h"
 #include "platform/application.h"
-#include "platform/controls/control_ids.h"
 #include "platform/dialogs.h"
 #include "platform/dispatcher.h"
 #include "startup/paths.h"
 
-namespace ids = controls::ids;
 using controls::ListView;
 
 namespace {

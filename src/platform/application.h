@@ -5,11 +5,14 @@
 
 namespace platform::application {
 
-/// Title of the program, also the default title of message boxes.
-inline constexpr const wchar_t* title = L"Quillmark Suite 3 Gateway";
+// Who the program is: the product defines these three.
 
+/// Title of the program, also the default title of message boxes.
+extern const wchar_t* const title;
 /// Name under which the program keeps its per-user settings.
-inline constexpr const wchar_t* settingsName = L"Quillmark Suite 3";
+extern const wchar_t* const settingsName;
+/// Name by which copies of the program in one session know of each other.
+extern const wchar_t* const instanceName;
 
 /// Version number from the version resource.
 struct Version {

@@ -9,8 +9,8 @@
 #include "platform/shell_links.h"
 #include "platform/text.h"
 #include "platform/trap.h"
+#include "shortcuts/shortcut_file.h"
 #include "shortcuts/shortcut_list.h"
-#include "shortcuts/tool_shortcuts.h"
 #include "startup/paths.h"
 
 namespace modSC {
@@ -26,7 +26,6 @@ namespace files = platform::files;
 
 namespace {
 
-constexpr int startMaximised = 3;
 constexpr std::wstring_view linkExtension = L".lnk";
 
 /// Shortcuts of the suite's own tools, in upper case. The first of them may be deleted, but not

@@ -7,7 +7,7 @@
 #include "platform/geometry.h"
 #include "platform/pictures.h"
 #include "platform/shell_links.h"
-#include "shortcuts/tool_shortcuts.h"
+#include "shortcuts/shortcut_file.h"
 #include "startup/paths.h"
 
 namespace modSC {

@@ -1,14 +1,13 @@
 #include "startup/splash_window.h"
 
 #include "platform/application.h"
-#include "platform/controls/control_ids.h"
 #include "platform/dialogs.h"
 #include "platform/windows.h"
-#include "shortcuts/tool_shortcuts.h"
+#include "startup/control_ids.h"
 #include "startup/paths.h"
+#include "startup/tool_provisioning.h"
 
 namespace application = platform::application;
-namespace ids = controls::ids;
 using platform::scaled;
 
 namespace {

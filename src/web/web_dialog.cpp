@@ -3,10 +3,9 @@
 #include <algorithm>
 
 #include "flatlook/form_style.h"
-#include "platform/controls/control_ids.h"
 #include "platform/windows.h"
+#include "web/control_ids.h"
 
-namespace ids = controls::ids;
 using platform::scaled;
 
 frmWeb::frmWeb(modQMKGeneral::WebList& web)

@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "catalogue/catalogue_file.h"
-#include "catalogue/list_file.h"
+#include "listfile/list_file.h"
+#include "listfile/suite_lists.h"
 #include "platform/controls/item_key.h"
 #include "platform/files.h"
 #include "platform/text.h"

@@ -41,11 +41,11 @@
 #include "harness/text.h"
 #include "harness/wait.h"
 #include "harness/windows_of_process.h"
-#include "platform/controls/control_ids.h"
+#include "mainwindow/control_ids.h"
+#include "web/control_ids.h"
 
 namespace {
 
-namespace ids = controls::ids;
 using namespace harness;
 
 using Argument = const std::wstring&;

@@ -19,8 +19,6 @@
 
 namespace desktop_tests {
 
-namespace ids = controls::ids;
-
 using harness::GatewayApp;
 using harness::Tab;
 using harness::waitFor;

@@ -10,7 +10,7 @@
 #include <iostream>
 #include <utility>
 
-#include "catalogue/list_file.h"
+#include "listfile/list_file.h"
 #include "platform/text.h"
 
 namespace faults {

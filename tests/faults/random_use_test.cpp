@@ -7,8 +7,8 @@
 #include <random>
 #include <string>
 
-#include "catalogue/list_file.h"
 #include "faults/sweep.h"
+#include "listfile/list_file.h"
 #include "platform/desktop_test.h"
 
 namespace faults {

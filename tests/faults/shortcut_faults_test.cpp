@@ -3,7 +3,8 @@
 
 #include "faults/sweep.h"
 #include "platform/run_time_error.h"
-#include "shortcuts/tool_shortcuts.h"
+#include "shortcuts/shortcut_file.h"
+#include "startup/tool_provisioning.h"
 
 namespace faults {
 namespace {

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "catalogue/catalogue_file.h"
-#include "catalogue/list_file.h"
 #include "fuzz/support/fuzz.h"
+#include "listfile/list_file.h"
 #include "platform/desktop.h"
 #include "platform/files.h"
 #include "platform/run_time_error.h"

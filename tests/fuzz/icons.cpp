@@ -2,7 +2,7 @@
 #include <string>
 
 #include "fuzz/support/fuzz.h"
-#include "platform/icon_images.h"
+#include "icons/icon_images.h"
 
 using fuzz::require;
 
@@ -12,7 +12,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   // More than a few dozen looks at the file would make a damaged one slow.
   constexpr std::size_t mostReads = 64;
   std::size_t reads = 0;
-  const auto icons = platform::pictures::unpackedIcons(
+  const auto pictures = icons::unpackedIcons(
       [&](std::uint64_t place, std::size_t wanted) {
         ++reads;
         return place >= file.size() ? std::string()
@@ -20,9 +20,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
       },
       sides);
   require(reads <= mostReads, "few looks at the file");
-  if (icons) {
+  if (pictures) {
     for (std::size_t i = 0; i < sides.size(); ++i) {
-      const platform::Picture& picture = icons->at(i);
+      const platform::Picture& picture = pictures->at(i);
       require(picture.size == platform::Size{sides.at(i), sides.at(i)}, "a picture is of its size");
       require(picture.pixels.size() == static_cast<std::size_t>(sides.at(i)) * sides.at(i),
               "every pixel is there");

@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "catalogue/list_file.h"
 #include "fuzz/support/fuzz.h"
+#include "listfile/list_file.h"
 
 using fuzz::require;
 using list_file::Reader;

@@ -11,8 +11,9 @@
 #include "platform/dispatcher.h"
 #include "platform/file_node.h"
 #include "platform/text.h"
+#include "shortcuts/shortcut_file.h"
 #include "shortcuts/shortcut_list.h"
-#include "shortcuts/tool_shortcuts.h"
+#include "startup/tool_provisioning.h"
 
 using fuzz::require;
 using fuzz::theDesktop;

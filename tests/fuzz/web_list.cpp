@@ -4,11 +4,11 @@
 #include <string>
 #include <vector>
 
-#include "catalogue/list_file.h"
 #include "fuzz/support/fuzz.h"
-#include "platform/controls/control_ids.h"
+#include "listfile/list_file.h"
 #include "platform/desktop.h"
 #include "platform/text.h"
+#include "web/control_ids.h"
 #include "web/web_list.h"
 
 using fuzz::require;

@@ -14,7 +14,6 @@
 namespace proofs {
 namespace {
 
-namespace ids = controls::ids;
 using harness::Failure;
 
 void input(INPUT what) { SendInput(1, &what, sizeof(INPUT)); }

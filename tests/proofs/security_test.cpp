@@ -32,8 +32,6 @@ namespace {
 using harness::GatewayApp;
 using harness::Tab;
 
-namespace ids = controls::ids;
-
 std::wstring lower(std::wstring text) {
   std::transform(text.begin(), text.end(), text.begin(),
                  [](wchar_t c) { return static_cast<wchar_t>(std::towlower(c)); });

@@ -25,7 +25,6 @@
 namespace proofs {
 namespace {
 
-namespace ids = controls::ids;
 using harness::paint;
 using harness::Tab;
 

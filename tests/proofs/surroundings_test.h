@@ -21,7 +21,6 @@
 
 namespace proofs {
 
-namespace ids = controls::ids;
 using harness::GatewayApp;
 using harness::Tab;
 

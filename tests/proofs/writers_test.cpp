@@ -181,7 +181,7 @@ TEST_F(Writers, TheProgramAmongTheOthers) {
     // The sort brings the doomed to the top. Two clicks at one place would make a double-click.
     const RECT row = app.list(Tab::open).textOnScreen(0);
     harness::clickAt({row.left + (n % 2 == 0 ? 10 : 40), (row.top + row.bottom) / 2}, app.main());
-    app.command(controls::ids::mnuDelete);
+    app.command(ids::mnuDelete);
     const harness::MessageBoxReader question = app.waitForMessage();
     const std::wstring text = question.text();
     const std::size_t name = text.find(L"_DOOMED ");

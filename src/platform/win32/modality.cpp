@@ -1,50 +1,64 @@
 #include "platform/win32/modality.h"
 
+#include <new>
+#include <utility>
+
 #include "platform/win32/parameters.h"
 
 namespace platform::win32 {
 namespace {
 
-bool takesInput(HWND window) {
-  return IsWindowVisible(window) != 0 && IsWindowEnabled(window) != 0;
+bool isOwn(HWND window) {
+  return GetWindowLongPtrW(window, GWLP_HINSTANCE) == parameterFrom(GetModuleHandleW(nullptr));
 }
 
 // A named function: on 32-bit Windows a lambda has not the calling convention of a callback.
-BOOL CALLBACK collectIfInput(HWND window, LPARAM list) {
-  if (takesInput(window)) pointerFrom<std::vector<HWND>>(list)->push_back(window);
-  return TRUE;
+BOOL CALLBACK collectIfEnabled(HWND window, LPARAM list) {
+  if (IsWindowEnabled(window) == 0) return TRUE;
+  try {
+    pointerFrom<std::vector<HWND>>(list)->push_back(window);
+    return TRUE;
+  } catch (const std::bad_alloc&) {
+    // Nothing may be thrown through the system's own code, and the message that is about to be
+    // shown may be the one about memory.
+    return FALSE;
+  }
 }
 
-/// The top-level windows of this thread that take input, foremost first.
-std::vector<HWND> inputWindows() {
+/// The enabled top-level windows of this thread, foremost first; without memory for all of them
+/// the foremost ones.
+std::vector<HWND> enabledWindows() {
   std::vector<HWND> windows;
-  EnumThreadWindows(GetCurrentThreadId(), collectIfInput, parameterFrom(&windows));
+  EnumThreadWindows(GetCurrentThreadId(), collectIfEnabled, parameterFrom(&windows));
   return windows;
 }
 
 /// Tool tips and the like are top-level windows too, but nothing can belong to them.
-bool canOwn(HWND window) { return (GetWindowLongPtrW(window, GWL_STYLE) & WS_CAPTION) != 0; }
+bool canOwn(HWND window) {
+  return IsWindowVisible(window) != 0 && (GetWindowLongPtrW(window, GWL_STYLE) & WS_CAPTION) != 0;
+}
 
 }  // namespace
 
 HWND dialogOwner() {
   if (HWND active = GetActiveWindow(); active != nullptr) return active;
-  for (HWND window : inputWindows()) {
+  for (HWND window : enabledWindows()) {
     if (canOwn(window)) return window;
   }
   return nullptr;
 }
 
-ModalScope::ModalScope(HWND owner) {
-  for (HWND window : inputWindows()) {
-    if (window == owner) continue;
-    disabled_.push_back(window);
+ModalScope::ModalScope(HWND except) : disabled_(enabledWindows()) {
+  std::erase_if(disabled_, [except](HWND window) {
+    return window == except || (IsWindowVisible(window) == 0 && !isOwn(window));
+  });
+  for (HWND window : disabled_) {
     EnableWindow(window, FALSE);
   }
 }
 
-ModalScope::~ModalScope() {
-  for (HWND window : disabled_) {
+void ModalScope::lift() {
+  for (HWND window : std::exchange(disabled_, {})) {
     if (IsWindow(window) != 0) EnableWindow(window, TRUE);
   }
 }

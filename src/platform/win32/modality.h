@@ -1,4 +1,4 @@
-// Making a dialog modal for the whole program.
+// Making a window modal for the whole program.
 #pragma once
 
 #include <windows.h>
@@ -11,15 +11,20 @@ namespace platform::win32 {
 /// in front, this thread's foremost window that takes input. Null when there is none.
 [[nodiscard]] HWND dialogOwner();
 
-/// Keeps all windows of this thread but `owner` from taking input while it lives. A dialog
-/// disables its owner itself, but the program's other windows would stay usable behind it, and
-/// could start what the dialog is in the middle of.
+/// Keeps the windows of this thread but one from taking input while it lives: those that are
+/// visible, and the program's own that are not shown yet. The one is the modal window itself, or
+/// the owner of a dialog of the system, which disables its owner on its own. The program's other
+/// windows would stay usable behind it, and could start what the dialog is in the middle of.
 class ModalScope {
  public:
-  explicit ModalScope(HWND owner);
+  explicit ModalScope(HWND except);
   ModalScope(const ModalScope&) = delete;
   ModalScope& operator=(const ModalScope&) = delete;
-  ~ModalScope();
+  ModalScope(ModalScope&& other) noexcept = default;
+  ModalScope& operator=(ModalScope&&) = delete;
+  ~ModalScope() { lift(); }
+  /// Gives the input back before the end.
+  void lift();
 
  private:
   std::vector<HWND> disabled_;

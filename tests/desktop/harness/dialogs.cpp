@@ -11,7 +11,7 @@
 #include "harness/text.h"
 #include "harness/wait.h"
 #include "harness/windows_of_process.h"
-#include "platform/controls/control_ids.h"
+#include "platform/controls/input_box_ids.h"
 
 namespace harness {
 namespace {
@@ -88,20 +88,17 @@ void MessageBoxReader::answer(int button) const {
 
 std::wstring InputBoxReader::title() const { return text(box_); }
 
-std::wstring InputBoxReader::prompt() const {
-  return text(child(box_, controls::ids::inputPrompt));
-}
+std::wstring InputBoxReader::prompt() const { return text(child(box_, ids::inputPrompt)); }
 
-std::wstring InputBoxReader::answer() const { return text(child(box_, controls::ids::inputEdit)); }
+std::wstring InputBoxReader::answer() const { return text(child(box_, ids::inputEdit)); }
 
 std::pair<int, int> InputBoxReader::selection() const {
-  const LRESULT range = send(child(box_, controls::ids::inputEdit), EM_GETSEL);
+  const LRESULT range = send(child(box_, ids::inputEdit), EM_GETSEL);
   return {LOWORD(range), HIWORD(range)};
 }
 
 void InputBoxReader::type(const std::wstring& text) const {
-  send(child(box_, controls::ids::inputEdit), WM_SETTEXT, 0,
-       reinterpret_cast<LPARAM>(text.c_str()));
+  send(child(box_, ids::inputEdit), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
 }
 
 void InputBoxReader::ok() const { push(box_, IDOK); }
@@ -163,7 +160,7 @@ void FileDialogReader::open(const std::wstring& name) const {
 
 void FileDialogReader::cancel() const { push(dialog_, IDCANCEL); }
 
-bool isInputBox(HWND dialog) { return child(dialog, controls::ids::inputEdit) != nullptr; }
+bool isInputBox(HWND dialog) { return child(dialog, ids::inputEdit) != nullptr; }
 
 bool isFileDialog(HWND dialog) { return child(dialog, cmb1, L"ComboBox") != nullptr; }
 

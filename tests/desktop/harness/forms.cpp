@@ -107,19 +107,15 @@ std::wstring FormReader::toolTip(int id) const {
 }
 
 FormReader waitForWebDialog(const GatewayApp& app) {
-  return waitForForm(app, "the web shortcut dialog", controls::ids::txtUrl);
+  return waitForForm(app, "the web shortcut dialog", ids::txtUrl);
 }
 
 FormReader waitForAboutBox(const GatewayApp& app) {
-  return waitForForm(app, "the about box", controls::ids::lblPath);
+  return waitForForm(app, "the about box", ids::lblPath);
 }
 
-std::size_t webDialogs(const GatewayApp& app) {
-  return formsWith(app, controls::ids::txtUrl).size();
-}
+std::size_t webDialogs(const GatewayApp& app) { return formsWith(app, ids::txtUrl).size(); }
 
-std::size_t aboutBoxes(const GatewayApp& app) {
-  return formsWith(app, controls::ids::lblPath).size();
-}
+std::size_t aboutBoxes(const GatewayApp& app) { return formsWith(app, ids::lblPath).size(); }
 
 }  // namespace harness

@@ -11,8 +11,6 @@
 namespace harness {
 namespace {
 
-namespace ids = controls::ids;
-
 constexpr const wchar_t* splashClass = L"frmSplash";
 constexpr const wchar_t* mainClass = L"frmQMK";
 constexpr const wchar_t* dialogClass = L"#32770";

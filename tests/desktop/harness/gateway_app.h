@@ -8,13 +8,17 @@
 #include <string>
 #include <vector>
 
+#include "about/control_ids.h"
 #include "harness/bars.h"
 #include "harness/dialogs.h"
 #include "harness/files.h"
 #include "harness/list_view.h"
 #include "harness/process.h"
 #include "harness/profile.h"
-#include "platform/controls/control_ids.h"
+#include "mainwindow/control_ids.h"
+#include "platform/controls/input_box_ids.h"
+#include "startup/control_ids.h"
+#include "web/control_ids.h"
 
 namespace harness {
 

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <functional>
 
-#include "unit/recording_peer.h"
 #include "unit/support/catalogue_test.h"
 #include "unit/support/fault_sweep.h"
+#include "unit/support/recording_peer.h"
 
 namespace {
 

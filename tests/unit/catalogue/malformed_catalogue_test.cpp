@@ -2,7 +2,7 @@
 // is not about stays, byte for byte.
 #include <gtest/gtest.h>
 
-#include "catalogue/list_file.h"
+#include "listfile/list_file.h"
 #include "unit/support/catalogue_test.h"
 
 namespace {

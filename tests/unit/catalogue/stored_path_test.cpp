@@ -4,7 +4,7 @@
 
 #include "platform/desktop_test.h"
 #include "platform/text.h"
-#include "unit/error_number.h"
+#include "unit/support/error_number.h"
 
 namespace {
 

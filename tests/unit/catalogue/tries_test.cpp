@@ -1,7 +1,7 @@
 // How often the program tries again when other programs keep changing a list file.
 #include <gtest/gtest.h>
 
-#include "catalogue/list_file.h"
+#include "listfile/list_file.h"
 #include "unit/support/catalogue_test.h"
 
 namespace {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "catalogue/catalogue_file.h"
-#include "unit/error_number.h"
+#include "unit/support/error_number.h"
 
 namespace {
 

@@ -4,9 +4,9 @@
 #include <optional>
 #include <utility>
 
-#include "error_number.h"
 #include "flatlook/flat_control_fixture.h"
 #include "platform/run_time_error.h"
+#include "unit/support/error_number.h"
 
 namespace flatlook::test {
 namespace {

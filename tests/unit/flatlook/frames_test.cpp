@@ -3,8 +3,8 @@
 
 #include <limits>
 
-#include "error_number.h"
 #include "flatlook/flat_test.h"
+#include "unit/support/error_number.h"
 
 namespace flatlook::test {
 namespace {

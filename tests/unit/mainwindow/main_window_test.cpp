@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "unit/error_number.h"
+#include "unit/support/error_number.h"
 #include "unit/support/journal_order.h"
 #include "unit/support/main_window_fixture.h"
 

@@ -9,7 +9,7 @@
 #include "platform/desktop.h"
 #include "platform/desktop_test.h"
 #include "startup/paths.h"
-#include "unit/error_number.h"
+#include "unit/support/error_number.h"
 
 namespace {
 

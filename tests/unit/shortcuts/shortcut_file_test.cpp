@@ -4,7 +4,7 @@
 #include <string>
 
 #include "platform/desktop_test.h"
-#include "shortcuts/tool_shortcuts.h"
+#include "shortcuts/shortcut_file.h"
 #include "unit/support/links.h"
 
 namespace {

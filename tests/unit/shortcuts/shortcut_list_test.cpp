@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "unit/error_number.h"
+#include "unit/support/error_number.h"
 #include "unit/support/shortcuts_fixture.h"
 
 namespace {

@@ -7,7 +7,7 @@
 
 #include "platform/desktop_test.h"
 #include "platform/folders.h"
-#include "unit/error_number.h"
+#include "unit/support/error_number.h"
 #include "unit/support/journal_order.h"
 
 namespace {

@@ -8,7 +8,7 @@
 #include "platform/desktop_test.h"
 #include "startup/paths.h"
 #include "startup/splash_window.h"
-#include "unit/error_number.h"
+#include "unit/support/error_number.h"
 #include "unit/support/journal_order.h"
 
 namespace {

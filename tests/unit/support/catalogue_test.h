@@ -7,7 +7,7 @@
 
 #include "catalogue/catalogue_file.h"
 #include "catalogue/catalogue_view.h"
-#include "unit/error_number.h"
+#include "unit/support/error_number.h"
 #include "unit/support/list_file_bytes.h"
 #include "unit/support/loaded_main_window.h"
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "unit/error_number.h"
+#include "unit/support/error_number.h"
 #include "unit/support/list_file_bytes.h"
 #include "unit/support/loaded_main_window.h"
 #include "web/web_list.h"

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "platform/geometry.h"
-#include "platform/win32/image_resources.h"
 #include "platform/win32/peers/window_peer.h"
+#include "platform/win32/pictures/image_resources.h"
 
 namespace platform::win32 {
 

@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "platform/win32/image_resources.h"
 #include "platform/win32/parameters.h"
+#include "platform/win32/pictures/image_resources.h"
 
 namespace platform::win32 {
 

@@ -5,8 +5,8 @@
 #include <optional>
 
 #include "platform/controls/bars.h"
-#include "platform/win32/image_resources.h"
 #include "platform/win32/peers/native_control.h"
+#include "platform/win32/pictures/image_resources.h"
 
 namespace platform::win32 {
 

@@ -4,12 +4,13 @@
 
 #include "platform/run_time_error.h"
 #include "platform/win32/dpi.h"
-#include "platform/win32/image_resources.h"
 #include "platform/win32/message_chain.h"
-#include "platform/win32/message_loop.h"
+#include "platform/win32/monitors.h"
 #include "platform/win32/parameters.h"
 #include "platform/win32/peers/control_peers.h"
 #include "platform/win32/peers/window_peer.h"
+#include "platform/win32/peers/window_table.h"
+#include "platform/win32/pictures/image_resources.h"
 
 namespace platform::win32 {
 
@@ -37,10 +38,7 @@ void requireClass(const std::wstring& name, WNDPROC procedure) {
 
 /// Work area of the screen that `window` is on, or of the main screen for a null window.
 RECT workAreaAt(HWND window) {
-  MONITORINFO facts{};
-  facts.cbSize = sizeof facts;
-  GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTOPRIMARY), &facts);
-  return facts.rcWork;
+  return monitorFacts(MonitorFromWindow(window, MONITOR_DEFAULTTOPRIMARY)).rcWork;
 }
 
 /// `size` in the middle of `anchor`, moved and if need be cut to stay inside `area`.

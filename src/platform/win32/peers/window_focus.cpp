@@ -2,7 +2,7 @@
 #include <array>
 #include <bit>
 
-#include "platform/controls/control_ids.h"
+#include "mainwindow/control_ids.h"
 #include "platform/win32/peers/window_peer.h"
 
 namespace platform::win32 {
@@ -49,7 +49,7 @@ bool WindowPeer::frameKey(WPARAM key) {
   }
   if (key == VK_F1 && !control && !held(VK_SHIFT)) {
     if (controls::MenuItem* const help =
-            menuBar_ ? menuBar_->find(controls::ids::mnuHelpContents) : nullptr) {
+            menuBar_ ? menuBar_->find(ids::mnuHelpContents) : nullptr) {
       help->raiseClick();
       return true;
     }

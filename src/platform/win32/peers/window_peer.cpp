@@ -3,8 +3,8 @@
 #include <bit>
 
 #include "platform/win32/message_chain.h"
-#include "platform/win32/message_loop.h"
 #include "platform/win32/parameters.h"
+#include "platform/win32/peers/window_table.h"
 
 namespace platform::win32 {
 

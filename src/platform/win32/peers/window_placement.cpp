@@ -1,28 +1,10 @@
 // Where a window stands on the screens, and its menu as a menu of its own.
 #include <algorithm>
 
-#include "platform/screens.h"
-#include "platform/win32/parameters.h"
+#include "platform/win32/monitors.h"
 #include "platform/win32/peers/window_peer.h"
 
 namespace platform::win32 {
-
-namespace {
-
-Rect rectOf(const RECT& native) {
-  return {static_cast<int>(native.left), static_cast<int>(native.top),
-          static_cast<int>(native.right - native.left),
-          static_cast<int>(native.bottom - native.top)};
-}
-
-MONITORINFO monitorFacts(HMONITOR monitor) {
-  MONITORINFO facts{};
-  facts.cbSize = sizeof facts;
-  GetMonitorInfoW(monitor, &facts);
-  return facts;
-}
-
-}  // namespace
 
 controls::Placement WindowPeer::placement() const {
   WINDOWPLACEMENT native{};
@@ -71,30 +53,3 @@ void WindowPeer::popUp(const controls::MenuItem& menu, int x, int y) {
 }
 
 }  // namespace platform::win32
-
-namespace platform::screens {
-namespace {
-
-// A named function: on 32-bit Windows a lambda has not the calling convention of a callback.
-BOOL CALLBACK addWorkArea(HMONITOR monitor, HDC /*dc*/, RECT* /*bounds*/, LPARAM found) {
-  auto& list = *win32::pointerFrom<std::vector<Rect>>(found);
-  const MONITORINFO facts = win32::monitorFacts(monitor);
-  const bool primary = (facts.dwFlags & MONITORINFOF_PRIMARY) != 0;
-  list.insert(primary ? list.begin() : list.end(), win32::rectOf(facts.rcWork));
-  return TRUE;
-}
-
-}  // namespace
-
-std::vector<Rect> workAreas() {
-  std::vector<Rect> areas;
-  EnumDisplayMonitors(nullptr, nullptr, addWorkArea, win32::parameterFrom(&areas));
-  if (areas.empty()) {
-    RECT area{};
-    SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
-    areas.push_back(win32::rectOf(area));
-  }
-  return areas;
-}
-
-}  // namespace platform::screens

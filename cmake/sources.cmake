@@ -1,0 +1,147 @@
+# The sources of the product, one group for each room, the lowest first.
+
+set(platform_sources
+  src/platform/code_page.cpp
+  src/platform/dispatcher.cpp
+  src/platform/run_time_error.cpp
+  src/platform/subclass.cpp
+  src/platform/controls/bars.cpp
+  src/platform/controls/common_dialog.cpp
+  src/platform/controls/image_list.cpp
+  src/platform/controls/item_key.cpp
+  src/platform/controls/list_rebuild.cpp
+  src/platform/controls/list_view.cpp
+  src/platform/controls/sort_places.cpp
+  src/platform/controls/text_store.cpp
+  src/platform/controls/window.cpp)
+set(icons_sources
+  src/icons/icon_images.cpp)
+set(paths_sources
+  src/startup/paths.cpp)
+set(listfile_sources
+  src/listfile/list_file.cpp
+  src/listfile/suite_lists.cpp)
+set(flatlook_sources
+  src/flatlook/flat_control.cpp
+  src/flatlook/flat_target.cpp
+  src/flatlook/form_style.cpp
+  src/flatlook/frames.cpp)
+set(catalogue_sources
+  src/catalogue/catalogue_file.cpp
+  src/catalogue/catalogue_rename.cpp
+  src/catalogue/catalogue_view.cpp
+  src/catalogue/opening.cpp
+  src/catalogue/stored_path.cpp)
+set(shortcuts_sources
+  src/shortcuts/shortcut_edit.cpp
+  src/shortcuts/shortcut_file.cpp
+  src/shortcuts/shortcut_list.cpp)
+set(web_sources
+  src/web/browser.cpp
+  src/web/web_dialog.cpp
+  src/web/web_list.cpp)
+set(about_sources
+  src/about/about_box.cpp
+  src/about/help_launcher.cpp
+  src/about/system_information.cpp)
+set(mainwindow_sources
+  src/mainwindow/main_layout.cpp
+  src/mainwindow/main_memory.cpp
+  src/mainwindow/main_routing.cpp
+  src/mainwindow/main_window.cpp
+  src/mainwindow/placement.cpp)
+set(startup_sources
+  src/startup/identity.cpp
+  src/startup/splash_window.cpp
+  src/startup/startup.cpp
+  src/startup/tool_provisioning.cpp)
+
+# Everything but the Windows implementation of the seam.
+set(portable_sources
+  ${platform_sources}
+  ${icons_sources}
+  ${paths_sources}
+  ${listfile_sources}
+  ${flatlook_sources}
+  ${catalogue_sources}
+  ${shortcuts_sources}
+  ${web_sources}
+  ${about_sources}
+  ${mainwindow_sources}
+  ${startup_sources})
+
+# The seam on Windows.
+set(win32_common_sources
+  src/platform/win32/accessible_name.cpp
+  src/platform/win32/dpi.cpp
+  src/platform/win32/errors.cpp
+  src/platform/win32/fonts.cpp
+  src/platform/win32/message_chain.cpp
+  src/platform/win32/modality.cpp)
+set(win32_files_sources
+  src/platform/win32/files/draft.cpp
+  src/platform/win32/files/file_contents.cpp
+  src/platform/win32/files/files.cpp
+  src/platform/win32/files/open_files.cpp
+  src/platform/win32/files/paths.cpp)
+set(win32_pictures_sources
+  src/platform/win32/pictures/icon_pictures.cpp
+  src/platform/win32/pictures/image_resources.cpp
+  src/platform/win32/pictures/pictures.cpp)
+set(win32_shell_sources
+  src/platform/win32/shell/browser.cpp
+  src/platform/win32/shell/folders.cpp
+  src/platform/win32/shell/help.cpp
+  src/platform/win32/shell/link_object.cpp
+  src/platform/win32/shell/processes.cpp
+  src/platform/win32/shell/script_link.cpp
+  src/platform/win32/shell/shell_links.cpp)
+set(win32_system_sources
+  src/platform/win32/system/application.cpp
+  src/platform/win32/system/clock.cpp
+  src/platform/win32/system/registry.cpp
+  src/platform/win32/system/settings.cpp
+  src/platform/win32/system/sort_keys.cpp
+  src/platform/win32/system/text.cpp)
+set(win32_peers_sources
+  src/platform/win32/peers/button_peer.cpp
+  src/platform/win32/peers/control_peers.cpp
+  src/platform/win32/peers/cool_button_peer.cpp
+  src/platform/win32/peers/image_peer.cpp
+  src/platform/win32/peers/label_peer.cpp
+  src/platform/win32/peers/list_view_events.cpp
+  src/platform/win32/peers/list_view_peer.cpp
+  src/platform/win32/peers/menu_peer.cpp
+  src/platform/win32/peers/native_control.cpp
+  src/platform/win32/peers/tab_peer.cpp
+  src/platform/win32/peers/text_box_peer.cpp
+  src/platform/win32/peers/timer_peer.cpp
+  src/platform/win32/peers/tool_tips.cpp
+  src/platform/win32/peers/toolbar_peer.cpp
+  src/platform/win32/peers/window_creation.cpp
+  src/platform/win32/peers/window_focus.cpp
+  src/platform/win32/peers/window_messages.cpp
+  src/platform/win32/peers/window_peer.cpp
+  src/platform/win32/peers/window_placement.cpp
+  src/platform/win32/peers/window_table.cpp)
+set(win32_windows_sources
+  src/platform/win32/windows/file_dialog.cpp
+  src/platform/win32/windows/input_box.cpp
+  src/platform/win32/windows/message_boxes.cpp
+  src/platform/win32/windows/message_loop.cpp
+  src/platform/win32/windows/native_windows.cpp
+  src/platform/win32/windows/screens.cpp
+  src/platform/win32/windows/subclass.cpp
+  src/platform/win32/windows/windows.cpp)
+set(win32_sources
+  ${win32_common_sources}
+  ${win32_files_sources}
+  ${win32_pictures_sources}
+  ${win32_shell_sources}
+  ${win32_system_sources}
+  ${win32_peers_sources}
+  ${win32_windows_sources})
+
+# Relative paths mean another folder to the targets of subfolders.
+list(TRANSFORM portable_sources PREPEND ${CMAKE_SOURCE_DIR}/)
+list(TRANSFORM win32_sources PREPEND ${CMAKE_SOURCE_DIR}/)

@@ -1,0 +1,15 @@
+// Stable native ids of the about box's controls. Outside tests and assistive tools rely on them:
+// numbers are never reused, in no window of the program.
+#pragma once
+
+namespace ids {
+
+inline constexpr int aboutOK = 1;
+inline constexpr int aboutLabel1 = 1300;
+inline constexpr int lblTitle = 1301;
+inline constexpr int aboutTM = 1302;
+inline constexpr int lblVersion = 1303;
+inline constexpr int lblPath = 1304;
+inline constexpr int Image1 = 1305;
+
+}  // namespace ids

@@ -1,0 +1,238 @@
+#include "listfile/list_file.h"
+
+#include <algorithm>
+#include <cstring>
+#include <utility>
+#include <vector>
+
+#include "platform/bytes.h"
+#include "platform/run_time_error.h"
+#include "platform/text.h"
+
+namespace list_file {
+
+namespace bytes = platform::bytes;
+namespace files = platform::files;
+
+namespace {
+
+constexpr std::string_view lineEnd = "\r\n";
+
+bool isBlank(char c) { return c == ' ' || c == '\t'; }
+
+std::string_view withoutLeadingBlanks(std::string_view text) {
+  while (!text.empty() && isBlank(text.front())) {
+    text.remove_prefix(1);
+  }
+  return text;
+}
+
+std::string_view withoutTrailingBlanks(std::string_view text) {
+  while (!text.empty() && isBlank(text.back())) {
+    text.remove_suffix(1);
+  }
+  return text;
+}
+
+/// Takes one field off the front of `left`; `left` then begins with the comma behind it, or is
+/// empty.
+std::string_view takeField(std::string_view& left) {
+  left = withoutLeadingBlanks(left);
+  std::string_view field;
+  if (left.starts_with('"')) {
+    left.remove_prefix(1);
+    const std::size_t quote = bytes::find(left, '"');
+    field = left.substr(0, quote);
+    left.remove_prefix(std::min(quote + 1, left.size()));
+    // What stands between the closing quote and the comma belongs to no field.
+    if (!left.starts_with(',')) {
+      left.remove_prefix(bytes::find(left, ','));
+    }
+  } else {
+    const std::size_t comma = bytes::find(left, ',');
+    field = withoutTrailingBlanks(left.substr(0, comma));
+    left.remove_prefix(comma);
+  }
+  return field;
+}
+
+}  // namespace
+
+std::wstring Record::text(std::size_t n) const {
+  return platform::text::fromCodePage(fields.at(n));
+}
+
+void Record::text(std::size_t n, std::wstring& text) const {
+  platform::text::fromCodePage(fields.at(n), text);
+}
+
+bool Reader::next(Record& record) {
+  if (next_ == bytes_.size()) {
+    return false;
+  }
+  const std::size_t begin = next_;
+  const std::size_t end = bytes::findEither(bytes_, '\r', '\n', begin);
+  next_ = end;
+  if (end < bytes_.size()) {
+    next_ += bytes_.substr(end).starts_with(lineEnd) ? lineEnd.size() : 1;
+  }
+  record = {};
+  record.line = bytes_.substr(begin, next_ - begin);
+  std::string_view content = bytes_.substr(begin, end - begin);
+
+  if (withoutLeadingBlanks(content).empty()) {
+    return true;
+  }
+  for (bool more = true; more; ++record.fieldCount) {
+    if (record.fieldCount == Record::fieldsRead) {
+      record.rest = std::string_view(content.data() - 1, content.size() + 1);
+    }
+    const std::string_view field = takeField(content);
+    if (record.fieldCount < Record::fieldsRead) {
+      record.fields.at(record.fieldCount) = field;
+    }
+    more = !content.empty();
+    content.remove_prefix(more ? 1 : 0);
+  }
+  return true;
+}
+
+std::string line(std::initializer_list<std::string_view> fields) {
+  std::string record;
+  // Usually long enough for a record of the catalogue.
+  constexpr std::size_t usualLength = 128;
+  record.reserve(usualLength);
+  for (const std::string_view field : fields) {
+    record += record.empty() ? "\"" : ",\"";
+    record += field;
+    record += '"';
+  }
+  std::replace_if(
+      record.begin(), record.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
+  return record.append(lineEnd);
+}
+
+void append(std::string& content, std::string_view record) {
+  if (!content.empty() && content.back() != '\n' && content.back() != '\r') {
+    content += lineEnd;
+  }
+  content += record;
+}
+
+namespace {
+
+/// A record that does not stay as it is.
+struct Splice {
+  std::size_t begin;
+  std::size_t end;
+  std::string replacement;
+};
+
+std::vector<Splice> splicesOf(std::string_view content,
+                              const std::function<Change(const Record&, std::string&)>& edit) {
+  std::vector<Splice> splices;
+  std::string replacement;
+  Reader reader(content);
+  for (Record record; reader.next(record);) {
+    replacement.clear();
+    if (edit(record, replacement) == Change::replaced) {
+      const auto begin = static_cast<std::size_t>(record.line.data() - content.data());
+      splices.push_back({begin, begin + record.line.size(), replacement});
+    }
+  }
+  return splices;
+}
+
+/// Puts the replacements into `content` itself, none of which may be longer than its record.
+void spliceInPlace(std::string& content, const std::vector<Splice>& splices) {
+  std::size_t written = splices.front().begin;
+  for (std::size_t n = 0; n < splices.size(); ++n) {
+    content.replace(written, splices[n].replacement.size(), splices[n].replacement);
+    written += splices[n].replacement.size();
+    const std::size_t next = n + 1 < splices.size() ? splices[n + 1].begin : content.size();
+    std::memmove(content.data() + written, content.data() + splices[n].end, next - splices[n].end);
+    written += next - splices[n].end;
+  }
+  content.resize(written);
+}
+
+}  // namespace
+
+std::string edited(std::string content,
+                   const std::function<Change(const Record&, std::string&)>& edit) {
+  const std::vector<Splice> splices = splicesOf(content, edit);
+  if (splices.empty()) {
+    return content;
+  }
+  if (std::all_of(splices.begin(), splices.end(), [](const Splice& splice) {
+        return splice.replacement.size() <= splice.end - splice.begin;
+      })) {
+    // A list of a million records is not copied for the sake of one.
+    spliceInPlace(content, splices);
+    return content;
+  }
+  std::string result;
+  std::size_t unchanged = 0;
+  for (const Splice& splice : splices) {
+    result.append(content, unchanged, splice.begin - unchanged);
+    result += splice.replacement;
+    unchanged = splice.end;
+  }
+  return result.append(content, unchanged);
+}
+
+std::string filtered(std::string content, const std::function<bool(const Record&)>& keep) {
+  return edited(std::move(content), [&keep](const Record& record, std::string& /*replacement*/) {
+    return keep(record) ? Change::none : Change::replaced;
+  });
+}
+
+namespace {
+
+/// How often a file is written anew that another program changes again and again.
+constexpr int mostTries = 50;
+
+}  // namespace
+
+void discardStale(const std::wstring& temporary) {
+  // A hidden one would hand its attribute on to the list file.
+  if (!files::findFirst(temporary, files::hidden | files::system).empty()) {
+    files::remove(temporary);
+  }
+}
+
+void rewrite(const std::wstring& path, const std::wstring& temporary, Missing missing,
+             const std::function<std::string(std::string)>& edit) {
+  // From before the reading on, so that another copy of this program cannot read what is about to
+  // be replaced.
+  files::Draft draft(temporary);
+  for (int tries = 0; tries < mostTries; ++tries) {
+    files::Contents old =
+        missing == Missing::isEmpty ? files::readForAppending(path) : files::readWhole(path);
+    draft.write(edit(std::move(old.bytes)));
+    if (draft.replace(path, old.stamp) == files::Replaced::yes) {
+      return;
+    }
+  }
+  platform::raiseAbout(path, platform::error::permissionDenied);
+}
+
+void overwrite(const std::wstring& path, const std::wstring& temporary, const std::string& bytes) {
+  files::Draft draft(temporary);
+  draft.write(bytes);
+  for (int tries = 0; tries < mostTries; ++tries) {
+    if (draft.replace(path, files::readWhole(path).stamp) == files::Replaced::yes) {
+      return;
+    }
+  }
+  throw platform::RunTimeError(platform::error::permissionDenied);
+}
+
+files::Replaced replaceAll(const std::wstring& path, const std::wstring& temporary,
+                           const std::string& bytes, const files::Stamp& expected) {
+  files::Draft draft(temporary);
+  draft.write(bytes);
+  return draft.replace(path, expected);
+}
+
+}  // namespace list_file

@@ -1,0 +1,37 @@
+// Stable native ids of the main window's controls and commands. Outside tests and assistive tools
+// rely on them: numbers are never reused, in no window of the program.
+#pragma once
+
+namespace ids {
+
+inline constexpr int TabMain = 1000;
+inline constexpr int lstQMK0 = 1010;  ///< lstQMK(i) is lstQMK0 + i.
+inline constexpr int barMain = 1020;
+inline constexpr int cmdBrowse = 1030;
+inline constexpr int tmrFileUpdate = 1040;
+
+// Menus
+inline constexpr int mnuFile = 2000;
+inline constexpr int mnuExit = 2001;
+inline constexpr int mnuEdit = 2010;
+inline constexpr int mnuCreate = 2011;
+inline constexpr int mnuRename = 2012;
+inline constexpr int mnuDelete = 2013;
+inline constexpr int mnuView = 2020;
+inline constexpr int mnuList = 2021;
+inline constexpr int mnuIcon = 2022;
+inline constexpr int mnuHelp = 2030;
+inline constexpr int mnuHelpContents = 2031;
+inline constexpr int mnuWeb = 2032;
+inline constexpr int mnuAbout = 2033;
+
+// Toolbar buttons
+inline constexpr int buttonDelete = 2100;
+inline constexpr int buttonRename = 2101;
+inline constexpr int buttonCreate = 2102;
+inline constexpr int buttonIcon = 2103;
+inline constexpr int buttonList = 2104;
+inline constexpr int buttonExit = 2105;
+inline constexpr int buttonHelp = 2106;
+
+}  // namespace ids

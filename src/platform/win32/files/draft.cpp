@@ -1,0 +1,251 @@
+// A file in the making, and how it takes the place of another one.
+#include <windows.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+#include <utility>
+#include <vector>
+
+#include "platform/files.h"
+#include "platform/win32/errors.h"
+#include "platform/win32/files/open_files.h"
+#include "platform/win32/files/paths.h"
+#include "platform/win32/handles.h"
+
+namespace platform::files {
+
+using win32::FileHandle;
+using win32::outcome;
+using win32::pieceSize;
+using win32::raise;
+using win32::whileShared;
+
+namespace {
+
+/// FileRenameInfoEx, which the headers declare only when nothing older than it is supported.
+constexpr auto renameInfoEx = static_cast<FILE_INFO_BY_HANDLE_CLASS>(22);
+
+bool isAlreadyThere(DWORD error) {
+  return error == ERROR_FILE_EXISTS || error == ERROR_ALREADY_EXISTS;
+}
+
+/// Raises 75 for a file that must not be written to, and for a folder of that name. A sufficiently
+/// privileged user would get past the system's own check.
+void refuseProtected(DWORD attributes) {
+  if (attributes != INVALID_FILE_ATTRIBUTES &&
+      (attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0) {
+    throw RunTimeError(error::pathFileAccess);
+  }
+}
+
+/// Creates the file, in the place of a stale one that nobody holds.
+DWORD createAnew(const std::wstring& native, FileHandle& file) {
+  const auto create = [&] {
+    // Readers may look; nobody else may write, delete or replace it.
+    file.reset(CreateFileW(native.c_str(), GENERIC_WRITE | DELETE, FILE_SHARE_READ, nullptr,
+                           CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
+    return file ? ERROR_SUCCESS : GetLastError();
+  };
+  DWORD result = create();
+  if (isAlreadyThere(result)) {
+    refuseProtected(GetFileAttributesW(native.c_str()));
+    const DWORD removal = outcome(DeleteFileW(native.c_str()));
+    if (removal != ERROR_SUCCESS && removal != ERROR_FILE_NOT_FOUND) return removal;
+    result = create();
+  }
+  // Another program was faster: it is at work now.
+  return isAlreadyThere(result) ? ERROR_SHARING_VIOLATION : result;
+}
+
+/// Gives the open file another name.
+DWORD renameOpenFile(const FileHandle& file, const std::wstring& to, FILE_INFO_BY_HANDLE_CLASS kind,
+                     DWORD flags) {
+  const std::size_t nameBytes = to.size() * sizeof(wchar_t);
+  // The structure ends in room for one character: the name's closing NUL.
+  std::vector<std::byte> buffer(sizeof(FILE_RENAME_INFO) + nameBytes);
+  FILE_RENAME_INFO header{};
+  header.Flags = flags;
+  header.FileNameLength = static_cast<DWORD>(nameBytes);
+  std::memcpy(buffer.data(), &header, sizeof header);
+  std::memcpy(buffer.data() + offsetof(FILE_RENAME_INFO, FileName), to.data(), nameBytes);
+  return outcome(SetFileInformationByHandle(file.get(), kind, buffer.data(),
+                                            static_cast<DWORD>(buffer.size())));
+}
+
+/// A second name for a file, so that what is written to it up to the very last instant before its
+/// replacement can still be found. File systems without second names do without.
+class SecondName {
+ public:
+  SecondName(const std::wstring& file, std::wstring name) : name_(std::move(name)) {
+    made_ = link(file) || (DeleteFileW(name_.c_str()) != 0 && link(file));
+  }
+  SecondName(const SecondName&) = delete;
+  SecondName& operator=(const SecondName&) = delete;
+  ~SecondName() {
+    if (made_) DeleteFileW(name_.c_str());
+  }
+  /// Whether the file behind the name is another one than `expected` by now.
+  [[nodiscard]] bool changedFrom(const Stamp& expected) const {
+    if (!made_) return false;
+    const FileHandle file(CreateFileW(name_.c_str(), FILE_READ_ATTRIBUTES,
+                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                      nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    const std::optional<Stamp> now = file ? win32::stampOf(file.get()) : std::nullopt;
+    return now && *now != expected;
+  }
+  /// Makes the name `to` lead to the file again. On failure the file stays under the second name.
+  [[nodiscard]] DWORD putBack(const std::wstring& to) {
+    made_ = false;
+    return whileShared([this, &to] {
+      return outcome(MoveFileExW(name_.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING));
+    });
+  }
+
+ private:
+  [[nodiscard]] bool link(const std::wstring& file) const {
+    return CreateHardLinkW(name_.c_str(), file.c_str(), nullptr) != 0;
+  }
+  std::wstring name_;
+  bool made_ = false;
+};
+
+}  // namespace
+
+struct Draft::State {
+  State(std::wstring given, std::wstring nativeForm)
+      : path(std::move(given)), native(std::move(nativeForm)) {}
+
+  std::wstring path;  ///< As it was given.
+  std::wstring native;
+  FileHandle file;
+
+  void create();
+  void createFile();
+  void write(std::string_view bytes) const;
+  [[nodiscard]] Replaced replace(const std::wstring& to, const Stamp& expected);
+  /// What came of one try; a Windows error code other than "shared" ends the tries.
+  struct Attempt {
+    DWORD error = ERROR_SUCCESS;
+    Replaced replaced = Replaced::yes;
+  };
+  [[nodiscard]] Attempt replaceExisting(const std::wstring& to, const Stamp& expected);
+  [[nodiscard]] Replaced takeFreeName(const std::wstring& to);
+};
+
+void Draft::State::create() {
+  // Named here, as the draft may be made anew while it is about to take another file's place.
+  concerning(path, [this] { createFile(); });
+}
+
+void Draft::State::createFile() {
+  // Longer than for other files: what we wait for is the whole rewriting of a list.
+  constexpr DWORD patienceMilliseconds = 500;
+  constexpr DWORD longestPauseMilliseconds = 8;
+  const DWORD begin = GetTickCount();
+  DWORD result = createAnew(native, file);
+  for (DWORD pause = 1;
+       result == ERROR_SHARING_VIOLATION && GetTickCount() - begin < patienceMilliseconds;
+       pause = std::min(2 * pause, longestPauseMilliseconds)) {
+    Sleep(pause);
+    result = createAnew(native, file);
+  }
+  if (result != ERROR_SUCCESS) raise(result, {{ERROR_FILE_NOT_FOUND, error::pathNotFound}});
+}
+
+Draft::State::Attempt Draft::State::replaceExisting(const std::wstring& to, const Stamp& expected) {
+  // Sharing everything but writing keeps the file as it is from the comparison on, and asking
+  // for deletion fails for whatever a deletion would fail for.
+  FileHandle target(CreateFileW(to.c_str(), GENERIC_READ | DELETE,
+                                FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
+                                FILE_ATTRIBUTE_NORMAL, nullptr));
+  if (!target) return {.error = GetLastError()};
+  const std::optional<Stamp> current = win32::stampOf(target.get());
+  if (!current) return {.error = GetLastError()};
+  if (*current != expected) return {.replaced = Replaced::changedSince};
+  // Newer file systems replace the file while it is open, by us among others: readers keep the
+  // old one until they close it.
+  if (renameOpenFile(file, to, renameInfoEx,
+                     FILE_RENAME_FLAG_REPLACE_IF_EXISTS | FILE_RENAME_FLAG_POSIX_SEMANTICS) ==
+      ERROR_SUCCESS) {
+    file.reset();
+    return {};
+  }
+  // Older ones replace only a file that nobody has open. Whoever writes to it between our letting
+  // go of it and its replacement writes to the old file, which the second name still leads to.
+  SecondName old(to, native + L".old");
+  target.reset();
+  const DWORD error = renameOpenFile(file, to, FileRenameInfo, FILE_RENAME_FLAG_REPLACE_IF_EXISTS);
+  if (error != ERROR_SUCCESS) {
+    // We were let at the target a moment ago, so it is not the rights that are wanting: somebody
+    // is reading it, in a way that only stands in the way of a replacement.
+    return {.error = error == ERROR_ACCESS_DENIED ? ERROR_SHARING_VIOLATION : error};
+  }
+  file.reset();
+  if (!old.changedFrom(expected)) return {};
+  if (const DWORD failure = old.putBack(to); failure != ERROR_SUCCESS) return {.error = failure};
+  create();
+  return {.replaced = Replaced::changedSince};
+}
+
+Replaced Draft::State::takeFreeName(const std::wstring& to) {
+  const DWORD result =
+      whileShared([this, &to] { return renameOpenFile(file, to, FileRenameInfo, 0); });
+  if (isAlreadyThere(result)) return Replaced::changedSince;
+  if (result != ERROR_SUCCESS) raise(result);
+  file.reset();
+  return Replaced::yes;
+}
+
+void Draft::State::write(std::string_view bytes) const {
+  if (SetFilePointerEx(file.get(), LARGE_INTEGER{}, nullptr, FILE_BEGIN) == 0 ||
+      SetEndOfFile(file.get()) == 0) {
+    raise(GetLastError());
+  }
+  std::size_t done = 0;
+  while (done < bytes.size()) {
+    const auto piece = static_cast<DWORD>(std::min(pieceSize, bytes.size() - done));
+    DWORD written = 0;
+    if (WriteFile(file.get(), bytes.data() + done, piece, &written, nullptr) == 0) {
+      raise(GetLastError());
+    }
+    if (written == 0) throw RunTimeError(error::diskFull);
+    done += written;
+  }
+  // A network drive may report only now that the bytes found no room.
+  if (FlushFileBuffers(file.get()) == 0) raise(GetLastError());
+}
+
+Replaced Draft::State::replace(const std::wstring& to, const Stamp& expected) {
+  const std::wstring nativeTo = win32::requiredPath(to);
+  if (!expected.present) return takeFreeName(nativeTo);
+  const DWORD attributes = GetFileAttributesW(nativeTo.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES) {
+    raise(GetLastError(), {{ERROR_PATH_NOT_FOUND, error::fileNotFound}});
+  }
+  refuseProtected(attributes);
+  Attempt attempt;
+  const DWORD result = whileShared([&] {
+    attempt = replaceExisting(nativeTo, expected);
+    return attempt.error;
+  });
+  if (result != ERROR_SUCCESS) raise(result, {{ERROR_PATH_NOT_FOUND, error::fileNotFound}});
+  return attempt.replaced;
+}
+
+Draft::Draft(const std::wstring& path)
+    : state_(std::make_unique<State>(path, win32::requiredPath(path))) {
+  state_->create();
+}
+
+Draft::~Draft() = default;
+
+void Draft::write(std::string_view bytes) {
+  concerning(state_->path, [&] { state_->write(bytes); });
+}
+
+Replaced Draft::replace(const std::wstring& to, const Stamp& expected) {
+  return concerning(to, [&] { return state_->replace(to, expected); });
+}
+
+}  // namespace platform::files

@@ -1,0 +1,119 @@
+// Reading files whole.
+#include <windows.h>
+
+#include <algorithm>
+#include <limits>
+#include <new>
+
+#include "platform/files.h"
+#include "platform/win32/errors.h"
+#include "platform/win32/files/open_files.h"
+#include "platform/win32/files/paths.h"
+#include "platform/win32/handles.h"
+
+namespace platform::files {
+
+using win32::FileHandle;
+using win32::pieceSize;
+using win32::raise;
+using win32::whileShared;
+
+namespace {
+
+constexpr DWORD shareEverything = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+/// A list file beyond this could not be worked on in memory anyway.
+constexpr std::uint64_t largestFile = std::numeric_limits<std::int32_t>::max();
+/// How often a file that changes under the read is read again.
+constexpr int readings = 5;
+
+/// Opens a file, waiting a moment for others to let go of it. ERROR_SUCCESS or why not.
+DWORD open(const std::wstring& native, DWORD access, DWORD share, DWORD creation, DWORD flags,
+           FileHandle& file) {
+  return whileShared([&] {
+    file.reset(CreateFileW(native.c_str(), access, share, nullptr, creation, flags, nullptr));
+    return file ? ERROR_SUCCESS : GetLastError();
+  });
+}
+
+Stamp requiredStamp(const FileHandle& file) {
+  const std::optional<Stamp> stamp = win32::stampOf(file.get());
+  if (!stamp) raise(GetLastError());
+  return *stamp;
+}
+
+/// Up to `size` bytes from the start of the file; fewer when the file ends earlier.
+void readFromStart(const FileHandle& file, std::uint64_t size, std::string& bytes) {
+  if (size > largestFile) throw RunTimeError(error::outOfMemory);
+  try {
+    // Room for a record that is going to be added, so that the whole need not be copied for it.
+    constexpr std::size_t recordRoom = 4096;
+    bytes.reserve(static_cast<std::size_t>(size) + recordRoom);
+    bytes.resize(static_cast<std::size_t>(size));
+  } catch (const std::bad_alloc&) {
+    throw RunTimeError(error::outOfMemory);
+  }
+  if (SetFilePointerEx(file.get(), LARGE_INTEGER{}, nullptr, FILE_BEGIN) == 0) {
+    raise(GetLastError());
+  }
+  std::size_t done = 0;
+  while (done < bytes.size()) {
+    const auto piece = static_cast<DWORD>(std::min(pieceSize, bytes.size() - done));
+    DWORD read = 0;
+    if (ReadFile(file.get(), bytes.data() + done, piece, &read, nullptr) == 0) {
+      raise(GetLastError());
+    }
+    if (read == 0) break;
+    done += read;
+  }
+  bytes.resize(done);
+}
+
+Contents readOpenFile(const FileHandle& file) {
+  Contents contents;
+  Stamp before = requiredStamp(file);
+  for (int reading = 0; reading < readings; ++reading) {
+    contents.stamp = before;
+    readFromStart(file, before.size, contents.bytes);
+    const Stamp after = requiredStamp(file);
+    if (after == before && contents.bytes.size() == before.size) break;
+    before = after;
+  }
+  // A file that never came to rest keeps the stamp from before its last reading: it is outdated
+  // already, so that a replacement based on these bytes finds out that they are.
+  return contents;
+}
+
+Contents read(const std::wstring& native) {
+  FileHandle file;
+  const DWORD result =
+      open(native, GENERIC_READ, shareEverything, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, file);
+  if (result != ERROR_SUCCESS) raise(result);
+  return readOpenFile(file);
+}
+
+Contents readToAppend(const std::wstring& native) {
+  const DWORD attributes = GetFileAttributesW(native.c_str());
+  if (attributes != INVALID_FILE_ATTRIBUTES &&
+      (attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0) {
+    throw RunTimeError(error::pathFileAccess);
+  }
+  // Asking for the right to append finds out now whether somebody keeps others from writing.
+  FileHandle file;
+  const DWORD result = open(native, GENERIC_READ | FILE_APPEND_DATA, shareEverything, OPEN_EXISTING,
+                            FILE_FLAG_SEQUENTIAL_SCAN, file);
+  if (result == ERROR_FILE_NOT_FOUND) return {};
+  if (result != ERROR_SUCCESS) raise(result);
+  return readOpenFile(file);
+}
+
+}  // namespace
+
+Contents readWhole(const std::wstring& path) {
+  return concerning(path, [&path] { return read(win32::requiredPath(path)); });
+}
+
+Contents readForAppending(const std::wstring& path) {
+  return concerning(path, [&path] { return readToAppend(win32::requiredPath(path)); });
+}
+
+}  // namespace platform::files

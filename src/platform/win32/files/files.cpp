@@ -1,0 +1,231 @@
+#include "platform/files.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <array>
+
+#include "platform/text.h"
+#include "platform/win32/errors.h"
+#include "platform/win32/files/open_files.h"
+#include "platform/win32/files/paths.h"
+#include "platform/win32/handles.h"
+
+namespace platform::files {
+
+using win32::outcome;
+using win32::raise;
+using win32::requiredPath;
+using win32::whileShared;
+
+namespace {
+
+constexpr DWORD kindsToAskFor =
+    FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_DIRECTORY;
+
+bool isWanted(const WIN32_FIND_DATAW& found, unsigned attributes) {
+  if ((found.dwFileAttributes & kindsToAskFor & ~attributes) != 0) return false;
+  const std::wstring_view name = found.cFileName;
+  return name != L"." && name != L"..";
+}
+
+/// Hands the wanted entries to `take` until it returns false.
+template <class Take>
+void searchWith(const std::wstring& pattern, unsigned attributes, FINDEX_INFO_LEVELS level,
+                Take take) {
+  // Without a last component there is nothing to match.
+  if (pattern.empty() || pattern.back() == L'\\' || pattern.back() == L'/') return;
+  const std::optional<std::wstring> native = win32::nativePath(pattern);
+  if (!native) return;
+  WIN32_FIND_DATAW found{};
+  const win32::FindHandle search(
+      FindFirstFileExW(native->c_str(), level, &found, FindExSearchNameMatch, nullptr, 0));
+  if (!search) return;
+  do {
+    if (isWanted(found, attributes) && !take(found)) return;
+  } while (FindNextFileW(search.get(), &found) != 0);
+}
+
+/// Whether `path` is a plain one below a drive's root, for which asking for its attributes is the
+/// same as searching for it.
+bool canBeAskedFor(std::wstring_view path) {
+  constexpr std::size_t root = 3;
+  return path.size() > root && path[1] == L':' && path[2] == L'\\' &&
+         path.find_first_of(L"*?<>\"") == std::wstring_view::npos && path.back() != L'\\' &&
+         path.back() != L'/' && path.back() != L'.';
+}
+
+/// What a search would find, without opening the folder where that can be helped.
+bool exists(const std::wstring& path, unsigned attributes) {
+  if (canBeAskedFor(path)) {
+    const std::optional<std::wstring> native = win32::nativePath(path);
+    if (!native) return false;
+    const DWORD found = GetFileAttributesW(native->c_str());
+    if (found != INVALID_FILE_ATTRIBUTES) return (found & kindsToAskFor & ~attributes) == 0;
+    const DWORD reason = GetLastError();
+    if (reason == ERROR_FILE_NOT_FOUND || reason == ERROR_PATH_NOT_FOUND) return false;
+  }
+  return !findFirst(path, attributes).empty();
+}
+
+bool isReadOnly(const std::wstring& native) {
+  const DWORD attributes = GetFileAttributesW(native.c_str());
+  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
+}
+
+/// Attributes of an existing file; raises 53 when it (or its folder) is missing.
+DWORD existingAttributes(const std::wstring& native) {
+  const DWORD attributes = GetFileAttributesW(native.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES) {
+    raise(GetLastError(), {{ERROR_PATH_NOT_FOUND, error::fileNotFound}});
+  }
+  return attributes;
+}
+
+/// Refuses to write to a read-only file. A sufficiently privileged user would get past the
+/// system's own check.
+void refuseReadOnly(const std::wstring& native) {
+  if (isReadOnly(native)) throw RunTimeError(error::pathFileAccess);
+}
+
+/// Whether a copy or a rename that failed like that, of a file that is there, did so for its
+/// target: a name that is taken or impossible, a missing folder, a disk without room.
+bool isAboutTarget(DWORD systemError) {
+  constexpr std::array reasons{DWORD{ERROR_FILE_EXISTS},      DWORD{ERROR_ALREADY_EXISTS},
+                               DWORD{ERROR_PATH_NOT_FOUND},   DWORD{ERROR_INVALID_NAME},
+                               DWORD{ERROR_HANDLE_DISK_FULL}, DWORD{ERROR_DISK_FULL}};
+  return std::find(reasons.begin(), reasons.end(), systemError) != reasons.end();
+}
+
+}  // namespace
+
+std::vector<Entry> search(const std::wstring& pattern, unsigned attributes) {
+  std::vector<Entry> entries;
+  searchWith(pattern, attributes, FindExInfoBasic, [&entries](const WIN32_FIND_DATAW& found) {
+    entries.push_back({found.cFileName, win32::fileTime(found.ftLastWriteTime), {}});
+    return true;
+  });
+  return entries;
+}
+
+std::vector<std::vector<Entry>> searchByExtension(const std::wstring& folder,
+                                                  const std::vector<std::wstring>& extensions) {
+  std::vector<std::vector<Entry>> found(extensions.size());
+  std::vector<std::wstring> endings;
+  endings.reserve(extensions.size());
+  for (const std::wstring& extension : extensions) {
+    endings.push_back(text::upper(L"." + extension));
+  }
+  const auto endsIn = [](std::wstring_view name, std::wstring_view ending) {
+    return name.size() >= ending.size() &&
+           text::upperEquals(name.substr(name.size() - ending.size()), ending);
+  };
+  // The short names, too: a search with a wildcard finds a file by either of its names.
+  searchWith(folder + L"\\*", normal, FindExInfoStandard, [&](const WIN32_FIND_DATAW& entry) {
+    for (std::size_t n = 0; n < endings.size(); ++n) {
+      if (endsIn(entry.cFileName, endings[n]) || endsIn(entry.cAlternateFileName, endings[n])) {
+        found[n].push_back(
+            {entry.cFileName, win32::fileTime(entry.ftLastWriteTime), entry.cAlternateFileName});
+      }
+    }
+    return true;
+  });
+  return found;
+}
+
+std::optional<Entry> entryAt(const std::wstring& path) {
+  constexpr std::wstring_view longForm = LR"(\\?\)";
+  const std::size_t begin = path.starts_with(longForm) ? longForm.size() : 0;
+  // To a search these are wildcards.
+  if (path.find_first_of(L"*?<>\"", begin) != std::wstring::npos) return std::nullopt;
+  std::optional<Entry> entry;
+  searchWith(path, kindsToAskFor, FindExInfoStandard, [&entry](const WIN32_FIND_DATAW& found) {
+    entry = {found.cFileName, win32::fileTime(found.ftLastWriteTime), found.cAlternateFileName};
+    return false;
+  });
+  return entry;
+}
+
+std::wstring shortNameOfNew(const std::wstring& path) {
+  return concerning(path, [&path] {
+    const std::wstring native = requiredPath(path);
+    constexpr DWORD shared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const win32::FileHandle made(CreateFileW(
+        native.c_str(), GENERIC_WRITE | DELETE, shared, nullptr, CREATE_NEW,
+        FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr));
+    if (!made) raise(GetLastError());
+    const std::optional<Entry> entry = entryAt(path);
+    return entry ? entry->shortName : std::wstring();
+  });
+}
+
+std::wstring findFirst(const std::wstring& pattern, unsigned attributes) {
+  std::wstring first;
+  searchWith(pattern, attributes, FindExInfoBasic, [&first](const WIN32_FIND_DATAW& found) {
+    first = found.cFileName;
+    return false;
+  });
+  return first;
+}
+
+bool fileExists(const std::wstring& path) { return exists(path, normal); }
+
+bool folderExists(const std::wstring& path) { return exists(path, Attributes::directory); }
+
+void makeFolder(const std::wstring& path) {
+  concerning(path, [&path] {
+    if (CreateDirectoryW(requiredPath(path).c_str(), nullptr) == 0) {
+      raise(GetLastError(), {{ERROR_ALREADY_EXISTS, error::pathFileAccess},
+                             {ERROR_FILE_EXISTS, error::pathFileAccess},
+                             {ERROR_FILE_NOT_FOUND, error::pathNotFound}});
+    }
+  });
+}
+
+void remove(const std::wstring& path) {
+  concerning(path, [&path] {
+    const std::wstring native = requiredPath(path);
+    if ((existingAttributes(native) & FILE_ATTRIBUTE_READONLY) != 0) {
+      throw RunTimeError(error::pathFileAccess);
+    }
+    const DWORD result = whileShared([&native] { return outcome(DeleteFileW(native.c_str())); });
+    if (result != ERROR_SUCCESS) raise(result, {{ERROR_PATH_NOT_FOUND, error::fileNotFound}});
+  });
+}
+
+void rename(const std::wstring& from, const std::wstring& to) {
+  const std::wstring nativeFrom = requiredPath(from);
+  const std::wstring nativeTo = requiredPath(to);
+  concerning(from, [&nativeFrom] { existingAttributes(nativeFrom); });
+  const DWORD result = whileShared([&nativeFrom, &nativeTo] {
+    return outcome(MoveFileExW(nativeFrom.c_str(), nativeTo.c_str(), 0));
+  });
+  if (result != ERROR_SUCCESS) {
+    concerning(isAboutTarget(result) ? to : from, [result] { raise(result); });
+  }
+}
+
+void copy(const std::wstring& from, const std::wstring& to) {
+  const std::wstring nativeFrom = requiredPath(from);
+  const std::wstring nativeTo = requiredPath(to);
+  concerning(from, [&nativeFrom] { existingAttributes(nativeFrom); });
+  concerning(to, [&nativeTo] { refuseReadOnly(nativeTo); });
+  const DWORD result = whileShared([&nativeFrom, &nativeTo] {
+    return outcome(CopyFileW(nativeFrom.c_str(), nativeTo.c_str(), FALSE));
+  });
+  if (result != ERROR_SUCCESS) {
+    concerning(isAboutTarget(result) ? to : from, [result] { raise(result); });
+  }
+}
+
+std::optional<FileTime> modifiedTime(const std::wstring& path) {
+  const std::optional<std::wstring> native = win32::nativePath(path);
+  WIN32_FILE_ATTRIBUTE_DATA data{};
+  if (!native || GetFileAttributesExW(native->c_str(), GetFileExInfoStandard, &data) == 0 ||
+      (data.dwFileAttributes & kindsToAskFor) != 0) {
+    return std::nullopt;
+  }
+  return win32::fileTime(data.ftLastWriteTime);
+}
+
+}  // namespace platform::files

@@ -1,0 +1,45 @@
+#include "platform/win32/files/paths.h"
+
+#include <windows.h>
+
+#include <string_view>
+
+#include "platform/run_time_error.h"
+
+namespace platform::win32 {
+namespace {
+
+// A folder's path must leave room for a short file name, so folders fail before files do.
+constexpr std::size_t longestOrdinaryPath = MAX_PATH - 12;
+
+bool beginsWith(std::wstring_view text, std::wstring_view beginning) {
+  return text.substr(0, beginning.size()) == beginning;
+}
+
+}  // namespace
+
+std::optional<std::wstring> nativePath(const std::wstring& path) {
+  if (hasEmbeddedNul(path)) return std::nullopt;
+  if (path.size() < longestOrdinaryPath || beginsWith(path, LR"(\\?\)") ||
+      beginsWith(path, LR"(\\.\)")) {
+    return path;
+  }
+  // The extended form is taken literally, so slashes, doubled separators and dots have to be
+  // worked out first.
+  const DWORD room = GetFullPathNameW(path.c_str(), 0, nullptr, nullptr);
+  if (room == 0) return std::nullopt;
+  std::wstring full(room, L'\0');
+  const DWORD length = GetFullPathNameW(path.c_str(), room, full.data(), nullptr);
+  if (length == 0 || length >= room) return std::nullopt;
+  full.resize(length);
+  if (beginsWith(full, LR"(\\)")) return LR"(\\?\UNC\)" + full.substr(2);
+  return LR"(\\?\)" + full;
+}
+
+std::wstring requiredPath(const std::wstring& path) {
+  std::optional<std::wstring> native = nativePath(path);
+  if (!native) raiseAbout(path, error::badFileName);
+  return *std::move(native);
+}
+
+}  // namespace platform::win32

@@ -1,0 +1,152 @@
+#include "platform/win32/pictures/image_resources.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+#include <vector>
+
+#include "platform/run_time_error.h"
+#include "platform/win32/parameters.h"
+#include "platform/win32/pictures/icon_pictures.h"
+
+namespace platform::win32 {
+
+namespace {
+
+constexpr int growth = 16;  // pictures by which a full native image list grows
+constexpr std::array picturePercents{100, 125, 150, 175, 200};
+
+HMODULE program() { return GetModuleHandleW(nullptr); }
+
+int percentFor(int dpi) {
+  const int wanted = dpi * 100 / designDpi;
+  const auto* const found = std::find_if(picturePercents.begin(), picturePercents.end(),
+                                         [wanted](int percent) { return percent >= wanted; });
+  return found == picturePercents.end() ? picturePercents.back() : *found;
+}
+
+[[noreturn]] void refused() { throw RunTimeError(error::outOfMemory); }
+
+/// The pixels of one entry of an image list at `size`; nothing when there is no such picture.
+std::optional<Picture> pictureOf(const controls::ImageList::Image& image, Size size) {
+  if (!image.resource.empty()) {
+    const auto stored = storedPicture(image.resource, size.width);
+    return stored ? stored : pictureFromIcon(loadIcon(image.resource, size).get());
+  }
+  if (image.picture.pixels.empty()) {
+    return std::nullopt;
+  }
+  if (image.picture.size == size) {
+    return image.picture;
+  }
+  const Icon original = iconFromPicture(image.picture);
+  const Icon scaled(
+      static_cast<HICON>(CopyImage(original.get(), IMAGE_ICON, size.width, size.height, 0)));
+  return pictureFromIcon(scaled.get());
+}
+
+}  // namespace
+
+Icon loadProgramIcon(Size size) {
+  constexpr WORD number = 1;
+  return Icon(static_cast<HICON>(LoadImageW(program(), nameFromNumber(number), IMAGE_ICON,
+                                            size.width, size.height, LR_DEFAULTCOLOR)));
+}
+
+Icon loadIcon(const std::wstring& name, Size size) {
+  return Icon(static_cast<HICON>(
+      LoadImageW(program(), name.c_str(), IMAGE_ICON, size.width, size.height, LR_DEFAULTCOLOR)));
+}
+
+BitmapHandle loadPicture(const std::wstring& name, int dpi, Size size) {
+  const std::wstring resource = name + L"_" + std::to_wstring(percentFor(dpi));
+  BitmapHandle loaded(
+      static_cast<HBITMAP>(LoadImageW(program(), resource.c_str(), IMAGE_BITMAP, 0, 0, 0)));
+  BITMAP facts{};
+  if (!loaded || GetObjectW(loaded.get(), sizeof facts, &facts) == 0) {
+    return {};
+  }
+  if (facts.bmWidth == size.width && facts.bmHeight == size.height) {
+    return loaded;
+  }
+  const WindowDc screen(nullptr);
+  const MemoryDc from(CreateCompatibleDC(screen.get()));
+  const MemoryDc into(CreateCompatibleDC(screen.get()));
+  BitmapHandle fitted(CreateCompatibleBitmap(screen.get(), size.width, size.height));
+  if (!from || !into || !fitted) {
+    refused();
+  }
+  const Selection source(from.get(), loaded.get());
+  const Selection target(into.get(), fitted.get());
+  SetStretchBltMode(into.get(), HALFTONE);
+  SetBrushOrgEx(into.get(), 0, 0, nullptr);
+  StretchBlt(into.get(), 0, 0, size.width, size.height, from.get(), 0, 0, facts.bmWidth,
+             facts.bmHeight, SRCCOPY);
+  return fitted;
+}
+
+void ImageCache::append(HIMAGELIST list, const controls::ImageList& source, std::size_t from) {
+  const Size size{scaled(source.imageSize().width, dpi_), scaled(source.imageSize().height, dpi_)};
+  std::vector<Picture> pictures;
+  std::vector<const std::wstring*> keys;
+  for (std::size_t i = from; i < source.images().size(); ++i) {
+    const controls::ImageList::Image& image = source.images()[i];
+    auto picture = pictureOf(image, size);
+    // A picture that is missing leaves the items that name it without one.
+    if (picture && picture->size == size) {
+      pictures.push_back(std::move(*picture));
+      keys.push_back(&image.key);
+    }
+  }
+  if (!pictures.empty()) {
+    const Strip strip = stripOf(pictures);
+    int place = ImageList_Add(list, strip.colours.get(), strip.mask.get());
+    if (place < 0) {
+      refused();
+    }
+    for (const std::wstring* const key : keys) {
+      places_.insert_or_assign(*key, place++);
+    }
+  }
+  count_ = source.images().size();
+  revision_ = source.revision();
+}
+
+bool ImageCache::refresh(const controls::ImageList* source, int dpi,
+                         const std::function<void(HIMAGELIST)>& give) {
+  if (source == source_ && dpi == dpi_ && (source == nullptr || source->revision() == revision_)) {
+    return false;
+  }
+  const std::size_t count = source == nullptr ? 0 : source->images().size();
+  // Every picture that is added is one revision, and so is every other change: as many of either
+  // means that there is nothing new but pictures at the end.
+  if (source != nullptr && source == source_ && dpi == dpi_ && count > count_ &&
+      source->revision() - revision_ == count - count_) {
+    append(list_.get(), *source, count_);
+    return true;
+  }
+  NativeImageList fresh;
+  places_.clear();
+  count_ = 0;
+  dpi_ = dpi;
+  if (source != nullptr) {
+    fresh.reset(ImageList_Create(scaled(source->imageSize().width, dpi),
+                                 scaled(source->imageSize().height, dpi), ILC_COLOR32 | ILC_MASK,
+                                 static_cast<int>(count), growth));
+    if (!fresh) {
+      refused();
+    }
+    append(fresh.get(), *source, 0);
+  }
+  give(fresh.get());
+  list_ = std::move(fresh);
+  source_ = source;
+  return true;
+}
+
+int ImageCache::indexOf(const std::wstring& key, int none) const {
+  const auto found = places_.find(key);
+  return found == places_.end() ? none : found->second;
+}
+
+}  // namespace platform::win32

@@ -1,0 +1,67 @@
+// Which of the system's two ways to a shortcut file is taken.
+#include "platform/shell_links.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <array>
+
+#include "platform/run_time_error.h"
+#include "platform/text.h"
+#include "platform/win32/errors.h"
+#include "platform/win32/files/paths.h"
+#include "platform/win32/shell/link_object.h"
+#include "platform/win32/shell/script_link.h"
+
+namespace platform::shell_links {
+namespace {
+
+/// Whether the scripting object can be trusted with a text: it goes through the system's code
+/// page and would put question marks for the characters that are missing there.
+bool scriptingKeeps(const std::wstring& text) {
+  return text::fromCodePage(text::toCodePage(text)) == text;
+}
+
+bool scriptingKeeps(const std::wstring& linkPath, const Link& link) {
+  const std::array texts{&linkPath,          &link.arguments,  &link.description,     &link.hotKey,
+                         &link.iconLocation, &link.targetPath, &link.workingDirectory};
+  return std::all_of(texts.begin(), texts.end(),
+                     [](const std::wstring* text) { return scriptingKeeps(*text); });
+}
+
+/// No path holds one; it stands for a character that the scripting object could not express.
+bool isGarbled(const std::wstring& target) { return target.find(L'?') != std::wstring::npos; }
+
+void refuseReadOnly(const std::wstring& linkPath) {
+  const DWORD attributes = GetFileAttributesW(win32::requiredPath(linkPath).c_str());
+  if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
+    throw RunTimeError(error::pathFileAccess);
+  }
+}
+
+void writeFile(const std::wstring& linkPath, const Link& link) {
+  refuseReadOnly(linkPath);
+  if (scriptingKeeps(linkPath, link) && win32::script_link::write(linkPath, link)) return;
+  bool created = false;
+  const HRESULT result = win32::link_object::write(linkPath, link, created);
+  if (SUCCEEDED(result)) return;
+  if (!created) throw RunTimeError(error::cannotCreateObject);
+  win32::raise(win32::systemErrorOf(result), {{ERROR_FILE_NOT_FOUND, error::pathNotFound}});
+}
+
+}  // namespace
+
+void write(const std::wstring& linkPath, const Link& link) {
+  concerning(linkPath, [&] { writeFile(linkPath, link); });
+}
+
+std::wstring targetOf(const std::wstring& linkPath) {
+  if (win32::hasEmbeddedNul(linkPath)) return {};
+  if (scriptingKeeps(linkPath)) {
+    std::wstring target = win32::script_link::targetOf(linkPath);
+    if (!target.empty() && !isGarbled(target)) return target;
+  }
+  return win32::link_object::targetOf(linkPath);
+}
+
+}  // namespace platform::shell_links

@@ -1,0 +1,83 @@
+// The loops that feed the program's windows with messages.
+#include <algorithm>
+#include <vector>
+
+#include "platform/application.h"
+#include "platform/dispatcher.h"
+#include "platform/win32/peers/window_peer.h"
+#include "platform/win32/peers/window_table.h"
+#include "platform/windows.h"
+
+namespace platform::win32 {
+
+namespace {
+
+bool preTranslate(MSG& message) {
+  std::vector<WindowPeer*> order = livePeers();
+  std::stable_partition(order.begin(), order.end(),
+                        [](const WindowPeer* peer) { return !peer->isFrame(); });
+  return std::any_of(order.begin(), order.end(), [&message](WindowPeer* peer) {
+    return isLive(peer) && peer->preTranslate(message);
+  });
+}
+
+void process(MSG& message) {
+  // A message for which there is no memory must not end the program.
+  platform::dispatch([&message] {
+    if (!preTranslate(message)) {
+      TranslateMessage(&message);
+      DispatchMessageW(&message);
+    }
+    deleteRetired();
+  });
+}
+
+/// Processes messages until `window` is no longer loaded. A request to quit the thread ends the
+/// wait and stays in the queue for the loops outside this one.
+void processUntilUnloaded(const controls::Window& window) {
+  MSG message{};
+  while (window.loaded()) {
+    const BOOL got = GetMessageW(&message, nullptr, 0, 0);
+    if (got == 0) {
+      PostQuitMessage(static_cast<int>(message.wParam));
+      break;
+    }
+    if (got < 0) {
+      break;
+    }
+    process(message);
+  }
+  deleteRetired();
+}
+
+}  // namespace
+
+}  // namespace platform::win32
+
+namespace platform::windows {
+
+void runModal(controls::Window& window) {
+  win32::beginModal(window);
+  win32::processUntilUnloaded(window);
+  win32::endModal();
+}
+
+void run(controls::Window& mainWindow) { win32::processUntilUnloaded(mainWindow); }
+
+}  // namespace platform::windows
+
+namespace platform::application {
+
+void processPendingMessages() {
+  MSG message{};
+  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != 0) {
+    if (message.message == WM_QUIT) {
+      PostQuitMessage(static_cast<int>(message.wParam));
+      break;
+    }
+    win32::process(message);
+  }
+  win32::deleteRetired();
+}
+
+}  // namespace platform::application

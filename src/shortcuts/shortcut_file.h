@@ -1,0 +1,23 @@
+// Shortcut files: the writer and the reader of one.
+#pragma once
+
+#include <string>
+
+namespace modSC {
+
+/// Writes the shortcut of a suite tool; an existing file of that name is overwritten. Its
+/// description is its own path, its icon the target's, and it starts maximised. `reserved` is not
+/// used. Raises 429 when the system cannot write shortcuts, or the number of the failed save.
+void CreateToolShortcut(const std::wstring& targetPath, const std::wstring& linkPath,
+                        const std::wstring& workingFolder, const std::wstring& reserved);
+
+/// Reads the target that a shortcut stores into `target`; "" when it cannot be read.
+void GetShortcutTarget(const std::wstring& linkPath, std::wstring& target);
+
+/// Window style of a shortcut that starts its program maximised.
+inline constexpr int startMaximised = 3;
+
+/// Deletes a file; whatever goes wrong is ignored.
+void RemoveIgnoringErrors(const std::wstring& path);
+
+}  // namespace modSC

@@ -45,6 +45,8 @@ set(about_sources
   src/about/help_launcher.cpp
   src/about/system_information.cpp)
 set(mainwindow_sources
+  src/mainwindow/command_objects.cpp
+  src/mainwindow/commands.cpp
   src/mainwindow/main_layout.cpp
   src/mainwindow/main_memory.cpp
   src/mainwindow/main_routing.cpp

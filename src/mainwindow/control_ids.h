@@ -20,6 +20,7 @@ inline constexpr int mnuDelete = 2013;
 inline constexpr int mnuView = 2020;
 inline constexpr int mnuList = 2021;
 inline constexpr int mnuIcon = 2022;
+inline constexpr int mnuReload = 2023;
 inline constexpr int mnuHelp = 2030;
 inline constexpr int mnuHelpContents = 2031;
 inline constexpr int mnuWeb = 2032;

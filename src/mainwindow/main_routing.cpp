@@ -50,31 +50,6 @@ void frmQMK::showViewMode(bool report) {
   barMain.setButtonValue(report ? L"List" : L"Icon", 1);
 }
 
-void frmQMK::setCommandsEnabled(bool create, bool rename, bool remove) {
-  barMain.setButtonEnabled(L"Create", create);
-  barMain.setButtonEnabled(L"Rename", rename);
-  barMain.setButtonEnabled(L"Delete", remove);
-  barMain.setButtonEnabled(L"Icon", true);
-  mnuCreate.setEnabled(create);
-  mnuRename.setEnabled(rename);
-  mnuDelete.setEnabled(remove);
-  mnuIcon.setEnabled(true);
-}
-
-void frmQMK::setToolTips(const std::wstring& create, const std::wstring& rename,
-                         const std::wstring& remove) {
-  barMain.setButtonToolTip(L"Create", create);
-  barMain.setButtonToolTip(L"Rename", rename);
-  barMain.setButtonToolTip(L"Delete", remove);
-}
-
-void frmQMK::setEditCaptions(const std::wstring& create, const std::wstring& rename,
-                             const std::wstring& remove) {
-  mnuCreate.setCaption(create);
-  mnuRename.setCaption(rename);
-  mnuDelete.setCaption(remove);
-}
-
 void frmQMK::TabMain_Click(int newTab) {
   const auto index = static_cast<std::size_t>(newTab);
   if (index >= lstQMK.size()) {
@@ -88,52 +63,15 @@ void frmQMK::TabMain_Click(int newTab) {
   ListView& list = lstQMK.at(index);
   list.setView(viewFromTag(list.tag()));
   showViewMode(list.view() != controls::iconView);
-  // What a tab does not name keeps what the tab before it left there.
-  switch (newTab) {
-    case tools:
-      setCommandsEnabled(true, true, true);
-      setToolTips(L"Create shortcut", L"Rename shortcut", L"Delete shortcut");
-      setEditCaptions(L"Create Shortcut", L"Rename Shortcut", L"Delete Shortcut");
-      break;
-    case open:
-      setCommandsEnabled(false, true, true);
-      setToolTips(barMain.button(L"Create").toolTip, L"Rename File", L"Delete File");
-      setEditCaptions(mnuCreate.caption(), L"Rename File", L"Delete File");
-      break;
-    case fresh:
-      setCommandsEnabled(false, false, false);
-      setEditCaptions(L"Create", L"Rename", L"Delete");
-      break;
-    case web:
-      setCommandsEnabled(true, true, true);
-      setToolTips(L"Create web shortcut", L"Rename web shortcut", L"Delete web shortcut");
-      setEditCaptions(L"Create Web Shortcut", L"Rename Web Shortcut", L"Delete Web Shortcut");
-      // Entering the web list always shows its columns, whatever its tag remembers.
-      lstQMK[web].setView(controls::reportView);
-      showViewMode(true);
-      break;
-    default:
-      break;
+  commands.showTab(newTab);
+  if (newTab == web) {
+    // Entering the web list always shows its columns, whatever its tag remembers.
+    list.setView(controls::reportView);
+    showViewMode(true);
   }
 }
 
-void frmQMK::barMain_ButtonClick(const std::wstring& key) {
-  if (key == L"Create") {
-    mnuCreate_Click();
-  } else if (key == L"Rename") {
-    mnuRename_Click();
-  } else if (key == L"Exit") {
-    mnuExit_Click();
-  } else if (key == L"Icon") {
-    mnuIcon_Click();
-  } else if (key == L"List") {
-    mnuList_Click();
-  } else if (key == L"Help") {
-    mnuHelpContents_Click();
-  } else if (key == L"Delete") {
-    mnuDelete_Click();
-  }
-}
+void frmQMK::barMain_ButtonClick(const std::wstring& key) { commands.click(key); }
 
 void frmQMK::mnuIcon_Click() {
   currentList().setView(controls::iconView);
@@ -291,26 +229,26 @@ void frmQMK::lstQMK_DblClick(int index) {
   }
 }
 
-void frmQMK::lstQMK_KeyDown(int index, controls::ListKey key) {
-  switch (key) {
-    case controls::ListKey::remove:
-      mnuDelete.raiseClick();
-      break;
-    case controls::ListKey::rename:
-      mnuRename.raiseClick();
-      break;
-    case controls::ListKey::insert:
-      mnuCreate.raiseClick();
-      break;
-    case controls::ListKey::reload:
-      if (index == tools) {
-        modSC::LoadShortcutList(shortcuts);
-      } else if (index == open) {
-        modQMKGeneral::LoadCatalogueView(catalogue);
-      } else if (index == web) {
-        modQMKGeneral::LoadWebList(webList);
-      }
-      break;
+void frmQMK::lstQMK_KeyDown(int index, const controls::KeyStroke& stroke) {
+  commands.press(stroke, mainwindow::Reach::list, index);
+}
+
+bool frmQMK::Form_KeyDown(const controls::KeyStroke& stroke) {
+  if (const auto tab = mainwindow::tabOfKey(stroke, TabMain.current(),
+                                            static_cast<int>(TabMain.captions().size()))) {
+    TabMain.setCurrent(*tab);
+    return true;
+  }
+  return commands.press(stroke, mainwindow::Reach::window, TabMain.current());
+}
+
+void frmQMK::reloadList(int index) {
+  if (index == tools) {
+    modSC::LoadShortcutList(shortcuts);
+  } else if (index == open) {
+    modQMKGeneral::LoadCatalogueView(catalogue);
+  } else if (index == web) {
+    modQMKGeneral::LoadWebList(webList);
   }
 }
 

@@ -10,6 +10,7 @@
 #include "startup/paths.h"
 
 using controls::ListView;
+using mainwindow::Menu;
 
 namespace {
 
@@ -32,77 +33,40 @@ frmQMK::frmQMK()
               {L"lstQMK", ids::lstQMK0 + 3}}},
       cmdBrowse(L"cmdBrowse", ids::cmdBrowse),
       tmrFileUpdate(L"tmrFileUpdate", ids::tmrFileUpdate, watchInterval, true),
-      mnuFile(L"mnuFile", ids::mnuFile, L"File"),
-      mnuExit(L"mnuExit", ids::mnuExit, L"Exit"),
-      mnuEdit(L"mnuEdit", ids::mnuEdit, L"Edit"),
-      mnuCreate(L"mnuCreate", ids::mnuCreate, L"Create"),
-      mnuRename(L"mnuRename", ids::mnuRename, L"Rename"),
-      mnuDelete(L"mnuDelete", ids::mnuDelete, L"Delete File"),
-      mnuView(L"mnuView", ids::mnuView, L"View"),
-      mnuList(L"mnuList", ids::mnuList, L"List View"),
-      mnuIcon(L"mnuIcon", ids::mnuIcon, L"Icon View"),
-      mnuHelp(L"mnuHelp", ids::mnuHelp, L"Help"),
-      mnuHelpContents(L"mnuHelpContents", ids::mnuHelpContents, L"Help Contents"),
-      mnuWeb(L"mnuWeb", ids::mnuWeb, L"Web Based Support"),
-      mnuAbout(L"mnuAbout", ids::mnuAbout, L"About"),
+      commands(*this, barMain, mainwindow::commandTable()),
+      mnuFile(commands.menu(Menu::file)),
+      mnuExit(commands.item(ids::mnuExit)),
+      mnuEdit(commands.menu(Menu::edit)),
+      mnuCreate(commands.item(ids::mnuCreate)),
+      mnuRename(commands.item(ids::mnuRename)),
+      mnuDelete(commands.item(ids::mnuDelete)),
+      mnuView(commands.menu(Menu::view)),
+      mnuList(commands.item(ids::mnuList)),
+      mnuIcon(commands.item(ids::mnuIcon)),
+      mnuHelp(commands.menu(Menu::help)),
+      mnuHelpContents(commands.item(ids::mnuHelpContents)),
+      mnuWeb(commands.item(ids::mnuWeb)),
+      mnuAbout(commands.item(ids::mnuAbout)),
       catalogue{lstQMK[open], lstQMK[fresh], imgIcons[0], imgIcons[1]},
       shortcuts{lstQMK[tools], imgShortCut, picShortCuts, diaCommon, catalogue},
       webList{lstQMK, TabMain, imgIcons[0], imgIcons[1]},
       opening{catalogue, diaCommon, cmdBrowse, [this] { cmdBrowse_Click(); }} {
   setCaption(platform::application::title);
   setDesignSize(initialSize, smallestSize);
-  buildToolbar();
+  imgIcons[2].setImageSize(toolbarIcon);
+  commands.addPictures(imgIcons[2]);
+  barMain.setAccessibleName(L"Commands");
+  commands.addButtons();
+  add(barMain);
   for (const wchar_t* const caption : {L"Tools", L"Open", L"New", L"Web"}) {
     TabMain.addTab(caption);
   }
   TabMain.setAccessibleName(L"Lists");
   buildLists();
-  buildMenus();
+  for (controls::MenuItem* const menu : {&mnuFile, &mnuEdit, &mnuView, &mnuHelp}) {
+    addMenu(*menu);
+  }
   connect();
-}
-
-void frmQMK::buildMenus() {
-  mnuFile.add(mnuExit);
-  mnuEdit.add(mnuCreate).add(mnuRename).add(mnuDelete);
-  mnuView.add(mnuList).add(mnuIcon);
-  mnuHelp.add(mnuHelpContents).add(mnuWeb).add(mnuAbout);
-  addMenu(mnuFile);
-  addMenu(mnuEdit);
-  addMenu(mnuView);
-  addMenu(mnuHelp);
-}
-
-void frmQMK::buildToolbar() {
-  imgIcons[2].setImageSize(toolbarIcon);
-  imgIcons[2].addResource(L"Delete", L"TB_DELETE");
-  imgIcons[2].addResource(L"Rename", L"TB_RENAME");
-  imgIcons[2].addResource(L"Create", L"TB_CREATE");
-  imgIcons[2].addResource(L"IconView", L"TB_ICONVIEW");
-  imgIcons[2].addResource(L"listview", L"TB_LISTVIEW");
-  imgIcons[2].addResource(L"Exit", L"TB_EXIT");
-  imgIcons[2].addResource(L"Help", L"TB_HELP");
-
-  const auto button = [](const wchar_t* key, int command, const wchar_t* toolTip,
-                         bool check = false) {
-    controls::Toolbar::Button made;
-    made.key = key;
-    made.command = command;
-    made.toolTip = toolTip;
-    made.check = check;
-    return made;
-  };
-  barMain.setAccessibleName(L"Commands");
-  barMain.addButton(button(L"Delete", ids::buttonDelete, L"Delete File or Shortcut"));
-  barMain.addButton(button(L"Rename", ids::buttonRename, L"Rename file or shortcut"));
-  barMain.addButton(button(L"Create", ids::buttonCreate, L"Create a file or shortcut"));
-  barMain.addSeparator();
-  barMain.addButton(button(L"Icon", ids::buttonIcon, L"Icon view mode", true));
-  barMain.addButton(button(L"List", ids::buttonList, L"List view mode", true));
-  barMain.addSeparator();
-  barMain.addButton(button(L"Exit", ids::buttonExit, L"Exit Quillmark Suite"));
-  barMain.addSeparator();
-  barMain.addButton(button(L"Help", ids::buttonHelp, L"Obtain assistance"));
-  add(barMain);
 }
 
 void frmQMK::buildLists() {
@@ -137,26 +101,20 @@ void frmQMK::connect() {
     ListView& list = lstQMK.at(i);
     list.onDoubleClick = [this, index] { lstQMK_DblClick(index); };
     list.onColumnClick = [this, index](int column) { lstQMK_ColumnClick(index, column); };
-    list.onContextMenu = [this](int x, int y) {
+    list.onContextMenu = [this, index](int x, int y) {
       if (peer() != nullptr) {
-        peer()->popUp(mnuEdit, x, y);
+        commands.refresh();
+        peer()->popUp(commands.contextMenu(index), x, y);
       }
     };
-    list.onKey = [this, index](controls::ListKey key) { lstQMK_KeyDown(index, key); };
+    list.onKey = [this, index](const controls::KeyStroke& stroke) {
+      lstQMK_KeyDown(index, stroke);
+    };
   }
   cmdBrowse.onClick = [this] { cmdBrowse_Click(); };
   cmdBrowse.onPointerEnter = [this] { OC_COLOR::SetButtonHot(cmdBrowse); };
   cmdBrowse.onPointerLeave = [this] { OC_COLOR::SetButtonIdle(cmdBrowse); };
   tmrFileUpdate.onTimer = [this] { tmrFileUpdate_Timer(); };
-  mnuExit.onClick = [this] { mnuExit_Click(); };
-  mnuCreate.onClick = [this] { mnuCreate_Click(); };
-  mnuRename.onClick = [this] { mnuRename_Click(); };
-  mnuDelete.onClick = [this] { mnuDelete_Click(); };
-  mnuList.onClick = [this] { mnuList_Click(); };
-  mnuIcon.onClick = [this] { mnuIcon_Click(); };
-  mnuHelpContents.onClick = [this] { mnuHelpContents_Click(); };
-  mnuWeb.onClick = mnuWeb_Click;
-  mnuAbout.onClick = [this] { mnuAbout_Click(); };
 }
 
 void frmQMK::Form_Load() {
@@ -192,23 +150,12 @@ void frmQMK::SetupMainWindow() {
   restoreColumnWidths();
 
   barMain.setImages(&imgIcons[2]);
-  struct Look {
-    const wchar_t* key;
-    const wchar_t* image;
-  };
-  constexpr std::array looks{Look{L"Exit", L"Exit"},     Look{L"Icon", L"IconView"},
-                             Look{L"List", L"listview"}, Look{L"Help", L"Help"},
-                             Look{L"Delete", L"Delete"}, Look{L"Create", L"Create"},
-                             Look{L"Rename", L"Rename"}};
-  for (const Look& look : looks) {
-    barMain.setButtonImage(look.key, look.image);
-  }
-  for (const Look& look : looks) {
-    barMain.setButtonCaption(look.key, look.key);
-  }
+  commands.dressButtons();
 }
 
 void frmQMK::Form_Activate() { setCaption(platform::application::title); }
+
+void frmQMK::Form_MenuOpening() { commands.refresh(); }
 
 void frmQMK::Form_QueryUnload(bool& cancel, controls::UnloadMode /*mode*/) {
   using platform::dialogs::Answer;

@@ -8,6 +8,7 @@
 #include "about/about_box.h"
 #include "catalogue/catalogue_view.h"
 #include "catalogue/opening.h"
+#include "mainwindow/command_objects.h"
 #include "platform/controls/bars.h"
 #include "platform/controls/common_dialog.h"
 #include "platform/controls/image_list.h"
@@ -37,19 +38,21 @@ class frmQMK : public controls::Window {
   controls::PictureBox picShortCuts;
   controls::CommonDialog diaCommon;
 
-  controls::MenuItem mnuFile;
-  controls::MenuItem mnuExit;
-  controls::MenuItem mnuEdit;
-  controls::MenuItem mnuCreate;
-  controls::MenuItem mnuRename;
-  controls::MenuItem mnuDelete;
-  controls::MenuItem mnuView;
-  controls::MenuItem mnuList;
-  controls::MenuItem mnuIcon;
-  controls::MenuItem mnuHelp;
-  controls::MenuItem mnuHelpContents;
-  controls::MenuItem mnuWeb;
-  controls::MenuItem mnuAbout;
+  /// Menus, entries and buttons of the commands, as the table of commands has them.
+  mainwindow::CommandObjects commands;
+  controls::MenuItem& mnuFile;
+  controls::MenuItem& mnuExit;
+  controls::MenuItem& mnuEdit;
+  controls::MenuItem& mnuCreate;
+  controls::MenuItem& mnuRename;
+  controls::MenuItem& mnuDelete;
+  controls::MenuItem& mnuView;
+  controls::MenuItem& mnuList;
+  controls::MenuItem& mnuIcon;
+  controls::MenuItem& mnuHelp;
+  controls::MenuItem& mnuHelpContents;
+  controls::MenuItem& mnuWeb;
+  controls::MenuItem& mnuAbout;
 
   /// What the subsystems work with.
   modQMKGeneral::CatalogueView catalogue;
@@ -74,9 +77,11 @@ class frmQMK : public controls::Window {
   static void mnuWeb_Click();
   void mnuAbout_Click();
   void cmdBrowse_Click();
+  /// Reads what the list of a tab (from 0) shows again; the new-file items never change.
+  void reloadList(int index);
   void lstQMK_DblClick(int index);
   void lstQMK_ColumnClick(int index, int column);
-  void lstQMK_KeyDown(int index, controls::ListKey key);
+  void lstQMK_KeyDown(int index, const controls::KeyStroke& stroke);
   void tmrFileUpdate_Timer();
 
   /// The web shortcut dialog and the about box; nullptr until they are first shown.
@@ -86,6 +91,8 @@ class frmQMK : public controls::Window {
  protected:
   void Form_Load() override;
   void Form_Activate() override;
+  bool Form_KeyDown(const controls::KeyStroke& stroke) override;
+  void Form_MenuOpening() override;
   void Form_QueryUnload(bool& cancel, controls::UnloadMode mode) override;
   void Form_Unload(bool& cancel) override;
   void layout(platform::Size client, int dpi) override;
@@ -95,16 +102,9 @@ class frmQMK : public controls::Window {
   void restorePlace();
   void restoreColumnWidths();
   void remember() const;
-  void buildMenus();
-  void buildToolbar();
   void buildLists();
   void connect();
   void showViewMode(bool report);
-  void setCommandsEnabled(bool create, bool rename, bool remove);
-  void setToolTips(const std::wstring& create, const std::wstring& rename,
-                   const std::wstring& remove);
-  void setEditCaptions(const std::wstring& create, const std::wstring& rename,
-                       const std::wstring& remove);
   [[nodiscard]] controls::ListView& currentList();
   [[nodiscard]] const std::wstring& currentCaption() const;
   void renameCatalogueEntry();

@@ -231,7 +231,7 @@ void Between::windowChange() {
       break;
     case 2:
     case 3:
-      main_->lstQMK.at(list).raiseKey(controls::ListKey::reload);
+      main_->lstQMK.at(list).raiseKey({controls::keys::f5});
       break;
     case 4:
       main_->lstQMK.at(list).raiseColumnClick(1 + static_cast<int>(below(5)));
@@ -285,7 +285,7 @@ void Between::meanwhile() {
     // So that the lists know of it.
     desktop().advance(1000);
     main_->lstQMK.at(static_cast<std::size_t>(main_->TabMain.current()))
-        .raiseKey(controls::ListKey::reload);
+        .raiseKey({controls::keys::f5});
   }
   boxes_ = kept;
   // What has been told so far was about that.

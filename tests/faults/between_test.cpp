@@ -120,7 +120,7 @@ void Between::expectListsShowTheirFiles() {
   desktop().advance(2000);
   // Only the catalogue is watched; and a time at which it could not be read is not tried again.
   for (const auto tab : {frmQMK::tools, frmQMK::open, frmQMK::web}) {
-    main_->lstQMK.at(tab).raiseKey(controls::ListKey::reload);
+    main_->lstQMK.at(tab).raiseKey({controls::keys::f5});
   }
   EXPECT_EQ(shown(main_->lstQMK[frmQMK::open], false), itemsOf(catalogueFile));
   EXPECT_EQ(shown(main_->lstQMK[frmQMK::web], true), itemsOf(webListFile));

@@ -9,6 +9,7 @@
 
 #include "faults/sweep.h"
 #include "listfile/list_file.h"
+#include "mainwindow/control_ids.h"
 #include "platform/desktop_test.h"
 
 namespace faults {
@@ -29,6 +30,7 @@ class RandomUse : public ::desktop::DesktopTest {
   void otherProgram();
   void select();
   void command();
+  const mainwindow::Command& someCommand();
   void dialogs();
   void act();
   /// What goes on while a box is up: time passes and other programs write; now and then a command
@@ -104,29 +106,29 @@ void RandomUse::select() {
   }
 }
 
+const mainwindow::Command& RandomUse::someCommand() {
+  const auto rows = mainwindow::commandTable().rows;
+  return rows[below(rows.size())];
+}
+
 void RandomUse::command() {
   const auto list = static_cast<int>(below(4));
   switch (below(14)) {
     case 0:
-      main_->mnuCreate.raiseClick();
-      break;
     case 1:
-      main_->mnuRename.raiseClick();
-      break;
     case 2:
-      main_->mnuDelete.raiseClick();
-      break;
     case 3:
-      main_->mnuList.raiseClick();
-      break;
     case 4:
-      main_->mnuIcon.raiseClick();
-      break;
     case 5:
-      main_->mnuAbout.raiseClick();
+      // Any of them, those without a place in a menu too.
+      if (const auto& row = someCommand(); row.id != ids::mnuExit || oneIn(100)) {
+        main_->commands.item(row.id).raiseClick();
+      }
       break;
     case 6:
-      main_->mnuWeb.raiseClick();
+      if (const auto& row = someCommand(); row.key.reach == mainwindow::Reach::window) {
+        main_->raiseKeyDown(row.key.stroke);
+      }
       break;
     case 7:
       main_->cmdBrowse.raiseClick();
@@ -140,13 +142,10 @@ void RandomUse::command() {
           .raiseColumnClick(1 + static_cast<int>(below(5)));
       break;
     case 11:
-      main_->lstQMK.at(static_cast<std::size_t>(list))
-          .raiseKey(static_cast<controls::ListKey>(below(4)));
+      main_->lstQMK.at(static_cast<std::size_t>(list)).raiseKey(someCommand().key.stroke);
       break;
     case 12:
-      if (oneIn(100)) {
-        main_->mnuExit.raiseClick();
-      }
+      main_->lstQMK.at(static_cast<std::size_t>(list)).raiseContextMenu(1, 2);
       break;
     default:
       main_->TabMain.raiseSwitch(static_cast<int>(below(4)));

@@ -10,7 +10,7 @@ namespace {
 void nothing(Bench& /*bench*/) {}
 
 void reload(Bench& bench, frmQMK::Tab tab) {
-  bench.main().lstQMK.at(tab).raiseKey(controls::ListKey::reload);
+  bench.main().lstQMK.at(tab).raiseKey({controls::keys::f5});
 }
 
 std::vector<Operation> operations() {

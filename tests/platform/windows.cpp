@@ -99,7 +99,11 @@ void WindowRecord::activate() {
 }
 
 void WindowRecord::popUp(const controls::MenuItem& menu, int x, int y) {
-  owner_.note(L"menu " + menu.name() + L" at " + std::to_wstring(x) + L" " + std::to_wstring(y));
+  std::wstring entries;
+  for (const controls::MenuItem* const entry : menu.children()) {
+    entries += L' ' + (entry->caption() == L"-" ? L"-" : entry->name());
+  }
+  owner_.note(L"menu" + entries + L" at " + std::to_wstring(x) + L" " + std::to_wstring(y));
 }
 
 void Desktop::openWindow(Window& window) {

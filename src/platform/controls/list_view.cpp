@@ -261,10 +261,10 @@ void ListView::raiseContextMenu(int x, int y) {
   });
 }
 
-void ListView::raiseKey(ListKey key) {
-  platform::dispatch([this, key] {
+void ListView::raiseKey(const KeyStroke& stroke) {
+  platform::dispatch([this, stroke] {
     if (onKey) {
-      onKey(key);
+      onKey(stroke);
     }
   });
 }

@@ -14,6 +14,7 @@
 #include "platform/controls/control.h"
 #include "platform/controls/image_list.h"
 #include "platform/controls/item_key.h"
+#include "platform/controls/key_stroke.h"
 #include "platform/controls/text_store.h"
 
 namespace controls {
@@ -34,9 +35,6 @@ class ListViewPeer : public Peer {
   /// Scrolls so that the row `index` is the first in view, as far as the list is long enough.
   virtual void scrollTo(std::size_t index) = 0;
 };
-
-/// Keys that a list hands to its window.
-enum class ListKey { remove, rename, insert, reload };
 
 class ListView : public Control {
  public:
@@ -153,13 +151,14 @@ class ListView : public Control {
   std::function<void()> onDoubleClick;
   /// Column header clicked; the index counts from 1.
   std::function<void(int)> onColumnClick;
-  std::function<void(ListKey)> onKey;
+  /// A key went down while the list had the focus.
+  std::function<void(const KeyStroke&)> onKey;
   /// The user asks for the commands of the list, by the right button or the context-menu key; the
   /// point, in pixels of the virtual screen, is where a menu belongs.
   std::function<void(int x, int y)> onContextMenu;
   void raiseDoubleClick() const;
   void raiseColumnClick(int index);
-  void raiseKey(ListKey key);
+  void raiseKey(const KeyStroke& stroke);
   void raiseContextMenu(int x, int y);
 
  private:

@@ -116,6 +116,16 @@ void Window::raiseKeyPress(wchar_t character) {
   platform::dispatch([this, character] { Form_KeyPress(character); });
 }
 
+bool Window::raiseKeyDown(const KeyStroke& stroke) {
+  bool taken = false;
+  const bool succeeded = platform::dispatch([&] { taken = Form_KeyDown(stroke); });
+  return taken || !succeeded;
+}
+
+void Window::raiseMenuOpening() {
+  platform::dispatch([this] { Form_MenuOpening(); });
+}
+
 bool Window::raiseClose(UnloadMode mode) {
   bool closed = false;
   platform::dispatch([&] {

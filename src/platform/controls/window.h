@@ -10,6 +10,7 @@
 
 #include "platform/controls/bars.h"
 #include "platform/controls/control.h"
+#include "platform/controls/key_stroke.h"
 #include "platform/controls/simple_controls.h"
 #include "platform/geometry.h"
 
@@ -46,8 +47,9 @@ class WindowPeer : public Peer {
   /// Moves the native window; a maximised placement takes effect when the window is shown. The
   /// size is taken as it is, whatever `dpi` it was measured at.
   virtual void place(const Placement& placement) = 0;
-  /// Shows the entries of `menu`, one of the menu bar's, as a menu at a point of the virtual
-  /// screen. The chosen entry's click is raised later, as from the menu bar.
+  /// Shows the entries of `menu` as a menu at a point of the virtual screen. They need not be in
+  /// the menu bar, but have to live as long as the window is loaded. The chosen entry's click is
+  /// raised later, as from the menu bar.
   virtual void popUp(const MenuItem& menu, int x, int y) = 0;
   /// Native handle, for the calls of the platform that want an owner.
   [[nodiscard]] virtual void* handle() const = 0;
@@ -115,6 +117,11 @@ class Window {
   void raiseActivate();
   void raiseClick();
   void raiseKeyPress(wchar_t character);
+  /// A key went down somewhere in the window, before the control with the focus sees it. True when
+  /// the window has dealt with it, or failed to.
+  bool raiseKeyDown(const KeyStroke& stroke);
+  /// A menu is about to be shown.
+  void raiseMenuOpening();
   /// The user or the system wants to close the window; true when it may go (it is unloaded then,
   /// except at the end of a session, when the system ends the program itself).
   bool raiseClose(UnloadMode mode);
@@ -132,6 +139,8 @@ class Window {
   virtual void Form_Activate() {}
   virtual void Form_Click() {}
   virtual void Form_KeyPress(wchar_t /*character*/) {}
+  virtual bool Form_KeyDown(const KeyStroke& /*stroke*/) { return false; }
+  virtual void Form_MenuOpening() {}
   virtual void Form_QueryUnload(bool& /*cancel*/, UnloadMode /*mode*/) {}
   virtual void Form_Unload(bool& /*cancel*/) {}
   /// Places the controls; `client` in pixels.

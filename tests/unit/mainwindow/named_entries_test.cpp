@@ -8,7 +8,7 @@
 
 namespace {
 
-using controls::ListKey;
+namespace keys = controls::keys;
 using desktop::desktop;
 using platform::dialogs::Answer;
 using unit::answerWith;
@@ -98,7 +98,7 @@ TEST_F(NamedEntries, EqualWebShortcutsAreToldApartByTheirOrder) {
   main.lstQMK[frmQMK::web].acceptSelection(2);
   main.mnuRename.raiseClick();
   main.webDialog()->txtName.acceptTyped(L"Sundial");
-  main.lstQMK[frmQMK::web].raiseKey(ListKey::reload);
+  main.lstQMK[frmQMK::web].raiseKey({keys::f5});
   EXPECT_EQ(main.lstQMK[frmQMK::web].selected(), 2U);
   main.webDialog()->cmdOK.raiseClick();
   EXPECT_EQ(webList(), atlas + clock + record({"Sundial", "http://clock"}));

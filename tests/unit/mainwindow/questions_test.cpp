@@ -11,7 +11,7 @@
 
 namespace {
 
-using controls::ListKey;
+namespace keys = controls::keys;
 using controls::UnloadMode;
 using desktop::desktop;
 using platform::dialogs::Answer;
@@ -160,10 +160,10 @@ const std::vector<Event>& events() {
        [](QuestionBench& bench) {
          lockLists();
          bench.putShortcut(L"Aaa");
-         bench.program().lstQMK[frmQMK::open].raiseKey(ListKey::reload);
+         bench.program().lstQMK[frmQMK::open].raiseKey({keys::f5});
          bench.reload();
          unlockLists();
-         bench.program().lstQMK[frmQMK::open].raiseKey(ListKey::reload);
+         bench.program().lstQMK[frmQMK::open].raiseKey({keys::f5});
          bench.reload();
          desktop().messages.clear();
        }},

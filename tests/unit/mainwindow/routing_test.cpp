@@ -13,7 +13,7 @@
 
 namespace {
 
-using controls::ListKey;
+namespace keys = controls::keys;
 using desktop::desktop;
 using platform::dialogs::Answer;
 
@@ -103,12 +103,13 @@ TEST_F(RoutingTest, DeleteF2AndInsertOnAListRunTheMenuCommands) {
   for (const Route& route : routes()) {
     SCOPED_TRACE(route.tab);
     switchTo(route.tab);
-    const auto press = [&](ListKey key) {
-      return refused([&] { window.lstQMK.at(static_cast<std::size_t>(route.tab)).raiseKey(key); });
+    const auto press = [&](int key) {
+      return refused(
+          [&] { window.lstQMK.at(static_cast<std::size_t>(route.tab)).raiseKey({key}); });
     };
-    EXPECT_EQ(press(ListKey::insert), route.create);
-    EXPECT_EQ(press(ListKey::rename), route.rename);
-    EXPECT_EQ(press(ListKey::remove), route.remove);
+    EXPECT_EQ(press(keys::insert), route.create);
+    EXPECT_EQ(press(keys::f2), route.rename);
+    EXPECT_EQ(press(keys::remove), route.remove);
   }
 }
 
@@ -116,8 +117,8 @@ TEST_F(RoutingTest, KeysDoNothingWhereTheirCommandIsDisabled) {
   window.mnuCreate.setEnabled(false);
   window.mnuRename.setEnabled(false);
   window.mnuDelete.setEnabled(false);
-  for (const ListKey key : {ListKey::insert, ListKey::rename, ListKey::remove}) {
-    EXPECT_EQ(refused([&] { window.lstQMK[frmQMK::tools].raiseKey(key); }), Journal{});
+  for (const int key : {keys::insert, keys::f2, keys::remove}) {
+    EXPECT_EQ(refused([&] { window.lstQMK[frmQMK::tools].raiseKey({key}); }), Journal{});
   }
 }
 
@@ -164,7 +165,7 @@ TEST_F(RoutingTest, AKeyThatDiffersOnlyInLetterCaseDoesNothing) {
 
 TEST_F(RoutingTest, F5ReloadsTheShortcuts) {
   desktop().putLink(modQMKGeneral::ShortCutsFolder + L"\\More.lnk", linkTo(L"C:\\m.exe"));
-  window.lstQMK[frmQMK::tools].raiseKey(ListKey::reload);
+  window.lstQMK[frmQMK::tools].raiseKey({keys::f5});
   EXPECT_EQ(window.lstQMK[frmQMK::tools].count(), 2U);
 }
 
@@ -172,7 +173,7 @@ TEST_F(RoutingTest, F5ReloadsTheDataFiles) {
   desktop().putFile(L"C:\\App\\QMKFileList3.txt",
                     "\"FP3\",\"C:\\x\\b.fp3\",\"1\"\r\n\"FP3\",\"C:\\x\\c.fp3\",\"2\"\r\n");
   switchTo(frmQMK::open);
-  window.lstQMK[frmQMK::open].raiseKey(ListKey::reload);
+  window.lstQMK[frmQMK::open].raiseKey({keys::f5});
   ASSERT_EQ(window.lstQMK[frmQMK::open].count(), 2U);
   EXPECT_EQ(window.lstQMK[frmQMK::open].text(0), L"b.fp3");
 }
@@ -180,13 +181,13 @@ TEST_F(RoutingTest, F5ReloadsTheDataFiles) {
 TEST_F(RoutingTest, F5ReloadsTheWebShortcuts) {
   desktop().putFile(L"C:\\App\\QMKWebList.txt", "\"One\",\"u\"\r\n\"Two\",\"v\"\r\n");
   switchTo(frmQMK::web);
-  window.lstQMK[frmQMK::web].raiseKey(ListKey::reload);
+  window.lstQMK[frmQMK::web].raiseKey({keys::f5});
   EXPECT_EQ(window.lstQMK[frmQMK::web].count(), 2U);
 }
 
 TEST_F(RoutingTest, F5LeavesTheNewFilesAsTheyAre) {
   switchTo(frmQMK::fresh);
-  window.lstQMK[frmQMK::fresh].raiseKey(ListKey::reload);
+  window.lstQMK[frmQMK::fresh].raiseKey({keys::f5});
   EXPECT_EQ(window.lstQMK[frmQMK::fresh].count(), 4U);
 }
 

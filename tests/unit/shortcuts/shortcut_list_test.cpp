@@ -286,7 +286,7 @@ TEST_F(ShortcutListTest, AFailureStopsTheRebuildAndTheItemsAddedBeforeItStay) {
     desktop().errorReports.clear();
     window.mnuList.raiseClick();
     desktop().failLook(n, desktop::Desktop::LookFault::outOfMemory);
-    list.raiseKey(controls::ListKey::reload);
+    list.raiseKey({controls::keys::f5});
     const auto before = static_cast<std::size_t>(std::max(0, n - 1 - searches) / looksPerShortcut);
     const Texts names{L"One", L"Two", L"Three", L"Four"};
     EXPECT_EQ(listed(), Texts(names.begin(), names.begin() + static_cast<std::ptrdiff_t>(before)));

@@ -12,7 +12,7 @@
 
 namespace unit {
 
-using controls::ListKey;
+namespace keys = controls::keys;
 using desktop::desktop;
 using platform::dialogs::Answer;
 
@@ -74,8 +74,8 @@ class QuestionBench : public LoadedMainWindow {
   /// The watch ticks, and the user reloads the lists that are not watched.
   void reload() {
     desktop().advance(1000);
-    main.lstQMK[frmQMK::tools].raiseKey(ListKey::reload);
-    main.lstQMK[frmQMK::web].raiseKey(ListKey::reload);
+    main.lstQMK[frmQMK::tools].raiseKey({keys::f5});
+    main.lstQMK[frmQMK::web].raiseKey({keys::f5});
   }
   /// Texts of the messages that are no questions.
   static Texts told() {

@@ -4,14 +4,13 @@
 #include <algorithm>
 
 #include "platform/geometry.h"
+#include "platform/win32/keyboard.h"
 #include "platform/win32/message_chain.h"
 #include "platform/win32/parameters.h"
 #include "platform/win32/peers/list_view_peer.h"
 #include "platform/win32/peers/window_peer.h"
 
 namespace platform::win32 {
-
-using controls::ListKey;
 
 namespace {
 
@@ -45,7 +44,7 @@ std::optional<LRESULT> ListViewPeer::notification(NMHDR& header) {
       list_.raiseColumnClick(reinterpret_cast<const NMLISTVIEW&>(header).iSubItem + 1);
       return 0;
     case static_cast<int>(LVN_KEYDOWN):
-      key(reinterpret_cast<const NMLVKEYDOWN&>(header).wVKey);
+      list_.raiseKey(strokeOf(reinterpret_cast<const NMLVKEYDOWN&>(header).wVKey));
       return 0;
     case static_cast<int>(NM_CLICK):
     case static_cast<int>(NM_RCLICK):
@@ -125,25 +124,6 @@ LRESULT ListViewPeer::search(const NMLVFINDITEMW& request) const {
   const std::size_t from = static_cast<std::size_t>(std::max(request.iStart, 0)) % list_.count();
   const auto found = list_.find(request.lvfi.psz, from);
   return found ? static_cast<LRESULT>(*found) : notFound;
-}
-
-void ListViewPeer::key(WORD key) {
-  switch (key) {
-    case VK_DELETE:
-      list_.raiseKey(ListKey::remove);
-      break;
-    case VK_F2:
-      list_.raiseKey(ListKey::rename);
-      break;
-    case VK_INSERT:
-      list_.raiseKey(ListKey::insert);
-      break;
-    case VK_F5:
-      list_.raiseKey(ListKey::reload);
-      break;
-    default:
-      break;
-  }
 }
 
 LRESULT ListViewPeer::markUnfocused(const NMLVCUSTOMDRAW& stage) const {

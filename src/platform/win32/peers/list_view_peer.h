@@ -39,7 +39,6 @@ class ListViewPeer final : public controls::ListViewPeer, public NativeControl {
   void supply(LVITEMW& item) const;
   void accept(const NMLISTVIEW& change);
   [[nodiscard]] LRESULT search(const NMLVFINDITEMW& request) const;
-  void key(WORD key);
   std::optional<LRESULT> headerNotification(const NMHEADERW& notice);
   void acceptWidth(int column, int pixels);
   LRESULT contextMenu(LPARAM where);

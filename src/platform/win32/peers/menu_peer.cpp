@@ -10,6 +10,64 @@ namespace platform::win32 {
 using controls::Change;
 using controls::MenuItem;
 
+namespace {
+
+/// How an entry looks now. `caption` lends its memory.
+MENUITEMINFOW factsOf(const MenuItem& item, std::wstring& caption) {
+  MENUITEMINFOW facts{};
+  facts.cbSize = sizeof facts;
+  facts.fMask = MIIM_STATE;
+  if (caption != L"-") {
+    facts.fMask |= MIIM_STRING;
+    facts.dwTypeData = caption.data();
+  }
+  facts.fState = (item.enabled() ? MFS_ENABLED : MFS_DISABLED) |
+                 (item.checked() ? MFS_CHECKED : MFS_UNCHECKED);
+  return facts;
+}
+
+void insert(HMENU menu, const MenuItem& item) {
+  std::wstring caption = item.caption();
+  MENUITEMINFOW facts = factsOf(item, caption);
+  facts.fMask |= MIIM_FTYPE | MIIM_ID;
+  facts.fType = caption == L"-" ? MFT_SEPARATOR : MFT_STRING;
+  facts.wID = static_cast<UINT>(item.id());
+  Menu children;
+  if (!item.children().empty()) {
+    children = nativeMenu(item.children());
+    facts.fMask |= MIIM_SUBMENU;
+    facts.hSubMenu = children.get();
+  }
+  const auto position = static_cast<UINT>(GetMenuItemCount(menu));
+  if (InsertMenuItemW(menu, position, TRUE, &facts) == 0) {
+    throw RunTimeError(error::outOfMemory);
+  }
+  static_cast<void>(children.release());
+}
+
+}  // namespace
+
+Menu nativeMenu(const std::vector<MenuItem*>& entries) {
+  Menu menu(CreatePopupMenu());
+  if (!menu) {
+    throw RunTimeError(error::outOfMemory);
+  }
+  for (const MenuItem* const entry : entries) {
+    insert(menu.get(), *entry);
+  }
+  return menu;
+}
+
+MenuItem* entryOf(const MenuItem& menu, int id) {
+  for (MenuItem* const entry : menu.children()) {
+    MenuItem* const found = entry->id() == id ? entry : entryOf(*entry, id);
+    if (found != nullptr) {
+      return found;
+    }
+  }
+  return nullptr;
+}
+
 void MenuPeer::changed(Change change) {
   if (change == Change::structure) {
     // The entry's peer is replaced by this; it must not touch itself afterwards.
@@ -44,56 +102,21 @@ void MenuBar::build() {
   const Menu replaced(old);
 }
 
-Menu MenuBar::popup(const std::vector<MenuItem*>& entries) {
-  Menu menu(CreatePopupMenu());
-  if (!menu) {
-    throw RunTimeError(error::outOfMemory);
-  }
-  for (MenuItem* const entry : entries) {
-    append(menu.get(), *entry);
-  }
-  return menu;
+void MenuBar::append(HMENU menu, MenuItem& item) {
+  insert(menu, item);
+  attach(item);
 }
 
-void MenuBar::append(HMENU menu, MenuItem& item) {
-  MENUITEMINFOW facts{};
-  facts.cbSize = sizeof facts;
-  facts.fMask = MIIM_FTYPE | MIIM_ID | MIIM_STATE;
-  facts.wID = static_cast<UINT>(item.id());
-  std::wstring caption = item.caption();
-  if (caption == L"-") {
-    facts.fType = MFT_SEPARATOR;
-  } else {
-    facts.fMask |= MIIM_STRING;
-    facts.dwTypeData = caption.data();
-  }
-  facts.fState = (item.enabled() ? MFS_ENABLED : MFS_DISABLED) |
-                 (item.checked() ? MFS_CHECKED : MFS_UNCHECKED);
-  Menu children;
-  if (!item.children().empty()) {
-    children = popup(item.children());
-    facts.fMask |= MIIM_SUBMENU;
-    facts.hSubMenu = children.get();
-  }
-  const auto position = static_cast<UINT>(GetMenuItemCount(menu));
-  if (InsertMenuItemW(menu, position, TRUE, &facts) == 0) {
-    throw RunTimeError(error::outOfMemory);
-  }
-  static_cast<void>(children.release());
+void MenuBar::attach(MenuItem& item) {
   peers_.push_back(std::make_unique<MenuPeer>(*this, item));
+  for (MenuItem* const child : item.children()) {
+    attach(*child);
+  }
 }
 
 void MenuBar::update(const MenuItem& item) const {
-  MENUITEMINFOW facts{};
-  facts.cbSize = sizeof facts;
-  facts.fMask = MIIM_STATE;
   std::wstring caption = item.caption();
-  if (caption != L"-") {
-    facts.fMask |= MIIM_STRING;
-    facts.dwTypeData = caption.data();
-  }
-  facts.fState = (item.enabled() ? MFS_ENABLED : MFS_DISABLED) |
-                 (item.checked() ? MFS_CHECKED : MFS_UNCHECKED);
+  const MENUITEMINFOW facts = factsOf(item, caption);
   HMENU bar = GetMenu(window_);
   SetMenuItemInfoW(bar, static_cast<UINT>(item.id()), FALSE, &facts);
   if (std::find(menus_->begin(), menus_->end(), &item) != menus_->end()) {

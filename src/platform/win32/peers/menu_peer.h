@@ -11,6 +11,12 @@ namespace platform::win32 {
 
 class MenuBar;
 
+/// A menu of its own with the given entries, as they are now. Raises 7.
+[[nodiscard]] Menu nativeMenu(const std::vector<controls::MenuItem*>& entries);
+
+/// The entry of `menu`, or of a menu in it, that has a command id; nullptr when there is none.
+[[nodiscard]] controls::MenuItem* entryOf(const controls::MenuItem& menu, int id);
+
 /// Mirrors one entry into the native menu.
 class MenuPeer final : public controls::Peer {
  public:
@@ -45,8 +51,8 @@ class MenuBar {
  private:
   friend class MenuPeer;
   void build();
-  [[nodiscard]] Menu popup(const std::vector<controls::MenuItem*>& entries);
   void append(HMENU menu, controls::MenuItem& item);
+  void attach(controls::MenuItem& item);
   void update(const controls::MenuItem& item) const;
 
   HWND window_;

@@ -2,14 +2,12 @@
 #include <array>
 #include <bit>
 
-#include "mainwindow/control_ids.h"
+#include "platform/win32/keyboard.h"
 #include "platform/win32/peers/window_peer.h"
 
 namespace platform::win32 {
 
 namespace {
-
-bool held(int key) { return GetKeyState(key) < 0; }
 
 std::wstring classOf(HWND window) {
   std::array<wchar_t, 64> name{};
@@ -35,8 +33,7 @@ bool WindowPeer::preTranslate(MSG& message) {
 }
 
 bool WindowPeer::frameKey(WPARAM key) {
-  const bool control = held(VK_CONTROL);
-  if (key == VK_TAB && !control) {
+  if (key == VK_TAB && !held(VK_CONTROL)) {
     // From now on the marks that show the keyboard's place are wanted.
     SendMessageW(window(), WM_CHANGEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEFOCUS), 0);
     if (HWND next = nextFocus(GetFocus(), held(VK_SHIFT))) {
@@ -47,39 +44,7 @@ bool WindowPeer::frameKey(WPARAM key) {
     }
     return true;
   }
-  if (key == VK_F1 && !control && !held(VK_SHIFT)) {
-    if (controls::MenuItem* const help =
-            menuBar_ ? menuBar_->find(ids::mnuHelpContents) : nullptr) {
-      help->raiseClick();
-      return true;
-    }
-    return false;
-  }
-  controls::TabControl* const tab = control ? tabs() : nullptr;
-  if (tab == nullptr || tab->captions().empty()) {
-    return false;
-  }
-  const int count = static_cast<int>(tab->captions().size());
-  if (key == VK_TAB) {
-    const int step = held(VK_SHIFT) ? count - 1 : 1;
-    tab->raiseSwitch((tab->current() + step) % count);
-    return true;
-  }
-  const int number = static_cast<int>(key) - '1';
-  if (number >= 0 && number < count && !held(VK_SHIFT)) {
-    tab->raiseSwitch(number);
-    return true;
-  }
-  return false;
-}
-
-controls::TabControl* WindowPeer::tabs() const {
-  for (controls::Control* const control : window_->controls()) {
-    if (control->kind() == controls::Kind::tab) {
-      return static_cast<controls::TabControl*>(control);
-    }
-  }
-  return nullptr;
+  return window_->raiseKeyDown(strokeOf(key));
 }
 
 bool WindowPeer::usable(HWND control) const {

@@ -81,6 +81,9 @@ std::optional<LRESULT> WindowPeer::handle(UINT message, WPARAM first, LPARAM sec
         });
       }
       return std::nullopt;
+    case WM_INITMENU:
+      window_->raiseMenuOpening();
+      return std::nullopt;
     case WM_SYSCOLORCHANGE:
       forwardToControls(message, first, second);
       return std::nullopt;
@@ -224,11 +227,16 @@ std::optional<LRESULT> WindowPeer::notify(NMHDR& header) {
 void WindowPeer::command(int id, WORD code, HWND source) {
   if (NativeControl* const control = source == nullptr ? nullptr : find(source)) {
     control->command(id, code);
-  } else if (controls::MenuItem* const item = menuBar_ ? menuBar_->find(id) : nullptr) {
+  } else if (controls::MenuItem* const item = menuItem(id)) {
     item->raiseClick();
   } else if (kind_ == WindowKind::dialog && (id == IDOK || id == IDCANCEL)) {
     answerDialogKey(id);
   }
+}
+
+controls::MenuItem* WindowPeer::menuItem(int id) const {
+  controls::MenuItem* const item = menuBar_ ? menuBar_->find(id) : nullptr;
+  return item != nullptr || poppedUp_ == nullptr ? item : entryOf(*poppedUp_, id);
 }
 
 void WindowPeer::answerDialogKey(int id) {

@@ -126,6 +126,9 @@ class WindowPeer final : public controls::WindowPeer {
   void tick(UINT_PTR timer);
   std::optional<LRESULT> notify(NMHDR& header);
   void command(int id, WORD code, HWND source);
+  /// The entry with a command id, of the menu bar or of the menu that was popped up last; nullptr
+  /// when there is none.
+  [[nodiscard]] controls::MenuItem* menuItem(int id) const;
   void answerDialogKey(int id);
   std::optional<LRESULT> colourText(HDC dc, HWND control) const;
   void close();
@@ -138,7 +141,6 @@ class WindowPeer final : public controls::WindowPeer {
 
   // window_focus.cpp
   bool frameKey(WPARAM key);
-  [[nodiscard]] controls::TabControl* tabs() const;
   [[nodiscard]] bool usable(HWND control) const;
   [[nodiscard]] HWND nextFocus(HWND from, bool backwards) const;
   [[nodiscard]] HWND firstFocus() const;
@@ -157,6 +159,7 @@ class WindowPeer final : public controls::WindowPeer {
   BitmapHandle background_;
   BrushHandle backgroundBrush_;
   std::unique_ptr<MenuBar> menuBar_;
+  const controls::MenuItem* poppedUp_ = nullptr;  // the last one, as its choice arrives later
   std::vector<std::unique_ptr<NativeControl>> controls_;
   std::vector<std::unique_ptr<TimerPeer>> timers_;
   HWND lastFocus_ = nullptr;

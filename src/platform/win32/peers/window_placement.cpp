@@ -1,6 +1,4 @@
 // Where a window stands on the screens, and its menu as a menu of its own.
-#include <algorithm>
-
 #include "platform/win32/monitors.h"
 #include "platform/win32/peers/window_peer.h"
 
@@ -42,14 +40,9 @@ void WindowPeer::moveTo(const Rect& normal) const {
 }
 
 void WindowPeer::popUp(const controls::MenuItem& menu, int x, int y) {
-  const auto& bar = window_->menuBar();
-  const auto found = std::find(bar.begin(), bar.end(), &menu);
-  if (found == bar.end()) {
-    return;
-  }
-  // The very menu of the menu bar: captions and enabled states are the current ones.
-  HMENU entries = GetSubMenu(GetMenu(window()), static_cast<int>(found - bar.begin()));
-  TrackPopupMenuEx(entries, TPM_RIGHTBUTTON, x, y, window(), nullptr);
+  poppedUp_ = &menu;
+  const Menu entries = nativeMenu(menu.children());
+  TrackPopupMenuEx(entries.get(), TPM_RIGHTBUTTON, x, y, window(), nullptr);
 }
 
 }  // namespace platform::win32

@@ -273,19 +273,19 @@ TEST_F(ListViewTest, AnUpdateTellsOnceAtItsEnd) {
 TEST_F(ListViewTest, HandlersAreOptionalAndTheirErrorsReported) {
   list.raiseDoubleClick();
   list.raiseColumnClick(1);
-  list.raiseKey(ListKey::remove);
+  list.raiseKey({controls::keys::remove});
   EXPECT_TRUE(desktop().messages.empty());
 
   int column = 0;
-  std::optional<ListKey> key;
+  std::optional<controls::KeyStroke> key;
   list.onColumnClick = [&column](int clicked) { column = clicked; };
-  list.onKey = [&key](ListKey pressed) { key = pressed; };
+  list.onKey = [&key](const controls::KeyStroke& pressed) { key = pressed; };
   list.onDoubleClick = [this] { static_cast<void>(list.selectedItem()); };
   list.raiseColumnClick(3);
-  list.raiseKey(ListKey::rename);
+  list.raiseKey({controls::keys::f2, true});
   list.raiseDoubleClick();
   EXPECT_EQ(column, 3);
-  EXPECT_EQ(key, ListKey::rename);
+  EXPECT_EQ(key, (controls::KeyStroke{controls::keys::f2, true}));
   EXPECT_EQ(desktop().errorReports, std::vector<int>{91});
 }
 

@@ -30,8 +30,11 @@ set(catalogue_sources
   src/catalogue/catalogue_file.cpp
   src/catalogue/catalogue_rename.cpp
   src/catalogue/catalogue_view.cpp
+  src/catalogue/data_types.cpp
+  src/catalogue/entry.cpp
   src/catalogue/opening.cpp
-  src/catalogue/stored_path.cpp)
+  src/catalogue/stored_path.cpp
+  src/catalogue/tool_command.cpp)
 set(shortcuts_sources
   src/shortcuts/shortcut_edit.cpp
   src/shortcuts/shortcut_file.cpp

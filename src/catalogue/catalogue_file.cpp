@@ -6,13 +6,13 @@
 #include <utility>
 #include <vector>
 
+#include "catalogue/data_types.h"
 #include "catalogue/stored_path.h"
 #include "listfile/list_file.h"
 #include "listfile/suite_lists.h"
 #include "platform/clock.h"
 #include "platform/files.h"
 #include "platform/plain_text.h"
-#include "platform/run_time_error.h"
 #include "platform/text.h"
 #include "platform/trap.h"
 #include "startup/paths.h"
@@ -21,7 +21,6 @@ namespace modQMKGeneral {
 
 using list_file::Missing;
 using list_file::Record;
-using platform::RunTimeError;
 using platform::text::toCodePage;
 using platform::text::upper;
 
@@ -42,12 +41,16 @@ std::wstring trimmed(const std::wstring& text) {
 
 /// Appends the data folder's files to the records in `bytes`.
 void appendDataFolder(std::string& bytes) {
-  const std::vector<std::wstring> types{L"fp3", L"bi3", L"bs3", L"cw3"};
+  const auto types = dataTypes();
+  std::vector<std::wstring> extensions;
+  for (const DataType& type : types) {
+    extensions.emplace_back(type.extension);
+  }
   const std::wstring folder = AppFolder() + L"\\data";
   const std::string folderBytes = toCodePage(stored_path::forList(folder) + L"\\");
-  const auto found = files::searchByExtension(folder, types);
+  const auto found = files::searchByExtension(folder, extensions);
   for (std::size_t n = 0; n < types.size(); ++n) {
-    const std::string type = toCodePage(types[n]);
+    const std::string type = toCodePage(extensions[n]);
     std::vector<files::FileTime> moments;
     for (const files::Entry& file : found[n]) {
       moments.push_back(file.modified);
@@ -209,27 +212,6 @@ void RefreshDataFolderEntries(CatalogueView& view) {
         return bytes;
       });
   LoadCatalogueView(view);
-}
-
-int TypeNumberFromExtension(const std::wstring& fileName) {
-  if (fileName.empty()) {
-    return typeFP3;
-  }
-  constexpr std::size_t extensionLength = 4;
-  if (fileName.size() < extensionLength) {
-    throw RunTimeError(platform::error::invalidCall);
-  }
-  const std::wstring extension = upper(fileName.substr(fileName.size() - extensionLength));
-  if (extension == L".FP3") {
-    return typeFP3;
-  }
-  if (extension == L".BI3") {
-    return typeBI3;
-  }
-  if (extension == L".BS3") {
-    return typeBS3;
-  }
-  return extension == L".CW3" ? typeCW3 : typeUnknown;
 }
 
 }  // namespace modQMKGeneral

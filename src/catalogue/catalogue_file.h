@@ -10,13 +10,6 @@ namespace modQMKGeneral {
 /// Path of the catalogue file.
 [[nodiscard]] std::wstring CatalogueFile();
 
-/// Numbers of the data types, as `TypeNumberFromExtension` gives them.
-inline constexpr int typeFP3 = 0;
-inline constexpr int typeBS3 = 1;
-inline constexpr int typeBI3 = 2;
-inline constexpr int typeCW3 = 3;
-inline constexpr int typeUnknown = 99;
-
 /// Appends one record per data file of the data folder to the catalogue (which is created when it
 /// is missing), then reloads the view. Errors go to the caller.
 void BuildCatalogue(CatalogueView& view);
@@ -48,9 +41,5 @@ void RefreshDataFolderEntries(CatalogueView& view);
 /// volume has none it is refused with 52 before anything is changed. Errors are trapped and shown
 /// as "Problem saving to QMK list".
 void RenameCatalogueFile(CatalogueView& view, const std::wstring& newName);
-
-/// Number of the type that the extension names; an empty name counts as a fuel profile, an
-/// unknown extension is 99. Raises 5 for a name of one to three characters.
-[[nodiscard]] int TypeNumberFromExtension(const std::wstring& fileName);
 
 }  // namespace modQMKGeneral

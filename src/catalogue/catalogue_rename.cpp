@@ -2,6 +2,7 @@
 #include <utility>
 
 #include "catalogue/catalogue_file.h"
+#include "catalogue/entry.h"
 #include "catalogue/stored_path.h"
 #include "listfile/list_file.h"
 #include "listfile/suite_lists.h"
@@ -60,10 +61,9 @@ std::wstring listedName(const std::wstring& folder, const std::wstring& name) {
 std::string recordsOf(const ListView& list) {
   std::string bytes;
   for (std::size_t index = 0; index < list.count(); ++index) {
+    const DataEntry entry = dataEntry(list, index);
     bytes +=
-        list_file::line({toCodePage(list.subItem(index, data_column::type)),
-                         toCodePage(list.subItem(index, data_column::folder) + list.text(index)),
-                         toCodePage(list.subItem(index, data_column::date))});
+        list_file::line({toCodePage(entry.type), toCodePage(entry.path()), toCodePage(entry.date)});
   }
   return bytes;
 }
@@ -100,11 +100,9 @@ void saveRenamed(CatalogueView& view, std::size_t selected, const std::wstring& 
 void rename(CatalogueView& view, const std::wstring& newName) {
   list_file::discardStale(TemporaryFile());
   const std::size_t selected = view.dataList.selectedItem();
-  const std::wstring oldName = view.dataList.text(selected);
-  const std::wstring folder = view.dataList.subItem(selected, data_column::folder);
-  const std::wstring name =
-      withExtension(newName, view.dataList.subItem(selected, data_column::type));
-  const std::wstring oldPath = folder + L"\\" + oldName;
+  const DataEntry entry = dataEntry(view.dataList, selected);
+  const std::wstring name = withExtension(newName, entry.type);
+  const std::wstring oldPath = entry.folder + L"\\" + entry.name;
   const std::optional<std::wstring> file = stored_path::realFile(oldPath);
   if (!file) {
     platform::dialogs::showMessage(L"File does not exists, removing entry",

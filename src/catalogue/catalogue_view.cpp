@@ -5,10 +5,10 @@
 #include <string_view>
 
 #include "catalogue/catalogue_file.h"
+#include "catalogue/data_types.h"
 #include "listfile/list_file.h"
 #include "listfile/suite_lists.h"
 #include "platform/dialogs.h"
-#include "platform/text.h"
 #include "platform/trap.h"
 #include "startup/paths.h"
 
@@ -22,35 +22,6 @@ namespace {
 
 /// Tells the failure message how far the load has come.
 using Location = const wchar_t*;
-
-/// How the view shows a type of data file.
-struct Kind {
-  std::wstring_view picture;
-  std::wstring_view label;
-};
-
-/// Picture and label of a record by its type code; both empty for an unknown code.
-Kind kindOf(std::wstring_view typeCode, Location& location) {
-  const auto is = [typeCode](std::wstring_view type) {
-    return platform::text::upperEquals(typeCode, type);
-  };
-  location = L"4";
-  if (is(L"FP3")) {
-    return {L"PV3", L"Fuel Profile"};
-  }
-  location = L"5";
-  if (is(L"BS3")) {
-    return {L"BW3", L"Plotview Inventory"};
-  }
-  location = L"6";
-  if (is(L"BI3")) {
-    return {L"BW3", L"Planar Intercept Inventory"};
-  }
-  if (is(L"CW3")) {
-    return {L"CW3", L"Canopy Weigh Inventory"};
-  }
-  return {};
-}
 
 void setUpList(CatalogueView& view, Location& location) {
   ListView& list = view.dataList;
@@ -80,6 +51,7 @@ std::size_t approximateLines(std::string_view bytes) {
 }
 
 void addRecords(ListView& list, std::string_view bytes, Location& location) {
+  constexpr DataType unknown;
   list.reserve(approximateLines(bytes));
   list_file::Reader reader(bytes);
   // Outside the loop, so that a million records are not as many allocations.
@@ -98,10 +70,13 @@ void addRecords(ListView& list, std::string_view bytes, Location& location) {
     list.add(name, {}, {});
     try {
       record.text(0, type);
-      const Kind kind = kindOf(type, location);
+      // One that is not known has no picture and no label.
+      const DataType* const known = typeOfCode(type);
+      const DataType& shown = known == nullptr ? unknown : *known;
+      location = shown.location;
       location = L"7";
       record.text(2, date);
-      list.completeLast(kind.picture, {date, kind.label, folder, type});
+      list.completeLast(shown.picture, {date, shown.label, folder, type});
     } catch (...) {
       // Half an item would lead to a file in no folder.
       list.removeLast();
@@ -143,10 +118,9 @@ void AddNewFileItems(CatalogueView& view) {
   ListView& list = view.newList;
   list.update([&] {
     list.setImages(&view.largeImages, &view.smallImages);
-    list.add(L"New Fuel Profile", L"PV3", {L"FP3"});
-    list.add(L"New Planar Intercept", L"BW3", {L"BI3"});
-    list.add(L"New Plotview Inventory", L"BW3", {L"BS3"});
-    list.add(L"New Canopy Weigh Inventory", L"CW3", {L"CW3"});
+    for (const DataType& type : dataTypes()) {
+      list.add(type.newFile, type.picture, {type.code});
+    }
   });
 }
 

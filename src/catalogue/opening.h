@@ -5,19 +5,11 @@
 #include <string>
 
 #include "catalogue/catalogue_view.h"
+#include "catalogue/tool_command.h"
 #include "platform/controls/common_dialog.h"
 #include "platform/controls/control.h"
 
 namespace ModQMKgeneral2 {
-
-/// A program to start: its path, and what follows the path on the command line (with the blank
-/// that parts them).
-struct ToolCommand {
-  std::wstring executable;
-  std::wstring arguments;
-  /// The command line as the program receives it; the path is not quoted.
-  [[nodiscard]] std::wstring text() const { return executable + arguments; }
-};
 
 /// What opening works with on the main window.
 struct Opening {
@@ -27,8 +19,8 @@ struct Opening {
   std::function<void()> clickBrowse;  ///< Runs the click handler of `cmdBrowse`.
 };
 
-/// Starts a tool in a normal, focused window without waiting for it, then reloads the catalogue
-/// view. When it cannot be started "Can't start application" is shown and nothing else happens.
+/// Starts a tool, then reloads the catalogue view. When it cannot be started, that is told and
+/// nothing else happens.
 void RunToolCommand(modQMKGeneral::CatalogueView& view, const ToolCommand& command);
 
 /// The path as a tool expects it: never quoted, every blank replaced by a question mark.

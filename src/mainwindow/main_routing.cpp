@@ -4,6 +4,7 @@
 
 #include "about/help_launcher.h"
 #include "catalogue/catalogue_file.h"
+#include "catalogue/entry.h"
 #include "configuration.h"
 #include "flatlook/form_style.h"
 #include "mainwindow/main_window.h"
@@ -13,7 +14,6 @@
 #include "platform/text.h"
 #include "web/browser.h"
 
-namespace data_column = modQMKGeneral::data_column;
 namespace dialogs = platform::dialogs;
 using controls::ListView;
 using platform::text::upper;
@@ -136,15 +136,14 @@ void frmQMK::renameCatalogueEntry() {
   if (list.count() == 0) {
     return;
   }
-  const std::size_t selected = list.selectedItem();
-  const std::wstring prompt = L"Rename file  " + upper(list.text(selected)) + L"\rType: " +
-                              list.subItem(selected, data_column::label);
-  const controls::ItemKey entry = list.keyOf(selected, data_column::entry);
-  const std::wstring answer = dialogs::inputBox(prompt, L"  ", L" ");
+  const modQMKGeneral::DataEntry entry = modQMKGeneral::selectedEntry(list);
+  const controls::ItemKey key = modQMKGeneral::selectedKey(list);
+  const std::wstring answer = dialogs::inputBox(
+      L"Rename file  " + upper(entry.name) + L"\rType: " + entry.label, L"  ", L" ");
   if (answer.empty()) {
     return;
   }
-  if (const auto item = controls::findAgain(list, entry)) {
+  if (const auto item = controls::findAgain(list, key)) {
     if (list.selected() != item) {
       list.select(*item);
     }
@@ -157,13 +156,12 @@ void frmQMK::deleteCatalogueEntry() {
   if (list.count() == 0) {
     return;
   }
-  const std::size_t selected = list.selectedItem();
   // The list may be reloaded while the question waits.
-  const controls::ItemKey entry = list.keyOf(selected, data_column::entry);
-  const std::wstring path = list.subItem(selected, data_column::folder) + list.text(selected);
-  if (confirmed(L"Are your sure you want to delete " + upper(entry.text)) &&
-      controls::findAgain(list, entry)) {
-    modQMKGeneral::RemoveCatalogueEntry(path);
+  const modQMKGeneral::DataEntry entry = modQMKGeneral::selectedEntry(list);
+  const controls::ItemKey key = modQMKGeneral::selectedKey(list);
+  if (confirmed(L"Are your sure you want to delete " + upper(entry.name)) &&
+      controls::findAgain(list, key)) {
+    modQMKGeneral::RemoveCatalogueEntry(entry.path());
     modQMKGeneral::LoadCatalogueView(catalogue);
   }
 }
@@ -209,7 +207,10 @@ void frmQMK::deleteWebShortcut() {
 void frmQMK::lstQMK_DblClick(int index) {
   switch (index) {
     case tools:
-      modSC::StartSelectedShortcut(shortcuts);
+      if (modSC::StartSelectedShortcut(shortcuts)) {
+        // A tool that starts may write the catalogue.
+        modQMKGeneral::LoadCatalogueView(catalogue);
+      }
       break;
     case open:
       ModQMKgeneral2::OpenSelectedDataFile(opening);

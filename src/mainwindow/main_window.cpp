@@ -48,7 +48,7 @@ frmQMK::frmQMK()
       mnuWeb(commands.item(ids::mnuWeb)),
       mnuAbout(commands.item(ids::mnuAbout)),
       catalogue{lstQMK[open], lstQMK[fresh], imgIcons[0], imgIcons[1]},
-      shortcuts{lstQMK[tools], imgShortCut, picShortCuts, diaCommon, catalogue},
+      shortcuts{lstQMK[tools], imgShortCut, picShortCuts, diaCommon},
       webList{lstQMK, TabMain, imgIcons[0], imgIcons[1]},
       opening{catalogue, diaCommon, cmdBrowse, [this] { cmdBrowse_Click(); }} {
   setCaption(platform::application::title);

@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "catalogue/opening.h"
+#include "catalogue/tool_command.h"
 #include "platform/files.h"
 #include "platform/geometry.h"
 #include "platform/pictures.h"
@@ -89,13 +89,13 @@ void RedrawShortcutIcons(ShortcutList& shortcuts) {
   attachImages(shortcuts);
 }
 
-void StartSelectedShortcut(ShortcutList& shortcuts) {
+bool StartSelectedShortcut(const ShortcutList& shortcuts) {
   if (shortcuts.list.count() == 0) {
-    return;
+    return false;
   }
   const std::wstring target =
       shortcuts.list.subItem(shortcuts.list.selectedItem(), shortcut_column::target);
-  ModQMKgeneral2::RunToolCommand(shortcuts.catalogue, {target, L""});
+  return ModQMKgeneral2::StartTool({target, L""});
 }
 
 }  // namespace modSC

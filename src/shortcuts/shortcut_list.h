@@ -6,7 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "catalogue/catalogue_view.h"
 #include "platform/controls/common_dialog.h"
 #include "platform/controls/image_list.h"
 #include "platform/controls/list_view.h"
@@ -28,7 +27,6 @@ struct ShortcutList {
   std::array<controls::ImageList, 2>& imgShortCut;
   controls::PictureBox& picShortCuts;
   controls::CommonDialog& diaCommon;
-  modQMKGeneral::CatalogueView& catalogue;
   /// Dots per inch that the icons are drawn for.
   int dpi = 96;
 };
@@ -41,8 +39,8 @@ void LoadShortcutList(ShortcutList& shortcuts);
 void RedrawShortcutIcons(ShortcutList& shortcuts);
 
 /// Double-click on the Tools tab: starts the target of the selected shortcut, with nothing of the
-/// shortcut's arguments.
-void StartSelectedShortcut(ShortcutList& shortcuts);
+/// shortcut's arguments. False when nothing was started.
+[[nodiscard]] bool StartSelectedShortcut(const ShortcutList& shortcuts);
 
 /// Shows the open dialog for a program. `errorNumber` is 0 and `path` the chosen file, or the
 /// number of what went wrong (32755: cancelled) and `path` is "". No error escapes.

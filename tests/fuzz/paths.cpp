@@ -5,6 +5,7 @@
 #include <string>
 
 #include "catalogue/catalogue_file.h"
+#include "catalogue/data_types.h"
 #include "catalogue/stored_path.h"
 #include "fuzz/support/fuzz.h"
 #include "platform/desktop.h"

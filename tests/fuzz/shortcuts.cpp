@@ -31,15 +31,10 @@ const std::set<std::wstring> ownNames{
 
 struct Lists {
   controls::ListView tools{L"lstQMK", 1};
-  controls::ListView data{L"lstQMK", 2};
-  controls::ListView fresh{L"lstQMK", 3};
-  controls::ImageList large;
-  controls::ImageList small;
   std::array<controls::ImageList, 2> imgShortCut;
   controls::PictureBox picShortCuts;
   controls::CommonDialog diaCommon;
-  modQMKGeneral::CatalogueView catalogue{data, fresh, large, small};
-  modSC::ShortcutList shortcuts{tools, imgShortCut, picShortCuts, diaCommon, catalogue};
+  modSC::ShortcutList shortcuts{tools, imgShortCut, picShortCuts, diaCommon};
 };
 
 std::wstring inFolder(const std::wstring& name) {
@@ -142,7 +137,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
       break;
     default:
       selectFile(lists, name);
-      platform::dispatch([&lists] { modSC::StartSelectedShortcut(lists.shortcuts); });
+      bool started = false;
+      platform::dispatch([&] { started = modSC::StartSelectedShortcut(lists.shortcuts); });
+      require(started != theDesktop().starts.empty(), "it knows whether one was started");
       require(theDesktop().starts.size() <= 1, "a double-click starts one program");
       for (const auto& start : theDesktop().starts) {
         require(start.executable == start.commandLine && start.executable == target,

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "catalogue/catalogue_file.h"
+#include "catalogue/data_types.h"
 #include "unit/support/error_number.h"
 
 namespace {

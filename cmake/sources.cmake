@@ -8,6 +8,7 @@ set(platform_sources
   src/platform/controls/bars.cpp
   src/platform/controls/common_dialog.cpp
   src/platform/controls/image_list.cpp
+  src/platform/controls/input_box.cpp
   src/platform/controls/item_key.cpp
   src/platform/controls/list_rebuild.cpp
   src/platform/controls/list_view.cpp
@@ -112,6 +113,7 @@ set(win32_peers_sources
   src/platform/win32/peers/button_peer.cpp
   src/platform/win32/peers/control_peers.cpp
   src/platform/win32/peers/cool_button_peer.cpp
+  src/platform/win32/peers/focus_keeper.cpp
   src/platform/win32/peers/image_peer.cpp
   src/platform/win32/peers/label_peer.cpp
   src/platform/win32/peers/list_view_events.cpp
@@ -124,7 +126,7 @@ set(win32_peers_sources
   src/platform/win32/peers/tool_tips.cpp
   src/platform/win32/peers/toolbar_peer.cpp
   src/platform/win32/peers/window_creation.cpp
-  src/platform/win32/peers/window_focus.cpp
+  src/platform/win32/peers/window_keys.cpp
   src/platform/win32/peers/window_messages.cpp
   src/platform/win32/peers/window_peer.cpp
   src/platform/win32/peers/window_placement.cpp

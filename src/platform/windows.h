@@ -34,6 +34,9 @@ struct Font {
   bool operator==(const Font&) const = default;
 };
 
+/// Height in pixels of `text` when it is broken into lines of at most `width` pixels.
+[[nodiscard]] int textHeight(const std::wstring& text, const Font& font, int width, int dpi);
+
 /// Size in pixels of `text` on one line in `font` at `dpi`.
 [[nodiscard]] Size textSize(const std::wstring& text, const Font& font, int dpi);
 

@@ -81,10 +81,7 @@ void WindowRecord::show() {
   }
   if (!laidOut_) {
     laidOut_ = true;
-    const platform::Size design = window_.designSize();
-    window_.raiseLayout(
-        {platform::scaled(design.width, owner_.dpi), platform::scaled(design.height, owner_.dpi)},
-        owner_.dpi);
+    window_.raiseLayout(window_.clientSize(owner_.dpi), owner_.dpi);
   }
   owner_.bringToFront(window_);
 }
@@ -212,6 +209,18 @@ Size textSize(const std::wstring& text, const Font& font, int dpi) {
   const int width = static_cast<int>(text.size()) * 7 * font.pointSize / basePoints;
   const int height = 15 * font.pointSize / basePoints;
   return {scaled(width, dpi), scaled(height, dpi)};
+}
+
+int textHeight(const std::wstring& text, const Font& font, int width, int dpi) {
+  const Size line = textSize(L"X", font, dpi);
+  int lines = 0;
+  for (std::size_t begin = 0; begin <= text.size();) {
+    const std::size_t end = std::min(text.find(L'\r', begin), text.size());
+    const auto units = static_cast<int>(end - begin);
+    lines += std::max(1, (units * line.width + width - 1) / width);
+    begin = end + 1;
+  }
+  return lines * line.height;
 }
 
 }  // namespace platform::windows

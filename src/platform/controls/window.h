@@ -88,6 +88,13 @@ class Window {
   /// Client size at 96 dpi with which the window is created, and the smallest one.
   [[nodiscard]] platform::Size designSize() const { return designSize_; }
   [[nodiscard]] platform::Size minimumSize() const { return minimumSize_; }
+  /// Size of the client area with which the window is created at `dpi`, in pixels.
+  [[nodiscard]] virtual platform::Size clientSize(int dpi) const {
+    return {platform::scaled(designSize_.width, dpi), platform::scaled(designSize_.height, dpi)};
+  }
+  /// Whether a dialog belongs to the window that is active when it is loaded: it then stays in
+  /// front of that window, and has neither an icon nor a place of its own on the task bar.
+  [[nodiscard]] bool owned() const { return owned_; }
 
   [[nodiscard]] bool loaded() const { return loaded_; }
   [[nodiscard]] bool visible() const { return visible_; }
@@ -134,6 +141,7 @@ class Window {
   void addMenu(MenuItem& menu) { menuBar_.push_back(&menu); }
   void setPicture(std::wstring name) { picture_ = std::move(name); }
   void setDesignSize(platform::Size size, platform::Size minimum);
+  void setOwned() { owned_ = true; }
 
   virtual void Form_Load() {}
   virtual void Form_Activate() {}
@@ -161,6 +169,7 @@ class Window {
   std::wstring picture_;
   platform::Size designSize_{640, 400};
   platform::Size minimumSize_;
+  bool owned_ = false;
   bool loaded_ = false;
   bool visible_ = false;
   bool laidOut_ = false;

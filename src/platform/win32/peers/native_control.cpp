@@ -100,11 +100,11 @@ void NativeControl::mirror(Change change) {
       SetWindowTextW(window(), nativeText().c_str());
       break;
     case Change::enabled:
-      host_.aboutToLose(window(), control_.enabled());
+      host_.focus().aboutToLose(window(), control_.enabled());
       EnableWindow(window(), control_.enabled() ? TRUE : FALSE);
       break;
     case Change::visible:
-      host_.aboutToLose(window(), control_.visible());
+      host_.focus().aboutToLose(window(), control_.visible());
       ShowWindow(window(), control_.visible() ? SW_SHOWNA : SW_HIDE);
       break;
     case Change::bounds:
@@ -117,7 +117,7 @@ void NativeControl::mirror(Change change) {
       send(WM_SETFONT, firstParameterFrom(font()), TRUE);
       break;
     case Change::focus:
-      host_.focus(window());
+      host_.focus().give(window());
       break;
     default:
       break;

@@ -5,6 +5,7 @@
 #include "platform/run_time_error.h"
 #include "platform/win32/dpi.h"
 #include "platform/win32/message_chain.h"
+#include "platform/win32/modality.h"
 #include "platform/win32/monitors.h"
 #include "platform/win32/parameters.h"
 #include "platform/win32/peers/control_peers.h"
@@ -79,19 +80,17 @@ WindowPeer::WindowPeer(Window& window) : WindowPeer(window, window.kind()) {
       break;
   }
   window.attach(this);
+  focus_.serve(this->window());
   dpi_ = dpiOf(this->window());
-  // The parts of a frame take longer than anything else at the start, so that other windows which
-  // are shown before it come first.
   if (kind_ != WindowKind::frame) {
     finish();
   }
 }
 
 void WindowPeer::finish() {
-  if (finished_) {
+  if (!building_.start()) {
     return;
   }
-  finished_ = true;
   KillTimer(window(), finishTimer);
   if (!window_->menuBar().empty()) {
     menuBar_ = std::make_unique<MenuBar>(window(), window_->menuBar());
@@ -105,7 +104,7 @@ void WindowPeer::finish() {
     loadBackground();
   }
   createControls();
-  ready_ = true;
+  building_.complete();
   layout();
 }
 
@@ -131,7 +130,8 @@ void WindowPeer::createDialog() {
   };
   alignas(DWORD) Template empty{};
   empty.header.style = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN | DS_MODALFRAME;
-  handle_.reset(CreateDialogIndirectParamW(GetModuleHandleW(nullptr), &empty.header, nullptr,
+  HWND const owner = window_->owned() ? dialogOwner() : nullptr;
+  handle_.reset(CreateDialogIndirectParamW(GetModuleHandleW(nullptr), &empty.header, owner,
                                            leaveToSystem, 0));
   if (!handle_) {
     throw RunTimeError(error::outOfMemory);
@@ -151,27 +151,35 @@ Size WindowPeer::nativeSizeFor(Size client) const {
   return {static_cast<int>(whole.right - whole.left), static_cast<int>(whole.bottom - whole.top)};
 }
 
+HWND WindowPeer::windowBefore() const {
+  if (kind_ != WindowKind::dialog) {
+    return nullptr;
+  }
+  const WindowPeer* const frame = framePeer();
+  HWND const before = window_->owned()   ? GetWindow(window(), GW_OWNER)
+                      : frame != nullptr ? frame->window()
+                                         : nullptr;
+  return before != nullptr && IsWindowVisible(before) != 0 && IsIconic(before) == 0 ? before
+                                                                                    : nullptr;
+}
+
 void WindowPeer::placeAtStart() {
-  if (wanted_) {
-    moveTo(*std::exchange(wanted_, std::nullopt));
+  if (const auto wish = building_.takeWish()) {
+    moveTo(*wish);
     dpi_ = dpiOf(window());
     return;
   }
-  const WindowPeer* const frame = kind_ == WindowKind::dialog ? framePeer() : nullptr;
-  const bool onFrame =
-      frame != nullptr && IsWindowVisible(frame->window()) != 0 && IsIconic(frame->window()) == 0;
-  const RECT area = workAreaAt(onFrame ? frame->window() : nullptr);
+  HWND const before = windowBefore();
+  const RECT area = workAreaAt(before);
   RECT anchor = area;
-  if (onFrame) {
-    GetWindowRect(frame->window(), &anchor);
-    // On the frame's screen first: the density there decides the size.
+  if (before != nullptr) {
+    GetWindowRect(before, &anchor);
+    // On that window's screen first: the density there decides the size.
     SetWindowPos(window(), nullptr, anchor.left, anchor.top, 0, 0,
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
   }
   dpi_ = dpiOf(window());
-  const Size client{scaled(window_->designSize().width, dpi_),
-                    scaled(window_->designSize().height, dpi_)};
-  const Rect place = centred(nativeSizeFor(client), anchor, area);
+  const Rect place = centred(nativeSizeFor(window_->clientSize(dpi_)), anchor, area);
   SetWindowPos(window(), nullptr, place.left, place.top, place.width, place.height,
                SWP_NOZORDER | SWP_NOACTIVATE);
 }
@@ -188,6 +196,9 @@ void WindowPeer::applyExtendedStyle() {
 }
 
 void WindowPeer::loadIcons() {
+  if (window_->owned()) {
+    return;  // its owner stands for it on the task bar
+  }
   const auto load = [this](int width, int height) {
     return loadProgramIcon({systemMetric(width, dpi_), systemMetric(height, dpi_)});
   };

@@ -56,7 +56,7 @@ std::optional<LRESULT> WindowPeer::handle(UINT message, WPARAM first, LPARAM sec
       return std::nullopt;
     case WM_SETFOCUS:
       if (kind_ == WindowKind::frame) {
-        restoreFocus();
+        focus_.restore();
         return 0;
       }
       return std::nullopt;
@@ -91,8 +91,7 @@ std::optional<LRESULT> WindowPeer::handle(UINT message, WPARAM first, LPARAM sec
       layout();
       return 0;
     case focusMessage:
-      focusCheckRequested_ = false;
-      moveFocusOn();
+      focus_.check();
       return 0;
     default:
       break;
@@ -175,9 +174,7 @@ void WindowPeer::activated(bool active) {
   if (active) {
     window_->raiseActivate();
   } else if (kind_ == WindowKind::frame) {
-    if (HWND focus = GetFocus(); IsChild(window(), focus) != 0) {
-      lastFocus_ = focus;
-    }
+    focus_.remember();
   }
 }
 
@@ -285,7 +282,7 @@ void WindowPeer::close() {
 }
 
 void WindowPeer::changeDpi(int dpi, const RECT& suggested) {
-  if (!ready_) {
+  if (!building_.completed()) {
     return;
   }
   platform::dispatch([this, dpi, &suggested] {
@@ -295,8 +292,7 @@ void WindowPeer::changeDpi(int dpi, const RECT& suggested) {
     Size size{static_cast<int>(suggested.right - suggested.left),
               static_cast<int>(suggested.bottom - suggested.top)};
     if (kind_ != WindowKind::frame) {
-      size = nativeSizeFor(
-          {scaled(window_->designSize().width, dpi_), scaled(window_->designSize().height, dpi_)});
+      size = nativeSizeFor(window_->clientSize(dpi_));
     }
     SetWindowPos(window(), nullptr, suggested.left, suggested.top, size.width, size.height,
                  SWP_NOZORDER | SWP_NOACTIVATE);

@@ -55,9 +55,8 @@ void WindowPeer::show() {
   if (kind_ == WindowKind::hidden) {
     return;
   }
-  if (!shown_) {
-    shown_ = true;
-    finish();
+  finish();
+  if (building_.show()) {
     layout();
     ShowWindow(window(), showMaximised_ ? SW_SHOWMAXIMIZED : SW_SHOW);
     applyExtendedStyle();
@@ -65,7 +64,7 @@ void WindowPeer::show() {
     if (kind_ == WindowKind::bare) {
       loadIcons();
     }
-    if (WindowPeer* const frame = framePeer(); frame != nullptr && !frame->finished_) {
+    if (WindowPeer* const frame = framePeer(); frame != nullptr && !frame->building_.started()) {
       // As soon as nothing else is to be done, painting this window included.
       SetTimer(frame->window(), finishTimer, 0, nullptr);
     }
@@ -73,8 +72,10 @@ void WindowPeer::show() {
   activate();
   if (kind_ == WindowKind::bare) {
     SetFocus(window());
+  } else if (kind_ == WindowKind::dialog) {
+    focus_.restoreInDialog();
   } else {
-    restoreFocus();
+    focus_.restore();
   }
 }
 
@@ -87,7 +88,7 @@ void WindowPeer::activate() {
 }
 
 void WindowPeer::layout() {
-  if (!ready_ || window_ == nullptr || IsIconic(window()) != 0) {
+  if (!building_.completed() || window_ == nullptr || IsIconic(window()) != 0) {
     return;
   }
   layoutRequested_ = false;
@@ -112,7 +113,7 @@ void WindowPeer::place(HWND control, const Rect& bounds, bool redraw) {
 }
 
 void WindowPeer::requestLayout() {
-  if (ready_ && !layoutRequested_) {
+  if (building_.completed() && !layoutRequested_) {
     layoutRequested_ = true;
     PostMessageW(window(), layoutMessage, 0, 0);
   }

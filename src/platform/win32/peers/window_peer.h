@@ -11,6 +11,8 @@
 #include "platform/controls/window.h"
 #include "platform/win32/fonts.h"
 #include "platform/win32/handles.h"
+#include "platform/win32/peers/building.h"
+#include "platform/win32/peers/focus_keeper.h"
 #include "platform/win32/peers/menu_peer.h"
 #include "platform/win32/peers/native_control.h"
 #include "platform/win32/peers/timer_peer.h"
@@ -18,9 +20,8 @@
 
 namespace platform::win32 {
 
-/// Messages that a window sends itself to do something once the present message is done with.
+/// The message with which a window asks itself for a layout once the present message is done with.
 inline constexpr UINT layoutMessage = WM_APP + 1;
-inline constexpr UINT focusMessage = WM_APP + 2;
 
 /// Native window of a `controls::Window` with the peers of all its controls.
 ///
@@ -76,11 +77,8 @@ class WindowPeer final : public controls::WindowPeer {
   void place(HWND control, const Rect& bounds, bool redraw);
   /// Sets or, with "", removes a control's tool tip.
   void setToolTip(HWND control, const std::wstring& text) { toolTips_.set(control, text); }
-  /// Gives a control the focus, now or when the window becomes active.
-  void focus(HWND control);
-  /// A control is about to be shown or hidden, enabled or disabled: one that goes out of use hands
-  /// the focus on.
-  void aboutToLose(HWND control, bool staysInUse);
+  /// Who looks after the focus of the controls.
+  [[nodiscard]] FocusKeeper& focus() { return focus_; }
   /// Lays the controls out again soon: a part has changed its size.
   void requestLayout();
 
@@ -103,6 +101,8 @@ class WindowPeer final : public controls::WindowPeer {
   void createWindow(DWORD style);
   void createDialog();
   void createControls();
+  /// The window in the middle of which this one is to appear; null for the middle of the screen.
+  [[nodiscard]] HWND windowBefore() const;
   void placeAtStart();
   void moveTo(const Rect& normal) const;
   void applyExtendedStyle();
@@ -139,15 +139,6 @@ class WindowPeer final : public controls::WindowPeer {
   void limitSize(MINMAXINFO& limits) const;
   [[nodiscard]] NativeControl* find(HWND control) const;
 
-  // window_focus.cpp
-  bool frameKey(WPARAM key);
-  [[nodiscard]] bool usable(HWND control) const;
-  [[nodiscard]] HWND nextFocus(HWND from, bool backwards) const;
-  [[nodiscard]] HWND firstFocus() const;
-  void checkFocus();
-  void moveFocusOn();
-  void restoreFocus();
-
   Window* window_;  // nullptr once detached
   WindowKind kind_;
   NativeWindow handle_;
@@ -162,16 +153,12 @@ class WindowPeer final : public controls::WindowPeer {
   const controls::MenuItem* poppedUp_ = nullptr;  // the last one, as its choice arrives later
   std::vector<std::unique_ptr<NativeControl>> controls_;
   std::vector<std::unique_ptr<TimerPeer>> timers_;
-  HWND lastFocus_ = nullptr;
+  FocusKeeper focus_{controls_};
   HDWP moving_ = nullptr;  // controls on their way to their places while a layout runs
   int busy_ = 0;
-  std::optional<Rect> wanted_;  // place for a window that is not finished
-  bool finished_ = false;       // or just being finished
-  bool ready_ = false;          // to be laid out
-  bool shown_ = false;
+  Building building_;
   bool showMaximised_ = false;
   bool layoutRequested_ = false;
-  bool focusCheckRequested_ = false;
   bool closing_ = false;
   bool pressed_ = false;  // a mouse button went down on a bare window
 };

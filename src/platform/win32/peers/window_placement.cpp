@@ -23,10 +23,10 @@ controls::Placement WindowPeer::placement() const {
 
 void WindowPeer::place(const controls::Placement& placement) {
   showMaximised_ = placement.maximised;
-  if (finished_) {
+  if (building_.started()) {
     moveTo(placement.normal);
   } else {
-    wanted_ = placement.normal;
+    building_.wish(placement.normal);
   }
 }
 

@@ -5,7 +5,7 @@ add_library(gateway STATIC ${portable_sources} ${win32_sources})
 target_include_directories(gateway PUBLIC src ${CMAKE_CURRENT_BINARY_DIR}/generated)
 target_compile_options(gateway PUBLIC -ffunction-sections -fdata-sections -fstack-protector-strong)
 target_link_options(gateway PUBLIC -static -fstack-protector-strong -Wl,--gc-sections)
-target_link_libraries(gateway PUBLIC windows_definitions comctl32 gdi32 ole32 oleaut32 shell32 shlwapi uuid advapi32)
+target_link_libraries(gateway PUBLIC windows_definitions comctl32 gdi32 ole32 oleaut32 shell32 uuid advapi32)
 target_link_libraries(gateway PRIVATE gateway_warnings)
 
 if(CMAKE_SYSTEM_PROCESSOR STREQUAL "x86_64")

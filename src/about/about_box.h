@@ -22,7 +22,9 @@ class frmAbout : public controls::Window {
 
   void cmdOK_Click();
 
-  /// Starts the system's information tool, or says that there is none.
+  /// Starts the system's information tool, or says that there is none. The box has no button for
+  /// it. It stays because it belongs to the box, whose next button it may be, and is tested as it
+  /// is.
   static void StartSysInfo();
 
   /// Reads a registry value as text into `value`: a string without its final NUL, a 32-bit number

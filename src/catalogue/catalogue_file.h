@@ -11,7 +11,9 @@ namespace modQMKGeneral {
 [[nodiscard]] std::wstring CatalogueFile();
 
 /// Appends one record per data file of the data folder to the catalogue (which is created when it
-/// is missing), then reloads the view. Errors go to the caller.
+/// is missing), then reloads the view. Errors go to the caller. No command calls it: the load of
+/// the view builds a missing catalogue itself. It stays because building with a reload is one of
+/// the catalogue's operations, and the next command that needs it must not put it together anew.
 void BuildCatalogue(CatalogueView& view);
 
 /// The same without the reload, for the view's own load.

@@ -6,16 +6,11 @@ namespace flatlook {
 
 namespace native = platform::native;
 using native::Edges;
+using native::inset;
 using native::WindowHandle;
 using platform::sum;
 
 namespace {
-
-Edges enlarged(const Edges& rect, int by) {
-  return {sum(rect.left, -by), sum(rect.top, -by), sum(rect.right, by), sum(rect.bottom, by)};
-}
-
-Edges shrunk(const Edges& rect) { return enlarged(rect, -1); }
 
 Edges moved(const Edges& rect, int right, int down) {
   return {sum(rect.left, right), sum(rect.top, down), sum(rect.right, right),
@@ -87,17 +82,17 @@ void DrawOuterFrame(WindowHandle control, FrameStyle style, std::uint32_t topLef
   const Edges onScreen = native::windowRect(control);
   const native::Point first = native::toClient(parent, {onScreen.left, onScreen.top});
   const native::Point second = native::toClient(parent, {onScreen.right, onScreen.bottom});
-  Edges rect = enlarged({first.x, first.y, second.x, second.y}, 2);
+  Edges rect = inset({first.x, first.y, second.x, second.y}, -2);
   const bool enabled = native::enabled(control);
   native::LineCanvas canvas(parent);
   Draw3DRect(canvas, rect, topLeft, bottomRight);
-  rect = shrunk(rect);
+  rect = inset(rect, 1);
   const std::uint32_t inner = enabled ? buttonFace : highlight3D;
   Draw3DRect(canvas, rect, inner, inner);
   if (enabled && style != FrameStyle::idle) {
     constexpr int rings = 3;
     for (int i = 0; i < rings; ++i) {
-      rect = shrunk(rect);
+      rect = inset(rect, 1);
       Draw3DRect(canvas, rect, highlight3D, highlight3D);
     }
   }
@@ -109,14 +104,14 @@ void DrawComboFrame(WindowHandle control, FrameStyle style, std::uint32_t topLef
   const bool enabled = native::enabled(control);
   native::LineCanvas canvas(control);
   Draw3DRect(canvas, rect, topLeft, bottomRight);
-  rect = shrunk(rect);
+  rect = inset(rect, 1);
   const std::uint32_t inner = enabled ? buttonFace : highlight3D;
   Draw3DRect(canvas, rect, inner, inner);
 
-  rect = shrunk(rect);
+  rect = inset(rect, 1);
   rect.left = sum(rect.right, -DropDownButtonWidth(control));
   Draw3DRect(canvas, rect, buttonFace, buttonFace);
-  rect = shrunk(rect);
+  rect = inset(rect, 1);
   Draw3DRect(canvas, rect, buttonFace, buttonFace);
   if (enabled) {
     drawEdges(canvas, rect, style, highlight3D, highlight3D, buttonShadow);
@@ -129,7 +124,7 @@ void DrawButtonFrame(WindowHandle control, FrameStyle style, std::uint32_t topLe
   const bool enabled = native::enabled(control);
   native::LineCanvas canvas(control);
   Draw3DRect(canvas, rect, topLeft, bottomRight);
-  rect = shrunk(rect);
+  rect = inset(rect, 1);
   const std::uint32_t inner = enabled ? buttonFace : blue;
   Draw3DRect(canvas, rect, inner, inner);
   if (enabled) {

@@ -89,14 +89,16 @@ void CommandObjects::addPictures(controls::ImageList& images) const {
 
 void CommandObjects::addButtons() {
   for (const int id : table_.toolbar) {
-    controls::Toolbar::Button made;
-    if (id != 0) {
-      const Button& button = find(id).command.button;
-      made.key = button.key;
-      made.command = button.id;
-      made.toolTip = button.toolTip;
-      made.check = button.check;
+    if (id == 0) {
+      toolbar_.addSeparator();
+      continue;
     }
+    const Button& button = find(id).command.button;
+    controls::Toolbar::Button made;
+    made.key = button.key;
+    made.command = button.id;
+    made.toolTip = button.toolTip;
+    made.check = button.check;
     toolbar_.addButton(std::move(made));
   }
 }

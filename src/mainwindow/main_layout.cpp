@@ -16,7 +16,7 @@ MainLayout layOut(platform::Size client, int dpi, const MeasuredParts& parts) {
   const int tabsTop = parts.toolbarHeight + padding;
   layout.tabs = {margin, tabsTop, std::max(0, client.width - 2 * margin),
                  std::max(0, client.height - tabsTop - margin)};
-  layout.list = platform::withoutMargin(parts.displayArea(layout.tabs), padding);
+  layout.list = platform::inset(parts.displayArea(layout.tabs), padding);
   layout.browseButton = {std::max(layout.list.left, layout.list.right() - button.width),
                          std::max(layout.list.top, layout.list.bottom() - button.height),
                          button.width, button.height};

@@ -41,7 +41,7 @@ struct Rect {
 
 /// `rect` without a margin on every side; one that is all margin has no width or height left.
 /// Raises 6 when a coordinate does not fit.
-[[nodiscard]] constexpr Rect withoutMargin(const Rect& rect, int margin) {
+[[nodiscard]] constexpr Rect inset(const Rect& rect, int margin) {
   const auto shortened = [margin](int length) {
     return coordinate(std::max<std::int64_t>(0, length - 2 * std::int64_t{margin}));
   };

@@ -10,6 +10,8 @@
 #include <optional>
 #include <string>
 
+#include "platform/geometry.h"
+
 namespace controls {
 class Control;
 class Window;
@@ -35,6 +37,12 @@ struct Edges {
   int bottom = 0;
   bool operator==(const Edges&) const = default;
 };
+
+/// The rectangle with every edge moved inwards by so many pixels, outwards by a negative number.
+/// Raises `error::overflow` when a coordinate does not fit.
+[[nodiscard]] constexpr Edges inset(const Edges& rect, int by) {
+  return {sum(rect.left, by), sum(rect.top, by), sum(rect.right, -by), sum(rect.bottom, -by)};
+}
 
 /// Native window of a control; `none` when it has none, as labels and controls of windows that
 /// are not loaded have none.

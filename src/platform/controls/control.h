@@ -89,7 +89,7 @@ class Control {
   /// Gives the control a place, of which it keeps its margin free.
   void setBounds(platform::Rect place) {
     place_ = place;
-    assign(bounds_, platform::withoutMargin(place_, margin_), Change::bounds);
+    assign(bounds_, platform::inset(place_, margin_), Change::bounds);
   }
   /// Pixels on every side that the control leaves to a frame around it, whatever place it gets.
   [[nodiscard]] int margin() const { return margin_; }

@@ -1,19 +1,12 @@
 #include "platform/win32/dpi.h"
 
-#include <bit>
-
 #include "platform/geometry.h"
 #include "platform/win32/handles.h"
+#include "platform/win32/system_library.h"
 
 namespace platform::win32 {
 
 namespace {
-
-template <class Function>
-Function* userFunction(const char* name) {
-  const HMODULE module = GetModuleHandleW(L"user32.dll");
-  return module == nullptr ? nullptr : std::bit_cast<Function*>(GetProcAddress(module, name));
-}
 
 int systemDpi() {
   const WindowDc screen(nullptr);
@@ -24,7 +17,7 @@ int systemDpi() {
 
 int dpiOf(HWND window) {
   using Call = UINT WINAPI(HWND);
-  static Call* const call = userFunction<Call>("GetDpiForWindow");
+  static Call* const call = systemFunction<Call>(L"user32.dll", "GetDpiForWindow");
   if (call != nullptr) {
     if (const UINT dpi = call(window); dpi != 0) {
       return static_cast<int>(dpi);
@@ -35,7 +28,7 @@ int dpiOf(HWND window) {
 
 NONCLIENTMETRICSW nonClientMetrics(int dpi) {
   using Call = BOOL WINAPI(UINT, UINT, void*, UINT, UINT);
-  static Call* const call = userFunction<Call>("SystemParametersInfoForDpi");
+  static Call* const call = systemFunction<Call>(L"user32.dll", "SystemParametersInfoForDpi");
   NONCLIENTMETRICSW metrics{};
   metrics.cbSize = sizeof metrics;
   if (call != nullptr &&
@@ -49,14 +42,14 @@ NONCLIENTMETRICSW nonClientMetrics(int dpi) {
 
 int systemMetric(int index, int dpi) {
   using Call = int WINAPI(int, UINT);
-  static Call* const call = userFunction<Call>("GetSystemMetricsForDpi");
+  static Call* const call = systemFunction<Call>(L"user32.dll", "GetSystemMetricsForDpi");
   return call != nullptr ? call(index, static_cast<UINT>(dpi))
                          : MulDiv(GetSystemMetrics(index), dpi, systemDpi());
 }
 
 RECT windowAround(RECT client, DWORD style, DWORD extendedStyle, bool menu, int dpi) {
   using Call = BOOL WINAPI(RECT*, DWORD, BOOL, DWORD, UINT);
-  static Call* const call = userFunction<Call>("AdjustWindowRectExForDpi");
+  static Call* const call = systemFunction<Call>(L"user32.dll", "AdjustWindowRectExForDpi");
   if (call == nullptr ||
       call(&client, style, menu ? TRUE : FALSE, extendedStyle, static_cast<UINT>(dpi)) == 0) {
     AdjustWindowRectEx(&client, style, menu ? TRUE : FALSE, extendedStyle);
@@ -67,7 +60,7 @@ RECT windowAround(RECT client, DWORD style, DWORD extendedStyle, bool menu, int 
 void leaveDialogScalingToProgram(HWND dialog) {
   using Call = BOOL WINAPI(HWND, int, int);
   constexpr int disableAll = 1;
-  static Call* const call = userFunction<Call>("SetDialogDpiChangeBehavior");
+  static Call* const call = systemFunction<Call>(L"user32.dll", "SetDialogDpiChangeBehavior");
   if (call != nullptr) {
     call(dialog, disableAll, disableAll);
   }

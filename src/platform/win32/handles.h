@@ -8,7 +8,6 @@
 // The rest of the system's headers rely on the first.
 #include <commctrl.h>
 #include <objbase.h>
-#include <oleauto.h>
 
 #include <string>
 #include <utility>
@@ -87,18 +86,6 @@ struct RegistryKeyTraits {
   static void close(Type value) noexcept { RegCloseKey(value); }
 };
 
-struct GlobalMemoryTraits {
-  using Type = HGLOBAL;
-  static Type invalid() noexcept { return nullptr; }
-  static void close(Type value) noexcept { GlobalFree(value); }
-};
-
-struct ModuleTraits {
-  using Type = HMODULE;
-  static Type invalid() noexcept { return nullptr; }
-  static void close(Type value) noexcept { FreeLibrary(value); }
-};
-
 struct IconTraits {
   using Type = HICON;
   static Type invalid() noexcept { return nullptr; }
@@ -109,12 +96,6 @@ struct MenuTraits {
   using Type = HMENU;
   static Type invalid() noexcept { return nullptr; }
   static void close(Type value) noexcept { DestroyMenu(value); }
-};
-
-struct AcceleratorTraits {
-  using Type = HACCEL;
-  static Type invalid() noexcept { return nullptr; }
-  static void close(Type value) noexcept { DestroyAcceleratorTable(value); }
 };
 
 struct ImageListTraits {
@@ -149,13 +130,10 @@ using FindHandle = Handle<FindTraits>;
 /// A mutex, event, process, thread: whatever is invalid as a null handle.
 using KernelHandle = Handle<KernelTraits>;
 using RegistryKey = Handle<RegistryKeyTraits>;
-using GlobalMemory = Handle<GlobalMemoryTraits>;
-using Module = Handle<ModuleTraits>;
 /// An icon of our own; icons loaded as shared are never ours.
 using Icon = Handle<IconTraits>;
 /// A menu that no window owns (a window destroys the menu it has been given).
 using Menu = Handle<MenuTraits>;
-using AcceleratorTable = Handle<AcceleratorTraits>;
 using NativeImageList = Handle<ImageListTraits>;
 using NativeWindow = Handle<WindowTraits>;
 /// A device context from CreateCompatibleDC.
@@ -164,7 +142,6 @@ using FontHandle = Handle<GdiTraits<HFONT>>;
 using BrushHandle = Handle<GdiTraits<HBRUSH>>;
 using PenHandle = Handle<GdiTraits<HPEN>>;
 using BitmapHandle = Handle<GdiTraits<HBITMAP>>;
-using RegionHandle = Handle<GdiTraits<HRGN>>;
 
 /// A window's (or, for a null window, the screen's) device context, borrowed from GetDC.
 class WindowDc {
@@ -180,23 +157,6 @@ class WindowDc {
 
  private:
   HWND window_;
-  HDC dc_;
-};
-
-/// The device context of one WM_PAINT.
-class PaintDc {
- public:
-  explicit PaintDc(HWND window) noexcept : window_(window), dc_(BeginPaint(window, &paint_)) {}
-  PaintDc(const PaintDc&) = delete;
-  PaintDc& operator=(const PaintDc&) = delete;
-  ~PaintDc() { EndPaint(window_, &paint_); }
-  [[nodiscard]] HDC get() const noexcept { return dc_; }
-  /// The part that needs painting.
-  [[nodiscard]] const RECT& dirty() const noexcept { return paint_.rcPaint; }
-
- private:
-  HWND window_;
-  PAINTSTRUCT paint_{};
   HDC dc_;
 };
 
@@ -254,28 +214,6 @@ class ComPointer {
 
  private:
   Interface* object_ = nullptr;
-};
-
-/// Owned automation string; text with embedded NULs survives.
-class Bstr {
- public:
-  Bstr() noexcept = default;
-  /// A copy of `text`; empty-handed (`get()` is null) when there is no memory.
-  explicit Bstr(const std::wstring& text)
-      : value_(SysAllocStringLen(text.data(), static_cast<UINT>(text.size()))) {}
-  Bstr(const Bstr&) = delete;
-  Bstr& operator=(const Bstr&) = delete;
-  Bstr(Bstr&& other) noexcept : value_(std::exchange(other.value_, nullptr)) {}
-  Bstr& operator=(Bstr&& other) noexcept {
-    std::swap(value_, other.value_);
-    return *this;
-  }
-  ~Bstr() { SysFreeString(value_); }
-  [[nodiscard]] BSTR get() const noexcept { return value_; }
-  [[nodiscard]] std::wstring text() const { return {value_, value_ + SysStringLen(value_)}; }
-
- private:
-  BSTR value_ = nullptr;
 };
 
 /// Memory that the shell or COM allocated.

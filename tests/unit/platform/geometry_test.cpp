@@ -49,8 +49,7 @@ TEST(Geometry, CoordinatesReachToTheEndsOfTheirRange) {
   EXPECT_EQ(sum(least + 1, -1), least);
   EXPECT_EQ((Rect{1, 2, most - 1, most - 2}.right()), most);
   EXPECT_EQ((Rect{1, 2, most - 1, most - 2}.bottom()), most);
-  EXPECT_EQ(withoutMargin({most - 1, most - 1, most, most}, 1),
-            (Rect{most, most, most - 2, most - 2}));
+  EXPECT_EQ(inset({most - 1, most - 1, most, most}, 1), (Rect{most, most, most - 2, most - 2}));
   EXPECT_EQ(scaled(most, designDpi), most);
   EXPECT_EQ(scaled(most / 2, 2 * designDpi), most - 1);
   EXPECT_EQ(twipsToPixels(most, twipsPerInch), most);
@@ -63,18 +62,18 @@ TEST(Geometry, ACoordinateBeyondThemIsAnOverflow) {
   EXPECT_EQ(errorNumberOf([] { static_cast<void>(sum(least, -1)); }), 6);
   EXPECT_EQ(errorNumberOf([] { static_cast<void>(Rect{2, 0, most - 1, 0}.right()); }), 6);
   EXPECT_EQ(errorNumberOf([] { static_cast<void>(Rect{0, 2, 0, most - 1}.bottom()); }), 6);
-  EXPECT_EQ(errorNumberOf([] { static_cast<void>(withoutMargin({most, 0, 9, 9}, 1)); }), 6);
-  EXPECT_EQ(errorNumberOf([] { static_cast<void>(withoutMargin({0, most, 9, 9}, 1)); }), 6);
-  EXPECT_EQ(errorNumberOf([] { static_cast<void>(withoutMargin({0, 0, most, 9}, -1)); }), 6);
+  EXPECT_EQ(errorNumberOf([] { static_cast<void>(inset({most, 0, 9, 9}, 1)); }), 6);
+  EXPECT_EQ(errorNumberOf([] { static_cast<void>(inset({0, most, 9, 9}, 1)); }), 6);
+  EXPECT_EQ(errorNumberOf([] { static_cast<void>(inset({0, 0, most, 9}, -1)); }), 6);
   EXPECT_EQ(errorNumberOf([] { static_cast<void>(scaled(most, designDpi + 1)); }), 6);
   EXPECT_EQ(errorNumberOf([] { static_cast<void>(twipsToPixels(most, twipsPerInch + 1)); }), 6);
 }
 
 TEST(Geometry, AMarginIsTakenOffEverySide) {
-  EXPECT_EQ(withoutMargin({10, 20, 30, 40}, 3), (Rect{13, 23, 24, 34}));
-  EXPECT_EQ(withoutMargin({10, 20, 7, 6}, 3), (Rect{13, 23, 1, 0}));
-  EXPECT_EQ(withoutMargin({10, 20, 5, 0}, 3), (Rect{13, 23, 0, 0}));
-  EXPECT_EQ(withoutMargin({0, 0, least, least}, 3), (Rect{3, 3, 0, 0}));
+  EXPECT_EQ(inset({10, 20, 30, 40}, 3), (Rect{13, 23, 24, 34}));
+  EXPECT_EQ(inset({10, 20, 7, 6}, 3), (Rect{13, 23, 1, 0}));
+  EXPECT_EQ(inset({10, 20, 5, 0}, 3), (Rect{13, 23, 0, 0}));
+  EXPECT_EQ(inset({0, 0, least, least}, 3), (Rect{3, 3, 0, 0}));
 }
 
 TEST(Geometry, RectanglesAndSizesCompareByAllTheirParts) {

@@ -30,14 +30,8 @@ bool isAlreadyThere(DWORD error) {
   return error == ERROR_FILE_EXISTS || error == ERROR_ALREADY_EXISTS;
 }
 
-/// Raises 75 for a file that must not be written to, and for a folder of that name. A sufficiently
-/// privileged user would get past the system's own check.
-void refuseProtected(DWORD attributes) {
-  if (attributes != INVALID_FILE_ATTRIBUTES &&
-      (attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0) {
-    throw RunTimeError(error::pathFileAccess);
-  }
-}
+/// What a draft can neither be nor replace: a file that must not be written to, and a folder.
+constexpr DWORD protectedKinds = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY;
 
 /// Creates the file, in the place of a stale one that nobody holds.
 DWORD createAnew(const std::wstring& native, FileHandle& file) {
@@ -49,7 +43,7 @@ DWORD createAnew(const std::wstring& native, FileHandle& file) {
   };
   DWORD result = create();
   if (isAlreadyThere(result)) {
-    refuseProtected(GetFileAttributesW(native.c_str()));
+    win32::refuseProtected(GetFileAttributesW(native.c_str()), protectedKinds);
     const DWORD removal = outcome(DeleteFileW(native.c_str()));
     if (removal != ERROR_SUCCESS && removal != ERROR_FILE_NOT_FOUND) return removal;
     result = create();
@@ -223,7 +217,7 @@ Replaced Draft::State::replace(const std::wstring& to, const Stamp& expected) {
   if (attributes == INVALID_FILE_ATTRIBUTES) {
     raise(GetLastError(), {{ERROR_PATH_NOT_FOUND, error::fileNotFound}});
   }
-  refuseProtected(attributes);
+  win32::refuseProtected(attributes, protectedKinds);
   Attempt attempt;
   const DWORD result = whileShared([&] {
     attempt = replaceExisting(nativeTo, expected);

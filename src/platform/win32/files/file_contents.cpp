@@ -92,11 +92,8 @@ Contents read(const std::wstring& native) {
 }
 
 Contents readToAppend(const std::wstring& native) {
-  const DWORD attributes = GetFileAttributesW(native.c_str());
-  if (attributes != INVALID_FILE_ATTRIBUTES &&
-      (attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0) {
-    throw RunTimeError(error::pathFileAccess);
-  }
+  win32::refuseProtected(GetFileAttributesW(native.c_str()),
+                         FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY);
   // Asking for the right to append finds out now whether somebody keeps others from writing.
   FileHandle file;
   const DWORD result = open(native, GENERIC_READ | FILE_APPEND_DATA, shareEverything, OPEN_EXISTING,

@@ -68,11 +68,6 @@ bool exists(const std::wstring& path, unsigned attributes) {
   return !findFirst(path, attributes).empty();
 }
 
-bool isReadOnly(const std::wstring& native) {
-  const DWORD attributes = GetFileAttributesW(native.c_str());
-  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
-}
-
 /// Attributes of an existing file; raises 53 when it (or its folder) is missing.
 DWORD existingAttributes(const std::wstring& native) {
   const DWORD attributes = GetFileAttributesW(native.c_str());
@@ -85,7 +80,7 @@ DWORD existingAttributes(const std::wstring& native) {
 /// Refuses to write to a read-only file. A sufficiently privileged user would get past the
 /// system's own check.
 void refuseReadOnly(const std::wstring& native) {
-  if (isReadOnly(native)) throw RunTimeError(error::pathFileAccess);
+  win32::refuseProtected(GetFileAttributesW(native.c_str()));
 }
 
 /// Whether a copy or a rename that failed like that, of a file that is there, did so for its
@@ -185,9 +180,7 @@ void makeFolder(const std::wstring& path) {
 void remove(const std::wstring& path) {
   concerning(path, [&path] {
     const std::wstring native = requiredPath(path);
-    if ((existingAttributes(native) & FILE_ATTRIBUTE_READONLY) != 0) {
-      throw RunTimeError(error::pathFileAccess);
-    }
+    win32::refuseProtected(existingAttributes(native));
     const DWORD result = whileShared([&native] { return outcome(DeleteFileW(native.c_str())); });
     if (result != ERROR_SUCCESS) raise(result, {{ERROR_PATH_NOT_FOUND, error::fileNotFound}});
   });

@@ -42,4 +42,10 @@ std::wstring requiredPath(const std::wstring& path) {
   return *std::move(native);
 }
 
+void refuseProtected(DWORD attributes, DWORD refused) {
+  if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & refused) != 0) {
+    throw RunTimeError(error::pathFileAccess);
+  }
+}
+
 }  // namespace platform::win32

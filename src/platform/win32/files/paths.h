@@ -1,6 +1,8 @@
 // Paths in the form in which Windows takes them at any length.
 #pragma once
 
+#include <windows.h>
+
 #include <optional>
 #include <string>
 
@@ -18,5 +20,10 @@ namespace platform::win32 {
 [[nodiscard]] inline bool hasEmbeddedNul(const std::wstring& text) {
   return text.find(L'\0') != std::wstring::npos;
 }
+
+/// Raises `error::pathFileAccess` when a file has one of the `refused` attributes. A sufficiently
+/// privileged user would get past the system's own check. `INVALID_FILE_ATTRIBUTES`, those of a
+/// file that is missing, pass.
+void refuseProtected(DWORD attributes, DWORD refused = FILE_ATTRIBUTE_READONLY);
 
 }  // namespace platform::win32

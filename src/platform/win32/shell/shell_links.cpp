@@ -32,15 +32,8 @@ bool scriptingKeeps(const std::wstring& linkPath, const Link& link) {
 /// No path holds one; it stands for a character that the scripting object could not express.
 bool isGarbled(const std::wstring& target) { return target.find(L'?') != std::wstring::npos; }
 
-void refuseReadOnly(const std::wstring& linkPath) {
-  const DWORD attributes = GetFileAttributesW(win32::requiredPath(linkPath).c_str());
-  if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
-    throw RunTimeError(error::pathFileAccess);
-  }
-}
-
 void writeFile(const std::wstring& linkPath, const Link& link) {
-  refuseReadOnly(linkPath);
+  win32::refuseProtected(GetFileAttributesW(win32::requiredPath(linkPath).c_str()));
   if (scriptingKeeps(linkPath, link) && win32::script_link::write(linkPath, link)) return;
   bool created = false;
   const HRESULT result = win32::link_object::write(linkPath, link, created);

@@ -82,7 +82,6 @@ set(win32_common_sources
   src/platform/win32/dpi.cpp
   src/platform/win32/errors.cpp
   src/platform/win32/fonts.cpp
-  src/platform/win32/message_chain.cpp
   src/platform/win32/modality.cpp)
 set(win32_files_sources
   src/platform/win32/files/draft.cpp

@@ -51,17 +51,39 @@ void detachMessage(ISubclass& object, WindowHandle window, unsigned message);
 /// Number of messages that are attached to windows, for all objects together.
 [[nodiscard]] std::size_t attachedMessages();
 
+// Hooks, which see all messages of a window and may keep them from it.
+
+/// Gets each message of a window together with the data that it was hooked with. It returns the
+/// message's result, for which it may ask those behind it with `passOn`.
+using Hook = std::intptr_t (*)(WindowHandle window, unsigned message, std::uintptr_t first,
+                               std::intptr_t second, std::uintptr_t data);
+
+/// Puts a hook before those that a window has; one that is there with this `id` only gets the new
+/// `data`. The hook goes with the window at the latest. False when the window is gone or belongs
+/// to another thread.
+[[nodiscard]] bool addHook(WindowHandle window, Hook hook, std::uintptr_t id, std::uintptr_t data);
+/// Takes a hook off, also in the middle of its own message. Nothing happens when it is not there.
+void removeHook(WindowHandle window, Hook hook, std::uintptr_t id);
+/// Hands a message to the hooks behind the calling one, the window itself coming last; to nobody
+/// (0) when the window has gone in between.
+std::intptr_t passOn(WindowHandle window, unsigned message, std::uintptr_t first,
+                     std::intptr_t second);
+
 // For the native side, which `watch` asks to hand over the messages of a window.
 
 /// Starts or ends the handing over of a window's messages. `watch` is false when the window is
 /// gone or belongs to another thread.
 [[nodiscard]] bool watch(WindowHandle window);
 void unwatch(WindowHandle window);
-/// A message of a watched window; `original` is the window's own handling, which is called exactly
-/// once. Its result is the message's.
+/// The window's own handling of a message.
+using Original =
+    std::function<std::intptr_t(unsigned message, std::uintptr_t first, std::intptr_t second)>;
+/// A message of a watched window. The objects get it before and after the hooks and the window.
 std::intptr_t deliver(WindowHandle window, unsigned message, std::uintptr_t first,
-                      std::intptr_t second, const std::function<std::intptr_t()>& original);
-/// A watched window is about to be gone: detaches everything and tells its objects.
+                      std::intptr_t second, const Original& original);
+/// A watched window is about to be gone: detaches all objects and tells them.
 void windowIsGoing(WindowHandle window);
+/// A watched window has got its last message: its hooks go.
+void windowIsGone(WindowHandle window);
 
 }  // namespace platform::subclass

@@ -49,6 +49,7 @@ void NativeScreen::destroy(WindowHandle window) {
     focus = WindowHandle::none;
   }
   windows_.erase(window);
+  platform::subclass::windowIsGone(window);
 }
 
 NativeWindow* NativeScreen::find(WindowHandle window) {
@@ -66,13 +67,14 @@ WindowHandle NativeScreen::childOf(WindowHandle window,
 
 std::intptr_t NativeScreen::send(WindowHandle window, unsigned message, std::uintptr_t first,
                                  std::intptr_t second) {
-  const auto original = [&]() -> std::intptr_t {
+  const auto original = [&](unsigned code, std::uintptr_t low, std::intptr_t high) {
     NativeWindow* const target = find(window);
-    return target == nullptr || !target->procedure ? 0 : target->procedure(message, first, second);
+    return target == nullptr || !target->procedure ? std::intptr_t{0}
+                                                   : target->procedure(code, low, high);
   };
   const NativeWindow* const target = find(window);
   if (target == nullptr || !target->watched) {
-    return original();
+    return original(message, first, second);
   }
   return platform::subclass::deliver(window, message, first, second, original);
 }

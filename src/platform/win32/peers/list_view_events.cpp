@@ -4,8 +4,9 @@
 #include <algorithm>
 
 #include "platform/geometry.h"
+#include "platform/subclass.h"
 #include "platform/win32/keyboard.h"
-#include "platform/win32/message_chain.h"
+#include "platform/win32/native_handle.h"
 #include "platform/win32/parameters.h"
 #include "platform/win32/peers/list_view_peer.h"
 #include "platform/win32/peers/window_peer.h"
@@ -166,7 +167,7 @@ std::optional<LRESULT> ListViewPeer::message(UINT message, WPARAM first, LPARAM 
   }
   if (message == WM_SYSCOLORCHANGE) {
     // After the native list has taken over what it takes over itself.
-    const LRESULT result = passOn(window(), message, first, second);
+    const LRESULT result = subclass::passOn(handleFrom(window()), message, first, second);
     takeColours();
     return result;
   }

@@ -3,7 +3,8 @@
 #include <bit>
 
 #include "platform/run_time_error.h"
-#include "platform/win32/message_chain.h"
+#include "platform/subclass.h"
+#include "platform/win32/native_handle.h"
 #include "platform/win32/parameters.h"
 #include "platform/win32/peers/window_peer.h"
 
@@ -55,28 +56,30 @@ void NativeControl::create(const wchar_t* windowClass, DWORD style, DWORD extend
 }
 
 void NativeControl::watchMessages() {
-  if (!hookMessages(window(), watch, watchId, std::bit_cast<DWORD_PTR>(this))) {
+  if (!subclass::addHook(handleFrom(window()), watch, watchId,
+                         std::bit_cast<std::uintptr_t>(this))) {
     throw RunTimeError(error::outOfMemory);
   }
 }
 
-LRESULT CALLBACK NativeControl::watch(HWND window, UINT message, WPARAM first, LPARAM second,
-                                      UINT_PTR id, DWORD_PTR self) {
+std::intptr_t NativeControl::watch(native::WindowHandle window, unsigned message,
+                                   std::uintptr_t first, std::intptr_t second,
+                                   std::uintptr_t self) {
   auto& control = *std::bit_cast<NativeControl*>(self);
   if (message == WM_NCDESTROY) {
-    unhookMessages(window, watch, id);
+    subclass::removeHook(window, watch, watchId);
   } else if (!control.detached_) {
     const WindowPeer::Busy busy(control.host_);
     if (message == WM_GETOBJECT) {
       // Given only now that somebody asks for it: most people's starts need not wait for the
       // service that keeps such names.
-      control.accessibleName_.give(window, control.control_.accessibleName());
+      control.accessibleName_.give(windowFrom(window), control.control_.accessibleName());
     }
     if (const auto result = control.message(message, first, second)) {
       return *result;
     }
   }
-  return passOn(window, message, first, second);
+  return subclass::passOn(window, message, first, second);
 }
 
 void NativeControl::detach() {

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "platform/controls/control.h"
+#include "platform/native_windows.h"
 #include "platform/win32/accessible_name.h"
 #include "platform/win32/handles.h"
 
@@ -74,8 +75,8 @@ class NativeControl {
   }
 
  private:
-  static LRESULT CALLBACK watch(HWND window, UINT message, WPARAM first, LPARAM second, UINT_PTR id,
-                                DWORD_PTR self);
+  static std::intptr_t watch(native::WindowHandle window, unsigned message, std::uintptr_t first,
+                             std::intptr_t second, std::uintptr_t self);
   WindowPeer& host_;
   controls::Control& control_;
   NativeWindow window_;

@@ -3,10 +3,11 @@
 #include <cstdint>
 
 #include "platform/run_time_error.h"
+#include "platform/subclass.h"
 #include "platform/win32/dpi.h"
-#include "platform/win32/message_chain.h"
 #include "platform/win32/modality.h"
 #include "platform/win32/monitors.h"
+#include "platform/win32/native_handle.h"
 #include "platform/win32/parameters.h"
 #include "platform/win32/peers/control_peers.h"
 #include "platform/win32/peers/window_peer.h"
@@ -138,7 +139,8 @@ void WindowPeer::createDialog() {
   }
   leaveDialogScalingToProgram(window());
   SetWindowTextW(window(), window_->caption().c_str());
-  if (!hookMessages(window(), watchDialog, dialogWatchId, std::bit_cast<DWORD_PTR>(this))) {
+  if (!subclass::addHook(handleFrom(window()), watchDialog, dialogWatchId,
+                         std::bit_cast<std::uintptr_t>(this))) {
     throw RunTimeError(error::outOfMemory);
   }
 }

@@ -3,8 +3,9 @@
 #include <bit>
 
 #include "platform/dispatcher.h"
+#include "platform/subclass.h"
 #include "platform/win32/dpi.h"
-#include "platform/win32/message_chain.h"
+#include "platform/win32/native_handle.h"
 #include "platform/win32/parameters.h"
 #include "platform/win32/peers/window_peer.h"
 
@@ -24,18 +25,19 @@ LRESULT CALLBACK WindowPeer::procedure(HWND window, UINT message, WPARAM first, 
   return DefWindowProcW(window, message, first, second);
 }
 
-LRESULT CALLBACK WindowPeer::watchDialog(HWND window, UINT message, WPARAM first, LPARAM second,
-                                         UINT_PTR id, DWORD_PTR self) {
+std::intptr_t WindowPeer::watchDialog(native::WindowHandle window, unsigned message,
+                                      std::uintptr_t first, std::intptr_t second,
+                                      std::uintptr_t self) {
   auto& peer = *std::bit_cast<WindowPeer*>(self);
   if (message == WM_NCDESTROY) {
-    unhookMessages(window, watchDialog, id);
+    subclass::removeHook(window, watchDialog, dialogWatchId);
   } else if (peer.window_ != nullptr) {
     const Busy busy(peer);
     if (const auto result = peer.handleSafely(message, first, second)) {
       return *result;
     }
   }
-  return passOn(window, message, first, second);
+  return subclass::passOn(window, message, first, second);
 }
 
 std::optional<LRESULT> WindowPeer::handleSafely(UINT message, WPARAM first, LPARAM second) {

@@ -2,7 +2,8 @@
 
 #include <bit>
 
-#include "platform/win32/message_chain.h"
+#include "platform/subclass.h"
+#include "platform/win32/native_handle.h"
 #include "platform/win32/parameters.h"
 #include "platform/win32/peers/window_table.h"
 
@@ -16,7 +17,7 @@ WindowPeer::~WindowPeer() {
     return;
   }
   if (kind_ == WindowKind::dialog) {
-    unhookMessages(window(), watchDialog, dialogWatchId);
+    subclass::removeHook(handleFrom(window()), watchDialog, dialogWatchId);
   } else {
     SetWindowLongPtrW(window(), GWLP_USERDATA, 0);
   }

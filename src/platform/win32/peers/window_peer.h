@@ -91,8 +91,8 @@ class WindowPeer final : public controls::WindowPeer {
   using WindowKind = controls::WindowKind;
 
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second);
-  static LRESULT CALLBACK watchDialog(HWND window, UINT message, WPARAM first, LPARAM second,
-                                      UINT_PTR id, DWORD_PTR self);
+  static std::intptr_t watchDialog(native::WindowHandle window, unsigned message,
+                                   std::uintptr_t first, std::intptr_t second, std::uintptr_t self);
 
   // window_creation.cpp
   WindowPeer(controls::Window& window, WindowKind kind);

@@ -1,5 +1,5 @@
-// The program's own chain of message hooks, on windows of the system.
-#include "platform/win32/message_chain.h"
+// Hooks on windows of the system.
+#include "platform/subclass.h"
 
 #include <gtest/gtest.h>
 
@@ -7,11 +7,14 @@
 #include <functional>
 #include <string>
 
+#include "platform/win32/native_handle.h"
+
 namespace {
 
-using platform::win32::hookMessages;
-using platform::win32::passOn;
-using platform::win32::unhookMessages;
+namespace subclass = platform::subclass;
+using platform::native::WindowHandle;
+using platform::win32::handleFrom;
+using platform::win32::windowFrom;
 
 constexpr UINT message = WM_APP + 1;
 
@@ -23,17 +26,17 @@ struct Hook {
   bool stops = false;
 };
 
-LRESULT CALLBACK run(HWND window, UINT code, WPARAM first, LPARAM second, UINT_PTR /*id*/,
-                     DWORD_PTR data) {
+std::intptr_t run(WindowHandle window, unsigned code, std::uintptr_t first, std::intptr_t second,
+                  std::uintptr_t data) {
   const Hook& hook = *std::bit_cast<const Hook*>(data);
   if (code != message) {
-    return passOn(window, code, first, second);
+    return subclass::passOn(window, code, first, second);
   }
   *hook.log += hook.name;
   if (hook.also) {
-    hook.also(window);
+    hook.also(windowFrom(window));
   }
-  return hook.stops ? 7 : passOn(window, code, first, second);
+  return hook.stops ? 7 : subclass::passOn(window, code, first, second);
 }
 
 LRESULT CALLBACK windowItself(HWND window, UINT code, WPARAM first, LPARAM second) {
@@ -45,22 +48,22 @@ LRESULT CALLBACK windowItself(HWND window, UINT code, WPARAM first, LPARAM secon
   return DefWindowProcW(window, code, first, second);
 }
 
-class MessageChain : public testing::Test {
+class Hooks : public testing::Test {
  protected:
-  MessageChain() {
+  Hooks() {
     WNDCLASSW description{};
     description.lpfnWndProc = windowItself;
     description.hInstance = GetModuleHandleW(nullptr);
-    description.lpszClassName = L"MessageChainTest";
+    description.lpszClassName = L"HooksTest";
     RegisterClassW(&description);
     window = CreateWindowExW(0, description.lpszClassName, L"", WS_POPUP, 0, 0, 10, 10, nullptr,
                              nullptr, description.hInstance, nullptr);
     SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&log));
   }
-  ~MessageChain() override { DestroyWindow(window); }
+  ~Hooks() override { DestroyWindow(window); }
 
   [[nodiscard]] bool add(const Hook& hook, UINT_PTR id) const {
-    return hookMessages(window, run, id, reinterpret_cast<DWORD_PTR>(&hook));
+    return subclass::addHook(handleFrom(window), run, id, reinterpret_cast<std::uintptr_t>(&hook));
   }
   LRESULT send() const { return SendMessageW(window, message, 0, 0); }
 
@@ -71,42 +74,42 @@ class MessageChain : public testing::Test {
   Hook three{.name = "3 ", .log = &log, .also = {}};
 };
 
-TEST_F(MessageChain, TheNewestHookComesFirstAndTheWindowLast) {
+TEST_F(Hooks, TheNewestHookComesFirstAndTheWindowLast) {
   ASSERT_TRUE(add(one, 1) && add(two, 2));
   EXPECT_EQ(send(), 42);
   EXPECT_EQ(log, "2 1 window");
 }
 
-TEST_F(MessageChain, AHookThatDoesNotPassOnHasTheLastWord) {
+TEST_F(Hooks, AHookThatDoesNotPassOnHasTheLastWord) {
   two.stops = true;
   ASSERT_TRUE(add(one, 1) && add(two, 2));
   EXPECT_EQ(send(), 7);
   EXPECT_EQ(log, "2 ");
 }
 
-TEST_F(MessageChain, HooksGoInAnyOrder) {
+TEST_F(Hooks, HooksGoInAnyOrder) {
   ASSERT_TRUE(add(one, 1) && add(two, 2) && add(three, 3));
-  unhookMessages(window, run, 2);
+  subclass::removeHook(handleFrom(window), run, 2);
   send();
   EXPECT_EQ(log, "3 1 window");
-  unhookMessages(window, run, 1);
-  unhookMessages(window, run, 3);
-  unhookMessages(window, run, 3);
+  subclass::removeHook(handleFrom(window), run, 1);
+  subclass::removeHook(handleFrom(window), run, 3);
+  subclass::removeHook(handleFrom(window), run, 3);
   log.clear();
   EXPECT_EQ(send(), 42);
   EXPECT_EQ(log, "window");
 }
 
-TEST_F(MessageChain, AHookThatIsThereOnlyGetsOtherData) {
+TEST_F(Hooks, AHookThatIsThereOnlyGetsOtherData) {
   ASSERT_TRUE(add(one, 1) && add(two, 2) && add(three, 1));
   send();
   EXPECT_EQ(log, "2 3 window");
 }
 
-TEST_F(MessageChain, HooksCanGoWhileAMessageIsOnItsWay) {
+TEST_F(Hooks, HooksCanGoWhileAMessageIsOnItsWay) {
   two.also = [](HWND self) {
-    unhookMessages(self, run, 2);
-    unhookMessages(self, run, 1);
+    subclass::removeHook(handleFrom(self), run, 2);
+    subclass::removeHook(handleFrom(self), run, 1);
   };
   ASSERT_TRUE(add(one, 1) && add(two, 2) && add(three, 3));
   send();
@@ -114,7 +117,7 @@ TEST_F(MessageChain, HooksCanGoWhileAMessageIsOnItsWay) {
   EXPECT_EQ(log, "3 2 window3 window");
 }
 
-TEST_F(MessageChain, AHookThatComesWhileAMessageIsOnItsWayWaitsForTheNext) {
+TEST_F(Hooks, AHookThatComesWhileAMessageIsOnItsWayWaitsForTheNext) {
   bool added = false;
   one.also = [&](HWND /*self*/) { added = added || add(two, 2); };
   ASSERT_TRUE(add(one, 1));
@@ -123,7 +126,7 @@ TEST_F(MessageChain, AHookThatComesWhileAMessageIsOnItsWayWaitsForTheNext) {
   EXPECT_EQ(log, "1 window2 1 window");
 }
 
-TEST_F(MessageChain, MessagesCanBeNested) {
+TEST_F(Hooks, MessagesCanBeNested) {
   bool nested = false;
   two.also = [&](HWND self) {
     if (!nested) {
@@ -136,7 +139,7 @@ TEST_F(MessageChain, MessagesCanBeNested) {
   EXPECT_EQ(log, "2 2 1 window1 window");
 }
 
-TEST_F(MessageChain, TheWindowCanGoInTheMiddleOfItsMessage) {
+TEST_F(Hooks, TheWindowCanGoInTheMiddleOfItsMessage) {
   two.also = [](HWND self) { DestroyWindow(self); };
   ASSERT_TRUE(add(one, 1) && add(two, 2));
   send();
@@ -146,8 +149,8 @@ TEST_F(MessageChain, TheWindowCanGoInTheMiddleOfItsMessage) {
 }
 
 DWORD WINAPI makeWindow(void* place) {
-  HWND const made = CreateWindowExW(0, L"MessageChainTest", L"", WS_POPUP, 0, 0, 1, 1, nullptr,
-                                    nullptr, GetModuleHandleW(nullptr), nullptr);
+  HWND const made = CreateWindowExW(0, L"HooksTest", L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr,
+                                    GetModuleHandleW(nullptr), nullptr);
   *static_cast<HWND*>(place) = made;
   MSG pending{};
   while (GetMessageW(&pending, nullptr, 0, 0) > 0 && pending.message != WM_QUIT) {
@@ -157,14 +160,15 @@ DWORD WINAPI makeWindow(void* place) {
   return 0;
 }
 
-TEST_F(MessageChain, AWindowOfAnotherThreadIsRefused) {
+TEST_F(Hooks, AWindowOfAnotherThreadIsRefused) {
   HWND volatile other = nullptr;
   DWORD id = 0;
   HANDLE const thread = CreateThread(nullptr, 0, makeWindow, const_cast<HWND*>(&other), 0, &id);
   ASSERT_NE(thread, nullptr);
   while (other == nullptr && WaitForSingleObject(thread, 1) == WAIT_TIMEOUT) {
   }
-  EXPECT_FALSE(hookMessages(other, run, 1, reinterpret_cast<DWORD_PTR>(&one)));
+  EXPECT_FALSE(
+      subclass::addHook(handleFrom(other), run, 1, reinterpret_cast<std::uintptr_t>(&one)));
   PostThreadMessageW(id, WM_QUIT, 0, 0);
   EXPECT_EQ(WaitForSingleObject(thread, 10000), WAIT_OBJECT_0);
   CloseHandle(thread);

@@ -15,9 +15,20 @@ Column column(const wchar_t* text, int twips, int dpi = 96) {
   return {text, (twips * dpi + 720) / 1440, 0};
 }
 
-bool inside(const RECT& inner, const RECT& outer) {
-  return inner.left >= outer.left && inner.top >= outer.top && inner.right <= outer.right &&
-         inner.bottom <= outer.bottom;
+std::string shown(const RECT& place) {
+  return "(" + std::to_string(place.left) + ", " + std::to_string(place.top) + " to " +
+         std::to_string(place.right) + ", " + std::to_string(place.bottom) + ")";
+}
+
+/// For EXPECT_PRED_FORMAT2: whether the first place lies within the second.
+::testing::AssertionResult inside(const char* innerText, const char* outerText, const RECT& inner,
+                                  const RECT& outer) {
+  if (inner.left >= outer.left && inner.top >= outer.top && inner.right <= outer.right &&
+      inner.bottom <= outer.bottom) {
+    return ::testing::AssertionSuccess();
+  }
+  return ::testing::AssertionFailure() << innerText << " " << shown(inner) << " is not within "
+                                       << outerText << " " << shown(outer);
 }
 
 class MainWindow : public GatewayTest {
@@ -40,11 +51,11 @@ class MainWindow : public GatewayTest {
     const RECT client = harness::clientOnScreen(app->main());
     const RECT bar = harness::screenRect(app->toolbar().window());
     const RECT tab = harness::screenRect(app->tabs().window());
-    EXPECT_TRUE(inside(bar, client));
+    EXPECT_PRED_FORMAT2(inside, bar, client);
     EXPECT_EQ(bar.left, client.left);
     EXPECT_EQ(bar.right, client.right);
     EXPECT_EQ(bar.top, client.top);
-    EXPECT_TRUE(inside(tab, client));
+    EXPECT_PRED_FORMAT2(inside, tab, client);
     const int margin = 16;
     EXPECT_GE(tab.top, bar.bottom);
     EXPECT_LE(tab.top - bar.bottom, margin);
@@ -53,13 +64,14 @@ class MainWindow : public GatewayTest {
     EXPECT_LE(client.bottom - tab.bottom, margin);
     const int current = app->tabs().current();
     const RECT list = harness::screenRect(app->list(current).window());
-    EXPECT_TRUE(inside(list, tab));
+    EXPECT_PRED_FORMAT2(inside, list, tab);
     EXPECT_GT(list.bottom - list.top, 40);
     EXPECT_LE(tab.right - list.right, margin);
     if (current == Tab::open) {
       const RECT browse = harness::screenRect(app->browseButton());
-      EXPECT_TRUE(inside(browse, tab));
-      EXPECT_TRUE(browse.top >= list.bottom || browse.bottom <= list.top) << "covers the list";
+      EXPECT_PRED_FORMAT2(inside, browse, tab);
+      EXPECT_TRUE(browse.top >= list.bottom || browse.bottom <= list.top)
+          << shown(browse) << " covers the list " << shown(list);
     } else {
       EXPECT_LE(tab.bottom - list.bottom, margin);
     }

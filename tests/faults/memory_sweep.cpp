@@ -40,7 +40,9 @@ void expectListsShowNothingElse(const Operation& operation, const Fault& fault) 
   }
   for (std::size_t n = 0; n < fault.now.lists.size(); ++n) {
     EXPECT_TRUE(showsNothingElse(fault.now.lists[n], fault.old.lists[n], fault.clean.lists[n]))
-        << "list " << n << ": " << ::testing::PrintToString(fault.now.lists[n]);
+        << "list " << n << " shows " << ::testing::PrintToString(fault.now.lists[n]) << "\nbefore "
+        << ::testing::PrintToString(fault.old.lists[n]) << "\nwithout a fault "
+        << ::testing::PrintToString(fault.clean.lists[n]);
   }
 }
 
@@ -76,14 +78,13 @@ void checkOutOfMemory(const Operation& operation, const Fault& fault) {
   EXPECT_EQ(std::count_if(messages.begin(), messages.end(), tellsOfMemory), 1)
       << ::testing::PrintToString(messages);
   for (const std::wstring& message : messages) {
-    EXPECT_TRUE(tellsOfMemory(message) ||
-                std::find(fault.clean.messages.begin(), fault.clean.messages.end(), message) !=
-                    fault.clean.messages.end())
-        << platform::text::toCodePage(message);
+    if (!tellsOfMemory(message)) {
+      EXPECT_TRUE(isOneOf(message, fault.clean.messages));
+    }
   }
   expectListsShowNothingElse(operation, fault);
-  EXPECT_TRUE(fault.now.dialogOpen == fault.old.dialogOpen ||
-              fault.now.dialogOpen == fault.clean.dialogOpen);
+  EXPECT_TRUE(isOneOf(fault.now.dialogOpen, {fault.old.dialogOpen, fault.clean.dialogOpen}))
+      << "whether the web shortcut dialog is open";
 }
 
 void sweepMemory(const Operation& operation) {

@@ -2,6 +2,9 @@
 // call can raise, and checks each time that nothing is lost.
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <algorithm>
 #include <functional>
 #include <map>
 #include <memory>
@@ -147,6 +150,16 @@ void checkOutOfMemory(const Operation& operation, const Fault& fault);
 [[nodiscard]] State stateOf(const frmQMK& main);
 /// Numbers that a call can raise.
 [[nodiscard]] std::vector<int> errorsOf(const std::wstring& call);
+/// Whether `value` is one of those; a failure shows it and them.
+template <class Value>
+[[nodiscard]] ::testing::AssertionResult isOneOf(const Value& value,
+                                                 const std::vector<Value>& allowed) {
+  if (std::find(allowed.begin(), allowed.end(), value) != allowed.end()) {
+    return ::testing::AssertionSuccess();
+  }
+  return ::testing::AssertionFailure()
+         << ::testing::PrintToString(value) << " is none of " << ::testing::PrintToString(allowed);
+}
 /// Checks that every file is as it was before or as a run without a fault leaves it.
 void expectWholeFiles(const Fault& fault,
                       const std::function<bool(const std::wstring&)>& mayBeGone = {});

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "platform/desktop.h"
+#include "platform/geometry_printing.h"
 #include "platform/text.h"
 
 namespace desktop {

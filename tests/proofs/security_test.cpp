@@ -223,8 +223,8 @@ TEST_F(Security, TheProgramFileIsHardened) {
     const auto section = read(first + n * sizeof(IMAGE_SECTION_HEADER), IMAGE_SECTION_HEADER{});
     const DWORD kind = section.Characteristics;
     executable += (kind & IMAGE_SCN_MEM_EXECUTE) != 0 ? 1 : 0;
-    EXPECT_FALSE((kind & IMAGE_SCN_MEM_EXECUTE) != 0 && (kind & IMAGE_SCN_MEM_WRITE) != 0)
-        << "section " << n << " can be written and run";
+    constexpr DWORD writtenAndRun = IMAGE_SCN_MEM_EXECUTE | IMAGE_SCN_MEM_WRITE;
+    EXPECT_NE(kind & writtenAndRun, writtenAndRun) << "section " << n << " can be written and run";
   }
   EXPECT_EQ(executable, 1);
   // What is imported is looked for before the program can say where: in the system's folder. Side

@@ -4,6 +4,7 @@
 
 #include "platform/windows.h"
 #include "unit/support/loaded_main_window.h"
+#include "unit/support/places.h"
 
 namespace {
 
@@ -83,9 +84,7 @@ TEST_F(AboutBox, ItsPartsLieInsideAndApartAtEveryDensity) {
       EXPECT_LE(a.bottom(), client.height);
       for (std::size_t j = i + 1; j < controls.size(); ++j) {
         const platform::Rect& b = controls[j]->bounds();
-        EXPECT_TRUE(a.right() <= b.left || b.right() <= a.left || a.bottom() <= b.top ||
-                    b.bottom() <= a.top)
-            << i << " and " << j;
+        EXPECT_PRED_FORMAT2(unit::apart, a, b) << i << " and " << j;
       }
     }
   }

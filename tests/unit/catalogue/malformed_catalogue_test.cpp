@@ -11,6 +11,7 @@ using namespace std::string_literals;
 using desktop::desktop;
 using unit::MalformedFile;
 using unit::record;
+using unit::sameBytes;
 using unit::Texts;
 
 const std::string soundB = record({"fp3", "D:\\b.fp3", "1"});
@@ -34,7 +35,7 @@ TEST_P(MalformedCatalogue, ShowsWhatIsSound) {
   modQMKGeneral::LoadCatalogueView(view);
   EXPECT_EQ(rows(), GetParam().shown);
   EXPECT_TRUE(messages().empty());
-  EXPECT_TRUE(catalogue() == bytes());
+  EXPECT_PRED_FORMAT2(sameBytes, catalogue(), bytes());
 }
 
 TEST_P(MalformedCatalogue, AnAddLeavesEveryForeignByte) {
@@ -44,7 +45,8 @@ TEST_P(MalformedCatalogue, AnAddLeavesEveryForeignByte) {
   if (!expected.empty() && expected.back() != '\r' && expected.back() != '\n') {
     expected += "\r\n";
   }
-  EXPECT_TRUE(catalogue() == expected + record({"CW3", "D:\\new.cw3", "11/20/2026"}));
+  EXPECT_PRED_FORMAT2(sameBytes, catalogue(),
+                      expected + record({"CW3", "D:\\new.cw3", "11/20/2026"}));
   EXPECT_TRUE(messages().empty());
 }
 
@@ -58,7 +60,7 @@ TEST_P(MalformedCatalogue, ARestampLeavesEveryForeignByte) {
   } else {
     list_file::append(expected, record({"CW3", "D:\\B.fp3", "11/20/2026"}));
   }
-  EXPECT_TRUE(catalogue() == expected);
+  EXPECT_PRED_FORMAT2(sameBytes, catalogue(), expected);
 }
 
 TEST_P(MalformedCatalogue, ARemoveLeavesEveryForeignByte) {
@@ -70,14 +72,14 @@ TEST_P(MalformedCatalogue, ARemoveLeavesEveryForeignByte) {
   if (at != std::string::npos) {
     expected.erase(at, soundB.size());
   }
-  EXPECT_TRUE(catalogue() == expected);
+  EXPECT_PRED_FORMAT2(sameBytes, catalogue(), expected);
   EXPECT_FALSE(desktop().has(L"D:\\b.fp3"));
 }
 
 TEST_P(MalformedCatalogue, ARefreshLeavesEveryForeignByte) {
   putCatalogue(bytes());
   modQMKGeneral::RefreshDataFolderEntries(view);
-  EXPECT_TRUE(catalogue() == bytes());
+  EXPECT_PRED_FORMAT2(sameBytes, catalogue(), bytes());
   EXPECT_EQ(rows(), GetParam().shown);
 }
 
@@ -145,7 +147,8 @@ TEST_F(LargeCatalogue, TwoHundredThousandRecordsShowAndSurviveAnAddAndARemove) {
   EXPECT_EQ(list.text(1), L"plot0.fp3");
   modQMKGeneral::AddOrUpdateCatalogueEntry(L"D:\\new.cw3", L"CW3");
   modQMKGeneral::RemoveCatalogueEntry(L"D:\\b.fp3");
-  EXPECT_TRUE(catalogue() == before + record({"CW3", "D:\\new.cw3", "11/20/2026"}));
+  EXPECT_PRED_FORMAT2(sameBytes, catalogue(),
+                      before + record({"CW3", "D:\\new.cw3", "11/20/2026"}));
   EXPECT_TRUE(messages().empty());
 }
 

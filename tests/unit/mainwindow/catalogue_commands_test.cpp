@@ -103,7 +103,7 @@ TEST_F(CatalogueCommandsTest, DeletedWithYesTheEntryAndItsFileGo) {
   EXPECT_EQ(catalogue(), "\"FP3\",\"C:\\Data\\Ridge.fp3\",\"1/2/2026\"\r\n");
   EXPECT_FALSE(desktop().has(L"C:\\Data\\Slope.bi3"));
   EXPECT_TRUE(desktop().has(L"C:\\Data\\Ridge.fp3"));
-  EXPECT_TRUE(desktop().messages.size() == 1);
+  EXPECT_EQ(desktop().messages.size(), 1U);
 }
 
 TEST_F(CatalogueCommandsTest, TheViewIsReloadedBehindTheDeletion) {

@@ -8,6 +8,7 @@
 
 #include "platform/desktop_test.h"
 #include "unit/support/main_window_fixture.h"
+#include "unit/support/places.h"
 
 namespace {
 
@@ -37,15 +38,6 @@ std::vector<Rect> allOf(const MainLayout& layout) {
   return {layout.toolbar, layout.tabs, layout.list, layout.listOnOpen, layout.browseButton};
 }
 
-bool inside(const Rect& inner, const Rect& outer) {
-  return inner.left >= outer.left && inner.top >= outer.top && inner.right() <= outer.right() &&
-         inner.bottom() <= outer.bottom();
-}
-
-bool apart(const Rect& a, const Rect& b) {
-  return a.right() <= b.left || b.right() <= a.left || a.bottom() <= b.top || b.bottom() <= a.top;
-}
-
 /// Runs `check(client, dpi, layout)` for client areas from the smallest one up, at every dpi.
 template <class Check>
 void forSensibleSizes(const Check& check) {
@@ -67,7 +59,7 @@ void forSensibleSizes(const Check& check) {
 TEST(MainLayoutTest, EverythingStandsInsideTheClientArea) {
   forSensibleSizes([](Size client, int /*dpi*/, const MainLayout& layout) {
     for (const Rect& place : allOf(layout)) {
-      EXPECT_TRUE(inside(place, {0, 0, client.width, client.height}));
+      EXPECT_PRED_FORMAT2(unit::inside, place, (Rect{0, 0, client.width, client.height}));
     }
   });
 }
@@ -84,7 +76,7 @@ TEST(MainLayoutTest, EverythingHasRoom) {
 TEST(MainLayoutTest, TheToolbarFillsTheTopAndTheTabsTheRest) {
   forSensibleSizes([](Size client, int dpi, const MainLayout& layout) {
     EXPECT_EQ(layout.toolbar, (Rect{0, 0, client.width, partsAt(dpi).toolbarHeight}));
-    EXPECT_TRUE(apart(layout.toolbar, layout.tabs));
+    EXPECT_PRED_FORMAT2(unit::apart, layout.toolbar, layout.tabs);
     const int widestGap = scaled(8, dpi);
     EXPECT_LE(layout.tabs.top - layout.toolbar.bottom(), widestGap);
     EXPECT_LE(layout.tabs.left, widestGap);
@@ -96,7 +88,7 @@ TEST(MainLayoutTest, TheToolbarFillsTheTopAndTheTabsTheRest) {
 TEST(MainLayoutTest, TheListFillsItsTab) {
   forSensibleSizes([](Size /*client*/, int dpi, const MainLayout& layout) {
     const Rect area = partsAt(dpi).displayArea(layout.tabs);
-    EXPECT_TRUE(inside(layout.list, area));
+    EXPECT_PRED_FORMAT2(unit::inside, layout.list, area);
     const int widestGap = scaled(6, dpi);
     EXPECT_LE(layout.list.left - area.left, widestGap);
     EXPECT_LE(layout.list.top - area.top, widestGap);
@@ -107,7 +99,7 @@ TEST(MainLayoutTest, TheListFillsItsTab) {
 
 TEST(MainLayoutTest, OnOpenTheListLeavesTheBottomRightToTheButton) {
   forSensibleSizes([](Size /*client*/, int dpi, const MainLayout& layout) {
-    EXPECT_TRUE(apart(layout.listOnOpen, layout.browseButton));
+    EXPECT_PRED_FORMAT2(unit::apart, layout.listOnOpen, layout.browseButton);
     EXPECT_EQ(layout.listOnOpen.left, layout.list.left);
     EXPECT_EQ(layout.listOnOpen.top, layout.list.top);
     EXPECT_EQ(layout.listOnOpen.width, layout.list.width);

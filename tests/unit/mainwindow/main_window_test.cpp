@@ -4,6 +4,7 @@
 
 #include <array>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "unit/support/error_number.h"
@@ -70,11 +71,7 @@ TEST_F(DesignedMainWindowTest, ToolbarButtonsHaveNeitherPictureNorCaptionYet) {
 }
 
 TEST_F(DesignedMainWindowTest, HasTheMenusWithTheirEntries) {
-  struct Entry {
-    std::wstring name;
-    std::wstring caption;
-    bool operator==(const Entry&) const = default;
-  };
+  using Entry = std::pair<std::wstring, std::wstring>;  // name and caption
   std::vector<std::vector<Entry>> found;
   for (const controls::MenuItem* const menu : window.menuBar()) {
     found.push_back({{menu->name(), menu->caption()}});
@@ -95,7 +92,7 @@ TEST_F(DesignedMainWindowTest, HasTheMenusWithTheirEntries) {
        {L"mnuWeb", L"Web Based Support"},
        {L"mnuAbout", L"About"}},
   };
-  EXPECT_TRUE(found == expected);
+  EXPECT_EQ(found, expected);
 }
 
 TEST_F(DesignedMainWindowTest, TheWatchTicksOnceASecond) {

@@ -4,6 +4,7 @@
 
 #include <limits>
 
+#include "platform/geometry_printing.h"
 #include "unit/support/error_number.h"
 
 namespace platform {

@@ -10,6 +10,7 @@
 #include "startup/splash_window.h"
 #include "unit/support/error_number.h"
 #include "unit/support/journal_order.h"
+#include "unit/support/places.h"
 
 namespace {
 
@@ -323,10 +324,6 @@ TEST_F(SplashTest, WithoutTheDisplayTimerEachFiveSecondsLowerTheLevel) {
 
 // --- its face ---
 
-bool apart(const platform::Rect& a, const platform::Rect& b) {
-  return a.right() <= b.left || b.right() <= a.left || a.bottom() <= b.top || b.bottom() <= a.top;
-}
-
 TEST_F(SplashTest, LabelsStandInsideThePictureAndApart) {
   splash.load();
   for (const int dpi : {96, 120, 144, 168, 192}) {
@@ -344,7 +341,7 @@ TEST_F(SplashTest, LabelsStandInsideThePictureAndApart) {
       EXPECT_LE(place.right(), client.width);
       EXPECT_LE(place.bottom(), client.height);
       for (const platform::Rect& other : places) {
-        EXPECT_TRUE(apart(place, other)) << dpi;
+        EXPECT_PRED_FORMAT2(unit::apart, place, other) << dpi;
       }
       places.push_back(place);
     }

@@ -11,6 +11,7 @@ using modQMKGeneral::AppendWebEntry;
 using modQMKGeneral::DeleteWebEntry;
 using modQMKGeneral::LoadWebList;
 using unit::record;
+using unit::sameBytes;
 
 class MalformedWebList : public unit::WebTest,
                          public ::testing::WithParamInterface<unit::MalformedFile> {};
@@ -29,14 +30,14 @@ TEST_P(MalformedWebList, ShowsWhatIsSoundAndSurvivesAnAddAndADelete) {
     expected += "\r\n";
   }
   expected += record({"new", "http://new/"});
-  EXPECT_TRUE(webList() == expected);
+  EXPECT_PRED_FORMAT2(sameBytes, webList(), expected);
 
   DeleteWebEntry(web, L"b");
   const std::size_t at = expected.find(soundB);
   if (at != std::string::npos) {
     expected.erase(at, soundB.size());
   }
-  EXPECT_TRUE(webList() == expected);
+  EXPECT_PRED_FORMAT2(sameBytes, webList(), expected);
   EXPECT_TRUE(messages().empty());
 }
 
@@ -76,7 +77,7 @@ TEST_F(LargeWebList, TwoHundredThousandRecordsShowAndSurviveAnAddAndADelete) {
   EXPECT_EQ(list.count(), count + 1);
   AppendWebEntry(web, L"Two", L"http://two/");
   DeleteWebEntry(web, L"One");
-  EXPECT_TRUE(webList() == many + two);
+  EXPECT_PRED_FORMAT2(sameBytes, webList(), many + two);
   EXPECT_EQ(list.count(), count + 1);
 }
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "unit/support/places.h"
 #include "unit/support/web_test.h"
 
 namespace {
@@ -231,9 +232,7 @@ TEST_F(WebDialog, ItsPartsLieApartAndInsideAtEveryDensity) {
       EXPECT_LE(a.bottom(), client.height);
       for (std::size_t j = i + 1; j < controls.size(); ++j) {
         const platform::Rect& b = controls[j]->bounds();
-        EXPECT_TRUE(a.right() <= b.left || b.right() <= a.left || a.bottom() <= b.top ||
-                    b.bottom() <= a.top)
-            << i << " and " << j;
+        EXPECT_PRED_FORMAT2(unit::apart, a, b) << i << " and " << j;
       }
     }
   }

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/geometry_printing.h"
 #include "support/icon_program.h"
 
 namespace {

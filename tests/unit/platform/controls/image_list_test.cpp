@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/geometry_printing.h"
 #include "unit/support/error_number.h"
 
 namespace controls {

@@ -95,7 +95,11 @@ TEST(StartUpFaults, NoCallThatFailsLosesAnythingAndTheStartGoesOnAsFarAsItCan) {
       EXPECT_EQ(probe.fault.now, clean);
       break;
     }
-    for (const int number : errorsOf(probe.fault.call)) {
+    const std::vector<int> numbers = errorsOf(probe.fault.call);
+    if (numbers.empty()) {
+      return;  // a call without a row; that has failed the test
+    }
+    for (const int number : numbers) {
       for (const bool forever : {false, true}) {
         const Start start = startWith([=] { desktop().failCall(n, number, forever); });
         SCOPED_TRACE("call " + std::to_string(n) + " (" +

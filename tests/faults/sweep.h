@@ -148,7 +148,8 @@ void checkOutOfMemory(const Operation& operation, const Fault& fault);
 
 /// Takes stock of the desktop and the window.
 [[nodiscard]] State stateOf(const frmQMK& main);
-/// Numbers that a call can raise.
+/// Numbers that a call can raise, by its line in the journal. A call that the table does not know
+/// fails the test: who adds a call to the platform adds its row.
 [[nodiscard]] std::vector<int> errorsOf(const std::wstring& call);
 /// Whether `value` is one of those; a failure shows it and them.
 template <class Value>

@@ -46,7 +46,7 @@ TEST_F(AboutBox, AskingAgainBringsItForward) {
   const FormReader box = ask();
   harness::bringToFront(app->main());
   app->command(ids::mnuAbout);
-  EXPECT_TRUE(waitFor([&] { return GetForegroundWindow() == box.window(); }));
+  EXPECT_TRUE(eventually(harness::windowInFront, NamedWindow{box.window()}));
   EXPECT_EQ(harness::aboutBoxes(*app), 1U);
   box.pushAndWait(ids::aboutOK);
 }

@@ -1,4 +1,6 @@
 // The list of the Open tab: what it makes of the catalogue file, and how it follows it.
+#include <tuple>
+
 #include "gateway_test.h"
 
 namespace desktop_tests {
@@ -39,7 +41,7 @@ class CatalogueView : public GatewayTest {
   }
 
   void expectRows(const Rows& rows) const {
-    EXPECT_TRUE(waitFor([&] { return list().rows() == rows; }, 5000));
+    EXPECT_TRUE(eventually([&] { return list().rows(); }, rows, 5000));
     EXPECT_EQ(list().rows(), rows);
   }
 };
@@ -79,7 +81,7 @@ TEST_F(CatalogueView, GivesEachKindItsPicture) {
   startWith(record(L"FP3", L"D:\\1.fp3") + record(L"BS3", L"D:\\2.bs3") +
             record(L"bi3", L"D:\\3.bi3") + record(L"cw3", L"D:\\4.cw3") +
             record(L"BW3", L"D:\\5.bw3") + record(L"xyz", L"D:\\6.xyz"));
-  ASSERT_TRUE(waitFor([&] { return list().count() == 6; }));
+  ASSERT_TRUE(eventually([&] { return list().count(); }, 6));
   EXPECT_GE(list().image(0), 0);
   EXPECT_GE(list().image(1), 0);
   EXPECT_GE(list().image(3), 0);
@@ -95,17 +97,16 @@ TEST_F(CatalogueView, ShowsWhatAnotherProgramWritesWithinTwoSeconds) {
   startWith(record(L"FP3", L"D:\\1.fp3"));
   // The first change shows that the watch has begun.
   replaceCatalogue(record(L"FP3", L"D:\\1.fp3") + record(L"FP3", L"D:\\2.fp3"));
-  ASSERT_TRUE(waitFor([&] { return list().count() == 2; }));
+  ASSERT_TRUE(eventually([&] { return list().count(); }, 2));
   replaceCatalogue(record(L"BI3", L"D:\\3.bi3"));
-  EXPECT_TRUE(
-      waitFor([&] { return list().texts() == std::vector<std::wstring>{L"3.bi3"}; }, twoSeconds));
+  EXPECT_TRUE(eventually([&] { return list().texts(); }, ElementsAre(L"3.bi3"), twoSeconds));
 }
 
 TEST_F(CatalogueView, FollowsTheFileOnEveryTab) {
   startWith("");
   app->selectTab(Tab::web);
   replaceCatalogue(record(L"FP3", L"D:\\2.fp3"));
-  EXPECT_TRUE(waitFor([&] { return list().count() == 1; }));
+  EXPECT_TRUE(eventually([&] { return list().count(); }, 1));
   EXPECT_EQ(app->tabs().current(), Tab::web);
 }
 
@@ -114,29 +115,30 @@ TEST_F(CatalogueView, LooksOnlyAtTheTimeOfTheLastChange) {
   // The first change may be shown by start-up itself, the second one only by the watch.
   for (const wchar_t* name : {L"first.fp3", L"2.fp3"}) {
     replaceCatalogue(record(L"FP3", L"D:\\" + std::wstring(name)));
-    ASSERT_TRUE(waitFor([&] { return list().texts() == std::vector<std::wstring>{name}; }));
+    ASSERT_TRUE(eventually([&] { return list().texts(); }, ElementsAre(name)));
   }
   const std::uint64_t seen = harness::changeTime(app->cataloguePath());
   replaceCatalogue(record(L"FP3", L"D:\\3.fp3"), seen);
-  EXPECT_FALSE(
-      waitFor([&] { return list().texts() != std::vector<std::wstring>{L"2.fp3"}; }, twoLooksMs));
+  EXPECT_TRUE(stays([&] { return list().texts(); }, ElementsAre(L"2.fp3"), twoLooksMs));
   // An older time is another time, too.
   harness::setChangeTime(app->cataloguePath(), seen - 600000000);
-  EXPECT_TRUE(waitFor([&] { return list().texts() == std::vector<std::wstring>{L"3.fp3"}; }));
+  EXPECT_TRUE(eventually([&] { return list().texts(); }, ElementsAre(L"3.fp3")));
 }
 
 TEST_F(CatalogueView, AVanishedFileLeavesTheListAlone) {
   startWith(record(L"FP3", L"D:\\1.fp3"));
   replaceCatalogue(record(L"FP3", L"D:\\2.fp3"));
-  ASSERT_TRUE(waitFor([&] { return list().texts() == std::vector<std::wstring>{L"2.fp3"}; }));
+  ASSERT_TRUE(eventually([&] { return list().texts(); }, ElementsAre(L"2.fp3")));
   harness::removeFile(app->cataloguePath());
-  EXPECT_FALSE(waitFor(
+  // Rows, whether there is a dialog, whether there is the file.
+  EXPECT_TRUE(stays(
       [&] {
-        return list().count() != 1 || app->dialogShown() || harness::exists(app->cataloguePath());
+        return std::tuple(list().count(), app->dialogShown(),
+                          harness::exists(app->cataloguePath()));
       },
-      twoLooksMs));
+      std::tuple(1, false, false), twoLooksMs));
   app->writeCatalogue(record(L"FP3", L"D:\\9.fp3"));
-  EXPECT_TRUE(waitFor([&] { return list().texts() == std::vector<std::wstring>{L"9.fp3"}; }));
+  EXPECT_TRUE(eventually([&] { return list().texts(); }, ElementsAre(L"9.fp3")));
 }
 
 TEST_F(CatalogueView, AReloadKeepsSelectionFocusAndScrollPosition) {
@@ -145,16 +147,16 @@ TEST_F(CatalogueView, AReloadKeepsSelectionFocusAndScrollPosition) {
     records += record(L"FP3", L"D:\\plot " + std::to_wstring(number) + L".fp3");
   }
   startWith(records);
-  ASSERT_TRUE(waitFor([&] { return list().count() == 200; }));
+  ASSERT_TRUE(eventually([&] { return list().count(); }, 200));
   app->selectTab(Tab::open);
   list().scrollIntoView(0);
   list().scrollIntoView(120);
   harness::clickAt(harness::centreOf(list().textOnScreen(115)), app->main());
-  ASSERT_TRUE(waitFor([&] { return list().selected() == 115; }));
+  ASSERT_TRUE(eventually([&] { return list().selected(); }, 115));
   const std::wstring top = list().cell(list().topRow(), 0);
   replaceCatalogue(record(L"FP3", L"D:\\aaa.fp3") + record(L"FP3", L"D:\\bbb.fp3") + records);
-  ASSERT_TRUE(waitFor([&] { return list().count() == 202; }));
-  EXPECT_TRUE(waitFor([&] { return list().selected() == 117; }));
+  ASSERT_TRUE(eventually([&] { return list().count(); }, 202));
+  EXPECT_TRUE(eventually([&] { return list().selected(); }, 117));
   EXPECT_EQ(list().focused(), 117);
   EXPECT_EQ(list().cell(117, 0), L"plot 215.fp3");
   EXPECT_EQ(list().cell(list().topRow(), 0), top);
@@ -169,11 +171,9 @@ TEST_F(CatalogueView, AMissingCatalogueIsBuiltFromTheDataFolder) {
   }
   app->addDataFile(L"notes.txt");
   app->startToMain();
-  EXPECT_TRUE(waitFor([&] { return app->catalogue() == expected; }))
-      << app->catalogue().value_or("(none)");
-  EXPECT_TRUE(waitFor([&] {
-    return list().texts() == std::vector<std::wstring>{L"w.cw3", L"x.bs3", L"y.bi3", L"z.fp3"};
-  }));
+  EXPECT_TRUE(eventually([&] { return app->catalogue(); }, expected));
+  EXPECT_TRUE(eventually([&] { return list().texts(); },
+                         ElementsAre(L"w.cw3", L"x.bs3", L"y.bi3", L"z.fp3")));
 }
 
 TEST_F(CatalogueView, DeletingAnEntryDeletesTheFileAndKeepsEveryOtherRecord) {
@@ -182,13 +182,13 @@ TEST_F(CatalogueView, DeletingAnEntryDeletesTheFileAndKeepsEveryOtherRecord) {
   const std::string after = record(L"CW3", L"D:\\zz.cw3");
   startWith(before + record(L"FP3", doomed) + after);
   app->selectTab(Tab::open);
-  ASSERT_TRUE(waitFor([&] { return list().count() == 3; }));
+  ASSERT_TRUE(eventually([&] { return list().count(); }, 3));
   const int row = list().find(L"Plot 3.fp3").value_or(-1);
   harness::clickAt(harness::centreOf(list().textOnScreen(row)), app->main());
-  ASSERT_TRUE(waitFor([&] { return list().selected() == row; }));
+  ASSERT_TRUE(eventually([&] { return list().selected(); }, row));
   app->command(ids::mnuDelete);
   expectMessage(L"Are your sure you want to delete PLOT 3.FP3", exclamationIcon, yesAndNo, IDYES);
-  EXPECT_TRUE(waitFor([&] { return list().count() == 2; }));
+  EXPECT_TRUE(eventually([&] { return list().count(); }, 2));
   EXPECT_EQ(app->catalogue(), before + after);
   EXPECT_FALSE(harness::exists(doomed));
 }
@@ -198,9 +198,9 @@ TEST_F(CatalogueView, RenamingAnEntryRenamesTheFileAndRewritesTheCatalogueInList
   startWith(record(L"CW3", L"D:\\z.cw3", L"some day") + record(L"bi3", old) +
             record(L"FP3", L"D:\\a.fp3"));
   app->selectTab(Tab::open);
-  ASSERT_TRUE(waitFor([&] { return list().count() == 3; }));
+  ASSERT_TRUE(eventually([&] { return list().count(); }, 3));
   harness::clickAt(harness::centreOf(list().textOnScreen(1)), app->main());
-  ASSERT_TRUE(waitFor([&] { return list().selected() == 1; }));
+  ASSERT_TRUE(eventually([&] { return list().selected(); }, 1));
   app->command(ids::mnuRename);
   const harness::InputBoxReader box = app->waitForInputBox();
   EXPECT_EQ(box.prompt(), L"Rename file  B.BI3\rType: Planar Intercept Inventory");
@@ -210,11 +210,10 @@ TEST_F(CatalogueView, RenamingAnEntryRenamesTheFileAndRewritesTheCatalogueInList
   box.type(L"report");
   box.ok();
   const std::wstring renamed = app->testFolder() + L"\\Field Work\\report.BI3";
-  EXPECT_TRUE(waitFor([&] { return harness::exists(renamed); }));
+  EXPECT_TRUE(happens("the file has its new name", [&] { return harness::exists(renamed); }));
   EXPECT_FALSE(harness::exists(old));
-  EXPECT_TRUE(waitFor([&] {
-    return list().texts() == std::vector<std::wstring>{L"a.fp3", L"report.BI3", L"z.cw3"};
-  }));
+  EXPECT_TRUE(
+      eventually([&] { return list().texts(); }, ElementsAre(L"a.fp3", L"report.BI3", L"z.cw3")));
   EXPECT_EQ(app->catalogue(), record(L"FP3", L"D:\\a.fp3") + record(L"bi3", renamed) +
                                   record(L"CW3", L"D:\\z.cw3", L"some day"));
 }

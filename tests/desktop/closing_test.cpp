@@ -41,7 +41,7 @@ TEST_P(ClosingWay, NoLeavesEverythingAsItWas) {
   app->startToMain();
   app->selectTab(Tab::newFile);
   app->command(ids::mnuList);
-  EXPECT_TRUE(waitFor([&] { return app->list(Tab::newFile).view() == LV_VIEW_DETAILS; }));
+  EXPECT_TRUE(eventually([&] { return app->list(Tab::newFile).view(); }, LV_VIEW_DETAILS));
   const auto selected = app->list(Tab::newFile).selected();
   askToClose();
   expectMessage(L"Exit Gateway?", questionIcon, yesAndNo, IDNO, L"");

@@ -38,7 +38,7 @@ class ColourScheme : public GatewayTest {
   /// Waits until a place is readable on a background; how it looks is the failure's text.
   static void expectReadable(const std::string& what, const RECT& place, COLORREF background) {
     Writing seen;
-    const bool good = waitFor(
+    const bool good = harness::waitFor(
         [&] {
           seen = harness::writingAt(place);
           return seen.background == background && seen.contrast() >= readable;
@@ -187,17 +187,18 @@ TEST_F(ColourScheme, TheSelectionOfAListWithoutTheFocusIsSeen) {
   RECT row = list.textOnScreen(1);
   InflateRect(&row, 2, 0);
   const COLORREF highlight = GetSysColor(COLOR_HIGHLIGHT);
-  EXPECT_TRUE(waitFor([&] { return harness::writingAt(row).background == highlight; }))
+  EXPECT_TRUE(eventually([&] { return harness::writingAt(row).background; }, highlight))
       << harness::colourText(harness::writingAt(row).background) << ", not "
       << harness::colourText(highlight);
   harness::pressKey(VK_TAB);
   // A frame round it in the colour that it had: at least as long as it is wide above and below.
   const auto width = static_cast<std::size_t>(row.right - row.left - 4);
-  EXPECT_TRUE(waitFor([&] {
-    return harness::writingAt(row).background != highlight &&
-           harness::pixelsOf(highlight, row) >= 2 * width;
-  })) << harness::pixelsOf(highlight, row)
-      << " of " << 2 * width;
+  // The background, and how many pixels have its former colour.
+  EXPECT_TRUE(eventually(
+      [&] {
+        return std::pair(harness::writingAt(row).background, harness::pixelsOf(highlight, row));
+      },
+      ::testing::Pair(Ne(highlight), Ge(2 * width))));
   EXPECT_EQ(harness::pixelsOf(highlight, list.textOnScreen(0)), 0U) << "a row that is not selected";
 }
 

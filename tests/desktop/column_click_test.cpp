@@ -47,7 +47,7 @@ class ColumnClick : public ShortcutTest {
   /// The order of the Open list, and the only header with an arrow.
   void expectSorted(const Names& names, int column, int arrow) const {
     const harness::ListViewReader list = app->list(Tab::open);
-    EXPECT_TRUE(waitFor([&] { return list.texts() == names; }, 5000));
+    EXPECT_TRUE(eventually([&] { return list.texts(); }, names, 5000));
     EXPECT_EQ(list.texts(), names);
     std::vector<int> arrows;
     for (const auto& each : list.columns()) {
@@ -110,10 +110,10 @@ TEST_F(ColumnClick, SortingKeepsTheSelectedFile) {
   app->selectTab(Tab::open);
   const harness::ListViewReader open = app->list(Tab::open);
   harness::clickAt(harness::centreOf(open.textOnScreen(0)), app->main());
-  ASSERT_TRUE(waitFor([&] { return open.selected() == 0; }));
+  ASSERT_TRUE(eventually([&] { return open.selected(); }, 0));
   clickHeader(Tab::open, 0);
   expectSorted({L"c.bi3", L"b.cw3", L"a.fp3"}, 0, HDF_SORTDOWN);
-  EXPECT_TRUE(waitFor([&] { return open.selected() == 2; }));
+  EXPECT_TRUE(eventually([&] { return open.selected(); }, 2));
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "harness/eventually.h"
 #include "harness/gateway_app.h"
 #include "harness/input.h"
 #include "harness/text.h"
@@ -19,10 +20,19 @@
 
 namespace desktop_tests {
 
+using harness::eventually;
 using harness::GatewayApp;
+using harness::happens;
+using harness::NamedWindow;
+using harness::stays;
 using harness::Tab;
-using harness::waitFor;
 using ::testing::ElementsAre;
+using ::testing::Ge;
+using ::testing::Gt;
+using ::testing::IsNull;
+using ::testing::Ne;
+using ::testing::NotNull;
+using ::testing::UnorderedElementsAre;
 
 // What message boxes show.
 inline constexpr int noIcon = 0;

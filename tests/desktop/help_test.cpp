@@ -91,7 +91,7 @@ TEST_P(HelpAsked, WithoutAnyFileTheProgramGoesOn) {
   app->startToMain();
   EXPECT_FALSE(compiledViewerLoaded());
   ask(GetParam());
-  EXPECT_TRUE(waitFor([&] { return compiledViewerLoaded(); })) << "the viewer was not asked";
+  EXPECT_TRUE(happens("the viewer is asked", [&] { return compiledViewerLoaded(); }));
   expectAnswers();
   ask(GetParam());
   expectAnswers();
@@ -132,7 +132,7 @@ TEST_F(Help, AClassicFileThatIsNoneLeavesTheProgramGoing) {
   app->startToMain();
   ask(HelpWay::menu);
   // The viewer waits for an answer to its own message; the program does not wait with it.
-  EXPECT_TRUE(waitFor([&] { return classicViewerRuns(); }));
+  EXPECT_TRUE(happens("the viewer of classic help runs", [&] { return classicViewerRuns(); }));
   expectAnswers();
   ask(HelpWay::menu);
   expectAnswers();
@@ -143,7 +143,7 @@ TEST_F(Help, ACompiledFileThatIsNoneLeavesTheProgramGoing) {
   harness::writeFile(app->folder() + L"\\help\\gatewayhelp3.chm", "not really help");
   app->startToMain();
   ask(HelpWay::menu);
-  EXPECT_TRUE(waitFor([&] { return compiledViewerLoaded(); }));
+  EXPECT_TRUE(happens("the viewer is asked", [&] { return compiledViewerLoaded(); }));
   expectAnswers();
 }
 

@@ -20,14 +20,14 @@ class Keyboard : public GatewayTest {
     GetGUIThreadInfo(GetWindowThreadProcessId(app->main(), nullptr), &info);
     return info.hwndFocus == nullptr ? 0 : GetDlgCtrlID(info.hwndFocus);
   }
-  [[nodiscard]] bool focusComesTo(int id) const {
-    return waitFor([&] { return focused() == id; });
+  [[nodiscard]] ::testing::AssertionResult focusComesTo(int id) const {
+    return eventually([&] { return focused(); }, id);
   }
   /// Presses a key and waits for the focus, which has to come to `id`.
   void pressTo(WORD key, WORD held, int id) const {
     const int before = focused();
     harness::pressKey(key, held);
-    EXPECT_TRUE(focusComesTo(id)) << "from " << before << " to " << focused() << ", not to " << id;
+    EXPECT_TRUE(focusComesTo(id)) << "from " << before;
   }
   /// Puts the focus into the list of a tab, and the tab to the front.
   void focusList(int tab) const {
@@ -39,10 +39,14 @@ class Keyboard : public GatewayTest {
     }
     ASSERT_EQ(focused(), ids::lstQMK0 + tab);
   }
-  [[nodiscard]] bool showsTab(int tab) const {
-    return waitFor([&] {
-      return app->tabs().current() == tab && IsWindowVisible(app->list(tab).window()) != FALSE;
-    });
+  /// Which tab is in front, and whether the list of `tab` is to be seen.
+  [[nodiscard]] ::testing::AssertionResult showsTab(int tab) const {
+    return eventually(
+        [&] {
+          return std::pair(app->tabs().current(),
+                           IsWindowVisible(app->list(tab).window()) != FALSE);
+        },
+        std::pair(tab, true));
   }
 
   void addShortcut(const std::wstring& name) const {
@@ -128,7 +132,7 @@ TEST_F(Keyboard, ToolbarButtonsArePressedByKey) {
     harness::pressKey(VK_RIGHT);
   }
   harness::pressKey(VK_SPACE);
-  EXPECT_TRUE(waitFor([&] { return app->toolbar().button(ids::buttonList).pressed; }));
+  EXPECT_TRUE(eventually([&] { return app->toolbar().button(ids::buttonList).pressed; }, true));
   EXPECT_EQ(app->list(Tab::tools).view(), LV_VIEW_DETAILS);
 }
 
@@ -166,12 +170,11 @@ TEST_F(Keyboard, TypingFindsAnItemInEveryList) {
     focusList(tab);
     const harness::ListViewReader list = app->list(tab);
     harness::pressKey(VK_HOME);
-    EXPECT_TRUE(waitFor([&] { return list.selected() == 0; }));
+    EXPECT_TRUE(eventually([&] { return list.selected(); }, 0));
     harness::typeText(typed);
     const auto wanted = list.find(found);
     ASSERT_TRUE(wanted);
-    EXPECT_TRUE(waitFor([&] { return list.selected() == wanted; }))
-        << "selected: " << list.selected().value_or(-1);
+    EXPECT_TRUE(eventually([&] { return list.selected(); }, wanted));
     EXPECT_EQ(list.focused(), wanted);
   }
 }
@@ -188,7 +191,7 @@ std::vector<std::pair<std::wstring, bool>> openMenu() {
 class ContextMenu : public Keyboard {
  protected:
   static void expectGone() {
-    EXPECT_TRUE(waitFor([] { return FindWindowW(L"#32768", nullptr) == nullptr; }));
+    EXPECT_TRUE(eventually([] { return FindWindowW(L"#32768", nullptr); }, IsNull()));
   }
   /// What the menu of a tab has to show.
   static auto commandsOf(int tab) {

@@ -53,9 +53,9 @@ TEST_F(ListKeys, OnOpenRenameDeleteAndReloadButCreateNothing) {
   app->writeCatalogue(record(L"fp3", L"D:\\a.fp3") + record(L"fp3", L"D:\\b.fp3"));
   app->startToMain();
   app->selectTab(Tab::open);
-  ASSERT_TRUE(waitFor([&] { return app->list(Tab::open).count() == 2; }));
+  ASSERT_TRUE(eventually([&] { return app->list(Tab::open).count(); }, 2));
   harness::clickAt(harness::centreOf(app->list(Tab::open).textOnScreen(1)), app->main());
-  ASSERT_TRUE(waitFor([&] { return app->list(Tab::open).selected() == 1; }));
+  ASSERT_TRUE(eventually([&] { return app->list(Tab::open).selected(); }, 1));
   // A dialog after Insert would take the next key.
   harness::pressKey(VK_INSERT);
   harness::pressKey(VK_F2);
@@ -88,9 +88,9 @@ TEST_F(ListKeys, OnWebDoWhatTheCommandsDo) {
   harness::writeFile(webFile(), "\"Maps\",\"http://maps.example/\"\r\n");
   app->startToMain();
   app->selectTab(Tab::web);
-  ASSERT_TRUE(waitFor([&] { return app->list(Tab::web).count() == 1; }));
+  ASSERT_TRUE(eventually([&] { return app->list(Tab::web).count(); }, 1));
   harness::clickAt(harness::centreOf(app->list(Tab::web).textOnScreen(0)), app->main());
-  ASSERT_TRUE(waitFor([&] { return app->list(Tab::web).selected() == 0; }));
+  ASSERT_TRUE(eventually([&] { return app->list(Tab::web).selected(); }, 0));
   harness::pressKey(VK_DELETE);
   expectMessage(L"Are your sure you want to delete MAPS", exclamationIcon, yesAndNo, IDNO);
   focusList(Tab::web);
@@ -104,9 +104,8 @@ TEST_F(ListKeys, OnWebDoWhatTheCommandsDo) {
   EXPECT_EQ(app->list(Tab::web).count(), 1);
   focusList(Tab::web);
   harness::pressKey(VK_F5);
-  EXPECT_TRUE(waitFor([&] {
-    return app->list(Tab::web).texts() == std::vector<std::wstring>{L"Maps", L"Soil"};
-  }));
+  EXPECT_TRUE(
+      eventually([&] { return app->list(Tab::web).texts(); }, ElementsAre(L"Maps", L"Soil")));
 }
 
 TEST_F(ListKeys, OtherKeysDoNothing) {

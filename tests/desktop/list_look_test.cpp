@@ -6,6 +6,8 @@
 namespace desktop_tests {
 namespace {
 
+using ::testing::IsEmpty;
+
 class ListLook : public GatewayTest {
  protected:
   void SetUp() override { GatewayApp::skipExample(); }
@@ -16,23 +18,24 @@ class ListLook : public GatewayTest {
     harness::writeLink(app->shortCutsFolder() + L"\\" + name + L".lnk", link);
   }
 
-  /// Whether no two names cover each other.
-  [[nodiscard]] bool namesStandApart(int tab) const {
+  /// Rows whose names cover each other.
+  [[nodiscard]] std::vector<std::pair<std::size_t, std::size_t>> coveredNames(int tab) const {
     const harness::ListViewReader list = app->list(tab);
     std::vector<RECT> places;
     places.reserve(static_cast<std::size_t>(list.count()));
     for (int row = 0; row < list.count(); ++row) {
       places.push_back(list.textOnScreen(row));
     }
+    std::vector<std::pair<std::size_t, std::size_t>> covered;
     for (std::size_t a = 0; a < places.size(); ++a) {
       for (std::size_t b = a + 1; b < places.size(); ++b) {
         RECT both{};
         if (IntersectRect(&both, &places[a], &places[b]) != FALSE) {
-          return false;
+          covered.emplace_back(a, b);
         }
       }
     }
-    return true;
+    return covered;
   }
 };
 
@@ -45,7 +48,7 @@ TEST_F(ListLook, TheDefaultSizeShowsAllColumnsOfTheOpenList) {
   app->writeCatalogue(records);
   app->startToMain();
   app->selectTab(Tab::open);
-  ASSERT_TRUE(waitFor([&] { return app->list(Tab::open).count() == enoughToScroll; }));
+  ASSERT_TRUE(eventually([&] { return app->list(Tab::open).count(); }, enoughToScroll));
   const DWORD style = app->list(Tab::open).style();
   EXPECT_NE(style & WS_VSCROLL, 0U);
   EXPECT_EQ(style & WS_HSCROLL, 0U);
@@ -65,13 +68,12 @@ TEST_F(ListLook, ARowThatReadsOtherwiseAfterAReloadIsPaintedAgain) {
     const harness::ListViewReader list = app->list(Tab::open);
     return harness::writingAt(list.textOnScreen(0)).pixels;
   };
-  ASSERT_TRUE(waitFor([&] { return written() > 0; }));
+  ASSERT_TRUE(eventually([&] { return written(); }, Gt(0U)));
   const std::size_t before = written();
   app->writeCatalogue(other + record(L"FP3", L"D:\\a long name in many letters.fp3"));
-  ASSERT_TRUE(waitFor(
-      [&] { return app->list(Tab::open).cell(0, 0) == L"a long name in many letters.fp3"; }));
-  EXPECT_TRUE(waitFor([&] { return written() > 2 * before; }, 2000))
-      << written() << " pixels, before " << before;
+  ASSERT_TRUE(eventually([&] { return app->list(Tab::open).cell(0, 0); },
+                         L"a long name in many letters.fp3"));
+  EXPECT_TRUE(eventually([&] { return written(); }, Gt(2 * before), 2000));
 }
 
 TEST_F(ListLook, IconsStandApartAfterAReloadWithMoreOfThem) {
@@ -84,8 +86,8 @@ TEST_F(ListLook, IconsStandApartAfterAReloadWithMoreOfThem) {
     addShortcut(L"Shortcut " + std::to_wstring(n));
   }
   harness::send(app->list(Tab::tools).window(), WM_KEYDOWN, VK_F5);
-  ASSERT_TRUE(waitFor([&] { return app->list(Tab::tools).count() == 1 + more; }));
-  EXPECT_TRUE(waitFor([&] { return namesStandApart(Tab::tools); }, 2000));
+  ASSERT_TRUE(eventually([&] { return app->list(Tab::tools).count(); }, 1 + more));
+  EXPECT_TRUE(eventually([&] { return coveredNames(Tab::tools); }, IsEmpty(), 2000));
 }
 
 TEST_F(ListLook, MoreIconsThanFitCanBeScrolledTo) {
@@ -98,13 +100,13 @@ TEST_F(ListLook, MoreIconsThanFitCanBeScrolledTo) {
     addShortcut(L"Shortcut " + std::to_wstring(n));
   }
   harness::send(app->list(Tab::tools).window(), WM_KEYDOWN, VK_F5);
-  ASSERT_TRUE(waitFor([&] { return app->list(Tab::tools).count() == 1 + enoughToScroll; }));
-  EXPECT_TRUE(waitFor([&] { return (app->list(Tab::tools).style() & WS_VSCROLL) != 0; }));
+  ASSERT_TRUE(eventually([&] { return app->list(Tab::tools).count(); }, 1 + enoughToScroll));
+  EXPECT_TRUE(eventually([&] { return app->list(Tab::tools).style() & WS_VSCROLL; }, Ne(0U)));
   app->command(ids::mnuList);
-  ASSERT_TRUE(waitFor([&] { return app->list(Tab::tools).view() == LV_VIEW_DETAILS; }));
+  ASSERT_TRUE(eventually([&] { return app->list(Tab::tools).view(); }, LV_VIEW_DETAILS));
   app->command(ids::mnuIcon);
-  ASSERT_TRUE(waitFor([&] { return app->list(Tab::tools).view() == LV_VIEW_ICON; }));
-  EXPECT_TRUE(waitFor([&] { return (app->list(Tab::tools).style() & WS_VSCROLL) != 0; }));
+  ASSERT_TRUE(eventually([&] { return app->list(Tab::tools).view(); }, LV_VIEW_ICON));
+  EXPECT_TRUE(eventually([&] { return app->list(Tab::tools).style() & WS_VSCROLL; }, Ne(0U)));
 }
 
 TEST_F(ListLook, IconsStandApartAfterTheColumnsWereShown) {
@@ -119,11 +121,11 @@ TEST_F(ListLook, IconsStandApartAfterTheColumnsWereShown) {
     app->selectTab(tab);
     ASSERT_GE(app->list(tab).count(), 2);
     app->command(ids::mnuList);
-    ASSERT_TRUE(waitFor([&] { return app->list(tab).view() == LV_VIEW_DETAILS; }));
-    EXPECT_TRUE(namesStandApart(tab));
+    ASSERT_TRUE(eventually([&] { return app->list(tab).view(); }, LV_VIEW_DETAILS));
+    EXPECT_THAT(coveredNames(tab), IsEmpty());
     app->command(ids::mnuIcon);
-    ASSERT_TRUE(waitFor([&] { return app->list(tab).view() == LV_VIEW_ICON; }));
-    EXPECT_TRUE(waitFor([&] { return namesStandApart(tab); }, 2000));
+    ASSERT_TRUE(eventually([&] { return app->list(tab).view(); }, LV_VIEW_ICON));
+    EXPECT_TRUE(eventually([&] { return coveredNames(tab); }, IsEmpty(), 2000));
     // In a row, not in a column: they fill the list from left to right.
     EXPECT_GT(app->list(tab).textOnScreen(1).left, app->list(tab).textOnScreen(0).right);
   }

@@ -160,7 +160,7 @@ TEST_F(MainWindow, AHiddenColumnCannotBeDraggedOpen) {
   // A column that is shown can be dragged, so that the drags that follow are known to be some.
   const int before = widths()[3].width;
   dragFrom(-2);
-  EXPECT_TRUE(waitFor([&] { return widths()[3].width == before + 60; })) << widths()[3].width;
+  EXPECT_TRUE(eventually([&] { return widths()[3].width; }, before + 60));
   for (const int offset : {1, 2, 4}) {
     dragFrom(offset);
     EXPECT_EQ(widths()[4].width, 0) << "dragged at offset " << offset;
@@ -265,7 +265,7 @@ TEST_F(MainWindow, TitleIsResetWhenTheWindowBecomesActive) {
   harness::bringToFront(other);
   EXPECT_EQ(harness::text(app->main()), L"something else");
   harness::bringToFront(app->main());
-  EXPECT_TRUE(waitFor([&] { return harness::text(app->main()) == title; }));
+  EXPECT_TRUE(eventually([&] { return harness::text(app->main()); }, title));
   DestroyWindow(other);
 }
 
@@ -283,8 +283,7 @@ TEST_F(MainWindow, ATipIsShownOverAToolbarButton) {
   const RECT button = app->toolbar().buttonOnScreen(ids::buttonExit);
   harness::moveTo({button.left - 3, button.bottom + 60});
   harness::moveTo(harness::centreOf(button));
-  EXPECT_TRUE(waitFor([&] { return shownTip() == L"Exit Quillmark Suite"; }))
-      << harness::utf8(shownTip());
+  EXPECT_TRUE(eventually([&] { return shownTip(); }, L"Exit Quillmark Suite"));
 }
 
 TEST_F(MainWindow, EverythingIsReachedWithTheTabKey) {
@@ -298,11 +297,11 @@ TEST_F(MainWindow, EverythingIsReachedWithTheTabKey) {
     HWND const before = info.hwndFocus;
     reached.push_back(before != nullptr ? GetDlgCtrlID(before) : 0);
     harness::pressKey(VK_TAB);
-    EXPECT_TRUE(waitFor([&] {
+    const auto focused = [&] {
       GetGUIThreadInfo(GetWindowThreadProcessId(app->main(), nullptr), &info);
-      return info.hwndFocus != before;
-    })) << "the focus stays on control "
-        << reached.back();
+      return info.hwndFocus;
+    };
+    EXPECT_TRUE(eventually(focused, Ne(before))) << "the focus stays on control " << reached.back();
   }
   EXPECT_THAT(reached, ::testing::Contains(ids::TabMain));
   EXPECT_THAT(reached, ::testing::Contains(ids::lstQMK0 + 1));

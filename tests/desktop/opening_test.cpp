@@ -21,7 +21,7 @@ class Opening : public GatewayTest {
     app->writeCatalogue(catalogue);
     app->startToMain();
     app->selectTab(Tab::open);
-    ASSERT_TRUE(waitFor([&] { return app->list(Tab::open).count() == rows; }));
+    ASSERT_TRUE(eventually([&] { return app->list(Tab::open).count(); }, rows));
   }
 
   [[nodiscard]] std::wstring tool(const std::wstring& name) const {
@@ -67,7 +67,7 @@ TEST_F(Opening, EnterOpensTheSelectedFile) {
   const std::wstring second = app->addFileElsewhere(L"b.cw3");
   startWith(record(L"FP3", first) + record(L"CW3", second), 2);
   harness::clickAt(harness::centreOf(app->list(Tab::open).textOnScreen(1)), app->main());
-  ASSERT_TRUE(waitFor([&] { return app->list(Tab::open).selected() == 1; }));
+  ASSERT_TRUE(eventually([&] { return app->list(Tab::open).selected(); }, 1));
   harness::pressKey(VK_RETURN);
   expectStart(1, tool(L"cw3.exe ") + encoded(second));
 }
@@ -77,7 +77,7 @@ TEST_F(Opening, ADoubleClickOnWhiteSpaceOpensTheSelectedFile) {
   const std::wstring second = app->addFileElsewhere(L"b.cw3");
   startWith(record(L"FP3", first) + record(L"CW3", second), 2);
   harness::clickAt(harness::centreOf(app->list(Tab::open).textOnScreen(1)), app->main());
-  ASSERT_TRUE(waitFor([&] { return app->list(Tab::open).selected() == 1; }));
+  ASSERT_TRUE(eventually([&] { return app->list(Tab::open).selected(); }, 1));
   const RECT list = harness::screenRect(app->list(Tab::open).window());
   harness::doubleClickAt({list.left + 40, list.bottom - 40}, app->main());
   expectStart(1, tool(L"cw3.exe ") + encoded(second));
@@ -138,7 +138,7 @@ TEST_F(Opening, TheFileDialogBeginsInTheDataFolderWithTheFilters) {
                           L"Brushtally Plotview(*.bs3)", L"Canopy Weigh(*.cw3)"));
   EXPECT_EQ(dialog.chosenFilter(), 0);
   dialog.cancel();
-  EXPECT_TRUE(waitFor([&] { return IsWindowEnabled(app->main()) != FALSE; }));
+  EXPECT_TRUE(eventually([&] { return IsWindowEnabled(app->main()); }, Ne(FALSE)));
   EXPECT_FALSE(app->dialogShown());
   EXPECT_TRUE(app->toolStarts().empty());
 }
@@ -203,7 +203,7 @@ TEST_F(Opening, AMissingFileThatIsNotLocatedLosesItsEntry) {
       L"File does not exist: D:\\gone\\a?plot.fp3\rIt may have been moved or deleted. Do "
       L"you wish to locate the file yourself? ",
       exclamationIcon, yesAndNo, IDNO);
-  EXPECT_TRUE(waitFor([&] { return app->list(Tab::open).count() == 2; }));
+  EXPECT_TRUE(eventually([&] { return app->list(Tab::open).count(); }, 2));
   EXPECT_EQ(app->catalogue(), before + after);
   EXPECT_TRUE(app->toolStarts().empty());
 }

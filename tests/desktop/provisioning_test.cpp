@@ -48,12 +48,9 @@ TEST_F(Provisioning, AnEmptyFolderGetsAShortcutForEachTool) {
   app->addAllTools();
   app->startToMain();
   expectAllFresh();
-  EXPECT_TRUE(waitFor([&] {
-    std::vector<std::wstring> texts = list().texts();
-    std::sort(texts.begin(), texts.end());
-    return texts == std::vector<std::wstring>{L"BrushtallyPC", L"CanopyWeigh",      L"Imagekeep",
-                                              L"Modelhouse",   L"Plotview Browser", L"Unitshift"};
-  }));
+  EXPECT_TRUE(eventually([&] { return list().texts(); },
+                         UnorderedElementsAre(L"BrushtallyPC", L"CanopyWeigh", L"Imagekeep",
+                                              L"Modelhouse", L"Plotview Browser", L"Unitshift")));
   app->doubleClickRow(Tab::tools, L"Unitshift");
   EXPECT_EQ(app->waitForToolStart().commandLine, app->folder() + L"\\unishift3.exe");
 }
@@ -64,7 +61,7 @@ TEST_F(Provisioning, AnApplicationFolderWithBlanksAndAccents) {
   app->addAllTools();
   app->startToMain();
   expectAllFresh();
-  EXPECT_TRUE(waitFor([&] { return list().count() == 6; }));
+  EXPECT_TRUE(eventually([&] { return list().count(); }, 6));
   app->doubleClickRow(Tab::tools, L"CanopyWeigh");
   EXPECT_EQ(app->waitForToolStart().commandLine, app->folder() + L"\\CW3.EXE");
   // Stale ones are found and replaced there, too.
@@ -173,10 +170,10 @@ TEST_F(Provisioning, ALockedShortcutIsReportedAndTheStartGoesOn) {
   expectMessage(runTimeError(70, L"Permission denied", link(L"Imagekeep.lnk")), criticalIcon,
                 okOnly, IDOK);
   app->waitForMain();
-  EXPECT_TRUE(waitFor([&] { return app->list(Tab::newFile).count() == 4; }));
+  EXPECT_TRUE(eventually([&] { return app->list(Tab::newFile).count(); }, 4));
   // The tools before it have theirs, those after it have not.
   EXPECT_THAT(links(), ElementsAre(L"BrushtallyPC.lnk", L"Imagekeep.lnk", L"Plotview Browser.lnk"));
-  EXPECT_TRUE(waitFor([&] { return list().count() == 3; }));
+  EXPECT_TRUE(eventually([&] { return list().count(); }, 3));
 }
 
 TEST_F(Provisioning, ALockedObsoleteShortcutIsNoError) {

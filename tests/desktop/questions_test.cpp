@@ -18,7 +18,7 @@ class Questions : public GatewayTest {
     app->selectTab(Tab::open);
     expectNames({L"Alder.bi3", L"Birch.bi3", L"Cedar.bi3"});
     harness::clickAt(harness::centreOf(list().textOnScreen(1)), app->main());
-    ASSERT_TRUE(waitFor([this] { return list().selected() == 1; }));
+    ASSERT_TRUE(eventually([this] { return list().selected(); }, 1));
   }
 
   [[nodiscard]] std::string alder() const { return record(L"bi3", alder_); }
@@ -26,7 +26,7 @@ class Questions : public GatewayTest {
   [[nodiscard]] std::string cedar() const { return record(L"bi3", cedar_); }
   [[nodiscard]] harness::ListViewReader list() const { return app->list(Tab::open); }
   void expectNames(const std::vector<std::wstring>& names) const {
-    EXPECT_TRUE(waitFor([&] { return list().texts() == names; }, 5000));
+    EXPECT_TRUE(eventually([&] { return list().texts(); }, names, 5000));
     EXPECT_EQ(list().texts(), names);
   }
   void expectGone(const std::wstring& name) const {

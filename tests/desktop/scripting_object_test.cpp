@@ -64,9 +64,9 @@ TEST_F(ScriptingObject, AToolShortcutIsWrittenPropertyByProperty) {
   const std::wstring file = link(L"CanopyWeigh.lnk");
   const std::wstring target = app->folder() + L"\\CW3.EXE";
   const Log start = joined(written(file, file, target, app->folder()), read(file));
-  EXPECT_TRUE(waitFor([&] { return double_->log().size() >= start.size(); }));
+  EXPECT_TRUE(eventually([&] { return double_->log().size(); }, Ge(start.size())));
   EXPECT_EQ(double_->log(), start);
-  EXPECT_TRUE(waitFor([&] { return list().texts() == Log{L"CanopyWeigh"}; }));
+  EXPECT_TRUE(eventually([&] { return list().texts(); }, Log{L"CanopyWeigh"}));
   // What the double answers is what is started.
   app->doubleClickRow(Tab::tools, 0);
   EXPECT_EQ(app->waitForToolStart().commandLine, target);
@@ -76,14 +76,14 @@ TEST_F(ScriptingObject, TheNextStartReadsTheShortcutBeforeItWritesIt) {
   useDouble();
   app->addTool(L"CW3.EXE");
   app->startToMain();
-  ASSERT_TRUE(waitFor([&] { return double_->log().size() == 11; }));
+  ASSERT_TRUE(eventually([&] { return double_->log().size(); }, 11U));
   ASSERT_EQ(app->close(), 0U);
   double_->clearLog();
   app->startToMain();
   const std::wstring file = link(L"CanopyWeigh.lnk");
   const Log writing = written(file, file, app->folder() + L"\\CW3.EXE", app->folder());
   const Log start = joined(joined(read(file), writing), read(file));
-  EXPECT_TRUE(waitFor([&] { return double_->log().size() >= start.size(); }));
+  EXPECT_TRUE(eventually([&] { return double_->log().size(); }, Ge(start.size())));
   EXPECT_EQ(double_->log(), start);
 }
 
@@ -96,9 +96,9 @@ TEST_F(ScriptingObject, CreateWritesThroughItToo) {
   const std::wstring file = link(L"Shortcut to My Calc.exe.lnk");
   const Log calls =
       joined(written(file, L"My Calc.exe", program, app->folder() + L"\\"), read(file));
-  EXPECT_TRUE(waitFor([&] { return double_->log().size() >= calls.size(); }));
+  EXPECT_TRUE(eventually([&] { return double_->log().size(); }, Ge(calls.size())));
   EXPECT_EQ(double_->log(), calls);
-  EXPECT_TRUE(waitFor([&] { return list().texts() == Log{L"Shortcut to My Calc"}; }));
+  EXPECT_TRUE(eventually([&] { return list().texts(); }, Log{L"Shortcut to My Calc"}));
 }
 
 TEST_F(ScriptingObject, WhereItRefusesAPropertyTheShortcutIsWrittenAllTheSame) {
@@ -106,7 +106,7 @@ TEST_F(ScriptingObject, WhereItRefusesAPropertyTheShortcutIsWrittenAllTheSame) {
   ScriptingRegistration::refuse(L"WindowStyle");
   app->addTool(L"CW3.EXE");
   app->startToMain();
-  ASSERT_TRUE(waitFor([&] { return list().count() == 1; }));
+  ASSERT_TRUE(eventually([&] { return list().count(); }, 1));
   const Log log = double_->log();
   ASSERT_GE(log.size(), 7U);
   EXPECT_EQ(log[6], L"refused WindowStyle");

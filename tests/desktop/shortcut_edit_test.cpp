@@ -19,12 +19,6 @@ class ShortcutEdit : public ShortcutTest {
     box.ok();
   }
 
-  [[nodiscard]] bool listed(const std::vector<std::wstring>& texts) const {
-    std::vector<std::wstring> shown = list().texts();
-    std::sort(shown.begin(), shown.end());
-    return shown == texts;
-  }
-
   /// A protected shortcut is refused. Written after the start, which would remove most of them.
   void expectRefused(const std::wstring& name, int command, const std::wstring& message) {
     SCOPED_TRACE(harness::utf8(name));
@@ -49,7 +43,8 @@ TEST_F(ShortcutEdit, CreateWritesALinkToTheChosenProgram) {
   EXPECT_THAT(dialog.filters(), ElementsAre(L"Files (.exe,.hlp)"));
   EXPECT_EQ(dialog.fileName(), L"");
   dialog.open(program);
-  EXPECT_TRUE(waitFor([&] { return listed({L"Shortcut to My Calc"}); }));
+  EXPECT_TRUE(
+      eventually([&] { return list().texts(); }, UnorderedElementsAre(L"Shortcut to My Calc")));
   const harness::LinkFile written = harness::readLink(link(L"Shortcut to My Calc.exe.lnk"));
   EXPECT_EQ(written.target, program);
   EXPECT_EQ(written.description, L"My Calc.exe");
@@ -67,14 +62,16 @@ TEST_F(ShortcutEdit, CreatingTwiceGivesOneItem) {
   app->startToMain();
   const std::wstring first = addProgram(L"calc.exe");
   create(first);
-  EXPECT_TRUE(waitFor([&] { return listed({L"Shortcut to calc"}); }));
+  EXPECT_TRUE(
+      eventually([&] { return list().texts(); }, UnorderedElementsAre(L"Shortcut to calc")));
   const std::wstring second = app->testFolder() + L"\\other\\calc.exe";
   harness::makeFolder(app->testFolder() + L"\\other");
   harness::copyFile(first, second);
   create(second);
   const std::wstring written = link(L"Shortcut to calc.exe.lnk");
-  EXPECT_TRUE(waitFor([&] { return harness::readLink(written).target == second; }));
-  EXPECT_TRUE(waitFor([&] { return listed({L"Shortcut to calc"}); }));
+  EXPECT_TRUE(eventually([&] { return harness::readLink(written).target; }, second));
+  EXPECT_TRUE(
+      eventually([&] { return list().texts(); }, UnorderedElementsAre(L"Shortcut to calc")));
   EXPECT_THAT(harness::namesIn(app->shortCutsFolder()), ElementsAre(L"Shortcut to calc.exe.lnk"));
 }
 
@@ -83,7 +80,7 @@ TEST_F(ShortcutEdit, ACancelledDialogOnlyReloadsTheList) {
   addLink(L"New.lnk", L"C:\\tools\\new.exe");
   app->command(ids::mnuCreate);
   app->waitForFileDialog().cancel();
-  EXPECT_TRUE(waitFor([&] { return listed({L"New"}); }));
+  EXPECT_TRUE(eventually([&] { return list().texts(); }, UnorderedElementsAre(L"New")));
   EXPECT_THAT(harness::namesIn(app->shortCutsFolder()), ElementsAre(L"New.lnk"));
 }
 
@@ -102,7 +99,7 @@ TEST_F(ShortcutEdit, RenamingMovesTheLinkToTheProgramsOwnFolder) {
   EXPECT_EQ(box.selection(), std::pair(0, 1));
   box.type(L"Bar baz");
   box.ok();
-  EXPECT_TRUE(waitFor([&] { return listed({L"Stays"}); }));
+  EXPECT_TRUE(eventually([&] { return list().texts(); }, UnorderedElementsAre(L"Stays")));
   EXPECT_FALSE(harness::exists(link(L"Foo.lnk")));
   EXPECT_EQ(harness::readFile(app->folder() + L"\\shortcuts\\Bar baz.lnk"), bytes);
 }
@@ -114,7 +111,7 @@ TEST_F(ShortcutEdit, OkWithoutTypingRenamesToABlank) {
   select(L"Foo");
   app->command(ids::mnuRename);
   app->waitForInputBox().ok();
-  EXPECT_TRUE(waitFor([&] { return list().count() == 0; }));
+  EXPECT_TRUE(eventually([&] { return list().count(); }, 0));
   EXPECT_THAT(harness::namesIn(app->folder() + L"\\shortcuts"), ElementsAre(L" .lnk"));
 }
 
@@ -140,7 +137,9 @@ TEST_F(ShortcutEdit, AnExistingNameIsRefused) {
   addLink(L"More.lnk", L"C:\\tools\\more.exe");
   rename(L"Bar");
   expectMessage(L"BAR already exists, can't change name", noIcon, okOnly, IDOK);
-  EXPECT_TRUE(waitFor([&] { return listed({L"Bar", L"Foo", L"More"}); })) << "reloaded";
+  EXPECT_TRUE(
+      eventually([&] { return list().texts(); }, UnorderedElementsAre(L"Bar", L"Foo", L"More")))
+      << "reloaded";
   EXPECT_TRUE(harness::namesIn(app->folder() + L"\\shortcuts").empty());
 }
 
@@ -152,10 +151,11 @@ TEST_F(ShortcutEdit, CancelAndAnEmptyNameOnlyReloadTheList) {
   addLink(L"Later.lnk", L"C:\\tools\\later.exe");
   app->command(ids::mnuRename);
   app->waitForInputBox().cancel();
-  EXPECT_TRUE(waitFor([&] { return listed({L"Foo", L"Later"}); }));
+  EXPECT_TRUE(eventually([&] { return list().texts(); }, UnorderedElementsAre(L"Foo", L"Later")));
   addLink(L"Third.lnk", L"C:\\tools\\third.exe");
   rename(L"");
-  EXPECT_TRUE(waitFor([&] { return listed({L"Foo", L"Later", L"Third"}); }));
+  EXPECT_TRUE(
+      eventually([&] { return list().texts(); }, UnorderedElementsAre(L"Foo", L"Later", L"Third")));
   EXPECT_TRUE(harness::namesIn(app->folder() + L"\\shortcuts").empty());
 }
 
@@ -173,7 +173,7 @@ TEST_F(ShortcutEdit, DeletingAsksFirst) {
   EXPECT_EQ(list().count(), 1) << "No does not reload";
   app->command(ids::mnuDelete);
   expectMessage(question, exclamationIcon, yesAndNo, IDYES);
-  EXPECT_TRUE(waitFor([&] { return listed({L"Later"}); }));
+  EXPECT_TRUE(eventually([&] { return list().texts(); }, UnorderedElementsAre(L"Later")));
   EXPECT_FALSE(harness::exists(link(L"Shortcut to calc.exe.lnk")));
 }
 
@@ -186,7 +186,7 @@ TEST_F(ShortcutEdit, ALinkThatCannotBeDeletedStaysWithoutAWord) {
   app->command(ids::mnuDelete);
   expectMessage(L"Are your sure you want to delete the shortcut: FOO.LNK", exclamationIcon,
                 yesAndNo, IDYES);
-  EXPECT_TRUE(waitFor([&] { return listed({L"Foo", L"Later"}); }));
+  EXPECT_TRUE(eventually([&] { return list().texts(); }, UnorderedElementsAre(L"Foo", L"Later")));
   EXPECT_FALSE(app->dialogShown());
 }
 
@@ -227,7 +227,7 @@ TEST_F(ShortcutEdit, NamesLikeTheProtectedOnesAreFree) {
   app->command(ids::mnuDelete);
   expectMessage(L"Are your sure you want to delete the shortcut: SPRAWL.LNK", exclamationIcon,
                 yesAndNo, IDYES);
-  ASSERT_TRUE(waitFor([&] { return list().count() == 0; }));
+  ASSERT_TRUE(eventually([&] { return list().count(); }, 0));
   addLink(L"CanopyWeigh.lnk", L"C:\\tools\\a.exe");
   reload(1);
   select(L"CanopyWeigh");

@@ -104,7 +104,7 @@ TEST_F(Splash, NoMainWindowWhileItIsUp) {
 
 TEST_F(Splash, TheMainWindowIsBuiltBehindIt) {
   HWND main = nullptr;
-  EXPECT_TRUE(waitFor([&] {
+  EXPECT_TRUE(happens("the main window has its controls", [&] {
     for (HWND const window : harness::topWindows(app->processId())) {
       if (harness::className(window) == L"frmQMK") {
         main = window;

@@ -38,14 +38,16 @@ class StartUp : public GatewayTest {
 TEST_F(StartUp, FirstStartMakesTheFolders) {
   app->start();
   app->waitForSplash();
-  EXPECT_TRUE(waitFor([&] { return isFolder(app->shortCutsFolder()); }));
-  EXPECT_TRUE(waitFor([&] { return isFolder(app->folder() + L"\\PhotoImages"); }));
+  EXPECT_TRUE(
+      happens("the shortcuts folder is made", [&] { return isFolder(app->shortCutsFolder()); }));
+  EXPECT_TRUE(happens("the folder of photos is made",
+                      [&] { return isFolder(app->folder() + L"\\PhotoImages"); }));
   app->waitForMain();
 }
 
 TEST_F(StartUp, FirstStartMakesAnEmptyCatalogueWhenThereAreNoDataFiles) {
   app->startToMain();
-  EXPECT_TRUE(waitFor([&] { return app->catalogue() == ""; }));
+  EXPECT_TRUE(eventually([&] { return app->catalogue(); }, ""));
   EXPECT_EQ(app->list(Tab::open).count(), 0);
 }
 
@@ -53,15 +55,14 @@ TEST_F(StartUp, FirstStartCataloguesTheExampleOnceAndNotesIt) {
   app->addDataFile(L"CWIexample.cw3");
   EXPECT_EQ(harness::TestProfile::setting(L"CWIExample"), std::nullopt);
   app->startToMain();
-  EXPECT_TRUE(waitFor([&] { return harness::TestProfile::setting(L"CWIExample") == L"True"; }));
-  EXPECT_TRUE(waitFor([&] {
-    return app->list(Tab::open).texts() == std::vector<std::wstring>{L"CWIexample.cw3"};
-  }));
+  EXPECT_TRUE(eventually([&] { return harness::TestProfile::setting(L"CWIExample"); }, L"True"));
+  EXPECT_TRUE(
+      eventually([&] { return app->list(Tab::open).texts(); }, ElementsAre(L"CWIexample.cw3")));
   EXPECT_EQ(recordsOf("CWIexample.cw3"), 1);
   ASSERT_EQ(app->close(), 0U);
 
   app->startToMain();
-  EXPECT_TRUE(waitFor([&] { return app->list(Tab::open).count() == 1; }));
+  EXPECT_TRUE(eventually([&] { return app->list(Tab::open).count(); }, 1));
   EXPECT_EQ(recordsOf("CWIexample.cw3"), 1);
 }
 
@@ -79,9 +80,7 @@ TEST_F(StartUp, RenewsTheEntriesOfTheDataFolderAndKeepsTheOthers) {
   }
   GatewayApp::skipExample();
   app->startToMain();
-  EXPECT_TRUE(waitFor([&] { return app->catalogue() == expected; }))
-      << app->catalogue().value_or("(none)") << "expected\n"
-      << expected;
+  EXPECT_TRUE(eventually([&] { return app->catalogue(); }, expected));
 }
 
 TEST_F(StartUp, WorksInAFolderWithBlanksAndAccents) {
@@ -89,13 +88,10 @@ TEST_F(StartUp, WorksInAFolderWithBlanksAndAccents) {
   const std::wstring path = app->addDataFile(L"Pr\u00FCfung 1.fp3");
   app->startToMain();
   EXPECT_TRUE(isFolder(app->folder() + L"\\PhotoImages"));
-  EXPECT_TRUE(waitFor([&] {
-    return app->list(Tab::open).count() == 1 &&
-           app->list(Tab::open).row(0) ==
-               std::vector<std::wstring>{L"Pr\u00FCfung 1.fp3",
-                                         harness::dateAndTime(harness::changeTime(path)),
-                                         L"Fuel Profile", app->folder() + L"\\data\\", L"fp3"};
-  }));
+  EXPECT_TRUE(eventually([&] { return app->list(Tab::open).rows(); },
+                         ElementsAre(ElementsAre(
+                             L"Pr\u00FCfung 1.fp3", harness::dateAndTime(harness::changeTime(path)),
+                             L"Fuel Profile", app->folder() + L"\\data\\", L"fp3"))));
 }
 
 TEST_F(StartUp, ASecondCopySaysSoAndEnds) {
@@ -111,7 +107,7 @@ TEST_F(StartUp, ASecondCopySaysSoAndEnds) {
   EXPECT_EQ(harness::visibleWindow(second->id(), L"frmQMK"), nullptr);
   EXPECT_EQ(harness::visibleWindow(second->id(), L"frmSplash"), nullptr);
   box.answer(IDOK);
-  EXPECT_TRUE(waitFor([&] { return !second->running(); }));
+  EXPECT_TRUE(happens("the second copy ends", [&] { return !second->running(); }));
   EXPECT_TRUE(app->running());
   EXPECT_NE(IsWindowVisible(first), FALSE);
 }
@@ -138,7 +134,7 @@ TEST_F(StartUp, ASecondCopyThatTheEndOfTheSessionEndsForgetsNoPlace) {
   EXPECT_TRUE(question.mayEnd());
   harness::send(hidden, WM_ENDSESSION, TRUE);
   TerminateProcess(second->handle(), 0);
-  EXPECT_TRUE(waitFor([&] { return !second->running(); }));
+  EXPECT_TRUE(happens("the second copy ends", [&] { return !second->running(); }));
   EXPECT_EQ(harness::TestProfile::setting(L"Placement"), place);
 }
 
@@ -191,7 +187,7 @@ TEST_F(StartUp, EachStepThatFailsIsReportedAndTheNextOnesStillRun) {
   EXPECT_EQ(app->list(Tab::newFile).count(), 4);
   // The watch is running: what another program writes now is shown.
   app->writeCatalogue(record(L"fp3", path));
-  EXPECT_TRUE(waitFor([&] { return app->list(Tab::open).count() == 1; }));
+  EXPECT_TRUE(eventually([&] { return app->list(Tab::open).count(); }, 1));
 }
 
 }  // namespace

@@ -104,9 +104,7 @@ class TabWalk : public GatewayTest {
       way += std::to_string(tab);
       expected = after(expected, tab);
       // The list comes to the front first.
-      if (!waitFor([&] { return shown() == expected; }, 2000)) {
-        EXPECT_EQ(shown(), expected) << way;
-      }
+      EXPECT_TRUE(eventually([&] { return shown(); }, expected, 2000)) << way;
     }
   }
 
@@ -117,11 +115,10 @@ class TabWalk : public GatewayTest {
 
   /// Whether a tab's list shows that view and both places mark it.
   void expectView(int tab, bool report) const {
-    EXPECT_TRUE(waitFor([&] {
-      return app->list(tab).view() == (report ? LV_VIEW_DETAILS : LV_VIEW_ICON);
-    })) << "tab "
-        << tab;
-    EXPECT_TRUE(waitFor([&] { return app->toolbar().button(ids::buttonList).pressed == report; }));
+    EXPECT_TRUE(
+        eventually([&] { return app->list(tab).view(); }, report ? LV_VIEW_DETAILS : LV_VIEW_ICON))
+        << "tab " << tab;
+    EXPECT_TRUE(eventually([&] { return app->toolbar().button(ids::buttonList).pressed; }, report));
     EXPECT_EQ(shown().report, report) << "tab " << tab;
   }
 };

@@ -1,5 +1,6 @@
 // The list of the Tools tab: what it shows of the shortcut files, and starting them.
 #include <set>
+#include <tuple>
 
 #include "shortcut_test.h"
 
@@ -40,7 +41,7 @@ TEST_F(ToolsList, ShowsTheNameUpToItsFirstDotAndKeepsTheFile) {
   addLink(L"\u00C9t\u00E9 1.lnk", L"C:\\tools\\a b.exe");
   harness::writeFile(link(L"notes.txt"), "no shortcut");
   app->startToMain();
-  ASSERT_TRUE(waitFor([&] { return list().count() == 4; }));
+  ASSERT_TRUE(eventually([&] { return list().count(); }, 4));
   std::vector<std::vector<std::wstring>> rows = list().rows();
   std::sort(rows.begin(), rows.end());
   EXPECT_EQ(rows, (std::vector<std::vector<std::wstring>>{
@@ -62,13 +63,13 @@ TEST_F(ToolsList, ShowsTheIconOfAProgramAndABlankOneWithoutAny) {
   addLink(L"Text.lnk", app->addFileElsewhere(L"notes.txt"));
   harness::writeFile(link(L"Broken.lnk"), "no shortcut at all");
   app->startToMain();
-  ASSERT_TRUE(waitFor([&] { return list().count() == 4; }));
+  ASSERT_TRUE(eventually([&] { return list().count(); }, 4));
   select(L"Dead");
   select(L"Alive");
-  EXPECT_TRUE(waitFor([&] { return coloursOfIcon(L"Alive") > 3; })) << coloursOfIcon(L"Alive");
-  EXPECT_TRUE(waitFor([&] { return coloursOfIcon(L"Dead") == 1; })) << coloursOfIcon(L"Dead");
-  EXPECT_TRUE(waitFor([&] { return coloursOfIcon(L"Text") == 1; })) << coloursOfIcon(L"Text");
-  EXPECT_TRUE(waitFor([&] { return coloursOfIcon(L"Broken") == 1; })) << coloursOfIcon(L"Broken");
+  EXPECT_TRUE(eventually([&] { return coloursOfIcon(L"Alive"); }, Gt(3)));
+  EXPECT_TRUE(eventually([&] { return coloursOfIcon(L"Dead"); }, 1));
+  EXPECT_TRUE(eventually([&] { return coloursOfIcon(L"Text"); }, 1));
+  EXPECT_TRUE(eventually([&] { return coloursOfIcon(L"Broken"); }, 1));
 }
 
 TEST_F(ToolsList, ADoubleClickAndEnterStartTheTargetAsItIs) {
@@ -79,7 +80,7 @@ TEST_F(ToolsList, ADoubleClickAndEnterStartTheTargetAsItIs) {
   harness::writeLink(link(L"Own.lnk"), file);
   addLink(L"Other.lnk", addProgram(L"other.exe"));
   app->startToMain();
-  ASSERT_TRUE(waitFor([&] { return list().count() == 2; }));
+  ASSERT_TRUE(eventually([&] { return list().count(); }, 2));
   app->doubleClickRow(Tab::tools, L"Own");
   expectStart(1, file.target);
   select(L"Other");
@@ -112,15 +113,15 @@ TEST_F(ToolsList, AReloadShowsIconsAndLeavesTheMarksAlone) {
   addLink(L"One.lnk", L"C:\\tools\\one.exe");
   app->startToMain();
   app->command(ids::mnuList);
-  ASSERT_TRUE(waitFor([&] { return list().view() == LV_VIEW_DETAILS; }));
+  ASSERT_TRUE(eventually([&] { return list().view(); }, LV_VIEW_DETAILS));
   focusList();
   harness::pressKey(VK_F5);
-  EXPECT_TRUE(waitFor([&] { return list().view() == LV_VIEW_ICON; }));
+  EXPECT_TRUE(eventually([&] { return list().view(); }, LV_VIEW_ICON));
   EXPECT_TRUE(app->toolbar().button(ids::buttonList).pressed);
   EXPECT_TRUE(harness::menuEntry(app->main(), ids::mnuList).checked);
   app->selectTab(Tab::newFile);
   app->selectTab(Tab::tools);
-  EXPECT_TRUE(waitFor([&] { return list().view() == LV_VIEW_DETAILS; })) << "the tag was changed";
+  EXPECT_TRUE(eventually([&] { return list().view(); }, LV_VIEW_DETAILS)) << "the tag was changed";
 }
 
 TEST_F(ToolsList, AReloadKeepsTheSelectedShortcut) {
@@ -130,7 +131,9 @@ TEST_F(ToolsList, AReloadKeepsTheSelectedShortcut) {
   select(L"Two");
   addLink(L"Nine.lnk", L"C:\\tools\\nine.exe");
   reload(3);
-  EXPECT_TRUE(waitFor([&] { return list().selected() == list().find(L"Two"); }));
+  // The row that is selected, and the one that has to be.
+  EXPECT_TRUE(eventually([&] { return std::tuple(list().selected(), list().find(L"Two")); },
+                         ::testing::Eq()));
 }
 
 TEST_F(ToolsList, AnEmptyListHasNothingToRenameDeleteOrStart) {

@@ -61,7 +61,7 @@ TEST_F(UnheldNames, RecordsDoNotMultiplyFromStartToStart) {
                       record(L"bi3", questions + L"???.bi3") +
                       record(L"fp3", questions + L"plot.fp3"));
   startOnOpenTab();
-  EXPECT_TRUE(waitFor([&] { return rows() == 3; }));
+  EXPECT_TRUE(eventually([&] { return rows(); }, 3));
   const auto written = app->catalogue();
   ASSERT_TRUE(written);
   EXPECT_EQ(written->find('?'), std::string::npos) << *written;
@@ -79,7 +79,7 @@ TEST_F(UnheldNames, OpeningGivesTheToolAPathThatItCanOpen) {
   const std::wstring path = app->addDataFile(beetle + L".bi3");
   startOnOpenTab();
   const std::wstring listed = shortName(path);
-  ASSERT_TRUE(waitFor([&] { return rows() == 1; }));
+  ASSERT_TRUE(eventually([&] { return rows(); }, 1));
   app->doubleClickRow(Tab::open, listed);
   const harness::ToolStart start = app->waitForToolStart(1);
   const std::wstring handed = shortFolder() + L"\\data\\" + listed;
@@ -92,21 +92,21 @@ TEST_F(UnheldNames, ARenamedFileStaysUsableAndCanBeDeleted) {
   app->addDataFile(L"Beta.bi3");
   const std::wstring renamed = app->folder() + L"\\data\\" + beetle + L".BI3";
   startOnOpenTab();
-  ASSERT_TRUE(waitFor([&] { return rows() == 1; }));
+  ASSERT_TRUE(eventually([&] { return rows(); }, 1));
   app->command(ids::mnuRename);
   const harness::InputBoxReader box = app->waitForInputBox();
   box.type(beetle);
   box.ok();
-  ASSERT_TRUE(waitFor([&] { return harness::exists(renamed); }));
+  ASSERT_TRUE(happens("the file has its new name", [&] { return harness::exists(renamed); }));
   const std::wstring listed = shortName(renamed);
-  ASSERT_TRUE(waitFor([&] { return app->list(Tab::open).find(listed) == 0; }));
+  ASSERT_TRUE(eventually([&] { return app->list(Tab::open).find(listed); }, 0));
   app->doubleClickRow(Tab::open, listed);
   EXPECT_TRUE(opensInCodePage(shortFolder() + L"\\data\\" + listed));
   EXPECT_EQ(app->waitForToolStart(1).commandLine,
             app->folder() + L"\\brtpc3.exe " + encoded(shortFolder() + L"\\data\\" + listed));
   app->command(ids::mnuDelete);
   expectMessage(L"Are your sure you want to delete " + listed, exclamationIcon, yesAndNo, IDYES);
-  EXPECT_TRUE(waitFor([&] { return rows() == 0; }));
+  EXPECT_TRUE(eventually([&] { return rows(); }, 0));
   EXPECT_FALSE(harness::exists(renamed));
   EXPECT_EQ(app->catalogue(), "");
 }

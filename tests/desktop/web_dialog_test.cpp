@@ -52,8 +52,7 @@ TEST_F(WebDialog, TypingTabAndEnterCreateAnEntry) {
   harness::pressKey(VK_TAB);
   harness::pressKey(VK_END);
   harness::typeText(L"weather.example");
-  EXPECT_TRUE(waitFor([&] { return dialog.textOf(ids::txtUrl) == L"http://weather.example"; }))
-      << harness::utf8(dialog.textOf(ids::txtUrl));
+  EXPECT_TRUE(eventually([&] { return dialog.textOf(ids::txtUrl); }, L"http://weather.example"));
   EXPECT_EQ(dialog.textOf(ids::txtName), L"Weather");
   dialog.pressAndWait(VK_RETURN);
   expectWebList(entry(L"Weather", L"http://weather.example"));
@@ -147,7 +146,7 @@ TEST_F(WebDialog, AskingAgainBringsTheDialogForwardWithItsNewRole) {
   const FormReader dialog = askToCreate();
   harness::bringToFront(app->main());
   app->command(ids::mnuRename);
-  EXPECT_TRUE(waitFor([&] { return GetForegroundWindow() == dialog.window(); }));
+  EXPECT_TRUE(eventually(harness::windowInFront, NamedWindow{dialog.window()}));
   expectRenameRole(dialog);
   EXPECT_EQ(dialog.textOf(ids::txtName), L"One");
   EXPECT_EQ(dialog.textOf(ids::txtUrl), L"http://one/");
@@ -155,7 +154,7 @@ TEST_F(WebDialog, AskingAgainBringsTheDialogForwardWithItsNewRole) {
 
   harness::bringToFront(app->main());
   app->command(ids::mnuCreate);
-  EXPECT_TRUE(waitFor([&] { return GetForegroundWindow() == dialog.window(); }));
+  EXPECT_TRUE(eventually(harness::windowInFront, NamedWindow{dialog.window()}));
   expectCreateRole(dialog);
   EXPECT_EQ(harness::webDialogs(*app), 1U);
   fillAndAccept(dialog, L"Two", L"http://two/");
@@ -188,7 +187,7 @@ TEST_F(WebDialog, RenameChangesTheListOfTheTabInFrontAndWritesItsItems) {
   const FormReader dialog = askToRename();
   app->selectTab(Tab::open);
   harness::clickAt(harness::centreOf(app->list(Tab::open).textOnScreen(1)), app->main());
-  ASSERT_TRUE(waitFor([&] { return app->list(Tab::open).selected() == 1; }));
+  ASSERT_TRUE(eventually([&] { return app->list(Tab::open).selected(); }, 1));
   fillAndAccept(dialog, L"Moved", L"http://moved/");
   const std::string written =
       entry(L"a.fp3", L"1/2/2026 9:15:00 AM") + entry(L"Moved", L"http://moved/");
@@ -261,12 +260,12 @@ TEST_P(WebDialogRemains, AreGoneAfterAChangeOfFontOrTheme) {
   FillRect(dc, &inWindow, brush);
   DeleteObject(brush);
   ReleaseDC(dialog.window(), dc);
-  ASSERT_TRUE(waitFor([&] { return harness::pixelsOf(remains, between) > 0; }));
+  ASSERT_TRUE(eventually([&] { return harness::pixelsOf(remains, between); }, Gt(0U)));
 
   harness::send(dialog.window(), GetParam(),
                 GetParam() == WM_SETTINGCHANGE ? WPARAM{SPI_SETNONCLIENTMETRICS} : WPARAM{0});
 
-  EXPECT_TRUE(waitFor([&] { return harness::pixelsOf(remains, between) == 0; }));
+  EXPECT_TRUE(eventually([&] { return harness::pixelsOf(remains, between); }, 0U));
   dialog.pushAndWait(ids::webCancel);
 }
 

@@ -53,7 +53,7 @@ TEST_F(WebListFile, EntriesWithoutANameAreDeletedToo) {
   startOnWebTab(2);
   selectRow(1);
   harness::pressKey(VK_UP);
-  ASSERT_TRUE(waitFor([&] { return list().selected() == 0; }));
+  ASSERT_TRUE(eventually([&] { return list().selected(); }, 0));
   deleteSelected(L"");
   expectWebList(entry(L"One", L"http://one/"));
   expectRows({{L"One", L"http://one/"}});
@@ -97,22 +97,22 @@ TEST_P(MalformedWebList, LoadsAndKeepsForeignBytesThroughAnAddAndADelete) {
   writeWebList(bytes);
   app->startToMain();
   app->selectTab(Tab::web);
-  ASSERT_TRUE(waitFor([&] { return list().count() == rows; }, longWaitMs)) << list().count();
+  ASSERT_TRUE(eventually([&] { return list().count(); }, rows, longWaitMs));
 
   fillAndAccept(askToCreate(), L"zz new", L"http://new/");
   // A last line without its end gets one.
   const bool ended = bytes.empty() || bytes.ends_with('\n');
   const std::string kept = bytes + (ended ? "" : "\r\n");
-  EXPECT_TRUE(waitFor([&] { return webList() == kept + entry(L"zz new", L"http://new/"); }));
-  ASSERT_TRUE(waitFor([&] { return list().count() == rows + 1; }, longWaitMs));
+  EXPECT_TRUE(eventually([&] { return webList(); }, kept + entry(L"zz new", L"http://new/")));
+  ASSERT_TRUE(eventually([&] { return list().count(); }, rows + 1, longWaitMs));
   EXPECT_EQ(list().row(rows), (std::vector<std::wstring>{L"zz new", L"http://new/"}));
 
   harness::bringToFront(app->main());
   harness::clickAt(harness::centreOf(list().textOnScreen(rows)), app->main());
-  ASSERT_TRUE(waitFor([&] { return list().selected() == rows; }, longWaitMs));
+  ASSERT_TRUE(eventually([&] { return list().selected(); }, rows, longWaitMs));
   deleteSelected(L"ZZ NEW");
-  EXPECT_TRUE(waitFor([&] { return webList() == kept; }));
-  EXPECT_TRUE(waitFor([&] { return list().count() == rows; }, longWaitMs));
+  EXPECT_TRUE(eventually([&] { return webList(); }, kept));
+  EXPECT_TRUE(eventually([&] { return list().count(); }, rows, longWaitMs));
 }
 
 INSTANTIATE_TEST_SUITE_P(

@@ -63,7 +63,7 @@ TEST_F(WebOpen, ADoubleClickInAnEmptyListOpensNothing) {
   harness::doubleClickAt(harness::centreOf(harness::screenRect(list().window())), app->main());
   // What is opened afterwards is the first that was.
   fillAndAccept(askToCreate(), L"one", L"qmktest:one");
-  ASSERT_TRUE(waitFor([&] { return list().count() == 1; }));
+  ASSERT_TRUE(eventually([&] { return list().count(); }, 1));
   app->doubleClickRow(Tab::web, 0);
   expectOpened(1, L"qmktest:one");
 }

@@ -36,14 +36,11 @@ void WebTest::fillAndAccept(const harness::FormReader& dialog, const std::wstrin
 }
 
 void WebTest::expectWebList(const std::string& bytes) const {
-  EXPECT_TRUE(waitFor([&] { return webList() == bytes; }))
-      << "the file holds:\n"
-      << webList().value_or("(no file)") << "\ninstead of:\n"
-      << bytes;
+  EXPECT_TRUE(eventually([&] { return webList(); }, bytes));
 }
 
 void WebTest::expectRows(const Rows& rows) const {
-  EXPECT_TRUE(waitFor([&] { return list().rows() == rows; }));
+  EXPECT_TRUE(eventually([&] { return list().rows(); }, rows));
   EXPECT_EQ(list().rows(), rows);
 }
 

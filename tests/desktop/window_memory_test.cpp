@@ -17,16 +17,17 @@ class WindowMemory : public GatewayTest {
   [[nodiscard]] static HWND menuOnScreen() { return FindWindowW(L"#32768", nullptr); }
 
   static void expectEditMenuAndClose() {
-    ASSERT_TRUE(waitFor([] { return menuOnScreen() != nullptr; }));
+    ASSERT_TRUE(eventually([] { return menuOnScreen(); }, NotNull()));
     harness::pressKey(VK_ESCAPE);
-    EXPECT_TRUE(waitFor([] { return menuOnScreen() == nullptr; }));
+    EXPECT_TRUE(eventually([] { return menuOnScreen(); }, IsNull()));
   }
 };
 
 TEST_F(WindowMemory, TheWindowComesBackToItsPlace) {
   app->startToMain();
   SetWindowPos(app->main(), nullptr, 60, 45, 700, 520, SWP_NOZORDER | SWP_NOACTIVATE);
-  ASSERT_TRUE(waitFor([&] { return place().left == 60 && place().right == 760; }));
+  ASSERT_TRUE(
+      eventually([&] { return std::pair(place().left, place().right); }, ::testing::Pair(60, 760)));
   EXPECT_EQ(app->close(), 0U);
   app->startToMain();
   const RECT again = place();
@@ -63,7 +64,7 @@ TEST_F(WindowMemory, ARightClickShowsTheEditCommands) {
   app->writeCatalogue(record(L"FP3", profile));
   app->startToMain();
   app->selectTab(Tab::open);
-  ASSERT_TRUE(waitFor([&] { return app->list(Tab::open).count() == 1; }));
+  ASSERT_TRUE(eventually([&] { return app->list(Tab::open).count(); }, 1));
   const POINT row = harness::centreOf(app->list(Tab::open).textOnScreen(0));
   PostMessageW(app->list(Tab::open).window(), WM_CONTEXTMENU,
                reinterpret_cast<WPARAM>(app->list(Tab::open).window()), MAKELPARAM(row.x, row.y));
@@ -75,10 +76,10 @@ TEST_F(WindowMemory, TheContextMenuKeyShowsTheEditCommandsAndOneCanBeChosen) {
   app->writeCatalogue(record(L"FP3", profile));
   app->startToMain();
   app->selectTab(Tab::open);
-  ASSERT_TRUE(waitFor([&] { return app->list(Tab::open).count() == 1; }));
+  ASSERT_TRUE(eventually([&] { return app->list(Tab::open).count(); }, 1));
   harness::clickAt(harness::centreOf(app->list(Tab::open).textOnScreen(0)), app->main());
   harness::pressKey(VK_F10, VK_SHIFT);
-  ASSERT_TRUE(waitFor([] { return menuOnScreen() != nullptr; }));
+  ASSERT_TRUE(eventually([] { return menuOnScreen(); }, NotNull()));
   // Create is disabled here; the last entry is Delete.
   harness::pressKey(VK_UP);
   harness::pressKey(VK_RETURN);

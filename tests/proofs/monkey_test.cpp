@@ -7,8 +7,10 @@
 
 #include <algorithm>
 #include <string>
+#include <tuple>
 #include <vector>
 
+#include "harness/eventually.h"
 #include "harness/files.h"
 #include "harness/paths.h"
 #include "harness/text.h"
@@ -86,7 +88,8 @@ void expectShown(const harness::GatewayApp& app, int tab, Texts (*wanted)(const 
                  const std::wstring& where) {
   const harness::ListViewReader list = app.list(tab);
   harness::send(list.window(), WM_KEYDOWN, VK_F5);
-  EXPECT_TRUE(harness::waitFor([&] { return sorted(list.texts()) == wanted(where); }))
+  EXPECT_TRUE(harness::eventually([&] { return std::tuple(sorted(list.texts()), wanted(where)); },
+                                  ::testing::Eq()))
       << "list " << tab;
 }
 

@@ -337,7 +337,7 @@ TEST_F(Security, HostileRecordsAreOnlyShown) {
   harness::send(app_.list(Tab::web).window(), WM_KEYDOWN, VK_F5);
   harness::waitUntil("the list is reloaded", [&] { return app_.list(Tab::web).count() == 1; });
   app_.doubleClickRow(Tab::web, 0);
-  EXPECT_TRUE(app_.waitForToolStart().commandLine.ends_with(address + L"\""));
+  EXPECT_THAT(app_.waitForToolStart().commandLine, ::testing::EndsWith(address + L"\""));
   EXPECT_EQ(*app_.catalogue(), catalogue);
   figure("security, hostile records shown and tried", asked);
 }

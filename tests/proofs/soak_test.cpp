@@ -11,6 +11,7 @@
 #include <string>
 #include <utility>
 
+#include "harness/eventually.h"
 #include "harness/files.h"
 #include "harness/forms.h"
 #include "harness/gateway_app.h"
@@ -95,10 +96,11 @@ class Soak : public ::testing::Test {
       once(n);
     }
     Resources after = held();
-    EXPECT_TRUE(harness::waitFor([&] {
+    const auto windows = [&] {
       after = held();
-      return after.counts.at("windows") == before.counts.at("windows");
-    })) << what;
+      return after.counts.at("windows");
+    };
+    EXPECT_TRUE(harness::eventually(windows, before.counts.at("windows"))) << what;
     for (const auto& [kind, count] : after.counts) {
       const auto former = before.counts.find(kind);
       const long long was = former == before.counts.end() ? 0 : former->second;

@@ -130,7 +130,7 @@ TEST_F(Surroundings, StrangeFilesInThePlaceOfTheCatalogue) {
     const auto before = factsOf(app_.cataloguePath());
     auto messages = startThroughMessages(place.untouched);
     EXPECT_EQ(messages.empty(), !place.untouched);
-    EXPECT_TRUE(harness::waitFor([&] { return app_.list(Tab::open).count() == place.rows; }));
+    EXPECT_TRUE(harness::eventually([&] { return app_.list(Tab::open).count(); }, place.rows));
     expectAnswers();
     const auto after = factsOf(app_.cataloguePath());
     if (place.untouched) {

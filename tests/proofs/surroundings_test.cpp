@@ -77,7 +77,8 @@ TEST_F(Surroundings, ADataFileInAFolderOfThreeHundredCharacters) {
   app_.startToMain();
   app_.selectTab(Tab::open);
   app_.doubleClickRow(Tab::open, L"Plot 1.fp3");
-  EXPECT_TRUE(app_.waitForToolStart().commandLine.ends_with(L" " + harness::encoded(path)));
+  EXPECT_THAT(app_.waitForToolStart().commandLine,
+              ::testing::EndsWith(L" " + harness::encoded(path)));
   // Its name can be changed, and it can be deleted.
   app_.command(ids::mnuRename);
   const harness::InputBoxReader box = app_.waitForInputBox();
@@ -107,7 +108,7 @@ TEST_F(Surroundings, TheClockIsSetBack) {
     app_.writeCatalogue(bytes);
     time += static_cast<std::uint64_t>(hours) * hour;
     harness::setChangeTime(app_.cataloguePath(), time);
-    EXPECT_TRUE(harness::waitFor([&] { return app_.list(Tab::open).count() == rows; }))
+    EXPECT_TRUE(harness::eventually([&] { return app_.list(Tab::open).count(); }, rows))
         << "after " << hours << " hours";
   }
   EXPECT_EQ(app_.close(), 0U);

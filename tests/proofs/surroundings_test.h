@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "harness/eventually.h"
 #include "harness/files.h"
 #include "harness/gateway_app.h"
 #include "harness/input.h"

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "harness/wait.h"
+#include "harness/eventually.h"
 #include "harness/windows_of_process.h"
 #include "platform/application.h"
 #include "platform/controls/window.h"
@@ -103,7 +103,7 @@ TEST(HalfBuiltWindow, IsGoneWhenItCannotBeFinishedBehindAnotherOne) {
   Before before;
   before.show();
   const Refusal refusal(handle);
-  EXPECT_TRUE(harness::waitFor([&] {
+  EXPECT_TRUE(harness::happens("the half-built window is given up", [&] {
     platform::application::processPendingMessages();
     return !frame.loaded();
   }));

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <bit>
+#include <ostream>
 
 #include "harness/text.h"
 #include "harness/wait.h"
@@ -77,6 +78,20 @@ HWND visibleWindow(DWORD process, const std::wstring& classOfWindow) {
   }
   return nullptr;
 }
+
+void PrintTo(const NamedWindow& window, std::ostream* out) {
+  if (window.handle == nullptr) {
+    *out << "no window";
+    return;
+  }
+  // The title as the system knows it, which needs no answer of the window.
+  std::array<wchar_t, 256> title{};
+  GetWindowTextW(window.handle, title.data(), static_cast<int>(title.size()));
+  *out << window.handle << " (" << utf8(className(window.handle)) << ", \"" << utf8(title.data())
+       << "\")";
+}
+
+NamedWindow windowInFront() { return {GetForegroundWindow()}; }
 
 HWND visibleWindowTitled(const std::wstring& title) {
   HWND const window = FindWindowW(nullptr, title.c_str());

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <iosfwd>
 #include <string>
 #include <vector>
 
@@ -26,6 +27,15 @@ void post(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
 [[nodiscard]] HWND visibleWindow(DWORD process, const std::wstring& classOfWindow);
 /// Visible window with that title in any process, null when there is none.
 [[nodiscard]] HWND visibleWindowTitled(const std::wstring& title);
+
+/// A window that test results show with its class and its title.
+struct NamedWindow {
+  HWND handle = nullptr;
+  bool operator==(const NamedWindow&) const = default;
+};
+void PrintTo(const NamedWindow& window, std::ostream* out);
+/// The window that is in front of those of all programs.
+[[nodiscard]] NamedWindow windowInFront();
 
 /// All child windows, of any depth.
 [[nodiscard]] std::vector<HWND> children(HWND window);

@@ -2,6 +2,7 @@
 
 #include <bit>
 #include <cstdint>
+#include <sstream>
 
 #include "harness/gdi_table.h"
 #include "platform/win32/handles.h"
@@ -122,6 +123,25 @@ Pixels pixelsAt(HWND window, const Pixels& wanted) {
     found[place] = RGB((pixel >> 16U) & 0xFFU, (pixel >> 8U) & 0xFFU, pixel & 0xFFU);
   }
   return found;
+}
+
+std::string difference(const Pixels& found, const Pixels& wanted) {
+  constexpr int some = 6;
+  int differing = 0;
+  std::ostringstream text;
+  text << std::hex;
+  for (const auto& [place, colour] : wanted) {
+    const auto at = found.find(place);
+    if (at != found.end() && at->second == colour) {
+      continue;
+    }
+    if (++differing <= some) {
+      text << "; (" << std::dec << place.first << ", " << place.second << ") is " << std::hex
+           << (at == found.end() ? CLR_INVALID : at->second) << ", expected " << colour;
+    }
+  }
+  return std::to_string(differing) + " of " + std::to_string(wanted.size()) + " pixels differ" +
+         text.str();
 }
 
 void Pointer::park() {

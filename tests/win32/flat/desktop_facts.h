@@ -1,10 +1,12 @@
 // What the tests ask of the desktop, and change about it.
 #pragma once
 
+#include <gtest/gtest.h>
 #include <windows.h>
 
 #include <array>
 #include <cstddef>
+#include <string>
 
 #include "flatlook/rings.h"
 
@@ -45,25 +47,29 @@ class DistinctColours {
 /// Handles all messages that are waiting.
 void pump();
 
-/// Asks `condition` until it holds, handling messages in between; false when it did not in time.
+/// Asks `condition` until it holds, handling messages in between. When it did not in time, that is
+/// a failure that names `what`.
 template <class Condition>
-[[nodiscard]] bool pumpUntil(Condition condition) {
+[[nodiscard]] ::testing::AssertionResult pumpUntil(const std::string& what, Condition condition) {
   constexpr ULONGLONG boundMs = 15000;
   constexpr DWORD pollMs = 5;
   const ULONGLONG end = GetTickCount64() + boundMs;
   pump();
   while (!condition()) {
     if (GetTickCount64() >= end) {
-      return false;
+      return ::testing::AssertionFailure() << "waited " << boundMs << " ms, and not so: " << what;
     }
     MsgWaitForMultipleObjects(0, nullptr, FALSE, pollMs, QS_ALLINPUT);
     pump();
   }
-  return true;
+  return ::testing::AssertionSuccess();
 }
 
 /// Pixels of the client area of `window` at the places of `wanted`.
 [[nodiscard]] Pixels pixelsAt(HWND window, const Pixels& wanted);
+
+/// How pixels differ from the wanted ones, in words.
+[[nodiscard]] std::string difference(const Pixels& found, const Pixels& wanted);
 
 /// The pointer, held in its place: a late report of an earlier move may take it away again, and the
 /// system tells a window only of a pointer that moves.

@@ -66,22 +66,22 @@ class FormTest : public ::testing::Test {
   }
   void show() {
     window.show();
-    ASSERT_TRUE(pumpUntil([this] {
+    ASSERT_TRUE(pumpUntil("the form is in front", [this] {
       SetForegroundWindow(handle());
       return GetForegroundWindow() == handle();
     }));
     SetFocus(handle(window.ok));
   }
-  /// Moves the pointer over the text box; true when its timer runs then.
-  [[nodiscard]] bool pointerTracked() {
+  /// Moves the pointer over the text box and waits until its timer runs.
+  [[nodiscard]] ::testing::AssertionResult pointerTracked() {
     pointer.moveTo(handle(window.name));
-    return pumpUntil([this] {
+    return pumpUntil("the text box has its timer", [this] {
       pointer.hold();
       return hasTimer(handle(window.name));
     });
   }
   /// The ring of the text box, which lies just inside the place that the layout gives it.
-  [[nodiscard]] bool nameHasRing(COLORREF topLeft, COLORREF bottomRight) {
+  [[nodiscard]] ::testing::AssertionResult nameHasRing(COLORREF topLeft, COLORREF bottomRight) {
     const int dpi = platform::win32::dpiOf(handle());
     const auto at = [dpi](int length) { return scaled(length, dpi); };
     const Edges place{at(70), at(10), at(70) + at(200), at(10) + at(24)};
@@ -90,10 +90,14 @@ class FormTest : public ::testing::Test {
                          {place.left - 1, place.top - 1, place.right + 1, place.bottom + 1},
                          topLeft, bottomRight);
     flatlook::test::ring(expected, place, Colours::face, Colours::face);
-    return pumpUntil([&] {
-      pointer.hold();
-      return pixelsAt(handle(), expected) == expected;
-    });
+    Pixels found;
+    return pumpUntil("the text box has its ring",
+                     [&] {
+                       pointer.hold();
+                       found = pixelsAt(handle(), expected);
+                       return found == expected;
+                     })
+           << ", " << difference(found, expected);
   }
 
   Styled window;
@@ -124,7 +128,7 @@ TEST_F(FormTest, ItsTextBoxRisesAndFalls) {
   EXPECT_TRUE(pointerTracked());
   EXPECT_TRUE(nameHasRing(Colours::shadow, Colours::highlight));
   pointer.park();
-  EXPECT_TRUE(pumpUntil([this] {
+  EXPECT_TRUE(pumpUntil("the text box has no timer", [this] {
     pointer.hold();
     return !hasTimer(handle(window.name));
   }));
@@ -153,10 +157,12 @@ TEST_F(FormTest, AnImageButtonFollowsThePointer) {
   show();
   EXPECT_EQ(window.browse.backColor(), 0xFFC0C0U);
   const auto becomes = [this](std::uint32_t colour) {
-    return pumpUntil([&] {
-      pointer.hold();
-      return window.browse.backColor() == colour;
-    });
+    return pumpUntil("the button has colour " + std::to_string(colour),
+                     [&] {
+                       pointer.hold();
+                       return window.browse.backColor() == colour;
+                     })
+           << ", it has " << window.browse.backColor();
   };
   pointer.moveTo(handle(window.browse));
   EXPECT_TRUE(becomes(0xC0FFFF));

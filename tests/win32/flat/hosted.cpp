@@ -86,12 +86,12 @@ Host::~Host() { SetWindowLongPtrW(window(), GWLP_USERDATA, 0); }
 void Host::show() {
   ShowWindow(window(), SW_SHOW);
   UpdateWindow(window());
-  const bool front = pumpUntil([this] {
+  const auto front = pumpUntil("the host is in front", [this] {
     SetForegroundWindow(window());
     return GetForegroundWindow() == window() && GetFocus() == elsewhere_;
   });
   if (!front) {
-    throw std::runtime_error("the host does not come to the front");
+    throw std::runtime_error(front.message());
   }
 }
 

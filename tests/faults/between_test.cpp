@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "listfile/list_file.h"
+#include "platform/faults.h"
 #include "platform/text.h"
 
 namespace faults {
@@ -196,7 +197,7 @@ void Between::round(unsigned seed) {
   boxes_ = 0;
   look();
   question.ask();
-  desktop().failNothing();
+  desktop().faults().failNothing();
   gone_ += toldGone() ? 1 : 0;
   expectOnlyTheNamedTouched();
   expectListsShowTheirFiles();

@@ -7,6 +7,7 @@
 
 #include "faults/allocations.h"
 #include "faults/sweep.h"
+#include "platform/faults.h"
 #include "platform/text.h"
 #include "startup/startup.h"
 
@@ -40,11 +41,11 @@ Start startWith(const std::function<void()>& inject, bool partly = false) {
   start.fault.allocations = allocations();
   const bool outOfMemory = allocationFailed();
   failAllocation(0);
-  desktop().failNothing();
-  start.fault.looks = desktop().looks();
-  start.fault.happened = outOfMemory || !desktop().failedCalls().empty();
-  if (!desktop().failedCalls().empty()) {
-    start.fault.call = desktop().failedCalls().front().what;
+  desktop().faults().failNothing();
+  start.fault.looks = desktop().faults().looks();
+  start.fault.happened = outOfMemory || !desktop().faults().failedCalls().empty();
+  if (!desktop().faults().failedCalls().empty()) {
+    start.fault.call = desktop().faults().failedCalls().front().what;
   }
   start.fault.now = stateOf(gateway->main);
   EXPECT_EQ(gateway->main.visible(), start.up);
@@ -58,7 +59,7 @@ Start startWith(const std::function<void()>& inject, bool partly = false) {
   } else {
     // Each failure is told but for those of removing an obsolete shortcut; memory that ran out is
     // no failed call.
-    const auto& failed = desktop().failedCalls();
+    const auto& failed = desktop().faults().failedCalls();
     const auto told = std::count_if(failed.begin(), failed.end(), [](const auto& call) {
       return !call.what.starts_with(L"remove " + shortcutsFolder);
     });
@@ -90,7 +91,7 @@ TEST(StartUpFaults, NoCallThatFailsLosesAnythingAndTheStartGoesOnAsFarAsItCan) {
   const State clean = startWith([] {}).fault.now;
   int cases = 0;
   for (int n = 1;; ++n) {
-    const Start probe = startWith([n] { desktop().failCall(n, 57); });
+    const Start probe = startWith([n] { desktop().faults().failCall(n, 57); });
     if (!probe.fault.happened) {
       EXPECT_EQ(probe.fault.now, clean);
       break;
@@ -101,7 +102,7 @@ TEST(StartUpFaults, NoCallThatFailsLosesAnythingAndTheStartGoesOnAsFarAsItCan) {
     }
     for (const int number : numbers) {
       for (const bool forever : {false, true}) {
-        const Start start = startWith([=] { desktop().failCall(n, number, forever); });
+        const Start start = startWith([=] { desktop().faults().failCall(n, number, forever); });
         SCOPED_TRACE("call " + std::to_string(n) + " (" +
                      platform::text::toCodePage(start.fault.call) + ") raises " +
                      std::to_string(number) + (forever ? " for ever" : " once"));
@@ -121,13 +122,13 @@ TEST(StartUpFaults, NoCallThatFailsLosesAnythingAndTheStartGoesOnAsFarAsItCan) {
 }
 
 TEST(StartUpFaults, NothingIsLostWhenACallFindsNothingOrMemoryRunsOut) {
-  using LookFault = desktop::Desktop::LookFault;
+  using LookFault = desktop::Faults::LookFault;
   const State clean = startWith([] {}).fault.now;
   int cases = 0;
   for (const LookFault kind : {LookFault::findsNothing, LookFault::outOfMemory}) {
     for (const bool forever : {false, true}) {
       for (int n = 1;; ++n) {
-        const Start start = startWith([=] { desktop().failLook(n, kind, forever); });
+        const Start start = startWith([=] { desktop().faults().failLook(n, kind, forever); });
         if (start.fault.looks < n) {
           break;
         }
@@ -214,12 +215,12 @@ TEST(ClosingFaults, WhatCannotBeRememberedIsToldAndTheWindowCloses) {
       Bench bench;
       desktop().answers = {platform::dialogs::Answer::yes};
       const State old = stateOf(bench.main());
-      desktop().failCall(n, 75, forever);
+      desktop().faults().failCall(n, 75, forever);
       EXPECT_TRUE(bench.main().unload());
-      desktop().failNothing();
+      desktop().faults().failNothing();
       EXPECT_FALSE(bench.main().loaded());
       EXPECT_EQ(stateOf(bench.main()).files, old.files);
-      if (desktop().failedCalls().empty()) {
+      if (desktop().faults().failedCalls().empty()) {
         EXPECT_EQ(desktop().errorReports.size(), 0U);
         break;
       }

@@ -9,6 +9,7 @@
 
 #include "faults/allocations.h"
 #include "platform/dispatcher.h"
+#include "platform/faults.h"
 #include "platform/text.h"
 
 namespace faults {
@@ -30,7 +31,7 @@ Fault runWith(const Operation& operation, const std::function<void(Bench&)>& inj
   operation.prepare(bench);
   desktop().clearJournal();
   fault.old = stateOf(bench.main());
-  const int looks = desktop().looks();
+  const int looks = desktop().faults().looks();
   inject(bench);
   // As everything that the user can ask for.
   {
@@ -40,20 +41,20 @@ Fault runWith(const Operation& operation, const std::function<void(Bench&)>& inj
   fault.allocations = allocations();
   fault.happened = allocationFailed();
   failAllocation(0);
-  desktop().failNothing();
+  desktop().faults().failNothing();
   if (lift) {
     lift();
   }
   desktop().onReplace = nullptr;
-  fault.looks = desktop().looks() - looks;
-  fault.failures = desktop().failedCalls().size();
-  if (!desktop().failedCalls().empty()) {
-    const auto& failed = desktop().failedCalls().front();
+  fault.looks = desktop().faults().looks() - looks;
+  fault.failures = desktop().faults().failedCalls().size();
+  if (!desktop().faults().failedCalls().empty()) {
+    const auto& failed = desktop().faults().failedCalls().front();
     const auto& journal = desktop().journal();
     fault.happened = true;
     fault.call = failed.what;
     fault.path = failed.path;
-    fault.lastPath = desktop().failedCalls().back().path;
+    fault.lastPath = desktop().faults().failedCalls().back().path;
     fault.before.assign(journal.begin(),
                         journal.begin() + static_cast<std::ptrdiff_t>(failed.place));
   }
@@ -64,7 +65,7 @@ Fault runWith(const Operation& operation, const std::function<void(Bench&)>& inj
 }
 
 State cleanState(const Operation& operation) {
-  return runWith(operation, [](Bench& /*bench*/) { desktop().failNothing(); }).now;
+  return runWith(operation, [](Bench& /*bench*/) { desktop().faults().failNothing(); }).now;
 }
 
 namespace {
@@ -107,7 +108,7 @@ void check(const Operation& operation, const Fault& fault) {
   }
 }
 
-using LookFault = desktop::Desktop::LookFault;
+using LookFault = desktop::Faults::LookFault;
 
 using Lines = std::multiset<std::string>;
 
@@ -175,7 +176,8 @@ void sweepCalls(const Operation& operation) {
   int cases = 0;
   for (int n = 1;; ++n) {
     ASSERT_LT(n, mostCalls);
-    const Fault probe = runWith(operation, [n](Bench& /*bench*/) { desktop().failCall(n, 57); });
+    const Fault probe =
+        runWith(operation, [n](Bench& /*bench*/) { desktop().faults().failCall(n, 57); });
     if (!probe.happened) {
       EXPECT_EQ(probe.now, clean) << "a run without a fault is not like another one";
       break;
@@ -186,8 +188,8 @@ void sweepCalls(const Operation& operation) {
     }
     for (const int number : numbers) {
       for (const bool forever : {false, true}) {
-        Fault fault =
-            runWith(operation, [=](Bench& /*bench*/) { desktop().failCall(n, number, forever); });
+        Fault fault = runWith(
+            operation, [=](Bench& /*bench*/) { desktop().faults().failCall(n, number, forever); });
         fault.number = number;
         fault.forever = forever;
         fault.clean = clean;
@@ -215,8 +217,8 @@ void sweepLooks(const Operation& operation) {
     for (const bool forever : {false, true}) {
       for (int n = 1;; ++n) {
         ASSERT_LT(n, mostCalls);
-        Fault fault =
-            runWith(operation, [=](Bench& /*bench*/) { desktop().failLook(n, kind, forever); });
+        Fault fault = runWith(
+            operation, [=](Bench& /*bench*/) { desktop().faults().failLook(n, kind, forever); });
         if (fault.looks < n) {
           break;
         }

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <new>
 
+#include "platform/faults.h"
 #include "platform/link_text.h"
 #include "platform/run_time_error.h"
 #include "platform/text.h"
@@ -55,7 +55,7 @@ Desktop& desktop() {
   return theDesktop;
 }
 
-Desktop::Desktop() { reset(); }
+Desktop::Desktop() : faults_(std::make_unique<Faults>()) { reset(); }
 
 Desktop::~Desktop() = default;
 
@@ -70,10 +70,7 @@ void Desktop::reset() {
   putFolder(L"C:\\Users\\Ann\\Documents");
   putFolder(L"C:\\Windows");
   onReplace = nullptr;
-  calls_ = 0;
-  looks_ = 0;
-  failedCalls_.clear();
-  failNothing();
+  *faults_ = {};
   journal_.clear();
   formatDate = shortDate;
   formatDateAndTime = shortDateAndTime;
@@ -159,38 +156,6 @@ std::optional<platform::shell_links::Link> Desktop::linkAt(const std::wstring& p
   return bytes ? linkOf(*bytes) : std::nullopt;
 }
 
-void Desktop::failCall(int n, int number, bool forever) {
-  failAt_ = calls_ + n;
-  failWith_ = number;
-  failForever_ = forever;
-  failedCalls_.clear();
-}
-
-void Desktop::failNothing() {
-  failAt_ = 0;
-  failWith_ = 0;
-  failForever_ = false;
-  blindAt_ = 0;
-  blindForever_ = false;
-}
-
-void Desktop::failLook(int n, LookFault fault, bool forever) {
-  blindAt_ = looks_ + n;
-  lookFault_ = fault;
-  blindForever_ = forever;
-}
-
-bool Desktop::blinded() {
-  ++looks_;
-  if (blindAt_ == 0 || (looks_ != blindAt_ && !(blindForever_ && looks_ > blindAt_))) {
-    return false;
-  }
-  if (lookFault_ == LookFault::outOfMemory) {
-    throw std::bad_alloc();
-  }
-  return true;
-}
-
 bool Desktop::journalHas(const std::wstring& line) const { return journalPlace(line).has_value(); }
 
 std::optional<std::size_t> Desktop::journalPlace(const std::wstring& line) const {
@@ -200,6 +165,8 @@ std::optional<std::size_t> Desktop::journalPlace(const std::wstring& line) const
   }
   return static_cast<std::size_t>(found - journal_.begin());
 }
+
+bool Desktop::blinded() { return faults_->blinded(); }
 
 void Desktop::call(const std::wstring& what) {
   call(what, [] {});
@@ -211,7 +178,7 @@ void Desktop::call(const std::wstring& what, const std::function<void()>& operat
   const std::size_t line = journal_.size();
   note(what);
   try {
-    platform::concerning(path, [&] { attempt({what, line, path}, operation); });
+    platform::concerning(path, [&] { faults_->attempt({what, line, path}, operation); });
   } catch (const RunTimeError& failure) {
     // The journal may have been cleared by a hook that ran meanwhile.
     if (line < journal_.size()) {
@@ -219,15 +186,6 @@ void Desktop::call(const std::wstring& what, const std::function<void()>& operat
     }
     throw;
   }
-}
-
-void Desktop::attempt(const FailedCall& failing, const std::function<void()>& operation) {
-  ++calls_;
-  if (failAt_ > 0 && (calls_ == failAt_ || (failForever_ && calls_ > failAt_))) {
-    failedCalls_.push_back(failing);
-    throw RunTimeError(failWith_);
-  }
-  operation();
 }
 
 void Desktop::setNow(const DateTime& now) { clock_.setNow(fileTime(now)); }

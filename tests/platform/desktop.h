@@ -22,7 +22,7 @@
 #include "platform/dialogs.h"
 #include "platform/file_system.h"
 #include "platform/files.h"
-#include "platform/pictures.h"
+#include "platform/geometry.h"
 #include "platform/record.h"
 #include "platform/registry.h"
 #include "platform/shell_links.h"
@@ -90,6 +90,9 @@ struct RegistryQuery {
 /// What the desktop keeps for each native window.
 struct WindowRecord;
 
+/// Which calls fail (faults.h).
+class Faults;
+
 class Desktop {
  public:
   Desktop();
@@ -105,6 +108,8 @@ class Desktop {
 
   /// The disk. Also reached by the short calls below.
   FileSystem& disk() { return *disk_; }
+  /// The calls that fail because a test wants them to (faults.h).
+  Faults& faults() { return *faults_; }
   /// The clock with the timers of the loaded windows.
   VirtualClock& clock() { return clock_; }
 
@@ -145,35 +150,8 @@ class Desktop {
   /// that writes in that moment.
   std::function<void()> onReplace;
 
-  // --- failing calls, and the journal ---
+  // --- the journal ---
 
-  /// Makes the n-th call from now (1 is the next one) that can raise an error raise `number`
-  /// instead of working; with `forever` every later one too. A draft whose writing fails with
-  /// 61 or 57 keeps the first half of the bytes.
-  void failCall(int n, int number, bool forever = false);
-  /// What becomes of a call that only looks and by its contract raises no error: the reading of a
-  /// shortcut's target, a setting, a registry value, an icon or the documents folder.
-  enum class LookFault {
-    findsNothing,  ///< It has the answer that stands for "nothing there".
-    outOfMemory,   ///< It throws std::bad_alloc, the one failure that every call is left with.
-  };
-  /// Lets that happen to the n-th such call from now (1 is the next one); with `forever` to every
-  /// later one too.
-  void failLook(int n, LookFault fault, bool forever = false);
-  /// Forgets what `failCall` and `failLook` asked for.
-  void failNothing();
-  /// A call that `failCall` made fail.
-  struct FailedCall {
-    std::wstring what;      ///< Its line in the journal, "" for a call that has none.
-    std::size_t place = 0;  ///< Number of the lines before it.
-    std::wstring path;      ///< File or folder concerned, which its error names; "" for none.
-  };
-  /// The calls that failed since `failCall` was last asked, in order.
-  [[nodiscard]] const std::vector<FailedCall>& failedCalls() const { return failedCalls_; }
-  /// Number of calls that could have raised an error, since the reset.
-  [[nodiscard]] int calls() const { return calls_; }
-  /// Number of calls that only looked and cannot raise an error, since the reset.
-  [[nodiscard]] int looks() const { return looks_; }
   /// What the program did to the desktop, in order: "make folder P", "remove P", "rename P -> Q",
   /// "copy P -> Q", "short name of new P", "read P", "read to append P", "create P", "write P",
   /// "replace P -> Q" (with " (changed)" when it was refused), "setting S\K = V", "link P", "start
@@ -303,8 +281,8 @@ class Desktop {
 
   // --- for the implementation of the seam ---
 
-  /// One call that can fail: counts it, writes it into the journal and raises what `failCall`
-  /// asked for.
+  /// One call that can fail: counts it, writes it into the journal and raises what a
+  /// test asked for.
   void call(const std::wstring& what);
   /// Runs `operation` as one such call; an error that it raises is marked in the journal, and
   /// names `path` unless it names another file or `path` is "".
@@ -330,18 +308,9 @@ class Desktop {
   std::map<std::wstring, int> activatedCounts;
 
  private:
-  void attempt(const FailedCall& failing, const std::function<void()>& operation);
   std::unique_ptr<FileSystem> disk_;
   VirtualClock clock_;
-  int calls_ = 0;
-  int failAt_ = 0;
-  int failWith_ = 0;
-  bool failForever_ = false;
-  std::vector<FailedCall> failedCalls_;
-  int looks_ = 0;
-  int blindAt_ = 0;
-  LookFault lookFault_ = LookFault::findsNothing;
-  bool blindForever_ = false;
+  std::unique_ptr<Faults> faults_;
   std::vector<std::wstring> journal_;
   std::map<std::wstring, std::wstring> settings_;
   std::map<std::wstring, platform::registry::Value> registry_;

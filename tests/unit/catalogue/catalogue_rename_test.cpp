@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "platform/faults.h"
 #include "unit/support/catalogue_test.h"
 #include "unit/support/fault_sweep.h"
 
@@ -236,7 +237,7 @@ TEST_F(CatalogueRename, NeverWritesAListThatCouldNotBeReloaded) {
   atNextReplacement([&others] {
     putCatalogue(others);
     // The replacement is the call after this; the reload comes next.
-    desktop().failCall(2, 70, true);
+    desktop().faults().failCall(2, 70, true);
   });
   RenameCatalogueFile(view, L"new");
   EXPECT_EQ(catalogue(), others);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/desktop_test.h"
+#include "platform/faults.h"
 #include "platform/text.h"
 #include "unit/support/error_number.h"
 
@@ -31,10 +32,10 @@ TEST_F(StoredPath, ThatTheCodePageHoldsIsWrittenAsItIsAndNothingIsLookedUp) {
   desktop().giveShortNames(L"C:");
   const std::wstring path = L"C:\\Long folder\\\u00C4rger \u20AC.fp3";
   put(path);
-  const int looks = desktop().looks();
+  const int looks = desktop().faults().looks();
   EXPECT_EQ(forList(path), path);
   EXPECT_TRUE(Forms(path, Substitutes::unique).match(L"c:\\LONG FOLDER\\\u00E4rger \u20AC.FP3"));
-  EXPECT_EQ(desktop().looks(), looks);
+  EXPECT_EQ(desktop().faults().looks(), looks);
   EXPECT_FALSE(Forms(path, Substitutes::all).match(L"C:\\LONGFO~1\\\u00C4rger \u20AC.fp3"));
 }
 

@@ -1,6 +1,7 @@
 // Refreshing, adding and deleting with names that the code page cannot hold.
 #include <gtest/gtest.h>
 
+#include "platform/faults.h"
 #include "platform/text.h"
 #include "unit/support/unheld_names.h"
 
@@ -97,14 +98,14 @@ TEST_F(UnheldNames, OfPlainNamesARefreshAndAnAdditionAskNothingMoreThanBefore) {
   put(L"C:\\App\\data\\a.fp3");
   put(L"C:\\App\\data\\\u00C4rger.fp3");
   putCatalogue(record({"fp3", "C:\\App\\data\\a.fp3", "1"}));
-  int looks = desktop().looks();
+  int looks = desktop().faults().looks();
   RefreshDataFolderEntries(view);
   // One search for each of the four types, and the stale temporary file; then the view's load asks
   // whether the list is there.
-  EXPECT_EQ(desktop().looks() - looks, 6);
-  looks = desktop().looks();
+  EXPECT_EQ(desktop().faults().looks() - looks, 6);
+  looks = desktop().faults().looks();
   AddOrUpdateCatalogueEntry(L"C:\\App\\data\\\u00C4rger.fp3", L"FP3");
-  EXPECT_EQ(desktop().looks() - looks, 2);
+  EXPECT_EQ(desktop().faults().looks() - looks, 2);
 }
 
 TEST_F(UnheldNames, AccentedLettersAreHeldByTheirOwnCodePage) {

@@ -8,6 +8,7 @@
 #include "mainwindow/main_window.h"
 #include "platform/desktop.h"
 #include "platform/desktop_test.h"
+#include "platform/faults.h"
 #include "startup/paths.h"
 #include "unit/support/error_number.h"
 
@@ -238,7 +239,7 @@ TEST_F(RememberedWindow, TakesTheTablesWidthsWhenTheSettingDoesNotFitTheList) {
 
 TEST_F(RememberedWindow, ClosesEvenWhenNothingCanBeRemembered) {
   auto window = made();
-  desktop().failCall(1, 75, true);
+  desktop().faults().failCall(1, 75, true);
   EXPECT_TRUE(close(*window, Answer::yes));
   EXPECT_EQ(desktop().errorReports, std::vector<int>{75});
 }

@@ -9,6 +9,7 @@
 #include "platform/clock.h"
 #include "platform/controls/window.h"
 #include "platform/desktop_test.h"
+#include "platform/faults.h"
 #include "platform/files.h"
 #include "platform/settings.h"
 #include "platform/windows.h"
@@ -39,43 +40,43 @@ class TimedWindow : public controls::Window {
 TEST_F(MemoryDesktopTest, IsFreshAfterAReset) {
   desktop().putFile(L"C:\\App\\a", "");
   desktop().setSetting(L"General", L"Key", L"value");
-  desktop().failCall(1, 57, true);
+  desktop().faults().failCall(1, 57, true);
   desktop().advance(1000);
   desktop().reset();
   EXPECT_FALSE(desktop().has(L"C:\\App\\a"));
   EXPECT_TRUE(desktop().has(L"C:\\App"));
   EXPECT_TRUE(desktop().has(L"C:\\Users\\Ann\\Documents"));
   EXPECT_EQ(desktop().setting(L"General", L"Key"), std::nullopt);
-  EXPECT_EQ(desktop().calls(), 0);
+  EXPECT_EQ(desktop().faults().calls(), 0);
   EXPECT_TRUE(desktop().journal().empty());
   EXPECT_EQ(desktop().now(), fileTime(DateTime{}));
   EXPECT_EQ(errorNumberOf([] { files::makeFolder(L"C:\\App\\b"); }), 0);
 }
 
 TEST_F(MemoryDesktopTest, TheNthCallFails) {
-  desktop().failCall(2, 57);
+  desktop().faults().failCall(2, 57);
   { const files::Draft draft(L"C:\\App\\a"); }
   EXPECT_EQ(errorNumberOf([] { files::remove(L"C:\\App\\a"); }), 57);
   EXPECT_TRUE(desktop().has(L"C:\\App\\a"));
   files::remove(L"C:\\App\\a");
-  EXPECT_EQ(desktop().calls(), 3);
+  EXPECT_EQ(desktop().faults().calls(), 3);
 }
 
 TEST_F(MemoryDesktopTest, EveryCallFromTheNthFails) {
-  desktop().failCall(1, 71, true);
+  desktop().faults().failCall(1, 71, true);
   for (int times = 0; times < 3; ++times) {
     EXPECT_EQ(errorNumberOf([] { files::makeFolder(L"C:\\New"); }), 71);
   }
-  desktop().failNothing();
+  desktop().faults().failNothing();
   EXPECT_EQ(errorNumberOf([] { files::makeFolder(L"C:\\New"); }), 0);
 }
 
 TEST_F(MemoryDesktopTest, CallsThatNeverRaiseNeverFail) {
   desktop().putFile(L"C:\\App\\a", "");
-  desktop().failCall(1, 57, true);
+  desktop().faults().failCall(1, 57, true);
   EXPECT_TRUE(files::fileExists(L"C:\\App\\a"));
   EXPECT_EQ(platform::settings::read(L"S", L"K", L"otherwise"), L"otherwise");
-  EXPECT_EQ(desktop().calls(), 0);
+  EXPECT_EQ(desktop().faults().calls(), 0);
   EXPECT_NE(files::modifiedTime(L"C:\\App\\a"), std::nullopt);
   EXPECT_EQ(errorNumberOf([] { platform::settings::write(L"S", L"K", L"v"); }), 57);
   EXPECT_EQ(desktop().setting(L"S", L"K"), std::nullopt);

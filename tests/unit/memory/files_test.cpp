@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/desktop_test.h"
+#include "platform/faults.h"
 #include "platform/files.h"
 #include "platform/processes.h"
 #include "platform/shell_links.h"
@@ -73,11 +74,11 @@ TEST_F(MemoryFilesTest, AnErrorNamesTheFileOrFolderConcerned) {
             missing);
   EXPECT_EQ(pathNamedBy([&] { processes::start(missing, missing); }), missing);
   EXPECT_EQ(pathNamedBy([&] { shell_links::write(other, {}); }), other);
-  desktop().failCall(1, 57);
+  desktop().faults().failCall(1, 57);
   EXPECT_EQ(pathNamedBy([&] { draft.write("new"); }), L"C:\\App\\list.tmp");
-  desktop().failCall(1, 57);
+  desktop().faults().failCall(1, 57);
   EXPECT_EQ(pathNamedBy([&] { copy(file, L"C:\\App\\copy.txt"); }), file);
-  EXPECT_EQ(desktop().failedCalls().front().path, file);
+  EXPECT_EQ(desktop().faults().failedCalls().front().path, file);
 }
 
 TEST_F(MemoryFilesTest, ReadsForAppending) {
@@ -133,11 +134,11 @@ TEST_F(MemoryFilesTest, AFullDiskKeepsWhatFitted) {
 TEST_F(MemoryFilesTest, ABrokenWriteKeepsItsFirstHalf) {
   Draft draft(other);
   for (const int number : {57, 61}) {
-    desktop().failCall(1, number);
+    desktop().faults().failCall(1, number);
     EXPECT_EQ(errorNumberOf([&] { draft.write("123456"); }), number);
     EXPECT_EQ(desktop().bytesOf(other), "123");
   }
-  desktop().failCall(1, 70);
+  desktop().faults().failCall(1, 70);
   EXPECT_EQ(errorNumberOf([&] { const Draft refused(missing); }), 70);
   EXPECT_FALSE(desktop().has(missing));
 }

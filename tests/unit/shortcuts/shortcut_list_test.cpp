@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/faults.h"
 #include "unit/support/error_number.h"
 #include "unit/support/shortcuts_fixture.h"
 
@@ -285,7 +286,7 @@ TEST_F(ShortcutListTest, AFailureStopsTheRebuildAndTheItemsAddedBeforeItStay) {
     SCOPED_TRACE(n);
     desktop().errorReports.clear();
     window.mnuList.raiseClick();
-    desktop().failLook(n, desktop::Desktop::LookFault::outOfMemory);
+    desktop().faults().failLook(n, desktop::Faults::LookFault::outOfMemory);
     list.raiseKey({controls::keys::f5});
     const auto before = static_cast<std::size_t>(std::max(0, n - 1 - searches) / looksPerShortcut);
     const Texts names{L"One", L"Two", L"Three", L"Four"};
@@ -293,7 +294,7 @@ TEST_F(ShortcutListTest, AFailureStopsTheRebuildAndTheItemsAddedBeforeItStay) {
     EXPECT_EQ(desktop().errorReports, std::vector<int>{platform::error::outOfMemory});
     // Nothing that would follow the failing step happens.
     EXPECT_EQ(list.view(), controls::reportView);
-    desktop().failNothing();
+    desktop().faults().failNothing();
     LoadShortcutList(window.shortcuts);
     EXPECT_EQ(listed(), names);
   }

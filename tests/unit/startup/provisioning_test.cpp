@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/desktop_test.h"
+#include "platform/faults.h"
 #include "shortcuts/shortcut_file.h"
 #include "startup/paths.h"
 #include "startup/tool_provisioning.h"
@@ -376,9 +377,9 @@ TEST_F(ProvisioningTest, EveryErrorBehindTheObsoleteShortcutsComesThrough) {
   constexpr int ignored = 2;
   constexpr int all = ignored + 6 + 3;
   for (int n = 1; n <= all; ++n) {
-    desktop().failCall(n, 57);
+    desktop().faults().failCall(n, 57);
     EXPECT_EQ(errorNumberOf(ProvisionToolShortcuts), n <= ignored ? 0 : 57) << n;
-    desktop().failNothing();
+    desktop().faults().failNothing();
     ProvisionToolShortcuts();
   }
 }

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/faults.h"
 #include "unit/support/journal_order.h"
 #include "unit/support/startup_fixture.h"
 
@@ -28,10 +29,10 @@ class StartupFailureTest : public StartupTest {
     int callsWhenShown = -1;
     desktop().onPump = [&] {
       if (gateway->main.visible() && callsWhenShown < 0) {
-        callsWhenShown = desktop().calls();
+        callsWhenShown = desktop().faults().calls();
       }
     };
-    desktop().failCall(n, number);
+    desktop().faults().failCall(n, number);
     started = gateway->start();
     desktop().onPump = nullptr;
     return callsWhenShown >= 0 && n > callsWhenShown;
@@ -88,7 +89,7 @@ TEST_F(StartupFailureTest, APhotoImagesFolderThatCannotBeMadeEndsTheStartWithThe
 
 TEST_F(StartupFailureTest, AMainWindowThatCannotBeShownEndsTheStartWithTheReport) {
   ASSERT_TRUE(gateway->start());
-  const int all = desktop().calls();
+  const int all = desktop().faults().calls();
   int n = 1;
   do {
     failsBehindMainWindow(n, 7);
@@ -134,7 +135,7 @@ TEST_F(StartupFailureTest, ALockedToolShortcutIsReportedAndTheStartGoesOn) {
 
 TEST_F(StartupFailureTest, ASettingThatCannotBeWrittenIsReportedAndTheListsAreStillFilled) {
   EXPECT_TRUE(gateway->start());
-  const int all = desktop().calls();
+  const int all = desktop().faults().calls();
   const std::wstring failed = L"setting General\\CWIExample = True failed 75";
   int n = 1;
   while (n <= all && !(failsBehindMainWindow(n, 75) && desktop().journalHas(failed))) {
@@ -168,7 +169,7 @@ TEST_F(StartupFailureTest, ACatalogueThatCannotBeReadIsReportedAndTheNextStepsSt
 
 TEST_F(StartupFailureTest, AnErrorInAnyCallBehindTheMainWindowIsToldAndTheStartGoesOnToItsEnd) {
   EXPECT_TRUE(gateway->start());
-  const int all = desktop().calls();
+  const int all = desktop().faults().calls();
   int survived = 0;
   for (int n = 1; n <= all; ++n) {
     SCOPED_TRACE(n);
@@ -189,7 +190,7 @@ TEST_F(StartupFailureTest, AnErrorInAnyCallBehindTheMainWindowIsToldAndTheStartG
 
 TEST_F(StartupFailureTest, AnErrorInAnyCallBeforeTheMainWindowIsReportedOnce) {
   EXPECT_TRUE(gateway->start());
-  const int all = desktop().calls();
+  const int all = desktop().faults().calls();
   int failures = 0;
   for (int n = 1; n <= all; ++n) {
     SCOPED_TRACE(n);
@@ -200,7 +201,7 @@ TEST_F(StartupFailureTest, AnErrorInAnyCallBeforeTheMainWindowIsReportedOnce) {
     }
     ++failures;
     // The removal of an obsolete shortcut is the only call whose error does not count.
-    const std::wstring failed = desktop().failedCalls().front().what;
+    const std::wstring failed = desktop().faults().failedCalls().front().what;
     const bool ignored =
         started && failed.starts_with(L"remove ") &&
         (failed.ends_with(L"\\Plotview.lnk") || failed.ends_with(L"\\Canopy Weigh.lnk"));

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "platform/desktop.h"
+#include "platform/faults.h"
 #include "platform/text.h"
 
 namespace unit {
@@ -38,15 +39,15 @@ inline void sweepFaults(int calls, const Sweep& sweep) {
     bool happened = true;
     for (int n = 1; happened; ++n) {
       ASSERT_LT(n, mostCalls);
-      desktop::desktop().failNothing();
+      desktop::desktop().faults().failNothing();
       sweep.prepare();
       desktop::desktop().clearJournal();
       desktop::desktop().messages.clear();
-      desktop::desktop().failCall(n, number);
-      const int before = desktop::desktop().calls();
+      desktop::desktop().faults().failCall(n, number);
+      const int before = desktop::desktop().faults().calls();
       sweep.operation();
-      happened = desktop::desktop().calls() - before >= n;
-      desktop::desktop().failNothing();
+      happened = desktop::desktop().faults().calls() - before >= n;
+      desktop::desktop().faults().failNothing();
       Fault fault{happened, number, L""};
       const std::wstring mark = L" failed " + std::to_wstring(number);
       for (const std::wstring& line : desktop::desktop().journal()) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/desktop_test.h"
+#include "platform/faults.h"
 #include "platform/run_time_error.h"
 #include "unit/support/error_number.h"
 
@@ -125,14 +126,14 @@ TEST_F(WindowTest, AFailingLoadLeavesItUnloaded) {
 }
 
 TEST_F(WindowTest, WithoutANativeWindowItsLoadHandlerDoesNotRun) {
-  desktop().failCall(1, 7);
+  desktop().faults().failCall(1, 7);
   EXPECT_EQ(errorNumberOf([this] { window.load(); }), 7);
   EXPECT_FALSE(window.loaded());
   EXPECT_TRUE(window.take().empty());
 }
 
 TEST_F(WindowTest, OneThatCannotBeShownIsNotLeftBehind) {
-  desktop().failCall(2, 7);
+  desktop().faults().failCall(2, 7);
   EXPECT_EQ(errorNumberOf([this] { window.show(); }), 7);
   EXPECT_TRUE(desktop().journalHas(L"show frmTest failed 7"));
   EXPECT_EQ(window.take(), Events{L"load"}) << "Nobody is asked whether it may go";
@@ -146,7 +147,7 @@ TEST_F(WindowTest, OneThatCannotBeShownIsNotLeftBehind) {
 }
 
 TEST_F(WindowTest, OneThatCannotBeShownModallyIsNotWaitedFor) {
-  desktop().failCall(2, 7);
+  desktop().faults().failCall(2, 7);
   EXPECT_EQ(errorNumberOf([this] { window.showModal(); }), 7);
   EXPECT_FALSE(desktop().journalHas(L"modal frmTest"));
   EXPECT_FALSE(window.loaded());

@@ -5,7 +5,7 @@
 
 namespace bench {
 
-/// The lists of the Open and the New tab and what fills them.
+/// The lists of the Open and the New tab, and the view that fills them.
 struct CatalogueLists {
   controls::ListView dataList{L"lstQMK", 1};
   controls::ListView newList{L"lstQMK", 2};

@@ -11,7 +11,7 @@ struct Type {
   const char* extension;
 };
 
-// Records that the folder build made have small letters, those of the tools capital ones.
+// Records of the folder build have lower-case types, those of the tools upper-case ones.
 constexpr std::array types{Type{"fp3", ".fp3"}, Type{"BI3", ".bi3"}, Type{"bs3", ".BS3"},
                            Type{"CW3", ".cw3"}};
 
@@ -38,7 +38,7 @@ std::string twoDigits(std::size_t number) {
   return digits.size() < 2 ? "0" + digits : digits;
 }
 
-/// A place in a fixed shuffle of 0 to `records` - 1.
+/// Position of item `n` in a fixed shuffle of 0 to `records` - 1.
 std::size_t shuffled(std::size_t n, std::size_t records) {
   std::size_t step = 618033;
   while (std::gcd(step, records) != 1) {

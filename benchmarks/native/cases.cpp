@@ -17,7 +17,7 @@ namespace {
 
 using controls::ListView;
 
-/// Keeps the optimizer from dropping work whose result nobody looks at.
+/// Keeps the optimizer from removing work whose result is not used.
 void require(bool held) {
   if (!held) {
     throw std::logic_error("a case did not do its work");
@@ -59,14 +59,14 @@ std::function<void()> dropRecord(std::size_t records) {
 
 std::function<void()> addEntry(std::size_t records) {
   putCatalogue(records);
-  // The second and later calls restamp the record that the first one added.
+  // From the second call on, this updates the record that the first call added.
   return [] { modQMKGeneral::AddOrUpdateCatalogueEntry(L"D:\\Elsewhere\\added.fp3", L"FP3"); };
 }
 
 std::function<void()> removeEntry(std::size_t records) {
   putCatalogue(records);
   return [path = platform::text::fromCodePage(recordPath(records / 2, records))] {
-    // Gone after the first call; the later ones look through all the others just the same.
+    // The first call removes the record; the later ones search the whole file just the same.
     modQMKGeneral::RemoveCatalogueEntry(path);
   };
 }

@@ -1,4 +1,4 @@
-// The portable hot code in pieces of work, measured by time and by instruction counts alike.
+// The portable hot code as benchmark cases, measured by time and by instruction counts.
 #pragma once
 
 #include <cstddef>
@@ -8,13 +8,14 @@
 namespace bench {
 
 struct Case {
-  const char* name;  ///< Stable: expected counts are stored by it.
-  /// Does one piece of work on that many records; to be called any number of times.
+  const char* name;  ///< Must not change: expected counts are stored by it.
+  /// Returns a function that does the case's work on that many records; it can be called
+  /// repeatedly.
   std::function<void()> (*prepare)(std::size_t records);
 };
 
-/// All cases. They run in the in-memory desktop, whose text functions stand in for the system's:
-/// what they cost there says nothing about Windows, what the program does around them does.
+/// All cases. They run in the in-memory desktop, which replaces the system's text functions. The
+/// cost of those functions says nothing about Windows; the cost of the program's own code does.
 [[nodiscard]] const std::vector<Case>& cases();
 
 }  // namespace bench

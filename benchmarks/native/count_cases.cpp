@@ -1,5 +1,5 @@
-// Instruction counts of the portable hot code. Run under callgrind with --instr-atstart=no; each
-// case becomes a dump of its own, named "case NAME RECORDS".
+// Instruction counts of the portable hot code. Runs under callgrind with --instr-atstart=no. Each
+// case gets a dump of its own, named "case NAME RECORDS".
 #include <valgrind/callgrind.h>
 
 #include <string>
@@ -10,7 +10,7 @@ int main() {
   constexpr std::size_t records = 10000;
   for (const bench::Case& one : bench::cases()) {
     const auto work = one.prepare(records);
-    // Memory that the first pass asks the system for is there from then on.
+    // A first pass, so that memory is already allocated when counting starts.
     work();
     const std::string name = "case " + std::string(one.name) + " " + std::to_string(records);
     CALLGRIND_START_INSTRUMENTATION;

@@ -1,4 +1,4 @@
-// Measures the real program side by side with floors, one row after the other.
+// Measures the real program against floors, one row after the other.
 //
 //   bench_driver [--quick] [part of a row's name]
 #include <windows.h>
@@ -14,9 +14,8 @@
 
 namespace {
 
-/// The rows whose measurements need no window come from a program that is linked with the same
-/// objects as the real one. It has to lie in a folder of its own, because it works on the
-/// catalogue beside itself.
+/// Rows that need no window are measured by a program that is linked with the same objects as the
+/// real one. It must be in a folder of its own, because it works on the catalogue beside it.
 void runOperations(const bench::Table& table, const std::wstring& arguments) {
   table.section({"add.100k", "remove.100k", "refresh.10k", "sort.100k", "tick"}, [&] {
     const harness::TestFolder folder;

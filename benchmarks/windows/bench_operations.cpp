@@ -32,7 +32,7 @@ constexpr int manyFiles = 10000;
 
 std::wstring copyPath() { return platform::application::folder() + L"\\copy.tmp"; }
 
-/// A plain copy of the catalogue, on the disk at its end.
+/// A plain copy of the catalogue, flushed to the disk.
 double copyOnce() {
   DeleteFileW(copyPath().c_str());
   return bench::timed([] {
@@ -67,7 +67,7 @@ void measureAddAndRemove(const Table& table) {
     const Pair pair = Pair::inTurns(
         table.runs(fullRuns),
         [&] {
-          // From all over the file.
+          // Records from all parts of the file.
           constexpr std::size_t step = 6151;
           const std::wstring removed =
               platform::text::fromCodePage(bench::recordPath(n++ * step, manyRecords));
@@ -78,7 +78,7 @@ void measureAddAndRemove(const Table& table) {
   });
 }
 
-/// Looks at every entry of the data folder once and writes as many bytes as the refresh does.
+/// Enumerates the data folder once and writes as many bytes as the refresh does.
 double enumerateAndWrite(const std::wstring& folder, std::string_view bytes) {
   DeleteFileW(copyPath().c_str());
   return bench::timed([&] {
@@ -115,7 +115,7 @@ void measureRefresh(const Table& table) {
     const auto refresh = [&view] {
       return bench::timed([&view] {
         modQMKGeneral::RefreshDataFolderEntries(view.catalogue);
-        // The list puts its rows in order when it is first asked for one; a window asks at once.
+        // The list sorts its rows when it is first asked for one; a window does so at once.
         static_cast<void>(view.dataList.text(0));
       });
     };
@@ -130,7 +130,7 @@ void measureRefresh(const Table& table) {
   });
 }
 
-/// A place in the order, found by a key that is there already.
+/// A row number and its key, which exists already.
 struct Keyed {
   std::string_view key;
   std::size_t index;

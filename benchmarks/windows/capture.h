@@ -1,11 +1,11 @@
-// Running a program for what it prints.
+// Runs a program and returns its output.
 #pragma once
 
 #include <string>
 
 namespace bench {
 
-/// Runs a command line to its end and gives what it wrote to its output. Raises
+/// Runs a command line to its end and returns what it wrote to its standard output. Raises
 /// `harness::Failure` when it cannot be started or its exit code is not 0.
 [[nodiscard]] std::string capture(std::wstring commandLine, const std::wstring& workingFolder);
 

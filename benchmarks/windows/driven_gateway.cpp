@@ -61,7 +61,7 @@ void DrivenGateway::resetCatalogue() const {
 HWND DrivenGateway::splash() { return visibleWindow(L"frmSplash"); }
 
 void DrivenGateway::findLists() {
-  // The window is there before the splash is, but hidden.
+  // The window exists before the splash does, but is hidden.
   main_ = FindWindowW(L"frmQMK", nullptr);
   for (int index = 0; index < static_cast<int>(lists_.size()); ++index) {
     HWND const found = main_ == nullptr ? nullptr : harness::child(main_, ids::lstQMK0 + index);

@@ -12,41 +12,43 @@
 
 namespace bench {
 
-/// What the lists of a usual user hold.
+/// Number of entries in the lists of a typical user.
 inline constexpr int usualDataFiles = 100;
 inline constexpr int usualShortcuts = 20;
 inline constexpr int usualWebEntries = 50;
 inline constexpr int newFileItems = 4;
 
-/// The real program with its data. Messages are sent without a bound on the answer's time, because
-/// the largest catalogues take what they take.
+/// The real program with its data. Messages are sent without a time limit, because the largest
+/// catalogues take long.
 class DrivenGateway {
  public:
   DrivenGateway();
 
   harness::GatewayApp app;
 
-  /// Lays out what a usual user has: tools, shortcuts, web entries, and data files of which the
-  /// catalogue lacks one, so that its list is full only after start-up has refreshed it.
+  /// Creates the data of a typical user: tools, shortcuts, web entries, and data files. The
+  /// catalogue lacks one of the files, so its list is complete only after start-up has refreshed
+  /// it.
   void addUsualData() const;
-  /// Takes the last data file out of the catalogue again.
+  /// Removes the last data file from the catalogue again.
   void resetCatalogue() const;
 
-  /// Starts the program. `listsFound` may be called once the splash window is up.
+  /// Finds the main window and its lists. Call it once the splash window is visible. Raises
+  /// `harness::Failure` when a list is missing.
   void findLists();
-  /// The splash window, nullptr while it is not on the screen.
+  /// The splash window, nullptr while it is not visible.
   [[nodiscard]] static HWND splash();
   [[nodiscard]] HWND main() const { return main_; }
   [[nodiscard]] HWND list(int index) const { return lists_.at(static_cast<std::size_t>(index)); }
   [[nodiscard]] int count(int index) const;
-  /// Whether the window is shown and the lists are as full as `addUsualData` makes them.
+  /// Whether the window is visible and the lists are as full as `addUsualData` makes them.
   [[nodiscard]] bool usuallyFilled() const;
-  /// Paints whatever is not painted yet, now.
+  /// Paints at once whatever needs painting.
   void paint() const;
-  /// What the watch's timer does every second, done now.
+  /// Does one tick of the watch, which its timer otherwise does every second.
   void tick() const;
 
-  /// Starts, lets the splash go and brings the Open tab to the front.
+  /// Starts the program, waits until the splash is gone and makes the Open tab the current one.
   void startToOpenTab();
   /// Ends the program at once.
   void stop();
@@ -56,8 +58,8 @@ class DrivenGateway {
   std::array<HWND, 4> lists_{};
 };
 
-/// Polls without a pause worth mentioning until `condition` holds; raises `harness::Failure` when
-/// it does not within a minute.
+/// Polls with pauses of about a millisecond until `condition` holds. Raises `harness::Failure` when
+/// that takes more than a minute.
 template <class Condition>
 void waitClosely(const char* what, Condition condition) {
   constexpr ULONGLONG bound = 60000;

@@ -1,14 +1,14 @@
-// The measurements that drive the real program, by what they measure.
+// The measurements that drive the real program.
 #pragma once
 
 #include "windows/rows.h"
 
 namespace bench {
 
-/// Start to splash, and splash to the filled window, against a program with an empty window.
+/// Start to splash, and splash to the full window, against a program with an empty window.
 void measureStart(const Table& table);
-/// Catalogues of all sizes, from the changed file to the rows on the screen: against the floor,
-/// against a textbook's way, growth and memory.
+/// Catalogues of all sizes, from the changed file to the painted rows: against the floor, against
+/// the textbook method, growth and memory.
 void measureLoads(const Table& table);
 /// A double-click on a data file, until its tool runs.
 void measureDoubleClick(const Table& table);

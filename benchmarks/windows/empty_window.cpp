@@ -1,4 +1,4 @@
-// The least that a program with a window does: shows an empty one, paints it, and ends.
+// The minimum of a program with a window: shows an empty one, paints it, and ends.
 //
 //   empty_window          ends as soon as it has painted
 //   empty_window stay     stays until its window is closed

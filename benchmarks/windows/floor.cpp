@@ -1,7 +1,7 @@
-// The floor under loading a catalogue: reads the file, splits its records and sorts the names in
-// the order in which the list shows them. It shows nothing and forgets everything.
+// The floor for loading a catalogue: reads the file, splits its records and sorts the names in the
+// order of the list. It shows nothing and stores nothing.
 //
-//   floor CATALOGUE    prints the milliseconds that this took
+//   floor CATALOGUE    prints the time in milliseconds
 #include <windows.h>
 
 #include <bit>
@@ -15,7 +15,7 @@
 
 namespace {
 
-/// A name's place in the order: the key's first bytes as a number decide most comparisons.
+/// A name in the order: the first bytes of its key as a number decide most comparisons.
 struct Key {
   std::uint64_t front;
   std::uint32_t offset;  // of the key in the memory of all keys
@@ -74,7 +74,7 @@ int wmain(int argumentCount, wchar_t** arguments) {
   if (argumentCount != 2) {
     return 2;
   }
-  // The first call of the text functions loads their tables; that is no part of the load.
+  // The first call of the text functions loads their tables, which is not part of the load.
   KeyMaker(64).make("warm", 0);
 
   const std::int64_t begin = bench::now();

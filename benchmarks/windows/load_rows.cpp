@@ -35,7 +35,7 @@ constexpr Size sizes[] = {{smallest, "load.1k", 9, false},
                           {large, "load.100k", 9, true},
                           {largest, "load.1m", 5, true}};
 
-/// Two catalogues of one size that take turns in being the program's.
+/// Two catalogues of one size. They take turns as the program's catalogue.
 class Catalogues {
  public:
   Catalogues(const DrivenGateway& gateway, std::size_t records)
@@ -47,7 +47,7 @@ class Catalogues {
   Catalogues& operator=(const Catalogues&) = delete;
   ~Catalogues() { DeleteFileW(spare_.c_str()); }
 
-  /// Puts the other one in the place of the first, between two looks of the watch.
+  /// Replaces the present catalogue by the other one, between two ticks of the watch.
   void exchange() const {
     const std::wstring third = path_ + L".third";
     if (MoveFileExW(path_.c_str(), third.c_str(), MOVEFILE_REPLACE_EXISTING) == 0 ||
@@ -63,7 +63,7 @@ class Catalogues {
   std::wstring spare_;
 };
 
-/// From a changed file to its rows on the screen.
+/// Time from the changed file to the painted rows.
 double loadOnce(const DrivenGateway& gateway, const Catalogues& catalogues, std::size_t records) {
   catalogues.exchange();
   const std::int64_t begin = now();
@@ -77,7 +77,7 @@ double loadOnce(const DrivenGateway& gateway, const Catalogues& catalogues, std:
   return milliseconds(begin, end);
 }
 
-/// Lets the program load what is there, outside any measurement.
+/// Lets the program load the present catalogue, outside any measurement.
 void settle(const DrivenGateway& gateway, std::size_t records) {
   waitClosely("the list shows the catalogue", [&gateway, records] {
     gateway.tick();
@@ -96,7 +96,7 @@ void measureMemory(const Table& table) {
   const std::uint64_t before = facts.privateBytes();
   const std::uint64_t peakBefore = facts.peakBytes();
   const std::string text = catalogueText(largest, 3);
-  // Not in place: a tick must never see half of it.
+  // Not in place, because a tick must never see half of the file.
   const std::wstring beside = gateway.app.cataloguePath() + L".spare";
   harness::writeFile(beside, text);
   MoveFileExW(beside.c_str(), gateway.app.cataloguePath().c_str(), MOVEFILE_REPLACE_EXISTING);
@@ -150,7 +150,7 @@ void measureLoads(const Table& table) {
       const auto work = [](std::size_t n) {
         return static_cast<double>(n) * std::log(static_cast<double>(n));
       };
-      // Of the time per unit of n log n at the two ends.
+      // Growth of the time divided by n log n, from the smallest size to the largest.
       const double grown = medians[largest] / medians[small] / (work(largest) / work(small));
       table.print({growthRow, grown, 1.0, Limit::atMost, medians[largest], medians[small], 1});
     }

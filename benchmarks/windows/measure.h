@@ -1,4 +1,4 @@
-// Clock and arithmetic of the measurements.
+// Clock and statistics of the measurements.
 #pragma once
 
 #include <windows.h>
@@ -22,7 +22,7 @@ inline double milliseconds(std::int64_t from, std::int64_t to) {
   return static_cast<double>(to - from) * 1000.0 / static_cast<double>(frequency.QuadPart);
 }
 
-/// Milliseconds that `work` takes.
+/// Time of `work` in milliseconds.
 template <class Work>
 double timed(Work work) {
   const std::int64_t begin = now();
@@ -30,7 +30,7 @@ double timed(Work work) {
   return milliseconds(begin, now());
 }
 
-/// The middle one; 0 for none.
+/// The median; 0 for no values.
 inline double median(std::vector<double> values) {
   if (values.empty()) {
     return 0;
@@ -43,7 +43,7 @@ inline double median(std::vector<double> values) {
   return (*middle + *std::max_element(values.begin(), middle)) / 2;
 }
 
-/// Runs of two sides, taken in turns so that whatever else the machine does falls on both.
+/// Runs two sides in turns, so that any disturbance by the machine affects both.
 struct Pair {
   std::vector<double> ours;
   std::vector<double> theirs;
@@ -52,7 +52,7 @@ struct Pair {
   static Pair inTurns(int runs, Ours runOurs, Theirs runTheirs) {
     Pair pair;
     for (int run = 0; run < runs; ++run) {
-      // Not always the same one first.
+      // The sides take turns in going first.
       if (run % 2 == 0) {
         pair.theirs.push_back(runTheirs());
         pair.ours.push_back(runOurs());

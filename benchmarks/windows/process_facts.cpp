@@ -15,7 +15,7 @@ namespace {
 
 constexpr const wchar_t* kernelProcesses = L"Z:\\proc";
 
-/// A file of the kernel's, whose size is not known before it has been read.
+/// A pseudo file of the kernel. Its size is not known before it has been read.
 std::string readPseudoFile(const std::wstring& path) {
   HANDLE const file = CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
                                   nullptr, OPEN_EXISTING, 0, nullptr);

@@ -1,4 +1,4 @@
-// What a running process has used up so far.
+// Resources that a running process has used so far.
 #pragma once
 
 #include <windows.h>
@@ -8,24 +8,24 @@
 
 namespace bench {
 
-/// Looks at one process. Where Windows is emulated the emulation knows next to nothing about other
-/// processes, so the kernel beneath is asked.
+/// Measures one process. Under Wine the values come from the Linux kernel, because Wine reports
+/// little about other processes.
 class ProcessFacts {
  public:
-  /// `executable` is the full path that the process was started by.
+  /// `executable` is the full path with which the process was started.
   ProcessFacts(HANDLE process, const std::wstring& executable);
 
-  /// Bytes that belong to the process alone and lie in memory.
+  /// Bytes of private memory that are resident.
   [[nodiscard]] std::uint64_t privateBytes() const;
-  /// The most bytes that it has had in memory so far, shared ones too.
+  /// Largest number of resident bytes so far, shared memory included.
   [[nodiscard]] std::uint64_t peakBytes() const;
-  /// Processor time of all its threads, milliseconds.
+  /// Processor time of all threads, in milliseconds.
   [[nodiscard]] double processorTime() const;
 
  private:
   [[nodiscard]] std::uint64_t statusBytes(const std::string& entry) const;
   HANDLE process_;
-  std::wstring kernelFolder_;  ///< The kernel's folder about the process, "" on Windows itself.
+  std::wstring kernelFolder_;  ///< The kernel's folder for the process, "" on real Windows.
 };
 
 }  // namespace bench

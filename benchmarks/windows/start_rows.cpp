@@ -17,9 +17,9 @@ constexpr const char* toLists = "start.lists";
 
 std::wstring emptyWindow() { return harness::buildFolder() + L"\\empty_window.exe"; }
 
-/// From the start of the empty program until its window is painted.
+/// Time from the start of the empty program until its window is painted.
 double emptyToWindow() {
-  // CreateProcessW quotes; the word behind makes the program stay.
+  // CreateProcessW needs the quotes; the argument makes the program stay.
   const harness::Job job;
   std::wstring commandLine = L"\"" + emptyWindow() + L"\" stay";
   STARTUPINFOW startup{};
@@ -45,7 +45,7 @@ double emptyToWindow() {
   return took;
 }
 
-/// From the start of the empty program until it has ended by itself.
+/// Time from the start of the empty program until it ends by itself.
 double emptyLife() {
   const harness::Job job;
   const std::int64_t begin = now();
@@ -86,7 +86,7 @@ void measureStart(const Table& table) {
   table.section({toSplash, toLists}, [&table] {
     DrivenGateway gateway;
     gateway.addUsualData();
-    // The first start makes the shortcuts, and the system reads the files for the first time.
+    // The first start creates the shortcuts, and the system reads the files for the first time.
     static_cast<void>(startOnce(gateway));
     static_cast<void>(emptyLife());
     Pair splash;

@@ -1,4 +1,4 @@
-// Stands in for a tool of the suite: notes the moment at which it runs, and ends.
+// Replaces a tool of the suite: records the time at which it runs, and ends.
 #include <windows.h>
 
 #include "windows/measure.h"

@@ -1,10 +1,10 @@
-// How the started tool tells the driver when it ran.
+// Communication between the started tool and the driver.
 #pragma once
 
 namespace bench {
 
-/// Memory that holds the value of `now()` at the tool's first instruction, and the event that
-/// says that it is there.
+/// Shared memory with the value of `now()` at the tool's first instruction, and the event that is
+/// set when the value is there.
 inline constexpr const wchar_t* startedMemory = L"QuillmarkBenchStarted";
 inline constexpr const wchar_t* startedEvent = L"QuillmarkBenchStartedEvent";
 

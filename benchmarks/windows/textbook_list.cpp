@@ -1,9 +1,9 @@
-// Filling the native list as textbooks show it: item by item with redrawing off, then sorted by
-// the control.
+// Fills the native list as textbooks show it: item by item with redrawing off, then sorted by the
+// control.
 //
-//   textbook_list CATALOGUE    prints the milliseconds from the file to the rows on the screen
+//   textbook_list CATALOGUE    prints the milliseconds from the file to the painted rows
 #include <windows.h>
-// The controls' header relies on the first.
+// Needs <windows.h> first.
 #include <commctrl.h>
 
 #include <bit>
@@ -102,7 +102,7 @@ int wmain(int argumentCount, wchar_t** arguments) {
   std::printf("%.4f\n%d records\n", took,
               static_cast<int>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0)));
   std::fflush(stdout);
-  // Taking 500,000 texts apart again tells nobody anything.
+  // Freeing 500,000 texts is not part of the measurement.
   TerminateProcess(GetCurrentProcess(), 0);
   return 0;
 }

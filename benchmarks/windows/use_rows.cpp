@@ -16,7 +16,7 @@ constexpr const char* doubleClickRow = "open.tool";
 constexpr const char* idleRow = "idle.minute";
 constexpr const char* sizeRow = "exe.size";
 
-/// Where the started tool notes its moment.
+/// Receives the start time of the tool.
 class StartedTool {
  public:
   StartedTool()
@@ -63,8 +63,8 @@ double bareStart(const StartedTool& tool, const std::wstring& path, const std::w
   return milliseconds(begin, ran);
 }
 
-/// The double-click comes as messages: how long the system takes to make one of a mouse's signals
-/// is not the program's doing.
+/// The double-click is sent as messages: the time that the system needs to turn mouse input into
+/// messages is not the program's.
 double doubleClick(const DrivenGateway& gateway, const StartedTool& tool) {
   HWND const list = gateway.list(harness::Tab::open);
   constexpr LPARAM place = MAKELPARAM(30, 40);
@@ -76,7 +76,7 @@ double doubleClick(const DrivenGateway& gateway, const StartedTool& tool) {
   return milliseconds(begin, tool.wait());
 }
 
-/// A place of the screen that the window does not cover.
+/// A point on the screen that the window does not cover.
 POINT besideTheWindow(HWND window) {
   const RECT covered = harness::screenRect(window);
   const POINT corner{GetSystemMetrics(SM_CXSCREEN) - 1, GetSystemMetrics(SM_CYSCREEN) - 1};
@@ -99,8 +99,8 @@ void measureDoubleClick(const Table& table) {
     const StartedTool tool;
     static_cast<void>(bareStart(tool, path, file));
     static_cast<void>(doubleClick(gateway, tool));
-    // A click must be the first of its pair, not the third of the one before; and what comes after
-    // a pause is slower than what does not, so both sides have it.
+    // The pause keeps a click from counting as part of the previous double-click. Work after a
+    // pause is slower, so both sides have the pause.
     const auto pause = [] { Sleep(GetDoubleClickTime() + 100); };
     const Pair pair = Pair::inTurns(
         table.runs(15),
@@ -126,10 +126,10 @@ void measureIdle(const Table& table) {
     gateway.startToOpenTab();
     const ProcessFacts facts(gateway.app.process().handle(),
                              gateway.app.folder() + L"\\gateway3.exe");
-    // Where Windows is emulated, a pointer over a control that asked to be told of its leaving is
-    // looked for twenty times a second by the emulation.
+    // Wine polls the pointer twenty times a second while it is over a control that uses
+    // TrackMouseEvent.
     harness::moveTo(besideTheWindow(gateway.main()));
-    // What start-up left to do is no part of the idle minute.
+    // Work that start-up has left is not part of the idle minute.
     constexpr DWORD calm = 3000;
     Sleep(calm);
     const double minutes = table.quick() ? 0.2 : 1.0;

@@ -1,4 +1,4 @@
-// Reading and writing files in the plainest way.
+// Reads and writes files in the simplest way.
 #pragma once
 
 #include <windows.h>
@@ -12,14 +12,13 @@
 
 namespace bench {
 
-/// Ends the program with a line on the error stream: a floor that cannot do its work must not
-/// look fast.
+/// Ends the program with a message on the error stream: a floor that failed must not look fast.
 [[noreturn]] inline void giveUp(const char* what) {
   std::fprintf(stderr, "%s, error %lu\n", what, GetLastError());
   std::exit(2);
 }
 
-/// A file's bytes, not cleared beforehand.
+/// A file's bytes; the memory is not cleared first.
 struct Bytes {
   std::unique_ptr<char[]> data;
   std::size_t size = 0;
@@ -47,7 +46,7 @@ inline Bytes readFile(const wchar_t* path) {
   return bytes;
 }
 
-/// Makes a new file of these bytes, which are on the disk afterwards.
+/// Creates a new file with these bytes, flushed to the disk.
 inline void writeFlushed(const std::wstring& path, std::string_view bytes) {
   HANDLE const file = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
                                   FILE_ATTRIBUTE_NORMAL, nullptr);
@@ -60,7 +59,7 @@ inline void writeFlushed(const std::wstring& path, std::string_view bytes) {
   CloseHandle(file);
 }
 
-/// One line of a catalogue, parted at its quotes.
+/// One line of a catalogue, split at its quotes.
 struct PlainRecord {
   std::string_view type;
   std::string_view folder;
@@ -68,7 +67,7 @@ struct PlainRecord {
   std::string_view date;
 };
 
-/// Takes the first line off the front of `left`; false at the end.
+/// Removes the first line from the front of `left`; false at the end.
 inline bool nextRecord(std::string_view& left, PlainRecord& record) {
   if (left.empty()) {
     return false;

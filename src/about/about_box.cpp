@@ -62,7 +62,7 @@ void frmAbout::Form_Load() {
                         std::to_wstring(version.minor) + L"." + std::to_wstring(version.revision));
   const std::wstring path = L"Application folder: " + modQMKGeneral::AppFolder();
   lblPath.setCaption(path);
-  // The label shortens a long folder in its middle; the tip shows it whole.
+  // The label shortens a long folder in its middle; the tool tip shows it in full.
   lblPath.setToolTip(path);
 }
 
@@ -87,7 +87,7 @@ void frmAbout::layout(platform::Size client, int dpi) {
   place(lblTitle, title.width, 10);
   place(lblVersion, width, 4);
   place(lblPath, width, 0);
-  // The sign stands right behind the title, at the height of its capitals.
+  // The sign is directly to the right of the title, at the height of its capitals.
   lblTM.setBounds({lblTitle.bounds().right(), lblTitle.bounds().top,
                    platform::windows::textSize(registeredSign, lblTM.font(), dpi).width + at(2),
                    heightOf(lblTM)});

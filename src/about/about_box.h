@@ -28,9 +28,9 @@ class frmAbout : public controls::Window {
   static void StartSysInfo();
 
   /// Reads a registry value as text into `value`: a string without its final NUL, a 32-bit number
-  /// in decimal. The number is put together from the hexadecimal digits of its bytes, high byte
-  /// first, without leading zeros in a byte: bytes below 16 shorten it. False, with `value`
-  /// unchanged, when the key or the value is missing or longer than 1024 characters.
+  /// in decimal. The number is built from the hexadecimal digits of its bytes, high byte first,
+  /// without leading zeros in a byte, so bytes below 16 shorten it. Returns false and leaves
+  /// `value` unchanged when the key or the value is missing or longer than 1024 characters.
   static bool GetKeyValue(platform::registry::Root root, const std::wstring& keyName,
                           const std::wstring& valueName, std::wstring& value);
 

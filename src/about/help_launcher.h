@@ -5,8 +5,8 @@
 
 namespace modQMKGeneral {
 
-/// Opens the classic help file of the "help" folder at its contents, or the compiled one when
-/// there is no classic file. A missing help file shows nothing.
+/// Opens the classic help file of the "help" folder at its contents, or the compiled one when there
+/// is no classic file. When both are missing, nothing is shown.
 void ShowHelpContents(controls::CommonDialog& dialog);
 
 }  // namespace modQMKGeneral

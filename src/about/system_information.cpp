@@ -27,8 +27,8 @@ std::wstring textOf(const std::vector<std::uint8_t>& bytes) {
   return text;
 }
 
-/// The number that the bytes' hexadecimal digits spell, high byte first, each byte written without
-/// a leading zero, as signed 32-bit decimal text.
+/// The number whose hexadecimal digits are those of the bytes, high byte first, each byte without a
+/// leading zero. Returned as signed 32-bit decimal text.
 std::wstring shortenedNumber(const std::vector<std::uint8_t>& bytes) {
   std::uint32_t spelled = 0;
   constexpr std::size_t numberBytes = 4;
@@ -39,7 +39,7 @@ std::wstring shortenedNumber(const std::vector<std::uint8_t>& bytes) {
   return std::to_wstring(static_cast<std::int32_t>(spelled));
 }
 
-/// Path of the system's information tool, "" when the registry leads to none.
+/// Path of the system's information tool, "" when the registry has none.
 std::wstring informationTool() {
   std::wstring path;
   if (frmAbout::GetKeyValue(registry::Root::localMachine,
@@ -70,7 +70,7 @@ bool frmAbout::GetKeyValue(registry::Root root, const std::wstring& keyName,
 
 void frmAbout::StartSysInfo() {
   const auto failure = platform::trapped([] {
-    // No path is none that can be started.
+    // Starting an empty path raises an error, too.
     const std::wstring tool = informationTool();
     platform::processes::start(tool, tool);
   });

@@ -64,19 +64,20 @@ void appendDataFolder(std::string& bytes) {
   }
 }
 
-/// The data folder as records name it.
+/// The data folder, as it appears in records.
 class DataFolder {
  public:
   DataFolder() : inCodePage_(platform::text::fitsCodePage(path_)) {}
 
-  /// Whether the record's file lies in it. In a folder that the code page cannot hold, also a
-  /// record that names it in its short form or with substitutes, as earlier versions wrote it.
+  /// Whether the record's file is in the data folder. If the code page cannot hold the folder's
+  /// path, records with its short form or with substitutes count too, because earlier versions
+  /// wrote those.
   [[nodiscard]] bool holds(const Record& record) const {
     const std::string_view path = record.fields.at(pathField);
     if (const std::size_t last = path.rfind('\\');
         inCodePage_ && last != std::string_view::npos && path.front() != ' ' &&
         std::all_of(path.begin(), path.end(), platform::text::plain::isPlain<char>)) {
-      // A folder that ends in a backslash has no blank to trim at its end.
+      // The folder ends in a backslash, so there is no blank to trim at its end.
       return platform::text::upperCodePageEquals(path.substr(0, last + 1), upper_);
     }
     std::wstring name;
@@ -93,8 +94,8 @@ class DataFolder {
   stored_path::Forms forms_{path_, stored_path::Substitutes::all};
 };
 
-/// The record with another path and today's date; its type code keeps its bytes, and so does
-/// whatever follows the three fields.
+/// The record with another path and today's date. Its type code and everything after the three
+/// fields keep their bytes.
 std::string restamped(const Record& record, const std::string& path) {
   std::string line =
       list_file::line({record.fields.at(typeField), path, toCodePage(clock::todayText())});
@@ -102,7 +103,7 @@ std::string restamped(const Record& record, const std::string& path) {
   return line;
 }
 
-/// The path of an entry that is added, and what to look for in the list.
+/// The path of an entry that is to be added, and the forms in which the list may already have it.
 class AddedPath {
  public:
   explicit AddedPath(const std::wstring& path)
@@ -116,9 +117,9 @@ class AddedPath {
     return record.has(pathField) && (platform::text::upperCodePageEquals(listed, upper_) ||
                                      (!inCodePage_ && forms_.match(record.text(pathField))));
   }
-  /// As it is written.
+  /// The path as it is written to the list.
   [[nodiscard]] std::string bytes() const { return toCodePage(listed_); }
-  /// Whether a record in another form is one too many beside the one that is written.
+  /// Whether other forms of the path are duplicates of the form that is written.
   [[nodiscard]] bool isOnlyOne() const {
     return !inCodePage_ && platform::text::fitsCodePage(listed_);
   }
@@ -130,7 +131,7 @@ class AddedPath {
   std::wstring listed_;
 };
 
-/// The catalogue with the record of `path` restamped, or with a new record at its end.
+/// The catalogue with the record of `path` updated, or with a new record at its end.
 std::string withEntry(std::string old, const AddedPath& path, const std::wstring& typeCode) {
   const std::string pathBytes = path.bytes();
   bool found = false;
@@ -191,7 +192,7 @@ void DropCatalogueEntry(const std::wstring& path) {
 }
 
 void RemoveCatalogueEntry(const std::wstring& path) {
-  // A path that may be that of several files ends this before the list has lost its entry.
+  // A path that may mean several files raises an error here, before the entry is dropped.
   const std::optional<std::wstring> file = stored_path::realFile(path);
   DropCatalogueEntry(path);
   if (file && files::fileExists(*file)) {
@@ -201,8 +202,8 @@ void RemoveCatalogueEntry(const std::wstring& path) {
 
 void RefreshDataFolderEntries(CatalogueView& view) {
   const DataFolder dataFolder;
-  // One replacement does both the dropping and the building, so that no instant shows the
-  // catalogue without the data folder's entries.
+  // One replacement does both the dropping and the building. So the catalogue is never without the
+  // data folder's entries, not even for a moment.
   list_file::rewrite(
       CatalogueFile(), TemporaryFile(), Missing::isError, [&dataFolder](std::string old) {
         std::string bytes = list_file::filtered(

@@ -16,32 +16,33 @@ namespace modQMKGeneral {
 /// the catalogue's operations, and the next command that needs it must not put it together anew.
 void BuildCatalogue(CatalogueView& view);
 
-/// The same without the reload, for the view's own load.
+/// The same without the reload, for the load of the view itself.
 void AppendDataFolderRecords();
 
-/// Stamps today's date on the record of `path`, or appends a record of that type code. Paths
-/// compare without regard to case; a path that the code page cannot hold is known in each of the
-/// forms of stored_path.h and has one record afterwards. Errors are trapped and shown as "Problem
-/// saving to QMK list".
+/// Sets today's date in the record of `path`, or appends a record with that type code. Paths
+/// compare without regard to case. A path that the code page cannot hold is recognised in each of
+/// the forms of stored_path.h and has one record afterwards. Errors are trapped and shown as
+/// "Problem saving to QMK list".
 void AddOrUpdateCatalogueEntry(const std::wstring& path, const std::wstring& typeCode);
 
 /// Drops every record whose path is exactly `path` (case matters), then deletes the data file
-/// itself if it exists. Errors go to the caller (53: no catalogue; 52: several files are listed
-/// with that path, nothing is changed).
+/// itself if it exists. Errors go to the caller (`error::fileNotFound`: no catalogue;
+/// `error::badFileName`: the path may mean several files, nothing is changed).
 void RemoveCatalogueEntry(const std::wstring& path);
 
-/// The same for a data file that is missing: only its records go, even if the file is back again.
+/// The same for a missing data file: drops only its records, even if the file exists again by now.
 void DropCatalogueEntry(const std::wstring& path);
 
-/// Replaces the records of the data folder by what the folder holds now, behind the records of
-/// files elsewhere, and reloads the view. Errors go to the caller (53: no catalogue).
+/// Replaces the records of the data folder by what the folder holds now. They follow the records of
+/// files elsewhere. Then reloads the view. Errors go to the caller (`error::fileNotFound`: no
+/// catalogue).
 void RefreshDataFolderEntries(CatalogueView& view);
 
 /// Renames the data file of the view's selected item, adding the type's extension where `newName`
-/// lacks it, and rewrites the catalogue from the list. When the file is gone its entry is removed
-/// instead. A name that the code page cannot hold stands in the list in its short form; where the
-/// volume has none it is refused with 52 before anything is changed. Errors are trapped and shown
-/// as "Problem saving to QMK list".
+/// lacks it, and rewrites the catalogue from the list. When the file is gone, its entry is removed
+/// instead. A name that the code page cannot hold is listed in its short form. Where the volume has
+/// no short names, such a name is refused with `error::badFileName` before anything is changed.
+/// Errors are trapped and shown as "Problem saving to QMK list".
 void RenameCatalogueFile(CatalogueView& view, const std::wstring& newName);
 
 }  // namespace modQMKGeneral

@@ -24,7 +24,7 @@ namespace files = platform::files;
 namespace {
 
 /// The new name with the type's extension, unless its last three characters are the type code
-/// already; a name of up to three characters always gets it.
+/// already. A name of up to three characters always gets the extension.
 std::wstring withExtension(const std::wstring& newName, const std::wstring& typeCode) {
   const std::wstring type = upper(typeCode);
   constexpr std::size_t codeLength = 3;
@@ -34,13 +34,13 @@ std::wstring withExtension(const std::wstring& newName, const std::wstring& type
   return newName + L"." + type;
 }
 
-/// Raises 52 for a name that the list could not show: one that the code page cannot hold, in a
-/// folder whose volume would give it no short form.
+/// Raises `error::badFileName` for a name that the list could not show: one that the code page
+/// cannot hold, in a folder whose volume would give it no short name.
 void refuseUnlistable(const std::wstring& folder, const std::wstring& name) {
   if (platform::text::fitsCodePage(name)) {
     return;
   }
-  // The file itself may have that name already, in another letter case.
+  // The file itself may already have that name, in another letter case.
   const std::optional<files::Entry> there = files::entryAt(folder + name);
   const std::wstring shortName = there ? there->shortName : files::shortNameOfNew(folder + name);
   if (shortName.empty() || !platform::text::fitsCodePage(shortName)) {
@@ -68,9 +68,9 @@ std::string recordsOf(const ListView& list) {
   return bytes;
 }
 
-/// Gives the entry its new name and writes the list to the catalogue. The list may be older than
-/// the file when another program has just written it; then it is reloaded and done again, so that
-/// the other program's records stay. Leaves the list reloaded.
+/// Gives the entry its new name and writes the list to the catalogue. If another program has just
+/// written the file, the list is outdated. Then it is reloaded and the change is made again, so
+/// that the other program's records stay. The list is reloaded at the end.
 void saveRenamed(CatalogueView& view, std::size_t selected, const std::wstring& newName) {
   const controls::ItemKey entry = view.dataList.keyOf(selected, data_column::entry);
   constexpr int mostTries = 50;
@@ -86,7 +86,8 @@ void saveRenamed(CatalogueView& view, std::size_t selected, const std::wstring& 
     }
     LoadCatalogueView(view);
     if (!view.shown.present) {
-      // The load has told the user why; a list without its records must not become the file.
+      // The load has already shown why. A list that lost its records must not be written to the
+      // file.
       return;
     }
     item = view.dataList.find(entry);

@@ -20,7 +20,7 @@ namespace files = platform::files;
 
 namespace {
 
-/// Tells the failure message how far the load has come.
+/// The stage of the load, for the failure message.
 using Location = const wchar_t*;
 
 void setUpList(CatalogueView& view, Location& location) {
@@ -41,8 +41,8 @@ void setUpList(CatalogueView& view, Location& location) {
   list.setSortOrder(controls::ascending);
 }
 
-/// About as many lines as there are, rather a few more; the beginning of a long file stands for
-/// all.
+/// Approximate number of lines, rather too high than too low. For a long file it is estimated from
+/// the beginning.
 std::size_t approximateLines(std::string_view bytes) {
   constexpr std::size_t sample = std::size_t{1} << 16U;
   const std::string_view front = bytes.substr(0, sample);
@@ -54,7 +54,8 @@ void addRecords(ListView& list, std::string_view bytes, Location& location) {
   constexpr DataType unknown;
   list.reserve(approximateLines(bytes));
   list_file::Reader reader(bytes);
-  // Outside the loop, so that a million records are not as many allocations.
+  // Outside the loop to reuse their memory: otherwise a million records cost millions of
+  // allocations.
   std::wstring path;
   std::wstring type;
   std::wstring date;
@@ -70,7 +71,7 @@ void addRecords(ListView& list, std::string_view bytes, Location& location) {
     list.add(name, {}, {});
     try {
       record.text(0, type);
-      // One that is not known has no picture and no label.
+      // An unknown type has no picture and no label.
       const DataType* const known = typeOfCode(type);
       const DataType& shown = known == nullptr ? unknown : *known;
       location = shown.location;
@@ -78,7 +79,7 @@ void addRecords(ListView& list, std::string_view bytes, Location& location) {
       record.text(2, date);
       list.completeLast(shown.picture, {date, shown.label, folder, type});
     } catch (...) {
-      // Half an item would lead to a file in no folder.
+      // An incomplete item would have no folder and lead to a wrong file.
       list.removeLast();
       throw;
     }
@@ -86,7 +87,7 @@ void addRecords(ListView& list, std::string_view bytes, Location& location) {
 }
 
 void fill(CatalogueView& view, Location& location) {
-  // Until all of it is shown, what is shown is no state of the file.
+  // Until the whole file is shown, the list matches no state of the file.
   view.shown = {};
   setUpList(view, location);
   location = L"2";
@@ -141,9 +142,9 @@ void WatchCatalogue(CatalogueView& view) {
   };
   const Ticking ticking(view.ticking);
   LoadCatalogueView(view);
-  // What was read counts, not what the file is by now: a change made in between must be seen by
-  // the next tick. Where nothing could be read, the file's time keeps the message from coming
-  // back every second.
+  // The stamp from the reading counts, not the file's present one: the next tick must notice a
+  // change made in between. If nothing could be read, the file's present time is used, so that the
+  // message does not come back every second.
   if (view.shown.present) {
     view.lastSeen = view.shown.modified;
   } else {

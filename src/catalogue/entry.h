@@ -7,12 +7,12 @@
 
 namespace modQMKGeneral {
 
-/// A data file as the list has it.
+/// A data file as an entry of the list.
 struct DataEntry {
   std::wstring name;    ///< The item's text.
   std::wstring folder;  ///< With a trailing backslash.
   std::wstring date;    ///< Last modification, as text.
-  std::wstring label;   ///< The type as the user reads it.
+  std::wstring label;   ///< The type as the user sees it.
   std::wstring type;    ///< Type code as stored in the record.
   [[nodiscard]] std::wstring path() const { return folder + name; }
 };
@@ -23,7 +23,7 @@ struct DataEntry {
 /// The selected entry. Raises `error::objectNotSet` when nothing is selected.
 [[nodiscard]] DataEntry selectedEntry(const controls::ListView& list);
 
-/// What the selected entry is known by while a question about it waits. Raises
+/// Key of the selected entry, to find it again after a message box was answered. Raises
 /// `error::objectNotSet` when nothing is selected.
 [[nodiscard]] controls::ItemKey selectedKey(const controls::ListView& list);
 

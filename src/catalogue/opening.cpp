@@ -28,8 +28,8 @@ namespace {
 /// Path of the tool that owns a type.
 std::wstring toolOf(const DataType& type) { return AppFolder() + L"\\" + std::wstring(type.tool); }
 
-/// The path of a file as the tools can read it on their command line. When they cannot, tells the
-/// user why and gives nothing.
+/// The path of a file in a form that the tools can read on their command line. If there is none,
+/// shows the reason and returns nothing.
 std::optional<std::wstring> pathForTools(const std::wstring& file) {
   std::wstring path = stored_path::forList(file);
   if (platform::text::fitsCodePage(path)) {
@@ -46,11 +46,11 @@ void recoverMissingFile(Opening& opening, const controls::ItemKey& key, const Da
       L"File does not exist: " + EncodePath(entry.folder) + EncodePath(entry.name) +
       L"\rIt may have been moved or deleted. Do you wish to locate the file yourself? ";
   if (dialogs::showMessage(question, dialogs::MessageStyle::yesNoWarning) == dialogs::Answer::yes) {
-    // The question marks are wildcards to the dialog: it lists every name of that shape.
+    // The dialog takes the question marks as wildcards and lists every name that matches.
     opening.cmdBrowse.setTag(EncodePath(entry.name));
     opening.clickBrowse();
   } else if (controls::findAgain(opening.view.dataList, key)) {
-    // The question was about a missing file: one that is back by now stays.
+    // The user was asked about a missing file. If the file exists again by now, it is not deleted.
     modQMKGeneral::DropCatalogueEntry(entry.path());
     modQMKGeneral::LoadCatalogueView(opening.view);
   }
@@ -74,7 +74,7 @@ void OpenSelectedDataFile(Opening& opening) {
   if (list.count() == 0) {
     return;
   }
-  // A copy: the list may be reloaded while a message waits for its answer.
+  // A copy, because the list may be reloaded while a message box is open.
   const DataEntry entry = modQMKGeneral::selectedEntry(list);
   const DataType* const type = modQMKGeneral::typeOfCode(entry.type);
   const std::optional<std::wstring> file = stored_path::realFile(entry.path());
@@ -94,7 +94,7 @@ void StartNewFile(Opening& opening) {
   }
   const std::wstring listed = list.subItem(list.selectedItem(), 1);
   if (const DataType* const type = modQMKGeneral::typeOfCode(listed)) {
-    // The inventory tool takes the type code itself, as it is listed, as the wish for a new file.
+    // The inventory tool takes the type code itself, as listed, as the request for a new file.
     const std::wstring request(type->newFileRequest);
     RunToolCommand(opening.view, {toolOf(*type), L" " + (request.empty() ? listed : request)});
   }

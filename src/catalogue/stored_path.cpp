@@ -19,22 +19,22 @@ namespace {
 
 constexpr std::wstring_view separators = L"\\/";
 constexpr std::wstring_view substitutes = L"?\xFFFD";
-/// What no name can hold; a search takes some of them as wildcards.
+/// Characters that no name can contain. A search takes some of them as wildcards.
 constexpr std::wstring_view neverInNames = L"*<>\"|";
 
-/// Length of what stands before the components: the mark of a path that is taken literally.
+/// Length of the prefix before the components, which marks a path that is taken literally.
 std::size_t beginOf(std::wstring_view path) {
   constexpr std::wstring_view literal = LR"(\\?\)";
   return path.starts_with(literal) ? literal.size() : 0;
 }
 
-/// A part of a path: a component, and the separator behind it, if there is one.
+/// A part of a path: a component, and the separator after it, if there is one.
 struct Piece {
   std::wstring_view component;
   std::wstring_view separator;
 };
 
-/// Takes the first piece off `rest`.
+/// Removes the first piece from `rest` and returns it.
 Piece takePiece(std::wstring_view& rest) {
   const std::size_t end = std::min(rest.find_first_of(separators), rest.size());
   const Piece piece{rest.substr(0, end), rest.substr(end, 1)};
@@ -42,7 +42,7 @@ Piece takePiece(std::wstring_view& rest) {
   return piece;
 }
 
-/// Calls `take` with each piece and the path up to the end of its component.
+/// Calls `take` with each piece, and with the path up to the end of that piece's component.
 template <class Take>
 void forEachPiece(std::wstring_view path, Take take) {
   for (std::wstring_view rest = path; !rest.empty();) {
@@ -51,11 +51,11 @@ void forEachPiece(std::wstring_view path, Take take) {
   }
 }
 
-/// Text as one reads it in the list.
+/// The text as it appears in the list.
 std::wstring asListed(std::wstring_view text) { return fromCodePage(toCodePage(text)); }
 
-/// Names of the entries of `folder`, which ends in a separator, that the list would show like
-/// `component`, short forms aside.
+/// Names of the entries of `folder` (which ends in a separator) that the list would show as
+/// `component`. Short names are not considered.
 std::vector<std::wstring> listedLike(const std::wstring& folder, std::wstring_view component) {
   constexpr unsigned everything = files::hidden | files::system | files::directory;
   const std::wstring wanted = upper(component);
@@ -68,7 +68,7 @@ std::vector<std::wstring> listedLike(const std::wstring& folder, std::wstring_vi
   return names;
 }
 
-/// The short form of the entry at `path`; "" when there is none that the code page holds.
+/// The short name of the entry at `path`; "" when it has none that the code page can hold.
 std::wstring shortFormOf(const std::wstring& path) {
   const auto entry = files::entryAt(path);
   return entry && fitsCodePage(entry->shortName) ? entry->shortName : L"";

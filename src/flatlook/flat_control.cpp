@@ -1,4 +1,4 @@
-// Attaching to a control, and what its messages lead to.
+// Attaching to a control, and reacting to its messages.
 #include "flatlook/flat_control.h"
 
 #include <array>
@@ -17,7 +17,7 @@ namespace {
 constexpr std::uintptr_t hotTimer = 1;
 constexpr unsigned hotTimerMs = 10;
 
-/// The style bit of combo boxes that drop down.
+/// The style bit of combo boxes with a drop-down list.
 constexpr std::uint32_t dropDownStyle = 2;
 
 /// Notification of a combo box whose list has closed, in the high word of the command.
@@ -56,7 +56,7 @@ void cFlatControl::Attach(const FlatTarget& control) {
   try {
     window = control.requireWindow();
   } catch (const platform::RunTimeError&) {
-    // Whoever attaches all controls of a window need not know which of them have windows.
+    // Callers attach all controls of a window without checking which of them have windows.
     return;
   }
   classify(control, window);
@@ -67,7 +67,7 @@ void cFlatControl::classify(const FlatTarget& control, WindowHandle window) {
   hWndControl_ = window;
   const std::wstring& type = control.typeName;
   if (type == L"ImageCombo") {
-    // The combo box proper, which paints and has the focus, lies inside the control's window.
+    // The actual combo box, which paints and has the focus, is inside the control's window.
     hWndNotify_ = window;
     hWndControl_ = native::childOfClass(window, L"ComboBox");
     IsCombo_ = true;
@@ -82,10 +82,10 @@ void cFlatControl::classify(const FlatTarget& control, WindowHandle window) {
   } else if (type == L"MaskEdBox" || type == L"TextBox" || type == L"OptionButton" ||
              !dropsDown(window)) {
     try {
-      // The border is drawn in the freed ring, on the parent.
+      // The border is drawn on the parent, in the ring that this frees.
       control.shrink();
     } catch (const platform::RunTimeError&) {
-      // A control that cannot be moved gets its border all the same.
+      // A control that cannot be moved still gets its border.
     }
   } else {
     hWndNotify_ = control.parentWindow;
@@ -121,7 +121,7 @@ void cFlatControl::AttachMessages() {
 void cFlatControl::DetachMessages() {
   if (Subclassed_) {
     if (MouseOver_) {
-      // Nobody would be left to end it.
+      // Ends the highlighting now: after this no message would end it.
       OnTimer(false);
     }
     for (const unsigned message : controlMessages) {
@@ -141,7 +141,7 @@ void cFlatControl::DetachMessages() {
 }
 
 int cFlatControl::MsgResponse() const {
-  // The frame lies over what the control paints.
+  // The frame must be drawn after the control has painted, because it lies on top.
   return subclass::currentMessage() == messages::paint ? subclass::response::after
                                                        : subclass::response::before;
 }
@@ -181,7 +181,7 @@ std::int32_t cFlatControl::WindowProc(WindowHandle /*window*/, unsigned message,
 
 void cFlatControl::windowGone(WindowHandle window) {
   if (window == hWndControl_) {
-    // Its timer goes with it.
+    // The timer is destroyed with the window.
     MouseOver_ = false;
     DetachMessages();
   } else if (window == hWndEdit_) {

@@ -14,32 +14,32 @@ class Control;
 class Window;
 }  // namespace controls
 
-/// What `cFlatControl::Attach` needs to know of a control, of whatever kind it is.
+/// What `cFlatControl::Attach` needs to know about a control, whatever its type.
 struct FlatTarget {
   /// Name of the control's type, such as "TextBox".
   std::wstring typeName;
   /// The control's window; nothing for a control that has none.
   std::optional<platform::native::WindowHandle> hWnd;
-  /// The window that the control lies on.
+  /// The window that contains the control.
   platform::native::WindowHandle parentWindow = platform::native::WindowHandle::none;
   /// Makes the control smaller by one pixel on every side.
   std::function<void()> shrink;
 
-  /// The control's window. Raises -2147220455 when it has none; the error's source is the
-  /// executable's name and the class's.
+  /// The control's window. Raises `noWindowError` when it has none; the error's source consists of
+  /// the names of the executable and the class.
   [[nodiscard]] platform::native::WindowHandle requireWindow() const;
   /// Number of that error.
   static constexpr int noWindowError = -2147220455;
 };
 
-/// The target that a control of one of the program's windows makes.
+/// The target for a control of one of the program's windows.
 [[nodiscard]] FlatTarget flatTargetOf(controls::Control& control, const controls::Window& form);
 
-/// Gives one control a flat border of two pixels that rises while the pointer is over the control,
-/// while it has the focus, and while its list is dropped down. It watches the control's messages
-/// and draws after the control has painted itself.
+/// Gives one control a flat border of two pixels. The border looks raised while the pointer is over
+/// the control, while it has the focus, and while its list is dropped down. The class watches the
+/// control's messages and draws after the control has painted itself.
 ///
-/// The control's window may go at any time; the object is inert from then on.
+/// The control's window may be destroyed at any time. The object does nothing from then on.
 class cFlatControl : public platform::subclass::ISubclass {
  public:
   using WindowHandle = platform::native::WindowHandle;
@@ -47,14 +47,14 @@ class cFlatControl : public platform::subclass::ISubclass {
   cFlatControl() = default;
   ~cFlatControl() override;
 
-  /// Lets go of the former control and takes on another. A control without a window leaves the
-  /// object inert.
+  /// Detaches from the former control and attaches to another. With a control that has no window,
+  /// the object does nothing.
   void Attach(const FlatTarget& control);
   /// Whether the list of an attached combo box is dropped down.
   [[nodiscard]] bool DroppedDown() const;
 
   [[nodiscard]] int MsgResponse() const override;
-  /// Accepted and ignored: the message alone decides.
+  /// Ignored: the response depends on the message alone.
   void setMsgResponse(int response) override;
   std::int32_t WindowProc(WindowHandle window, unsigned message, std::uintptr_t first,
                           std::intptr_t second) override;

@@ -1,4 +1,4 @@
-// What a control of the program's own windows is to the flat look.
+// Targets of the flat look for controls of the program's own windows.
 #include "flatlook/flat_control.h"
 #include "platform/controls/window.h"
 
@@ -44,8 +44,8 @@ FlatTarget flatTargetOf(controls::Control& control, const controls::Window& form
     target.hWnd = window;
   }
   target.parentWindow = native::windowOf(form);
-  // A margin, and not merely other bounds, so that the ring stays free when the window is laid out
-  // again; of one pixel however often the window is loaded.
+  // A margin rather than smaller bounds, so that the ring stays free when the window is laid out
+  // again. It is one pixel however often the window is loaded.
   target.shrink = [&control] { control.setMargin(1); };
   return target;
 }

@@ -19,19 +19,19 @@ struct ButtonColours {
 inline constexpr ButtonColours idleColours{0xFFC0C0, 0x000000};  ///< Pale blue, black.
 inline constexpr ButtonColours hotColours{0xC0FFFF, 0x0080FF};   ///< Pale yellow, orange.
 
-/// The objects of all controls that were ever given the flat look, in the order of their
-/// attaching. It only grows; the objects of closed windows stay in it, inert.
+/// The objects of all controls that ever got the flat look, in the order of attaching. The list
+/// only grows; objects of closed windows stay in it and do nothing.
 [[nodiscard]] const std::vector<std::unique_ptr<cFlatControl>>& FlatControls();
 
 /// Gives all controls of a loaded window the flat look: combo boxes and text boxes become flat and
-/// get a frame (locked text boxes none), image buttons get their idle colours.
+/// get a frame (locked text boxes get none), image buttons get their idle colours.
 void ApplyFlatStyle(controls::Window& form);
 
-/// Colours of a button that the pointer has entered, and left.
+/// Colours for a button when the pointer enters it and when the pointer leaves it.
 void SetButtonHot(controls::CoolButton& button);
 void SetButtonIdle(controls::CoolButton& button);
-/// Colours of a button that was clicked: it opens something that lies over it, and no pointer will
-/// leave it then.
+/// Colours for a button that was clicked. The click opens a window on top of it, so there is no
+/// notification that the pointer leaves.
 void SetButtonIdleAfterClick(controls::CoolButton& button);
 
 }  // namespace OC_COLOR

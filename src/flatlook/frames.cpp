@@ -27,7 +27,7 @@ Edges lineBefore(const Edges& rect) {
   return {left, rect.top, left, rect.bottom};
 }
 
-/// The innermost edges of a frame that is inside its control.
+/// The innermost edges of a frame that is drawn inside its control.
 void drawEdges(native::LineCanvas& canvas, const Edges& rect, FrameStyle style,
                std::uint32_t idleColour, std::uint32_t hotTopLeft, std::uint32_t hotBottomRight) {
   switch (style) {

@@ -1,4 +1,4 @@
-// The frames that are drawn around and into controls with the flat look.
+// The frames that are drawn around and inside controls with the flat look.
 #pragma once
 
 #include <cstdint>
@@ -7,8 +7,8 @@
 
 namespace flatlook {
 
-/// How a frame is drawn: as of an idle control, of one with the pointer or the focus, or of a combo
-/// box with its list dropped down. The numbers are those of the design.
+/// State for which a frame is drawn: idle, with the pointer or the focus, or (combo boxes) with the
+/// list dropped down. The numbers are those of the design.
 enum class FrameStyle { idle = 1, hot = 2, down = 4 };
 
 /// System colours, as OLE colours.
@@ -22,25 +22,26 @@ inline constexpr std::uint32_t orange = 0x0080FF;
 inline constexpr std::uint32_t blue = 0xFF0000;
 inline constexpr std::uint32_t black = 0x000000;
 
-/// An OLE colour as COLORREF; -1 when it is none.
+/// Converts an OLE colour to COLORREF; -1 when it is not a valid one.
 [[nodiscard]] std::int32_t TranslateColor(std::uint32_t oleColour);
 
 /// Width in pixels of a combo box's drop-down button.
 [[nodiscard]] int DropDownButtonWidth(platform::native::WindowHandle comboBox);
 
 /// Draws the edges of a rectangle one pixel wide: left and top in one colour, right and bottom in
-/// another, both as OLE colours. A rectangle of no width is one vertical line in the first.
-/// Raises 6 when a coordinate leaves the range of 32 bits, like the frames below.
+/// another, both as OLE colours. A rectangle of width 0 is one vertical line in the first colour.
+/// Raises `error::overflow`, like the frames below, when a coordinate does not fit into 32 bits.
 void Draw3DRect(platform::native::LineCanvas& canvas, const platform::native::Edges& rect,
                 std::uint32_t topLeft, std::uint32_t bottomRight);
 
-/// Frame around a control, on its parent; colours as OLE colours, the first for left and top.
+/// Draws a frame around a control, on its parent. Colours are OLE colours; the first is for left
+/// and top.
 void DrawOuterFrame(platform::native::WindowHandle control, FrameStyle style, std::uint32_t topLeft,
                     std::uint32_t bottomRight);
-/// Frame in the client area of a combo box, with its drop-down button.
+/// Draws a frame in the client area of a combo box, with its drop-down button.
 void DrawComboFrame(platform::native::WindowHandle control, FrameStyle style, std::uint32_t topLeft,
                     std::uint32_t bottomRight);
-/// Frame in the client area of a command button.
+/// Draws a frame in the client area of a command button.
 void DrawButtonFrame(platform::native::WindowHandle control, FrameStyle style,
                      std::uint32_t topLeft, std::uint32_t bottomRight);
 

@@ -1,4 +1,4 @@
-// Numbers of the window messages that the flat look follows.
+// Numbers of the window messages that the flat look handles.
 #pragma once
 
 namespace flatlook::messages {

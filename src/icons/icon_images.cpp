@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::uint32_t alphaMask = 0xFF000000U;
 
-/// A number of `bytes` bytes, the lowest first; nothing past the end.
+/// A number of `bytes` bytes at `place`, lowest byte first; nothing past the end.
 std::optional<std::uint32_t> number(std::string_view from, std::uint64_t place, std::size_t bytes) {
   if (place > from.size() || from.size() - place < bytes) {
     return std::nullopt;
@@ -32,7 +32,7 @@ std::optional<std::uint32_t> doubleWord(std::string_view from, std::uint64_t pla
 
 // Images.
 
-/// What the head of a bitmap says.
+/// The header of a bitmap.
 struct BitmapHead {
   std::uint32_t side;
   std::uint32_t bits;     // per pixel
@@ -69,18 +69,19 @@ std::optional<BitmapHead> headOf(std::string_view image) {
   return BitmapHead{*width, *bits, colours};
 }
 
-/// Bytes of a row of pixels; rows are filled up to 32 bits.
+/// Bytes per row of pixels; rows are padded to 32 bits.
 std::size_t rowSize(std::uint32_t side, std::uint32_t bits) {
   return (static_cast<std::size_t>(side) * bits + 31) / 32 * 4;
 }
 
-/// The value of the `x`th pixel of a row of values of up to eight bits, the first in the highest.
+/// Value of pixel `x` of a row with up to eight bits per pixel. The first pixel is in the highest
+/// bits.
 std::uint32_t valueAt(std::string_view row, std::uint32_t x, std::uint32_t bits) {
   const auto byte = static_cast<unsigned char>(row[static_cast<std::size_t>(x) * bits / 8]);
   return byte >> (8 - bits - x * bits % 8) & ((1U << bits) - 1);
 }
 
-/// One pixel as it is stored; of an index outside of the palette black, as the system has it.
+/// One pixel as it is stored. An index outside the palette gives black, as in the system.
 std::uint32_t storedPixel(std::string_view row, std::uint32_t x, const BitmapHead& head,
                           std::string_view palette) {
   constexpr std::uint32_t colourMask = 0x00FFFFFFU;
@@ -96,10 +97,10 @@ std::uint32_t storedPixel(std::string_view row, std::uint32_t x, const BitmapHea
 
 // Resources.
 
-/// A tree of resources in a program file.
+/// The resource tree of a program file.
 class Resources {
  public:
-  /// A branch or a leaf of the tree: the place of its table, counted from the root's.
+  /// A branch or a leaf of the tree: the offset of its table from the root.
   struct Node {
     std::uint32_t place;
     bool branch;
@@ -109,7 +110,7 @@ class Resources {
 
   [[nodiscard]] std::optional<Node> child(std::uint32_t table, std::uint32_t id) const;
   [[nodiscard]] std::optional<Node> firstChild(std::uint32_t table) const;
-  /// The bytes under a table that has one language.
+  /// The bytes under a table that has exactly one language.
   [[nodiscard]] std::optional<std::string> bytes(const Node& table) const;
 
  private:
@@ -146,7 +147,8 @@ std::optional<Resources> Resources::of(const ReadAt& file) {
   }
   const std::string rest =
       file(static_cast<std::uint64_t>(*start) + fileHead, *optionalSize + *sections * sectionHead);
-  // The table of directories lies behind more or less wide fields; the resources' is the third.
+  // The fields before the table of directories have different widths in 32-bit and 64-bit programs.
+  // The third directory is the one of the resources.
   const auto kind = word(rest, 0);
   constexpr std::uint32_t narrow = 0x10B;
   constexpr std::uint32_t wide = 0x20B;
@@ -255,7 +257,7 @@ std::optional<std::uint16_t> imageOfSize(std::string_view directory, int side) {
     if (!name) {
       return std::nullopt;
     }
-    // One byte holds sides up to 255; 0 is what follows.
+    // One byte holds sides up to 255; 0 means 256.
     const auto width = static_cast<unsigned char>(image[0]);
     const auto height = static_cast<unsigned char>(image[1]);
     const std::uint32_t bits = *word(image, 6);

@@ -34,7 +34,7 @@ std::string_view withoutTrailingBlanks(std::string_view text) {
   return text;
 }
 
-/// Takes one field off the front of `left`; `left` then begins with the comma behind it, or is
+/// Removes one field from the front of `left`. `left` then begins with the comma after it, or is
 /// empty.
 std::string_view takeField(std::string_view& left) {
   left = withoutLeadingBlanks(left);
@@ -44,7 +44,7 @@ std::string_view takeField(std::string_view& left) {
     const std::size_t quote = bytes::find(left, '"');
     field = left.substr(0, quote);
     left.remove_prefix(std::min(quote + 1, left.size()));
-    // What stands between the closing quote and the comma belongs to no field.
+    // Text between the closing quote and the comma is ignored.
     if (!left.starts_with(',')) {
       left.remove_prefix(bytes::find(left, ','));
     }
@@ -99,7 +99,7 @@ bool Reader::next(Record& record) {
 
 std::string line(std::initializer_list<std::string_view> fields) {
   std::string record;
-  // Usually long enough for a record of the catalogue.
+  // Enough for most records of the catalogue.
   constexpr std::size_t usualLength = 128;
   record.reserve(usualLength);
   for (const std::string_view field : fields) {
@@ -121,7 +121,7 @@ void append(std::string& content, std::string_view record) {
 
 namespace {
 
-/// A record that does not stay as it is.
+/// A record that changes.
 struct Splice {
   std::size_t begin;
   std::size_t end;
@@ -143,7 +143,7 @@ std::vector<Splice> splicesOf(std::string_view content,
   return splices;
 }
 
-/// Puts the replacements into `content` itself, none of which may be longer than its record.
+/// Makes the replacements inside `content`. No replacement may be longer than its record.
 void spliceInPlace(std::string& content, const std::vector<Splice>& splices) {
   std::size_t written = splices.front().begin;
   for (std::size_t n = 0; n < splices.size(); ++n) {
@@ -167,7 +167,7 @@ std::string edited(std::string content,
   if (std::all_of(splices.begin(), splices.end(), [](const Splice& splice) {
         return splice.replacement.size() <= splice.end - splice.begin;
       })) {
-    // A list of a million records is not copied for the sake of one.
+    // In place: a list of a million records is not copied to change one.
     spliceInPlace(content, splices);
     return content;
   }
@@ -189,13 +189,13 @@ std::string filtered(std::string content, const std::function<bool(const Record&
 
 namespace {
 
-/// How often a file is written anew that another program changes again and again.
+/// How often a rewrite starts again when other programs keep changing the file.
 constexpr int mostTries = 50;
 
 }  // namespace
 
 void discardStale(const std::wstring& temporary) {
-  // A hidden one would hand its attribute on to the list file.
+  // A hidden temporary file would pass its attribute on to the list file.
   if (!files::findFirst(temporary, files::hidden | files::system).empty()) {
     files::remove(temporary);
   }
@@ -203,8 +203,8 @@ void discardStale(const std::wstring& temporary) {
 
 void rewrite(const std::wstring& path, const std::wstring& temporary, Missing missing,
              const std::function<std::string(std::string)>& edit) {
-  // From before the reading on, so that another copy of this program cannot read what is about to
-  // be replaced.
+  // Held from before the file is read, so that another copy of this program cannot read content
+  // that is about to be replaced.
   files::Draft draft(temporary);
   for (int tries = 0; tries < mostTries; ++tries) {
     files::Contents old =

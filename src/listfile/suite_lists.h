@@ -1,4 +1,4 @@
-// What the suite's two list files have in common besides their form.
+// What the suite's two list files have in common besides their format.
 #pragma once
 
 #include <string>
@@ -7,7 +7,7 @@
 
 namespace modQMKGeneral {
 
-/// Path of the temporary file that every rewrite of a list file goes through.
+/// Path of the temporary file that every rewrite of a list file uses.
 [[nodiscard]] std::wstring TemporaryFile();
 
 /// Shows `sentence`, a line break, and the error's number and description.

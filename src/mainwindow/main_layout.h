@@ -1,4 +1,4 @@
-// Where the parts of the main window stand.
+// Positions of the main window's parts.
 #pragma once
 
 #include <functional>
@@ -10,11 +10,11 @@ namespace mainwindow {
 /// What the layout needs to know besides the client area.
 struct MeasuredParts {
   int toolbarHeight = 0;  ///< Pixels.
-  /// The part of the tab control below its tabs, for a tab control at the given place.
+  /// The area of a tab control below its tabs, for a tab control with the given bounds.
   std::function<platform::Rect(const platform::Rect&)> displayArea;
 };
 
-/// Places in the client area, in pixels.
+/// Rectangles in the client area, in pixels.
 struct MainLayout {
   platform::Rect toolbar;
   platform::Rect tabs;
@@ -23,8 +23,8 @@ struct MainLayout {
   platform::Rect browseButton;  ///< On the Open tab, right-aligned below the list.
 };
 
-/// Lays the window out: toolbar above, tab control filling the rest, lists filling the tabs. No
-/// rectangle is ever negative, however small the client area.
+/// Lays the window out: the toolbar above, the tab control in the rest, the lists filling the tabs.
+/// No rectangle has a negative size, however small the client area is.
 [[nodiscard]] MainLayout layOut(platform::Size client, int dpi, const MeasuredParts& parts);
 
 }  // namespace mainwindow

@@ -1,4 +1,4 @@
-// What the main window remembers for its user from run to run.
+// What the main window keeps for the user between runs.
 #include "mainwindow/main_window.h"
 #include "mainwindow/placement.h"
 #include "platform/screens.h"
@@ -20,7 +20,7 @@ void frmQMK::restorePlace() {
   if (!placement || peer() == nullptr) {
     return;
   }
-  // The screens may have been rearranged, or have another density, since then.
+  // The screens may have been rearranged, or changed their dpi, since then.
   placement->normal = mainwindow::broughtOntoScreen(
       mainwindow::scaledAboutCentre(placement->normal, placement->dpi, peer()->placement().dpi),
       platform::screens::workAreas());
@@ -34,7 +34,7 @@ void frmQMK::restoreColumnWidths() {
 }
 
 void frmQMK::remember() const {
-  // One that was never laid out has no place of its own to come back to.
+  // A window that was never laid out has no placement of its own yet.
   if (peer() == nullptr || !laidOut()) {
     return;
   }

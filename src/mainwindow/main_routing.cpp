@@ -1,4 +1,4 @@
-// What the commands of the main window do on the tab in front.
+// What each command of the main window does on the current tab.
 #include <cwchar>
 #include <limits>
 
@@ -20,7 +20,7 @@ using platform::text::upper;
 
 namespace {
 
-/// A view mode kept as text; an empty one is the icon view.
+/// A view mode stored as text. An empty text is the icon view.
 int viewFromTag(const std::wstring& tag) {
   return static_cast<int>(std::wcstol(tag.c_str(), nullptr, 10));
 }
@@ -65,7 +65,7 @@ void frmQMK::TabMain_Click(int newTab) {
   showViewMode(list.view() != controls::iconView);
   commands.showTab(newTab);
   if (newTab == web) {
-    // Entering the web list always shows its columns, whatever its tag remembers.
+    // The web list always starts in report view, whatever its tag says.
     list.setView(controls::reportView);
     showViewMode(true);
   }
@@ -86,7 +86,7 @@ void frmQMK::mnuList_Click() {
 }
 
 void frmQMK::lstQMK_ColumnClick(int /*index*/, int column) {
-  // Whatever list was clicked, the data list is sorted.
+  // Whichever list was clicked, the data list is sorted.
   ListView& list = lstQMK[open];
   list.update([&list, column] {
     list.setSorted(false);
@@ -156,7 +156,7 @@ void frmQMK::deleteCatalogueEntry() {
   if (list.count() == 0) {
     return;
   }
-  // The list may be reloaded while the question waits.
+  // The list may be reloaded while the message box is open.
   const modQMKGeneral::DataEntry entry = modQMKGeneral::selectedEntry(list);
   const controls::ItemKey key = modQMKGeneral::selectedKey(list);
   if (confirmed(L"Are your sure you want to delete " + upper(entry.name)) &&
@@ -175,7 +175,7 @@ frmWeb& frmQMK::webDialogForShowing() {
 
 void frmQMK::createWebShortcut() {
   frmWeb& dialog = webDialogForShowing();
-  // An open dialog may have been renaming until now.
+  // A dialog that is still open may have been used for renaming until now.
   dialog.setCaption(frmWeb::createCaption);
   dialog.cmdOK.setCaption(L"Create");
   showWebDialog(dialog);
@@ -183,7 +183,8 @@ void frmQMK::createWebShortcut() {
 
 void frmQMK::renameWebShortcut() {
   const std::size_t selected = lstQMK[web].selectedItem();
-  // The dialog changes what is selected when it is confirmed, but only what somebody has chosen.
+  // The dialog changes the selected item when it is confirmed. It must be one that the user has
+  // chosen.
   for (ListView& list : lstQMK) {
     list.adoptSelection();
   }

@@ -163,7 +163,7 @@ void frmQMK::Form_QueryUnload(bool& cancel, controls::UnloadMode /*mode*/) {
   cancel = platform::dialogs::showMessage(L"Exit Gateway?", MessageStyle::yesNoQuestion, L"") !=
            Answer::yes;
   if (!cancel) {
-    // What cannot be remembered must not keep the window from closing.
+    // A failure to save these settings must not keep the window open.
     platform::dispatch([this] { remember(); });
   }
 }

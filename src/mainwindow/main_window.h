@@ -19,7 +19,7 @@
 #include "web/web_list.h"
 
 /// Four tabs with a list each, a toolbar and a menu bar. It routes every command to the subsystem
-/// that the tab in front belongs to.
+/// of the current tab.
 class frmQMK : public controls::Window {
  public:
   frmQMK();
@@ -38,7 +38,7 @@ class frmQMK : public controls::Window {
   controls::PictureBox picShortCuts;
   controls::CommonDialog diaCommon;
 
-  /// Menus, entries and buttons of the commands, as the table of commands has them.
+  /// Menus, menu entries and buttons of the commands, as the table of commands lists them.
   mainwindow::CommandObjects commands;
   controls::MenuItem& mnuFile;
   controls::MenuItem& mnuExit;
@@ -54,14 +54,14 @@ class frmQMK : public controls::Window {
   controls::MenuItem& mnuWeb;
   controls::MenuItem& mnuAbout;
 
-  /// What the subsystems work with.
+  /// The parts of this window that each subsystem uses.
   modQMKGeneral::CatalogueView catalogue;
   modSC::ShortcutList shortcuts;
   modQMKGeneral::WebList webList;
   ModQMKgeneral2::Opening opening;
 
   /// Adds the lists' columns and the toolbar's pictures and captions. Raises the platform's error
-  /// when the shortcuts folder has vanished and cannot be created.
+  /// when the shortcuts folder is gone and cannot be created.
   void SetupMainWindow();
 
   // Handlers; each is also called by its control.
@@ -77,7 +77,7 @@ class frmQMK : public controls::Window {
   static void mnuWeb_Click();
   void mnuAbout_Click();
   void cmdBrowse_Click();
-  /// Reads what the list of a tab (from 0) shows again; the new-file items never change.
+  /// Reloads the list of a tab (from 0). The new-file items never change.
   void reloadList(int index);
   void lstQMK_DblClick(int index);
   void lstQMK_ColumnClick(int index, int column);
@@ -98,7 +98,7 @@ class frmQMK : public controls::Window {
   void layout(platform::Size client, int dpi) override;
 
  private:
-  /// What the user had when the program last ended: place of the window, widths of the columns.
+  /// What is kept between runs: placement of the window, widths of the columns.
   void restorePlace();
   void restoreColumnWidths();
   void remember() const;
@@ -109,7 +109,7 @@ class frmQMK : public controls::Window {
   [[nodiscard]] const std::wstring& currentCaption() const;
   void renameCatalogueEntry();
   void deleteCatalogueEntry();
-  /// The web shortcut dialog; a closed one is made afresh, an open one is kept.
+  /// The web shortcut dialog. A closed one is created anew, an open one is kept.
   frmWeb& webDialogForShowing();
   void createWebShortcut();
   void renameWebShortcut();

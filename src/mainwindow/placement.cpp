@@ -14,8 +14,8 @@ using platform::Rect;
 
 namespace {
 
-/// Whole numbers parted by blanks; nothing when there is anything else in the text. Numbers that do
-/// not fit become the largest or smallest that does.
+/// Integers separated by blanks; nothing when the text contains anything else. Numbers that do not
+/// fit become the largest or smallest that fits.
 std::optional<std::vector<int>> numbers(const std::wstring& text) {
   constexpr int decimal = 10;
   constexpr long limit = std::numeric_limits<int>::max();
@@ -33,7 +33,7 @@ std::optional<std::vector<int>> numbers(const std::wstring& text) {
   return found;
 }
 
-/// What two stretches of a line have in common, 0 when they lie apart.
+/// Length of the overlap of two intervals, 0 when they do not overlap.
 std::int64_t sharedLength(int beginA, int lengthA, int beginB, int lengthB) {
   const auto end = [](int begin, int length) { return std::int64_t{begin} + length; };
   return std::max<std::int64_t>(
@@ -58,7 +58,7 @@ std::wstring placementText(const Placement& placement) {
 
 std::optional<Placement> placementFromText(const std::wstring& text) {
   constexpr std::size_t numbersWritten = 6;
-  // Far beyond every screen, and small enough that sums of two do not overflow.
+  // Far outside every screen, and small enough that the sum of two does not overflow.
   constexpr int limit = 1'000'000;
   const auto read = numbers(text);
   if (!read || read->size() != numbersWritten ||

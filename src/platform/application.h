@@ -1,17 +1,17 @@
-// Facts about the running program, and its life.
+// Facts about the running program, and how it ends.
 #pragma once
 
 #include <string>
 
 namespace platform::application {
 
-// Who the program is: the product defines these three.
+// The identity of the program. The product defines these three constants.
 
 /// Title of the program, also the default title of message boxes.
 extern const wchar_t* const title;
 /// Name under which the program keeps its per-user settings.
 extern const wchar_t* const settingsName;
-/// Name by which copies of the program in one session know of each other.
+/// Name by which copies of the program in one session recognise each other.
 extern const wchar_t* const instanceName;
 
 /// Version number from the version resource.
@@ -33,13 +33,13 @@ struct Version {
 /// Legal copyright text of the version resource, "" when there is none.
 [[nodiscard]] std::wstring copyright();
 
-/// Whether another copy of the program was already running in this session when this one began.
+/// Whether another copy of the program was already running in this session when this one started.
 [[nodiscard]] bool previousInstance();
 
-/// Lets the window system run: one pass over the messages that are waiting.
+/// Processes the messages that are waiting, once.
 void processPendingMessages();
 
-/// Ends the program at once, without any further clean-up.
+/// Ends the process at once, without any clean-up.
 [[noreturn]] void end();
 
 }  // namespace platform::application

@@ -1,4 +1,4 @@
-// Opening addresses and documents with the program that the system has registered for them.
+// Opens addresses and documents with the program that is registered for them.
 #pragma once
 
 #include <cstdint>
@@ -6,9 +6,9 @@
 
 namespace platform::browser {
 
-/// Asks the shell to open `address` (verb "open", no parameters, no working folder, no owner)
-/// with the given show command. The result is the shell's: 32 or less stands for a failure.
-/// Nothing is raised and nothing is shown.
+/// Asks the shell to open `address` (verb "open", no parameters, no working folder, no owner) with
+/// the given show command. Returns the shell's result: 32 or less means failure. Raises nothing and
+/// shows nothing.
 std::intptr_t open(const std::wstring& address, int showCommand);
 
 }  // namespace platform::browser

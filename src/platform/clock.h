@@ -11,9 +11,10 @@ namespace platform::clock {
 /// Today as the user's short date, without a time.
 [[nodiscard]] std::wstring todayText();
 
-/// Moments in local time, in the order given: the user's short date, a blank, the user's time with
-/// seconds. A moment that cannot be expressed (out of range) gives "". Many at once, because asking
-/// the system for the zone's rules of every single one would take longest of all.
+/// Converts moments to local time and formats each as the user's short date, a blank, and the
+/// user's time with seconds. The results are in the order of the arguments. A moment that is out of
+/// range gives "". Takes many moments at once, because looking up the time zone's rules for each
+/// single one would take most of the time.
 [[nodiscard]] std::vector<std::wstring> dateAndTimeTexts(
     const std::vector<files::FileTime>& moments);
 

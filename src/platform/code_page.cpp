@@ -1,4 +1,4 @@
-// What can be said of the code page by converting there and back, whichever it is.
+// Checks that need only a conversion to the code page and back, so they work for every code page.
 #include <algorithm>
 
 #include "platform/plain_text.h"

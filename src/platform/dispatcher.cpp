@@ -10,14 +10,14 @@ bool dispatch(const std::function<void()>& handler) {
     return true;
   }
   const auto failure = trapped([&handler] {
-    // A handler may be replaced, or its control destroyed, while it runs.
+    // A copy, because a handler may be replaced, or its control destroyed, while it runs.
     const auto running = handler;
     running();
   });
   if (!failure) {
     return true;
   }
-  // A report for which there is no memory gives way to the report about that.
+  // If there is no memory to show this report, the lack of memory is reported instead.
   if (const auto unreported = trapped([&failure] { dialogs::reportRunTimeError(*failure); })) {
     dialogs::reportRunTimeError(*unreported);
   }

@@ -6,13 +6,13 @@
 
 namespace platform {
 
-/// Runs an event handler. An error that escapes it is shown as a run-time error report and the
-/// program goes on; running out of memory is reported as error 7. An empty handler does nothing.
-/// True when the handler ran to its end.
+/// Runs an event handler. If an error escapes it, a run-time error report is shown and the program
+/// goes on. Running out of memory is reported as `error::outOfMemory`. An empty handler does
+/// nothing. Returns true when the handler ran to its end.
 bool dispatch(const std::function<void()>& handler);
 
-/// The same for what is written down where it is to run. Nothing is copied, so that no memory is
-/// needed before the errors are caught, however much it captures.
+/// The same for a callable that is written in place. It is not copied, so no memory is allocated
+/// before the errors are caught, however much it captures.
 template <class Handler>
 requires(!std::is_same_v<Handler, std::function<void()>>) bool dispatch(const Handler& handler) {
   return dispatch(std::function<void()>(std::ref(handler)));

@@ -1,8 +1,9 @@
-// Files and folders as the program asks for them.
+// File and folder operations of the program.
 //
-// Paths are Windows paths. A path with an embedded NUL names nothing: searches find nothing,
-// every other operation raises 52. What is raised names the path concerned as it was given; of a
-// rename or a copy the target where it is the target that fails, else the source.
+// Paths are Windows paths. A path with an embedded NUL names nothing: searches find nothing, and
+// every other operation raises `error::badFileName`. A raised error names the path concerned, as
+// the caller gave it. For a rename or a copy that is the target if the target caused the failure,
+// else the source.
 #pragma once
 
 #include <cstdint>
@@ -17,7 +18,7 @@ namespace platform::files {
 /// A moment in 100-nanosecond steps since 1 January 1601 UTC; 0 stands for "never".
 using FileTime = std::uint64_t;
 
-/// Kinds of directory entries that a search returns besides normal files.
+/// Kinds of directory entries that a search returns in addition to normal files.
 enum Attributes : unsigned { normal = 0, hidden = 2, system = 4, directory = 16 };
 
 /// One result of a directory search.
@@ -27,29 +28,32 @@ struct Entry {
   std::wstring shortName;  ///< Its second name, in 8.3 form; "" where it has none.
 };
 
-/// All entries that match `pattern` (a path whose last component may hold wildcards), in the
-/// order in which the file system returns them. Entries that are hidden, system or folders come
-/// only when `attributes` asks for them; "." and ".." never come. An empty result stands for
-/// every way of finding nothing; no error is raised. Short names are not given: to read them along
-/// is slower.
+/// All entries that match `pattern` (a path whose last component may hold wildcards), in the order
+/// in which the file system returns them. Hidden entries, system entries and folders are included
+/// only when `attributes` asks for them; "." and ".." never are. Returns an empty list when nothing
+/// is found, for whatever reason; raises no error. Does not fill in the short names, because
+/// reading them is slower.
 [[nodiscard]] std::vector<Entry> search(const std::wstring& pattern, unsigned attributes = normal);
 
 /// What `search(folder + L"\\*." + extension)` finds for each of the extensions, with the short
-/// names; the folder is read only once.
+/// names. The folder is read only once instead of once per extension. Rows `refresh.10k` and
+/// `start.lists` of ./bench include this; no row measures it alone. It matters on Windows and under
+/// Wine alike.
 [[nodiscard]] std::vector<std::vector<Entry>> searchByExtension(
     const std::wstring& folder, const std::vector<std::wstring>& extensions);
 
 /// Name of the first entry that `search` would return, "" when there is none.
 [[nodiscard]] std::wstring findFirst(const std::wstring& pattern, unsigned attributes = normal);
 
-/// What is stored under exactly that path, be it a file or a folder, hidden or not; nothing when
-/// nothing is, for whatever reason. A wildcard is part of no name.
+/// The entry of exactly that path: a file or a folder, hidden or not. Nothing when there is none,
+/// for whatever reason. A path with a wildcard finds nothing.
 [[nodiscard]] std::optional<Entry> entryAt(const std::wstring& path);
 
-/// The short name that a new file of that path would get, "" where its volume gives none. The file
-/// system alone knows: a file is made for the moment and is gone on return. Raises what making a
-/// file raises: 58 (something of that name exists), 75 (no right to make it), 76 (folder missing),
-/// 52 (no file can have that name), 61.
+/// The short name that a new file of that path would get, "" where its volume creates none. Only
+/// the file system can tell, so the file is created for a moment and deleted again before the call
+/// returns. Raises what creating a file raises: `error::fileExists` (something has that name),
+/// `error::pathFileAccess` (no right to create it), `error::pathNotFound` (folder missing),
+/// `error::badFileName` (no file can have that name), `error::diskFull`.
 [[nodiscard]] std::wstring shortNameOfNew(const std::wstring& path);
 
 /// Whether a normal file (not hidden, not system) of that path is found.
@@ -58,77 +62,83 @@ struct Entry {
 /// Whether a directory search that includes folders finds that path.
 [[nodiscard]] bool folderExists(const std::wstring& path);
 
-/// Makes one folder. Raises 75 when it exists, 76 when its parent is missing.
+/// Creates one folder. Raises `error::pathFileAccess` when it exists, `error::pathNotFound` when
+/// its parent is missing.
 void makeFolder(const std::wstring& path);
 
-/// Deletes a file. Raises 53 when it is missing, 75 when it is read-only, 70 when it is in use.
+/// Deletes a file. Raises `error::fileNotFound` when it is missing, `error::pathFileAccess` when it
+/// is read-only, `error::permissionDenied` when it is in use.
 void remove(const std::wstring& path);
 
-/// Renames a file. Raises 53 (source missing), 58 (target exists), 76 (target's folder missing),
-/// 70 (in use), 74 (other drive).
+/// Renames a file. Raises `error::fileNotFound` (source missing), `error::fileExists` (target
+/// exists), `error::pathNotFound` (target's folder missing), `error::permissionDenied` (in use), 74
+/// (other drive).
 void rename(const std::wstring& from, const std::wstring& to);
 
-/// Copies a file, replacing the target. Raises 53 (source missing), 76 (target's folder missing),
-/// 75 (target read-only).
+/// Copies a file, replacing the target. Raises `error::fileNotFound` (source missing),
+/// `error::pathNotFound` (target's folder missing), `error::pathFileAccess` (target read-only).
 void copy(const std::wstring& from, const std::wstring& to);
 
 /// Moment of the last modification of a normal file (not hidden, not system); nothing when there is
-/// none, for whatever reason. It costs one question to the file system, for those who ask every
-/// second.
+/// none, for whatever reason. Costs a single query of the file system, because the watch calls it
+/// every second.
 [[nodiscard]] std::optional<FileTime> modifiedTime(const std::wstring& path);
 
-/// What tells one state of a file from another without reading it.
+/// Distinguishes one state of a file from another without reading it.
 struct Stamp {
-  bool present = false;  ///< False: there was no such file; the rest is then zero.
+  bool present = false;  ///< False: there was no such file; the other members are zero.
   FileTime modified = 0;
   std::uint64_t size = 0;    ///< Bytes.
   std::uint64_t fileId = 0;  ///< Identity of the file behind the name on its volume.
   bool operator==(const Stamp&) const = default;
 };
 
-/// The whole of a file, with the stamp it had while it was read.
+/// The whole content of a file, with the stamp that the file had while it was read.
 struct Contents {
   std::string bytes;
   Stamp stamp;
 };
 
-/// Reads a file whole. Raises 53 (missing), 76 (folder missing), 70 (in use), 75 (a folder).
+/// Reads a whole file. Raises `error::fileNotFound` (missing), `error::pathNotFound` (folder
+/// missing), `error::permissionDenied` (in use), `error::pathFileAccess` (a folder).
 [[nodiscard]] Contents readWhole(const std::wstring& path);
 
-/// Reads a file whole as one does before adding to it: a missing file is empty contents with
-/// `stamp.present` false. Raises 75 (read-only, or a folder of that name), 76 (folder missing),
-/// 70 (in use).
+/// Reads a whole file that is going to be appended to. A missing file gives empty contents with
+/// `stamp.present` false. Raises `error::pathFileAccess` (read-only, or a folder of that name),
+/// `error::pathNotFound` (folder missing), `error::permissionDenied` (in use).
 [[nodiscard]] Contents readForAppending(const std::wstring& path);
 
-/// What came of putting a draft in the place of a file.
+/// Result of replacing a file by a draft.
 enum class Replaced {
-  yes,           ///< The file now holds what the draft held; the draft is gone.
-  changedSince,  ///< Somebody changed the file after `expected` was taken; both are untouched.
+  yes,           ///< The file now has the draft's content; the draft is gone.
+  changedSince,  ///< The file was changed after `expected` was taken; both are untouched.
 };
 
-/// A file in the making that is to take the place of another one. While the draft lives no other
-/// program can write, delete or replace it, so that of several programs that make their draft
-/// under the same name only one is at work at a time.
+/// A temporary file that is to replace another file. While the draft exists, no other program can
+/// write, delete or replace it. It therefore also serves as a lock: of several programs that use
+/// the same name for their draft, only one is at work at a time.
 class Draft {
  public:
-  /// Discards a stale file at `path`, a hidden one too, and creates it anew. While another program
-  /// holds it, waits for a moment. Raises 70 (held for longer), 75 (a read-only file, a folder, or
-  /// no right to create it), 76 (folder missing).
+  /// Deletes a stale file at `path`, even a hidden one, and creates it anew. If another program
+  /// holds the file, waits for a short time. Raises `error::permissionDenied` (held for longer),
+  /// `error::pathFileAccess` (a read-only file, a folder, or no right to create it),
+  /// `error::pathNotFound` (folder missing).
   explicit Draft(const std::wstring& path);
   Draft(const Draft&) = delete;
   Draft& operator=(const Draft&) = delete;
-  /// Lets go of the file. One that has not taken the other's place stays behind.
+  /// Closes the file. A draft that has not replaced its target stays on the disk.
   ~Draft();
 
-  /// Makes `bytes` the whole content and flushes it to the disk. Raises 61, 57 and what creating
-  /// raises. What was written before a failure stays.
+  /// Makes `bytes` the whole content and flushes it to the disk. Raises `error::diskFull`,
+  /// `error::deviceError` and what creating the file raises. After a failure, what was already
+  /// written stays.
   void write(std::string_view bytes);
 
-  /// Puts the draft in the place of `to` in one atomic step, so that at every instant `to` is
-  /// either the old file or the new one. When `expected.present` is false `to` must not exist
-  /// yet. After `yes` the draft is spent; after `changedSince` it can be written again. Refuses
-  /// what a deletion of `to` would refuse, with its number: 53 (missing), 75 (read-only),
-  /// 70 (in use).
+  /// Atomically replaces `to` by the draft: at every instant `to` is either the old file or the new
+  /// one. When `expected.present` is false, `to` must not exist yet. After `yes` the draft cannot
+  /// be used again; after `changedSince` it can be written again. Refuses whatever a deletion of
+  /// `to` would refuse, with the same error: `error::fileNotFound` (missing),
+  /// `error::pathFileAccess` (read-only), `error::permissionDenied` (in use).
   [[nodiscard]] Replaced replace(const std::wstring& to, const Stamp& expected);
 
  private:

@@ -14,8 +14,8 @@ namespace platform::folders {
 inline constexpr int personal = 5;
 
 /// Path of a special folder exactly as the shell reports it (a drive's root keeps its backslash).
-/// Nothing when the shell does not know the folder or it has no path. `owner` owns whatever the
-/// shell shows on the way.
+/// Nothing when the shell does not know the folder, or when it has no path. `owner` is the owner
+/// window of anything that the shell shows meanwhile.
 [[nodiscard]] std::optional<std::wstring> specialFolder(const controls::Window& owner, int id);
 
 }  // namespace platform::folders

@@ -9,7 +9,7 @@
 
 namespace platform {
 
-/// A length or a coordinate as the 32 bits that hold one; raises 6 when it does not fit.
+/// Converts a length or a coordinate to 32 bits. Raises `error::overflow` when it does not fit.
 [[nodiscard]] constexpr int coordinate(std::int64_t exact) {
   if (exact < std::numeric_limits<int>::min() || exact > std::numeric_limits<int>::max()) {
     throw RunTimeError(error::overflow);
@@ -17,7 +17,7 @@ namespace platform {
   return static_cast<int>(exact);
 }
 
-/// Sum of two coordinates; raises 6 when it does not fit.
+/// Sum of two coordinates. Raises `error::overflow` when it does not fit.
 [[nodiscard]] constexpr int sum(int a, int b) { return coordinate(std::int64_t{a} + b); }
 
 /// A size in pixels.
@@ -27,8 +27,8 @@ struct Size {
   bool operator==(const Size&) const = default;
 };
 
-/// A rectangle in pixels, relative to the client area that holds it. Its far edges raise 6 when
-/// they lie beyond all coordinates.
+/// A rectangle in pixels, relative to the client area that contains it. `right` and `bottom` raise
+/// `error::overflow` when the edge does not fit into a coordinate.
 struct Rect {
   int left = 0;
   int top = 0;
@@ -54,13 +54,14 @@ inline constexpr int designDpi = 96;
 /// Twips (1/1440 inch) in one inch, the unit of the column widths.
 inline constexpr int twipsPerInch = 1440;
 
-/// Scales a length given at 96 dpi to `dpi`, rounded to the nearest pixel. Raises 6 when it does
-/// not fit.
+/// Scales a length given at 96 dpi to `dpi`, rounded to the nearest pixel. Raises `error::overflow`
+/// when it does not fit.
 [[nodiscard]] constexpr int scaled(int length, int dpi) {
   return coordinate((std::int64_t{length} * dpi + designDpi / 2) / designDpi);
 }
 
-/// Converts twips to pixels at `dpi`, rounded to the nearest pixel. Raises 6 when it does not fit.
+/// Converts twips to pixels at `dpi`, rounded to the nearest pixel. Raises `error::overflow` when
+/// the result does not fit.
 [[nodiscard]] constexpr int twipsToPixels(int twips, int dpi) {
   return coordinate((std::int64_t{twips} * dpi + twipsPerInch / 2) / twipsPerInch);
 }

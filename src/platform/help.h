@@ -5,14 +5,15 @@
 
 namespace platform::help {
 
-/// Command of classic help that shows the contents.
+/// Help command of classic help that shows the contents.
 inline constexpr int contents = 3;
 
-/// Asks the viewer for a classic help file with a help command, without waiting for it; ignored
-/// while the viewer has not dealt with the request before. Failures are the viewer's to report.
+/// Sends a help command for a classic help file to the viewer, without waiting for it. Ignored
+/// while the viewer is still busy with the previous request. The viewer itself reports failures.
 void showClassic(const std::wstring& file, int command);
 
-/// Opens a compiled help file at its default topic. A missing file or viewer shows nothing.
+/// Opens a compiled help file at its default topic. Shows nothing when the file or the viewer is
+/// missing.
 void showCompiled(const std::wstring& file);
 
 }  // namespace platform::help

@@ -1,8 +1,8 @@
-// Native windows that the program looks at, and draws on, from outside: the windows of controls
-// whose messages it watches.
+// Native windows that the program inspects and draws on from outside: the windows of controls whose
+// messages it watches.
 //
-// A window that is gone is no error anywhere here: questions about it have the answers that are
-// given for it, and actions on it do nothing.
+// A window that no longer exists is not an error here. Functions that return something then return
+// the value documented for that case, and actions do nothing.
 #pragma once
 
 #include <cstdint>
@@ -22,14 +22,14 @@ namespace platform::native {
 /// A native window; `none` where there is no window.
 enum class WindowHandle : std::uintptr_t { none = 0 };
 
-/// A place in pixels.
+/// A position in pixels.
 struct Point {
   int x = 0;
   int y = 0;
   bool operator==(const Point&) const = default;
 };
 
-/// A rectangle by its edges, in pixels; right and bottom lie just outside it.
+/// A rectangle given by its edges, in pixels. `right` and `bottom` are exclusive.
 struct Edges {
   int left = 0;
   int top = 0;
@@ -52,26 +52,27 @@ struct Edges {
 
 /// Style bits of a window, 0 for one that is gone.
 [[nodiscard]] std::uint32_t style(WindowHandle window);
-/// Parent, first child, and first child of a class (`none` when there is no such window).
+/// Parent, first child, and first child of a given class (`none` when there is no such window).
 [[nodiscard]] WindowHandle parent(WindowHandle window);
 [[nodiscard]] WindowHandle firstChild(WindowHandle window);
 [[nodiscard]] WindowHandle childOfClass(WindowHandle window, const std::wstring& className);
-/// Whole window in screen coordinates, and its client area in its own; empty for one that is gone.
+/// The whole window in screen coordinates, and its client area in client coordinates; empty for a
+/// window that no longer exists.
 [[nodiscard]] Edges windowRect(WindowHandle window);
 [[nodiscard]] Edges clientRect(WindowHandle window);
-/// A place of the screen in the client coordinates of `window`.
+/// Converts a position on the screen to client coordinates of `window`.
 [[nodiscard]] Point toClient(WindowHandle window, Point screen);
 /// Whether the window has the keyboard focus; never true for `none`.
 [[nodiscard]] bool hasFocus(WindowHandle window);
 [[nodiscard]] bool enabled(WindowHandle window);
 /// Whether the list of a combo box is dropped down.
 [[nodiscard]] bool listDropped(WindowHandle comboBox);
-/// Width in pixels of a scroll bar's thumb at the density of `window`.
+/// Width in pixels of a scroll bar's thumb at the dpi of `window`.
 [[nodiscard]] int thumbWidth(WindowHandle window);
 /// Position of the pointer in screen coordinates.
 [[nodiscard]] Point cursor();
 
-/// Starts (or starts afresh) timer `id` of a window, which sends it WM_TIMER messages.
+/// Starts or restarts timer `id` of a window. The timer sends WM_TIMER messages to the window.
 void setTimer(WindowHandle window, std::uintptr_t id, unsigned milliseconds);
 void killTimer(WindowHandle window, std::uintptr_t id);
 
@@ -79,17 +80,17 @@ void killTimer(WindowHandle window, std::uintptr_t id);
 /// 0x00BBGGRR; nothing when it is neither.
 [[nodiscard]] std::optional<std::uint32_t> translateColour(std::uint32_t oleColour);
 
-/// Lines one pixel wide on the client area of a window, in its client coordinates. It belongs to
-/// the moment: no messages may be processed while it lives.
+/// Draws lines one pixel wide on the client area of a window, in client coordinates. For immediate
+/// use only: no messages may be processed while the object exists.
 class LineCanvas {
  public:
-  /// On a window that is gone, or `none`, drawing does nothing.
+  /// Drawing on `none`, or on a window that no longer exists, does nothing.
   explicit LineCanvas(WindowHandle window);
   LineCanvas(const LineCanvas&) = delete;
   LineCanvas& operator=(const LineCanvas&) = delete;
   ~LineCanvas();
 
-  /// A solid pen in use as long as the object lives; one at a time.
+  /// A solid pen that is selected while the object exists; one at a time.
   class Pen {
    public:
     /// `colour` as 0x00BBGGRR.
@@ -102,9 +103,10 @@ class LineCanvas {
     LineCanvas& canvas_;
   };
 
-  /// Sets the position, which also outlives a pen.
+  /// Sets the position. It is kept when a pen is destroyed.
   void moveTo(Point place);
-  /// Draws from the position to `place`, without the pixel at `place`, and moves there.
+  /// Draws from the position to `place`, without the pixel at `place`. `place` becomes the
+  /// position.
   void lineTo(Point place);
 
  private:

@@ -1,4 +1,4 @@
-// Pictures as pixels, the pictures that come with the program, and the icons of other programs.
+// Pictures as pixels, and the icons of other programs.
 #pragma once
 
 #include <array>
@@ -11,7 +11,7 @@
 
 namespace platform {
 
-/// A picture: rows from top to bottom, each pixel 0xAARRGGBB, not premultiplied.
+/// A picture: rows from top to bottom, each pixel as 0xAARRGGBB, not premultiplied.
 struct Picture {
   Size size;
   std::vector<std::uint32_t> pixels;  ///< size.width * size.height of them.
@@ -24,9 +24,9 @@ namespace pictures {
 using Sizes = std::array<int, 2>;
 using Icons = std::array<std::optional<Picture>, 2>;
 
-/// Draws the first icon of a program file in both sizes, each a square of so many pixels; the file
-/// is read only once. Nothing where the file is missing, is no program or has no icons. Every
-/// handle taken on the way is given back.
+/// The first icon of a program file in both sizes, each a square of the given side in pixels. The
+/// file is read only once. Nothing where the file is missing, is no program or has no icons. All
+/// handles that this takes are closed again.
 [[nodiscard]] Icons programIcons(const std::wstring& file, const Sizes& sides);
 
 }  // namespace pictures

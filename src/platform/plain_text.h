@@ -1,8 +1,13 @@
-// Shortcuts for text of plain characters (ASCII), which nearly all text of the list files is. Every
-// code page that can be the system's has the plain characters as single bytes, and in every
-// language their letter case is the same, so that the system need not be asked about them.
+// Fast paths for text of plain characters (ASCII), which nearly all text of the list files is.
 //
-// Each comparison takes the slow way that settles it where other characters are involved.
+// In every code page that the system can have, the plain characters are single bytes, and in every
+// language their letter case is the same. So no call to the system is needed for them. Each
+// comparison calls a slow path when other characters are involved.
+//
+// This saves a call of the system's text functions, and often an allocation, per field. Rows
+// `load.100k`, `load.1m`, `add.100k` and `remove.100k` of ./bench include it; no row measures it
+// alone. The calls that it avoids stay within the process, so it matters on Windows and under Wine
+// alike.
 #pragma once
 
 #include <algorithm>
@@ -23,7 +28,8 @@ template <class Unit>
   return unit >= L'a' && unit <= L'z' ? static_cast<wchar_t>(unit - (L'a' - L'A')) : unit;
 }
 
-/// Writes the bytes into `text` as they are; false, with `text` undefined, when one is not plain.
+/// Copies the bytes into `text`. Returns false, and leaves `text` unspecified, when one of them is
+/// not plain.
 [[nodiscard]] inline bool widen(std::string_view bytes, std::wstring& text) {
   text.resize(bytes.size());
   unsigned all = 0;
@@ -35,8 +41,9 @@ template <class Unit>
   return isPlain(all);
 }
 
-/// Compares unit by unit after `convert`; `slow` decides from the first character on that is not
-/// plain. A difference before it settles the comparison: what stands in front of it stays as it is.
+/// Compares unit by unit after `convert`. At the first character that is not plain, `slow` decides.
+/// A difference before that character already decides, because it cannot change how the characters
+/// before it convert.
 template <class Text, class Convert, class Slow>
 [[nodiscard]] bool equals(Text text, std::wstring_view wanted, Convert convert, Slow slow) {
   for (std::size_t i = 0; i < text.size(); ++i) {

@@ -62,7 +62,7 @@ void RunTimeError::concern(const std::wstring& path) noexcept {
       path_ = path;
     }
   } catch (const std::bad_alloc&) {
-    // Without the path it is still the error that has to be told.
+    // The error is reported even if there is no memory for the path.
     path_.clear();
   }
 }

@@ -8,7 +8,7 @@
 
 namespace platform {
 
-/// Numbers of the run-time errors that the program tells apart or raises itself.
+/// Numbers of the run-time errors that the program raises itself or handles in a special way.
 namespace error {
 inline constexpr int invalidCall = 5;
 inline constexpr int overflow = 6;
@@ -30,29 +30,28 @@ inline constexpr int keyNotUnique = 35602;
 inline constexpr int cancelled = 32755;
 }  // namespace error
 
-/// A failed operation: a number and the text that belongs to it.
+/// A failed operation: an error number and its text.
 class RunTimeError : public std::exception {
  public:
-  /// An error with the text of the run-time's own table; a number that is not in it gets
+  /// An error with the text of the run-time's own table. A number that is not in the table gets
   /// "Application-defined or object-defined error".
   explicit RunTimeError(int number);
-  /// An error with a text of the raiser's own, and the raiser's name if it tells one.
+  /// An error with a text of its own and, optionally, the name of what raised it.
   RunTimeError(int number, std::wstring description, std::wstring source = {});
 
   [[nodiscard]] int number() const { return number_; }
   [[nodiscard]] const std::wstring& description() const { return description_; }
-  /// Name of what raised the error, "" where it does not tell.
+  /// Name of what raised the error, "" when unknown.
   [[nodiscard]] const std::wstring& source() const { return source_; }
-  /// The file or folder concerned, as the caller of the failed operation gave it; "" where none is
-  /// known.
+  /// The file or folder concerned, as the caller of the failed operation gave it; "" when unknown.
   [[nodiscard]] const std::wstring& path() const { return path_; }
-  /// Names the file or folder concerned, unless one is named already: whoever is nearer to the
-  /// failure knows better.
+  /// Sets the file or folder concerned, unless one is set already: the code closest to the failure
+  /// knows best.
   void concern(const std::wstring& path) noexcept;
   /// "53-File not found": the form in which messages quote an error.
   [[nodiscard]] std::wstring numberAndDescription() const;
-  /// Text of the report about an error that no routine trapped: "Run-time error '53':", an empty
-  /// line and the description; where a file or folder is known, an empty line and its path.
+  /// Text of the report of an error that no routine trapped: "Run-time error '53':", an empty line
+  /// and the description. If a file or folder is known, an empty line and its path follow.
   [[nodiscard]] std::wstring report() const;
   [[nodiscard]] const char* what() const noexcept override { return "run-time error"; }
 
@@ -63,8 +62,8 @@ class RunTimeError : public std::exception {
   std::wstring path_;
 };
 
-/// Runs an operation on a file or folder. A run-time error that leaves it names `path`, unless it
-/// names another one.
+/// Runs an operation on a file or folder. A run-time error that it raises gets the path `path`,
+/// unless the error names another path already.
 template <class Operation>
 decltype(auto) concerning(const std::wstring& path, Operation&& operation) {
   try {
@@ -75,10 +74,11 @@ decltype(auto) concerning(const std::wstring& path, Operation&& operation) {
   }
 }
 
-/// Raises the error `number` about the file or folder `path`.
+/// Raises the error `number` with the path of the file or folder concerned.
 [[noreturn]] void raiseAbout(const std::wstring& path, int number);
 
-/// The run-time error number for a Windows error code (57 for codes without one of their own).
+/// The run-time error number for a Windows error code (`error::deviceError` for codes that have no
+/// number of their own).
 [[nodiscard]] int errorNumberFromSystem(std::uint32_t systemError);
 
 }  // namespace platform

@@ -8,7 +8,7 @@
 namespace platform::screens {
 
 /// Work areas of all screens (without task bars), in pixels of the virtual screen, the primary
-/// one first. There is always at least one.
+/// screen's first. There is always at least one.
 [[nodiscard]] std::vector<Rect> workAreas();
 
 }  // namespace platform::screens

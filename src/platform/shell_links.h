@@ -16,12 +16,14 @@ struct Link {
   std::wstring workingDirectory;
 };
 
-/// Writes a shortcut; a file of that name is overwritten. Raises 429 when the system has no means
-/// of writing shortcuts, or the number of the failed save (70 in use, 75 read-only, 76 ...).
+/// Writes a shortcut; an existing file of that name is overwritten. Raises
+/// `error::cannotCreateObject` when the system cannot write shortcuts, or the error of the failed
+/// save (`error::permissionDenied`: in use, `error::pathFileAccess`: read-only,
+/// `error::pathNotFound` ...).
 void write(const std::wstring& linkPath, const Link& link);
 
-/// Target that the shortcut stores. A shortcut that cannot be read has the target "". The link is
-/// never resolved: no search, no prompt, no waiting for a drive that is away.
+/// Target that the shortcut stores, "" when the shortcut cannot be read. The link is never
+/// resolved: no search, no prompt, no waiting for a disconnected drive.
 [[nodiscard]] std::wstring targetOf(const std::wstring& linkPath);
 
 }  // namespace platform::shell_links

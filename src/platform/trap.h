@@ -1,4 +1,4 @@
-// For the routines that deal with their errors themselves, whatever these are.
+// For routines that handle their errors themselves, whatever these are.
 #pragma once
 
 #include <new>
@@ -10,8 +10,8 @@
 
 namespace platform {
 
-/// Runs `operation` and hands back the error that ended it; nothing when it came to its end.
-/// Running out of memory is error 7.
+/// Runs `operation` and returns the error that ended it; nothing when it ran to its end. Running
+/// out of memory becomes `error::outOfMemory`.
 template <class Operation>
 [[nodiscard]] std::optional<RunTimeError> trapped(const Operation& operation) {
   try {

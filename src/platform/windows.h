@@ -1,7 +1,7 @@
 // Native windows for the program's window objects.
 //
-// A window object and its controls are complete without any of this; these calls give them a
-// face. The native side holds peers that mirror property changes and call the raise functions.
+// A window object and its controls work without any of this; these calls make them visible. The
+// native side has peers, which mirror property changes and call the controls' `raise...` functions.
 #pragma once
 
 #include <string>
@@ -14,14 +14,15 @@ class Window;
 
 namespace platform::windows {
 
-/// Creates the hidden native window and the native controls of `window` and attaches their peers.
-/// Raises 7 when the system refuses a window.
+/// Creates the native window (hidden) and the native controls of `window`, and attaches their
+/// peers. Raises `error::outOfMemory` when the system refuses to create a window.
 void create(controls::Window& window);
 
 /// Detaches all peers of `window` and destroys its native windows and timers.
 void destroy(controls::Window& window);
 
-/// Processes messages until `window` is no longer loaded; other windows take no input meanwhile.
+/// Processes messages until `window` is no longer loaded. The program's other windows take no input
+/// meanwhile.
 void runModal(controls::Window& window);
 
 /// The program's main loop: processes messages until `mainWindow` is no longer loaded.

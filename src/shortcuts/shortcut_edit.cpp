@@ -28,8 +28,7 @@ namespace {
 
 constexpr std::wstring_view linkExtension = L".lnk";
 
-/// Shortcuts of the suite's own tools, in upper case. The first of them may be deleted, but not
-/// renamed.
+/// Shortcuts of the suite's own tools, in upper case. The first one may be deleted but not renamed.
 constexpr std::array<std::wstring_view, 7> protectedNames{
     L"SPRAWL.LNK",    L"MODELHOUSE.LNK",   L"BRUSHTALLYPC.LNK", L"PLOTVIEW.LNK",
     L"IMAGEKEEP.LNK", L"CANOPY WEIGH.LNK", L"UNITSHIFT.LNK",
@@ -45,20 +44,20 @@ bool protectedFromDeleting(const std::wstring& name) {
          protectedNames.end();
 }
 
-/// Path of the selected shortcut's file; raises 91 without a selected item.
+/// Path of the selected shortcut's file. Raises `error::objectNotSet` without a selected item.
 std::wstring selectedFile(const ShortcutList& shortcuts) {
   return shortcuts.list.subItem(shortcuts.list.selectedItem(), shortcut_column::file);
 }
 
-/// A shortcut file that a command may change, taken apart.
+/// A shortcut file that a command may change, and the parts of its path.
 struct Changeable {
   std::wstring file;  ///< Full path.
   std::wstring name;
   std::wstring folder;  ///< With a trailing backslash.
 };
 
-/// The selected shortcut, or nothing after telling the user why not: its file is gone, or
-/// `isProtected` holds for its name. Raises 91 without a selected item.
+/// The selected shortcut. When its file is gone or `isProtected` is true for its name, shows the
+/// reason and returns nothing. Raises `error::objectNotSet` without a selected item.
 std::optional<Changeable> changeable(ShortcutList& shortcuts,
                                      bool (*isProtected)(const std::wstring&),
                                      const std::wstring& refusal) {
@@ -67,7 +66,8 @@ std::optional<Changeable> changeable(ShortcutList& shortcuts,
     dialogs::showMessage(L"Please select shortcut");
     return std::nullopt;
   }
-  // The question that follows is about this one; only a reload may not put another in its place.
+  // The message box that follows is about this item. If a reload selects another one, that one is
+  // not chosen.
   shortcuts.list.adoptSelection();
   SplitPath(found.file, found.name, found.folder);
   if (isProtected(found.name)) {
@@ -133,7 +133,7 @@ void RenameShortcut(ShortcutList& shortcuts) {
     if (files::fileExists(selected->folder + answer + L".lnk")) {
       dialogs::showMessage(upper(answer) + L" already exists, can't change name");
     } else {
-      // The renamed shortcut goes to the program's own folder, out of this list.
+      // The renamed shortcut moves to the program's own folder and so leaves this list.
       files::copy(selected->file, CanonicalPath(AppFolder()) + L"\\shortcuts\\" + answer + L".lnk");
       files::remove(selectedFile(shortcuts));
     }
@@ -159,7 +159,7 @@ void DeleteShortcut(ShortcutList& shortcuts) {
   if (!files::fileExists(doomed)) {
     return;
   }
-  // A shortcut that cannot be deleted is still in the list that is loaded next.
+  // If the shortcut could not be deleted, the reload lists it again.
   RemoveIgnoringErrors(doomed);
   LoadShortcutList(shortcuts);
 }

@@ -19,11 +19,11 @@ namespace files = platform::files;
 
 namespace {
 
-/// Sides of large and small icons at 96 dpi.
+/// Sides of large and small icons in pixels at 96 dpi.
 constexpr std::array iconSides{32, 16};
 
 /// The icon at `side` pixels, or a blank picture when there is none. The icon is drawn with a
-/// margin of one pixel, which is not taken over: scaling it away would blur the icon.
+/// margin of one pixel, which is then cut off: scaling the icon to that size would blur it.
 Picture drawn(controls::PictureBox& surface, const std::optional<Picture>& icon, int side) {
   constexpr int margin = 1;
   surface.loadEmptyPicture({side + 2 * margin, side + 2 * margin});

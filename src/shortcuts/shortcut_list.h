@@ -1,5 +1,5 @@
-// The Tools tab: the shortcuts of the user's shortcuts folder with their programs' icons, and the
-// commands that create, rename and delete them.
+// The Tools tab: lists the shortcuts in the user's shortcuts folder with their programs' icons;
+// creates, renames and deletes shortcuts.
 #pragma once
 
 #include <array>
@@ -16,11 +16,11 @@ namespace modSC {
 namespace shortcut_column {
 inline constexpr std::size_t file = 2;    ///< Full path of the shortcut file.
 inline constexpr std::size_t target = 3;  ///< Path of the program that it starts.
-/// The columns that tell one shortcut from another.
+/// The columns that identify a shortcut.
 inline const std::vector<std::size_t> entry{file};
 }  // namespace shortcut_column
 
-/// What the shortcuts work with on the main window.
+/// The parts of the main window that the shortcuts use.
 struct ShortcutList {
   controls::ListView& list;
   /// [0] large and [1] small icons, keyed by the shortcut's file name.
@@ -35,24 +35,26 @@ struct ShortcutList {
 /// error stops the rebuild and goes to the caller; the items added before it stay.
 void LoadShortcutList(ShortcutList& shortcuts);
 
-/// Draws the icons of all listed shortcuts again, for a changed `dpi`.
+/// Draws the icons of all listed shortcuts again, after `dpi` has changed.
 void RedrawShortcutIcons(ShortcutList& shortcuts);
 
-/// Double-click on the Tools tab: starts the target of the selected shortcut, with nothing of the
-/// shortcut's arguments. False when nothing was started.
+/// Double-click on the Tools tab: starts the target of the selected shortcut, without the
+/// shortcut's arguments. Returns false when nothing was started.
 [[nodiscard]] bool StartSelectedShortcut(const ShortcutList& shortcuts);
 
-/// Shows the open dialog for a program. `errorNumber` is 0 and `path` the chosen file, or the
-/// number of what went wrong (32755: cancelled) and `path` is "". No error escapes.
+/// Shows the open dialog for a program. On success `errorNumber` is 0 and `path` is the chosen
+/// file. Otherwise `errorNumber` is the number of the error (`error::cancelled` when the user
+/// cancelled) and `path` is "". No error escapes.
 void BrowseForProgram(controls::CommonDialog& dialog, int& errorNumber, std::wstring& path);
 
-/// Create on the Tools tab: a shortcut to a program that the user chooses.
+/// Create on the Tools tab: creates a shortcut to a program that the user chooses.
 void CreateShortcut(ShortcutList& shortcuts);
 
-/// Rename on the Tools tab. Raises 91 without a selected item, and what the copy raises.
+/// Rename on the Tools tab. Raises `error::objectNotSet` without a selected item, and what the copy
+/// raises.
 void RenameShortcut(ShortcutList& shortcuts);
 
-/// Delete on the Tools tab. Raises 91 without a selected item.
+/// Delete on the Tools tab. Raises `error::objectNotSet` without a selected item.
 void DeleteShortcut(ShortcutList& shortcuts);
 
 }  // namespace modSC

@@ -1,5 +1,5 @@
-// Stable native ids of the splash window's controls. Outside tests and assistive tools rely on
-// them: numbers are never reused, in no window of the program.
+// Stable native ids of the splash window's controls. External tests and assistive tools rely on
+// them. A number is never used again, in any window of the program.
 #pragma once
 
 namespace ids {

@@ -1,4 +1,4 @@
-// Who the program is to the system and to its user.
+// The identity of the program, for the system and for the user.
 #include "platform/application.h"
 
 namespace platform::application {

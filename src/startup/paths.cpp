@@ -24,7 +24,7 @@ void EnsureFolder(const std::wstring& path) {
 
 void InitUserFolders() {
   std::wstring documents = smodFolders::GetSpecialFolder(platform::folders::personal);
-  // The shell ends the documents folder with a backslash when it is a drive's root.
+  // If the documents folder is a drive's root, the shell's path ends in a backslash.
   if (documents.ends_with(L'\\')) {
     documents.pop_back();
   }
@@ -39,7 +39,7 @@ void InitUserFolders() {
 namespace smodFolders {
 namespace {
 
-/// Never shown; it only lends its handle to the shell.
+/// Never shown; provides an owner window for the shell.
 class frmSpecialFolders : public controls::Window {
  public:
   frmSpecialFolders() : Window(L"frmSpecialFolders", controls::WindowKind::hidden) {}
@@ -85,7 +85,7 @@ std::wstring CanonicalPath(const std::wstring& path) {
 void SplitPath(const std::wstring& path, std::wstring& name, std::wstring& folder) {
   const std::size_t last = path.rfind(L'\\');
   const std::size_t behind = last == std::wstring::npos ? 0 : last + 1;
-  // The outputs may be the very string that is split.
+  // Copies, because the outputs may be the same string as the input.
   std::wstring lastPart = path.substr(behind);
   std::wstring before = path.substr(0, behind);
   name = std::move(lastPart);

@@ -1,4 +1,4 @@
-// The folders that the program lives in, and the operations on paths that its parts share.
+// The program's folders, and operations on paths that all parts share.
 #pragma once
 
 #include <string>
@@ -13,11 +13,13 @@ extern std::wstring ShortCutsFolder;
 /// Folder of the launcher's own executable, without a trailing backslash.
 [[nodiscard]] std::wstring AppFolder();
 
-/// Computes `UserFolder` and `ShortCutsFolder` and creates each that is missing. Raises the
-/// platform's error when a folder cannot be created (76: the documents folder is missing).
+/// Computes `UserFolder` and `ShortCutsFolder` and creates those that are missing. Raises the
+/// platform's error when a folder cannot be created (`error::pathNotFound`: the documents folder is
+/// missing).
 void InitUserFolders();
 
-/// Creates a folder unless a directory search finds one of that name. Raises 75 or 76.
+/// Creates a folder unless a directory search finds one of that name. Raises
+/// `error::pathFileAccess` or `error::pathNotFound`.
 void EnsureFolder(const std::wstring& path);
 
 }  // namespace modQMKGeneral
@@ -31,13 +33,13 @@ namespace smodFolders {
 
 namespace SmodMisc {
 
-/// The path with every component written as it is stored on disk (long name, letter case) and
-/// without a trailing backslash; "" when it is empty or a component does not exist. The first two
-/// characters are taken as the drive, so network paths are not supported.
+/// The path with every component spelled as on the disk (long name, letter case) and without a
+/// trailing backslash; "" when it is empty or a component does not exist. The first two characters
+/// are taken as the drive, so network paths are not supported.
 [[nodiscard]] std::wstring CanonicalPath(const std::wstring& path);
 
-/// Splits at the last backslash: `name` is what follows it, `folder` everything up to and
-/// including it. Without a backslash `name` is the whole path and `folder` is empty.
+/// Splits at the last backslash: `name` is the part after it, `folder` the part up to and including
+/// it. Without a backslash `name` is the whole path and `folder` is empty.
 void SplitPath(const std::wstring& path, std::wstring& name, std::wstring& folder);
 
 }  // namespace SmodMisc

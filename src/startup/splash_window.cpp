@@ -22,7 +22,7 @@ constexpr int displayInterval = 1000;
 constexpr std::int16_t displaySeconds = 3;
 constexpr const wchar_t* registeredSign = L"\x00AE";
 
-/// Colours that the picture gives its two areas of text.
+/// Text colours that suit the picture's two areas for text.
 constexpr int onLight = 0x1E4632;
 constexpr int onDark = 0xF5EFDD;
 constexpr platform::Size pictureSize{480, 300};

@@ -1,4 +1,4 @@
-// The window that is shown while the program gets ready.
+// The window that is shown during start-up.
 #pragma once
 
 #include <cstdint>
@@ -6,8 +6,8 @@
 #include "platform/controls/simple_controls.h"
 #include "platform/controls/window.h"
 
-/// Shows release and copyright, checks that the program runs only once, prepares folders and tool
-/// shortcuts, and fades out on a click, a key or the third second.
+/// Shows release and copyright, checks that only one copy of the program runs, prepares folders and
+/// tool shortcuts, and fades out after a click, a key or three seconds.
 class frmSplash : public controls::Window {
  public:
   frmSplash();
@@ -17,13 +17,13 @@ class frmSplash : public controls::Window {
   controls::Label lblTM;
   controls::Label lblApp;
   controls::Label lblCopyRight;
-  controls::Timer Timer1;  ///< A step of the fade-out.
-  controls::Timer Timer2;  ///< The display time, in seconds.
+  controls::Timer Timer1;  ///< Steps of the fade-out.
+  controls::Timer Timer2;  ///< Seconds of the display time.
 
   void Timer1_Timer();
   void Timer2_Timer();
 
-  /// Whether the load got past the folders that the program cannot do without.
+  /// Whether the load has created the folders that the program needs.
   [[nodiscard]] bool foldersReady() const { return foldersReady_; }
 
  protected:
@@ -35,7 +35,7 @@ class frmSplash : public controls::Window {
 
  private:
   void Form_Initialize();
-  /// Applies a level as the opacity of the whole window. The result is always false.
+  /// Sets the opacity of the whole window. Always returns false.
   bool TranslucentForm(std::uint8_t& TranslucenceLevel);
 
   std::uint8_t fadeLevel_ = 0;

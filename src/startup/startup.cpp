@@ -23,7 +23,7 @@ using platform::application::processPendingMessages;
 
 namespace {
 
-/// Registers the example canopy file once per user.
+/// Adds the example canopy file to the catalogue, once per user.
 void registerExample() {
   constexpr const wchar_t* section = L"General";
   constexpr const wchar_t* key = L"CWIExample";
@@ -41,7 +41,7 @@ void registerExample() {
 bool Gateway::prepare() {
   return dispatch([this] {
     modQMKGeneral::InitUserFolders();
-    // No tick may reload the list half-way through.
+    // Off, because a tick must not reload the list during start-up.
     main.tmrFileUpdate.setEnabled(false);
     main.load();
     processPendingMessages();
@@ -50,7 +50,7 @@ bool Gateway::prepare() {
 }
 
 void Gateway::showSplash() {
-  // A tool shortcut that cannot be written ends the splash, but not the start.
+  // If a tool shortcut cannot be written, the splash ends but start-up continues.
   dispatch([this] { splash.showModal(); });
 }
 
@@ -68,7 +68,7 @@ void Gateway::fillLists() {
       [this] { main.tmrFileUpdate.setEnabled(true); },
   };
   for (const auto& step : steps) {
-    // The user may close the window while messages run.
+    // The user may close the window while messages are processed.
     if (main.loaded()) {
       dispatch(step);
     }
@@ -80,7 +80,8 @@ bool Gateway::start() {
     return false;
   }
   showSplash();
-  // The parts of the main window are made while the splash is up; without them it is gone.
+  // The main window creates its parts while the splash is visible; if that failed, the window is
+  // not loaded any more.
   if (!splash.foldersReady() || !main.loaded() || !dispatch([this] { main.show(); })) {
     return false;
   }

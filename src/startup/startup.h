@@ -1,4 +1,4 @@
-// The program's entry and the order in which it gets ready.
+// The program's main function and the order of start-up.
 #pragma once
 
 #include "mainwindow/main_window.h"
@@ -6,15 +6,15 @@
 
 namespace modSystem {
 
-/// The running program: it owns the windows and brings them up.
+/// The running program: owns the windows and shows them.
 class Gateway {
  public:
   frmQMK main;
   frmSplash splash;
 
-  /// The start-up sequence. False when it ended early, after a report: a folder that the program
-  /// needs could not be created, or the main window could not be made. An error after the main
-  /// window is up is reported, and the next step still runs.
+  /// The start-up sequence. Returns false when it ended early, after a report: a folder that the
+  /// program needs could not be created, or the main window could not be created. Once the main
+  /// window is visible, an error is reported and the next step still runs.
   bool start();
 
  private:
@@ -23,7 +23,7 @@ class Gateway {
   void fillLists();
 };
 
-/// Runs the program; the result is the process's exit code.
+/// Runs the program and returns the exit code of the process.
 int Main();
 
 }  // namespace modSystem

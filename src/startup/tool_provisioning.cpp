@@ -20,9 +20,9 @@ namespace {
 struct Tool {
   const wchar_t* shortcut;
   const wchar_t* executable;
-  /// Compared, with regard to case, with the upper-cased name of the shortcut's target. A name
-  /// with small letters never matches: such a shortcut is written afresh at every start, and
-  /// goes when its tool is not installed.
+  /// Compared case-sensitively with the upper-cased name of the shortcut's target. A value with
+  /// lower-case letters never matches: such a shortcut is written again at every start, and deleted
+  /// when its tool is not installed.
   const wchar_t* expectedTarget;
 };
 
@@ -35,16 +35,17 @@ constexpr std::array tools{
     Tool{L"Unitshift.lnk", L"unishift3.exe", L"unishift4.exe"},
 };
 
-/// The two folders as they are spelled on the disk. Every part of a path is looked up for that, so
-/// it is done once for all tools.
+/// The two folders as they are spelled on the disk. That needs a look-up for every component of a
+/// path, so it is done once for all tools. Row `start.splash` of ./bench includes it
+/// (docs/performance.md, "Start").
 struct Folders {
   std::wstring shortcuts;
   std::wstring application;
 };
 
 void removeObsoleteShortcuts(const Folders& folders) {
-  // An obsolete shortcut that is missing, protected or in use does no harm, and must not keep the
-  // tools from getting theirs.
+  // An obsolete shortcut that is missing, protected or in use does no harm, and must not prevent
+  // the tools from getting theirs.
   const std::wstring oldest = folders.shortcuts + L"\\PlotviewX.lnk";
   if (files::fileExists(oldest)) {
     RemoveIgnoringErrors(oldest);

@@ -3,9 +3,10 @@
 
 namespace modSC {
 
-/// Makes sure that every suite tool in the application folder has a fresh shortcut in the
-/// shortcuts folder, and that obsolete and misdirected ones go. Shortcuts to other programs are
-/// never touched. Errors of saving, and of deleting anything but an obsolete one, go to the caller.
+/// Gives every suite tool in the application folder a newly written shortcut in the shortcuts
+/// folder, and deletes obsolete and misdirected shortcuts. Never changes shortcuts to other
+/// programs. Errors of saving go to the caller, and errors of deleting anything but an obsolete
+/// shortcut.
 void ProvisionToolShortcuts();
 
 }  // namespace modSC

@@ -6,11 +6,11 @@
 
 namespace smodBrowser {
 
-/// Show command with which the program opens addresses.
+/// Show command for opening addresses.
 inline constexpr int showCommand = 0;
 
-/// Opens an address with what the shell has registered for it and hands back the shell's result;
-/// 32 or less is a failure, which shows nothing.
+/// Opens an address with the program that is registered for it and returns the shell's result; 32
+/// or less means a failure, which is not shown.
 std::intptr_t OpenURL(const std::wstring& address, int show);
 
 }  // namespace smodBrowser

@@ -1,10 +1,10 @@
-// Stable native ids of the web dialog's controls. Outside tests and assistive tools rely on them:
-// numbers are never reused, in no window of the program.
+// Stable native ids of the web dialog's controls. External tests and assistive tools rely on them.
+// A number is never used again, in any window of the program.
 #pragma once
 
 namespace ids {
 
-// The buttons have the ids by which a dialog answers Enter and Esc.
+// The buttons have the ids for which a dialog handles Enter and Esc.
 inline constexpr int webOK = 1;
 inline constexpr int webCancel = 2;
 inline constexpr int webLabel1 = 1200;

@@ -43,8 +43,8 @@ void frmWeb::Form_Load() { OC_COLOR::ApplyFlatStyle(*this); }
 void frmWeb::layout(platform::Size client, int dpi) {
   const auto at = [dpi](int length) { return scaled(length, dpi); };
   const int margin = at(12);
-  // A flat field is as high as its text with a pixel above and below, and the ring around it: the
-  // system writes at the top of a field without a border.
+  // Height of a flat field: its text, one pixel above and below, and the ring around it. The system
+  // draws the text at the top of a field without a border.
   constexpr int ring = 2;
   const int textHeight = platform::windows::textSize(L"Xg", {}, dpi).height;
   const int rowHeight = textHeight + 2 * ring;
@@ -52,7 +52,8 @@ void frmWeb::layout(platform::Size client, int dpi) {
   const int fieldLeft = margin + labelWidth + at(4);
   const int fieldWidth = std::max(0, client.width - fieldLeft - margin);
   const auto row = [&](int top, controls::Label& label, controls::TextBox& field) {
-    // The label's text stands on the base line of the field's, which loses a pixel to its ring.
+    // The base lines of the label and of the field's text are the same; the field's text is one
+    // pixel lower because of the ring.
     label.setBounds({margin, top + 1, labelWidth, textHeight});
     field.setBounds({fieldLeft, top, fieldWidth, rowHeight});
   };
@@ -71,7 +72,7 @@ void frmWeb::cmdOK_Click() {
     modQMKGeneral::AppendWebEntry(web_, txtName.text(), txtUrl.text());
     unload();
   } else if (cmdOK.caption() == L"Rename") {
-    // What was typed stays where the entry that it was meant for is gone.
+    // If the entry is gone, the dialog stays open with what was typed.
     if (modQMKGeneral::SaveWebList(web_, txtName.text(), txtUrl.text())) {
       unload();
     }

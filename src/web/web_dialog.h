@@ -7,11 +7,11 @@
 #include "platform/controls/window.h"
 #include "web/web_list.h"
 
-/// The caption of its OK button tells what it does: "Create" or "Rename". It is modeless, and made
-/// afresh for every showing.
+/// The caption of its OK button says what it does: "Create" or "Rename". It is modeless and is
+/// created again for every showing.
 class frmWeb : public controls::Window {
  public:
-  /// Caption of the dialog as loaded.
+  /// Caption of the dialog when it is loaded.
   static constexpr const wchar_t* createCaption = L"Create a Web Short Cut";
 
   explicit frmWeb(modQMKGeneral::WebList& web);

@@ -27,7 +27,7 @@ std::string recordOf(const std::wstring& name, const std::wstring& url) {
   return list_file::line({toCodePage(name), toCodePage(url)});
 }
 
-/// All items of a list as the file's contents.
+/// All items of a list as the contents of the file.
 std::string recordsOf(const ListView& list) {
   std::string bytes;
   for (std::size_t index = 0; index < list.count(); ++index) {
@@ -74,19 +74,19 @@ void AppendWebEntry(WebList& web, const std::wstring& name, const std::wstring& 
 bool SaveWebList(WebList& web, const std::wstring& name, const std::wstring& url) {
   ListView& list = web.lists.at(static_cast<std::size_t>(web.tabs.current()));
   if (!web.list().whole()) {
-    // What could not be read whole must not become the file.
+    // A list that could not be read completely must not be written to the file.
     LoadWebList(web);
   }
   if (!web.list().whole() || !controls::selectionIsChosen(list)) {
     return false;
   }
   list.update([&] {
-    // A sorted list may move the item between the two.
+    // Between the two calls a sorted list may move the item.
     list.setText(list.selectedItem(), name);
     list.setSubItem(list.selectedItem(), urlColumn, url);
   });
   const auto failure = trapped([&web, &list] {
-    // The file becomes what the list holds, whatever it holds itself.
+    // The file gets the contents of the list, whatever the file contains.
     list_file::overwrite(WebListFile(), TemporaryFile(), recordsOf(list));
     LoadWebList(web);
   });

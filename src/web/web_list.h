@@ -13,10 +13,10 @@ namespace modQMKGeneral {
 
 /// Sub-item of the Web list that holds the address.
 inline constexpr std::size_t urlColumn = 1;
-/// The columns that tell one entry from another.
+/// The columns that identify an entry.
 inline const std::vector<std::size_t> webEntry{0, urlColumn};
 
-/// What the web list works with on the main window.
+/// The parts of the main window that the web list uses.
 struct WebList {
   std::array<controls::ListView, 4>& lists;
   const controls::TabControl& tabs;
@@ -28,22 +28,23 @@ struct WebList {
 
 [[nodiscard]] std::wstring WebListFile();
 
-/// Refills the Web tab's list from the file; a missing file is an empty list. Errors are trapped
+/// Refills the Web tab's list from the file; a missing file gives an empty list. Errors are trapped
 /// and shown as "Problem reading Web file list"; the items read so far stay.
 void LoadWebList(WebList& web);
 
-/// Adds a record at the end of the file, which is created when it is missing, and reloads the
-/// list. The texts are stored as they are. Errors go to the caller.
+/// Appends a record to the file, which is created when it is missing, and reloads the list. The
+/// texts are stored unchanged. Errors go to the caller.
 void AppendWebEntry(WebList& web, const std::wstring& name, const std::wstring& url);
 
-/// Puts name and address into the selected item of the list of the tab in front, writes all items
-/// of that list to the file, and reloads the Web list. Errors of the file are trapped and shown
-/// as "Problem saving to QMK list"; without a selected item 91 goes to the caller. False, and
-/// nothing is done but told, when a reload has taken the item away that was to be changed.
+/// Puts name and address into the selected item of the current tab's list, writes all items of that
+/// list to the file, and reloads the Web list. Errors of the file are trapped and shown as "Problem
+/// saving to QMK list"; without a selected item `error::objectNotSet` goes to the caller. Returns
+/// false and changes nothing, after a message, when a reload has removed the item that was to be
+/// changed.
 bool SaveWebList(WebList& web, const std::wstring& name, const std::wstring& url);
 
-/// Drops every record of exactly that name and reloads the list. Errors go to the caller (53: no
-/// file).
+/// Drops every record with exactly that name and reloads the list. Errors go to the caller
+/// (`error::fileNotFound`: no file).
 void DeleteWebEntry(WebList& web, const std::wstring& name);
 
 }  // namespace modQMKGeneral

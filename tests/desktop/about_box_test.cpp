@@ -97,7 +97,7 @@ TEST_P(AboutBoxLayout, TheSignFollowsTheTitleAndNothingIsClipped) {
     const RECT place = harness::screenRect(box.control(id));
     return static_cast<int>(place.bottom - place.top);
   };
-  // A line of text is never lower than its font is high.
+  // A line of text is at least as high as its font.
   constexpr int pointsPerInch = 72;
   const auto dpi = static_cast<int>(GetParam());
   EXPECT_GE(height(ids::lblTitle), MulDiv(14, dpi, pointsPerInch));

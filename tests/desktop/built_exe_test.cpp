@@ -1,8 +1,8 @@
-// What the built program file carries, read from its bytes.
+// The contents of the built program file, read from its bytes.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <windows.h>
-// The shell's header relies on the first.
+// Needs <windows.h> first.
 #include <shellapi.h>
 
 #include <algorithm>
@@ -18,7 +18,7 @@
 namespace desktop_tests {
 namespace {
 
-/// The program file, with the few of its structures that the tests ask for.
+/// The program file, with those of its structures that the tests need.
 class BuiltExe : public ::testing::Test {
  protected:
   void SetUp() override {
@@ -45,7 +45,7 @@ class BuiltExe : public ::testing::Test {
     return value;
   }
 
-  /// Place in the file of an address of the loaded image.
+  /// Offset in the file for an address of the loaded image.
   [[nodiscard]] std::size_t offsetOf(DWORD address) const {
     const std::size_t first = static_cast<std::size_t>(read<IMAGE_DOS_HEADER>(0).e_lfanew) +
                               offsetof(IMAGE_NT_HEADERS, OptionalHeader) +
@@ -112,7 +112,7 @@ class BuiltExe : public ::testing::Test {
   HMODULE module_ = nullptr;
 };
 
-// The tests are built for the same machine as the program.
+// The tests are built for the same processor as the program.
 #ifdef _WIN64
 constexpr WORD machine = IMAGE_FILE_MACHINE_AMD64;
 constexpr WORD addressFlags =

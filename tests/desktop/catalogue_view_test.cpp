@@ -10,9 +10,9 @@ using harness::ListViewReader;
 using Rows = std::vector<std::vector<std::wstring>>;
 
 constexpr const wchar_t* date = L"11/20/2026 9:15:00 AM";
-// The watch looks once a second; the rest is what a busy machine takes.
+// The watch ticks once a second; the rest is for a busy machine.
 constexpr int twoSeconds = 2000;
-// Long enough for two looks of the watch.
+// Long enough for two ticks of the watch.
 constexpr int twoLooksMs = 2500;
 
 class CatalogueView : public GatewayTest {
@@ -26,14 +26,14 @@ class CatalogueView : public GatewayTest {
     app->startToMain();
   }
 
-  /// Puts new contents in the place of the catalogue file in one step, as a careful program does.
+  /// Atomically replaces the catalogue file, as a careful program does.
   void replaceCatalogue(const std::string& bytes, std::uint64_t changeTime = 0) const {
     const std::wstring fresh = app->testFolder() + L"\\fresh.txt";
     harness::writeFile(fresh, bytes);
     if (changeTime != 0) {
       harness::setChangeTime(fresh, changeTime);
     }
-    // The program may be reading it at this moment; a careful program tries again.
+    // The program may be reading it at this moment, so a careful program tries again.
     harness::waitUntil("the catalogue file is replaced", [&] {
       return MoveFileExW(fresh.c_str(), app->cataloguePath().c_str(), MOVEFILE_REPLACE_EXISTING) !=
              FALSE;
@@ -95,7 +95,7 @@ TEST_F(CatalogueView, GivesEachKindItsPicture) {
 
 TEST_F(CatalogueView, ShowsWhatAnotherProgramWritesWithinTwoSeconds) {
   startWith(record(L"FP3", L"D:\\1.fp3"));
-  // The first change shows that the watch has begun.
+  // The first change shows that the watch is running.
   replaceCatalogue(record(L"FP3", L"D:\\1.fp3") + record(L"FP3", L"D:\\2.fp3"));
   ASSERT_TRUE(eventually([&] { return list().count(); }, 2));
   replaceCatalogue(record(L"BI3", L"D:\\3.bi3"));
@@ -112,7 +112,7 @@ TEST_F(CatalogueView, FollowsTheFileOnEveryTab) {
 
 TEST_F(CatalogueView, LooksOnlyAtTheTimeOfTheLastChange) {
   startWith(record(L"FP3", L"D:\\1.fp3"));
-  // The first change may be shown by start-up itself, the second one only by the watch.
+  // Start-up itself may show the first change; only the watch shows the second one.
   for (const wchar_t* name : {L"first.fp3", L"2.fp3"}) {
     replaceCatalogue(record(L"FP3", L"D:\\" + std::wstring(name)));
     ASSERT_TRUE(eventually([&] { return list().texts(); }, ElementsAre(name)));

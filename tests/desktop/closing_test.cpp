@@ -1,4 +1,4 @@
-// Closing the main window: the question on every way, and both answers.
+// Closing the main window: the question for every way of closing, and both answers.
 #include "gateway_test.h"
 #include "harness/end_of_session.h"
 

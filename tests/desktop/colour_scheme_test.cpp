@@ -1,5 +1,5 @@
-// The program in a scheme of colours that has nothing in common with the usual one: everything that
-// is written stays readable, because text and background come from the same source.
+// The program in a colour scheme that differs completely from the usual one: all texts stay
+// readable, because text and background colours have the same source.
 #include "gateway_test.h"
 #include "harness/forms.h"
 #include "harness/looks.h"
@@ -15,10 +15,10 @@ constexpr COLORREF white = RGB(255, 255, 255);
 constexpr COLORREF green = RGB(0, 255, 0);
 constexpr COLORREF darkBlue = RGB(0, 0, 128);
 
-/// What people with weak eyes need at least.
+/// The minimum contrast for people with weak eyes.
 constexpr double readable = 4.5;
 
-/// Part of a control's place without its frame.
+/// Part of a control's rectangle without its frame.
 RECT inside(RECT place, int margin = 3) {
   InflateRect(&place, -margin, -margin);
   return place;
@@ -35,7 +35,8 @@ class ColourScheme : public GatewayTest {
                        "\"Maps\",\"http://m.example/\"\r\n\"Soil\",\"http://s.example/\"\r\n");
   }
 
-  /// Waits until a place is readable on a background; how it looks is the failure's text.
+  /// Waits until the text in a rectangle is readable on its background. The failure text describes
+  /// how it looks.
   static void expectReadable(const std::string& what, const RECT& place, COLORREF background) {
     Writing seen;
     const bool good = harness::waitFor(
@@ -80,7 +81,7 @@ class ColourScheme : public GatewayTest {
         expectReadable("caption of a toolbar button", caption, face);
       }
       if (tab == Tab::open) {
-        // Its colours are its own, whatever those of the system are.
+        // The button has its own colours, whatever the system's colours are.
         expectReadable("the browse button", inside(harness::screenRect(app->browseButton()), 4),
                        RGB(192, 192, 255));
         harness::moveTo(harness::centreOf(harness::screenRect(app->browseButton())));
@@ -160,7 +161,7 @@ TEST_F(ColourScheme, YellowOnBlackIsReadableEverywhere) {
 }
 
 TEST_F(ColourScheme, AChangeWhileItRunsIsFollowed) {
-  // Without a theme, whose pictures would stay.
+  // Without a theme, whose pictures would not change.
   const harness::ColourScheme scheme({{L"Window", white}, {L"WindowText", black}});
   app->startToMain();
   app->selectTab(Tab::open);
@@ -191,7 +192,8 @@ TEST_F(ColourScheme, TheSelectionOfAListWithoutTheFocusIsSeen) {
       << harness::colourText(harness::writingAt(row).background) << ", not "
       << harness::colourText(highlight);
   harness::pressKey(VK_TAB);
-  // A frame round it in the colour that it had: at least as long as it is wide above and below.
+  // A frame in the former colour remains around it. Its top and bottom edges alone have twice as
+  // many pixels as its width.
   const auto width = static_cast<std::size_t>(row.right - row.left - 4);
   // The background, and how many pixels have its former colour.
   EXPECT_TRUE(eventually(

@@ -14,7 +14,7 @@ class ColumnClick : public ShortcutTest {
     harness::writeFile(app->folder() + L"\\QMKWebList.txt",
                        "\"a\",\"http://z.example/\"\r\n\"b\",\"http://y.example/\"\r\n");
     app->startToMain();
-    // Start-up itself may show the first change; the second one shows that the watch is at rest.
+    // Start-up itself may show the first change; the second one shows that nothing else is pending.
     showRecords("");
     showRecords(records_);
     expectSorted({L"a.fp3", L"b.cw3", L"c.bi3"}, 0, HDF_SORTUP);
@@ -38,7 +38,7 @@ class ColumnClick : public ShortcutTest {
   void clickHeader(int tab, int column) {
     harness::bringToFront(app->main());
     POINT place = harness::centreOf(app->list(tab).headerOnScreen(column));
-    // Two clicks at one place would make a double-click.
+    // Two clicks at one point would be a double-click.
     elsewhere_ = !elsewhere_;
     place.x += elsewhere_ ? 12 : -12;
     harness::clickAt(place, app->main());

@@ -1,4 +1,4 @@
-// The program is carried to a screen of another density while it runs, and back again.
+// The program is moved to a screen with another dpi while it runs, and back again.
 #include <array>
 #include <ostream>
 
@@ -10,9 +10,9 @@
 namespace desktop_tests {
 namespace {
 
-/// Everything of the main window that depends on the density.
+/// Everything in the main window that depends on the dpi.
 struct Facts {
-  std::map<std::string, int> lengths;     ///< Pixels; proportional to the density.
+  std::map<std::string, int> lengths;     ///< Pixels; proportional to the dpi.
   std::map<std::string, RECT> places;     ///< Relative to the client area.
   std::vector<std::vector<int>> columns;  ///< Widths, list by list.
 };
@@ -25,13 +25,13 @@ class DensityChange : public GatewayTest, public ::testing::WithParamInterface<i
  protected:
   void SetUp() override { GatewayApp::skipExample(); }
 
-  /// Tells a window of the program that its screen has another density now, and the place that is
-  /// meant for it there.
+  /// Notifies a window of the program that its screen has another dpi now, with the rectangle that
+  /// the system suggests for it.
   static void carryTo(HWND window, int dpi, const RECT& place) {
     harness::RemoteMemory memory(window, sizeof(RECT));
     memory.put(place);
     harness::send(window, WM_DPICHANGED, MAKEWPARAM(dpi, dpi), memory.parameter());
-    // What the parts ask of the window in between is done, too.
+    // Also waits for what its controls ask of the window meanwhile.
     harness::send(window, WM_NULL);
   }
 
@@ -85,7 +85,7 @@ class DensityChange : public GatewayTest, public ::testing::WithParamInterface<i
     found.lengths["height of a tab"] = height(app->tabs().tabOnScreen(0));
     found.lengths["height of a toolbar button"] =
         height(app->toolbar().buttonOnScreen(ids::buttonList));
-    // Too narrow a button would cut its caption off.
+    // A button that is too narrow would cut off its caption.
     found.lengths["width of a toolbar button"] =
         width(app->toolbar().buttonOnScreen(ids::buttonRename));
     found.lengths["width of the browse button"] = width(found.places["browse button"]);
@@ -94,7 +94,7 @@ class DensityChange : public GatewayTest, public ::testing::WithParamInterface<i
     return found;
   }
 
-  /// Whether nothing lies outside or over another part.
+  /// Checks that no part lies outside or over another part.
   void expectInOrder() const {
     const RECT client = harness::clientOnScreen(app->main());
     const RECT bar = harness::screenRect(app->toolbar().window());
@@ -129,14 +129,14 @@ TEST_P(DensityChange, TheMainWindowFollowsAndComesBack) {
   EXPECT_EQ(before.lengths.at("large pictures of list 0"), 32);
 
   const int dpi = GetParam();
-  // Not the size that the program would choose: the place is the system's to give.
+  // The size differs from the program's own choice, because the system decides it.
   const RECT suggested{20, 30, 20 + scaledTo(620, dpi), 30 + scaledTo(400, dpi)};
   carryTo(app->main(), dpi, suggested);
   const RECT there = harness::screenRect(app->main());
   EXPECT_NE(EqualRect(&there, &suggested), FALSE) << "not where the system wants it";
   const Facts carried = facts();
   for (const auto& [what, length] : before.lengths) {
-    // Rounding of fonts, and the system's own lines of a pixel.
+    // For the rounding of fonts, and for the system's lines of one pixel.
     const int slack = what.find("pictures") != std::string::npos ? 0 : 1 + length / 7;
     EXPECT_NEAR(carried.lengths.at(what), scaledTo(length, dpi), slack) << what;
   }
@@ -164,8 +164,7 @@ INSTANTIATE_TEST_SUITE_P(To, DensityChange, ::testing::Values(120, 144, 168, 192
 
 class DialogDensity : public DensityChange {
  protected:
-  /// Carries a dialog to twice the density and back; every control has to grow with it and to
-  /// lie inside.
+  /// Moves a dialog to twice the dpi and back. Every control must grow with it and stay inside.
   static void expectFollows(HWND dialog) {
     struct Part {
       RECT place;
@@ -174,7 +173,7 @@ class DialogDensity : public DensityChange {
     const auto parts = [dialog] {
       std::map<HWND, Part> found;
       for (HWND const control : harness::children(dialog)) {
-        // A picture writes nothing.
+        // A picture shows no text.
         const bool picture = GetDlgCtrlID(control) == ids::Image1;
         RECT place = harness::screenRect(control);
         MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);

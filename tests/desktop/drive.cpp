@@ -1,5 +1,5 @@
 // Steps of a demonstration, for scripts that take pictures in between. One start takes one or more
-// steps, parted by "+"; most take an argument:
+// steps, separated by "+"; most take an argument:
 //
 //   drive wait-splash          until the splash window is up
 //   drive wait-main            until the main window is up and its first three lists are filled;
@@ -25,7 +25,7 @@
 //   drive maximise             or all of the screen
 //   drive close                closes the main window and answers Yes
 #include <windows.h>
-// The controls' header relies on the first.
+// Needs <windows.h> first.
 #include <commctrl.h>
 
 #include <algorithm>

@@ -10,7 +10,7 @@ void GatewayTest::expectNoMessageLeft() const {
 
 void GatewayTest::useFolder(const std::wstring& name) {
   expectNoMessageLeft();
-  app.reset();  // the old profile has to be put back first
+  app.reset();  // the old profile must be restored first
   app = std::make_unique<GatewayApp>(name);
 }
 

@@ -4,7 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <windows.h>
-// The controls' header relies on the first.
+// Needs <windows.h> first.
 #include <commctrl.h>
 
 #include <memory>
@@ -42,23 +42,23 @@ inline constexpr int exclamationIcon = 32515;
 inline const std::vector<int> okOnly{IDOK};
 inline const std::vector<int> yesAndNo{IDYES, IDNO};
 
-/// Makes the program's surroundings before each test. Afterwards closes the program as a person
-/// would, which has to succeed: a crash, a dialog that nobody answered or a process that stays
-/// behind fails the test.
+/// Prepares the program's surroundings before each test. Afterwards it closes the program like a
+/// user, which must succeed: a crash, a dialog that nobody answered or a process that does not end
+/// makes the test fail.
 class GatewayTest : public ::testing::Test {
  protected:
   /// Replaces the application folder by a fresh one of another name.
   void useFolder(const std::wstring& name);
   void TearDown() override;
-  /// For tests that end in the middle of things. A message box on the screen fails even these.
+  /// For tests that end while the program is still busy. An open message box fails even these.
   void endedOnPurpose() { endedOnPurpose_ = true; }
 
   /// A line of the catalogue file.
   static std::string record(const std::wstring& code, const std::wstring& path,
                             const std::wstring& date = L"11/20/2026 9:15:00 AM");
 
-  /// The report about an error that no routine traps; `path` of the file or folder concerned, ""
-  /// for an error that knows none.
+  /// The text of the report of an error that no routine traps; `path` of the file or folder
+  /// concerned, "" for an error without one.
   static std::wstring runTimeError(int number, const std::wstring& description,
                                    const std::wstring& path = L"");
 
@@ -69,7 +69,7 @@ class GatewayTest : public ::testing::Test {
   std::unique_ptr<GatewayApp> app = std::make_unique<GatewayApp>();
 
  private:
-  /// Fails the test for each message box that the program shows and nobody has answered.
+  /// Makes the test fail for each message box of the program that is still open.
   void expectNoMessageLeft() const;
   bool endedOnPurpose_ = false;
 };

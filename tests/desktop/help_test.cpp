@@ -1,6 +1,6 @@
-// The program's help, asked for in every way, with no help file and with one of each kind.
+// The program's help, opened in every way, without a help file and with one of each kind.
 #include <windows.h>
-// The list of modules relies on the first.
+// Needs <windows.h> first.
 #include <tlhelp32.h>
 
 #include <cwchar>
@@ -10,10 +10,10 @@
 namespace desktop_tests {
 namespace {
 
-/// Ways in which a person asks for help.
+/// Ways in which a user opens the help.
 enum class HelpWay { menu, toolbar, key };
 
-/// What runs, or what a process has loaded, at one moment.
+/// The running processes, or the libraries of a process, at one moment.
 class Snapshot {
  public:
   Snapshot(DWORD what, DWORD process) : handle_(CreateToolhelp32Snapshot(what, process)) {}
@@ -46,7 +46,7 @@ class Help : public GatewayTest {
     }
   }
 
-  /// Whether the viewer of compiled help has been called into the program.
+  /// Whether the program has loaded the viewer of compiled help.
   [[nodiscard]] bool compiledViewerLoaded() const {
     const Snapshot modules(TH32CS_SNAPMODULE, app->processId());
     MODULEENTRY32W module{};
@@ -60,7 +60,7 @@ class Help : public GatewayTest {
     return false;
   }
 
-  /// Whether the program has started the viewer of classic help and it is running.
+  /// Whether the program has started the viewer of classic help and the viewer is running.
   [[nodiscard]] bool classicViewerRuns() const {
     const Snapshot processes(TH32CS_SNAPPROCESS, 0);
     PROCESSENTRY32W process{};
@@ -75,7 +75,7 @@ class Help : public GatewayTest {
     return false;
   }
 
-  /// The program takes clicks and does what they ask.
+  /// Checks that the program handles clicks.
   void expectAnswers() const {
     app->selectTab(Tab::web);
     app->selectTab(Tab::newFile);
@@ -101,7 +101,7 @@ TEST_P(HelpAsked, ClassicHelpWinsOverCompiledHelp) {
   harness::makeFolder(app->folder() + L"\\help");
   harness::writeFile(app->folder() + L"\\help\\gatewayhelp3.HLP", "not really help");
   harness::writeFile(app->folder() + L"\\help\\gatewayhelp3.chm", "not really help");
-  // Where the viewer of classic help is looked for first; it is not part of every system.
+  // The viewer of classic help is searched for here first; not every system has one.
   app->addTool(L"winhlp32.exe");
   app->startToMain();
   ask(GetParam());

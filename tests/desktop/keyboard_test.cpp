@@ -1,4 +1,4 @@
-// The program without a mouse: the way of the focus, the keys of the tabs, type-ahead, the lists'
+// The program without a mouse: the order of the focus, the keys of the tabs, type-ahead, the lists'
 // own menu.
 #include "gateway_test.h"
 #include "harness/link_file.h"
@@ -13,7 +13,7 @@ class Keyboard : public GatewayTest {
  protected:
   void SetUp() override { GatewayApp::skipExample(); }
 
-  /// Control id of what has the focus, 0 for nothing.
+  /// Control id of the window with the focus, 0 when there is none.
   [[nodiscard]] int focused() const {
     GUITHREADINFO info{};
     info.cbSize = sizeof(info);
@@ -23,13 +23,13 @@ class Keyboard : public GatewayTest {
   [[nodiscard]] ::testing::AssertionResult focusComesTo(int id) const {
     return eventually([&] { return focused(); }, id);
   }
-  /// Presses a key and waits for the focus, which has to come to `id`.
+  /// Presses a key and waits until the focus is on `id`.
   void pressTo(WORD key, WORD held, int id) const {
     const int before = focused();
     harness::pressKey(key, held);
     EXPECT_TRUE(focusComesTo(id)) << "from " << before;
   }
-  /// Puts the focus into the list of a tab, and the tab to the front.
+  /// Makes a tab the current one and sets the focus to its list.
   void focusList(int tab) const {
     app->selectTab(tab);
     for (int press = 0; press < 5 && focused() != ids::lstQMK0 + tab; ++press) {
@@ -71,7 +71,7 @@ TEST_F(Keyboard, TheTabKeyGoesThroughTheControlsInReadingOrderAndBack) {
   for (const auto& [tab, stops] : ways) {
     SCOPED_TRACE("tab " + std::to_string(tab));
     focusList(tab);
-    // Once round from the list, forwards and backwards.
+    // Once around, starting at the list, forwards and backwards.
     const std::size_t count = stops.size();
     constexpr std::size_t listStop = 2;
     for (std::size_t step = 1; step <= count; ++step) {
@@ -106,7 +106,7 @@ TEST_F(Keyboard, CtrlAndADigitShowATab) {
     EXPECT_TRUE(showsTab(tab)) << tab;
     EXPECT_TRUE(focusComesTo(ids::lstQMK0 + tab)) << tab;
   }
-  // There is no fifth one.
+  // There is no fifth tab.
   harness::pressKey('5', VK_CONTROL);
   harness::pressKey('1', VK_CONTROL);
   EXPECT_TRUE(showsTab(Tab::tools));
@@ -193,7 +193,7 @@ class ContextMenu : public Keyboard {
   static void expectGone() {
     EXPECT_TRUE(eventually([] { return FindWindowW(L"#32768", nullptr); }, IsNull()));
   }
-  /// What the menu of a tab has to show.
+  /// The expected menu of a tab.
   static auto commandsOf(int tab) {
     switch (tab) {
       case Tab::tools:
@@ -214,7 +214,7 @@ class ContextMenu : public Keyboard {
     app->writeCatalogue(record(L"FP3", app->addFileElsewhere(L"north.fp3")));
     harness::writeFile(app->folder() + L"\\QMKWebList.txt", "\"Maps\",\"http://m.example/\"\r\n");
     app->startToMain();
-    // The captions of the Tools tab are those of a tab that has been entered.
+    // The captions of the Tools tab are set when a tab is entered.
     app->selectTab(Tab::web);
     app->selectTab(Tab::tools);
   }
@@ -259,7 +259,7 @@ TEST_F(ContextMenu, OnTheHeadersThereIsNone) {
   harness::rightClickAt(harness::centreOf(list.headerOnScreen(1)), app->main());
   harness::send(app->main(), WM_NULL);
   EXPECT_EQ(FindWindowW(L"#32768", nullptr), nullptr);
-  // The list has its menu all the same.
+  // The list has its menu even so.
   harness::rightClickAt(harness::centreOf(list.textOnScreen(0)), app->main());
   EXPECT_THAT(openMenu(), commandsOf(Tab::open));
   harness::pressKey(VK_ESCAPE);

@@ -6,7 +6,7 @@ namespace {
 
 class ListKeys : public ShortcutTest {
  protected:
-  /// Web dialog with that button text, waited for.
+  /// Waits for the web dialog with that button text.
   [[nodiscard]] HWND webDialog(const std::wstring& button) const {
     return harness::waitUntilFound("the web dialog", [&]() -> HWND {
       for (HWND const window : harness::visibleWindows(app->processId())) {
@@ -35,7 +35,7 @@ TEST_F(ListKeys, OnToolsDoWhatTheCommandsDo) {
   harness::pressKey(VK_DELETE);
   expectMessage(L"Are your sure you want to delete the shortcut: NOTES.LNK", exclamationIcon,
                 yesAndNo, IDNO);
-  // Declining is the one way out that does not reload the list by itself.
+  // Declining is the only end that does not reload the list itself.
   addLink(L"More.lnk", L"C:\\tools\\more.exe");
   EXPECT_EQ(list().count(), 1);
   reload(2);
@@ -78,7 +78,7 @@ TEST_F(ListKeys, OnNewDoNothing) {
   for (const int key : {VK_INSERT, VK_F2, VK_DELETE, VK_F5}) {
     harness::pressKey(static_cast<WORD>(key));
   }
-  // The keyboard still belongs to the list: a dialog would keep the tab from being changed.
+  // The list still has the keyboard: with an open dialog the tab could not be changed.
   app->selectTab(Tab::tools);
   EXPECT_FALSE(app->dialogShown());
   EXPECT_EQ(app->list(Tab::newFile).texts(), before);

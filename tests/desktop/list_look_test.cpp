@@ -1,4 +1,4 @@
-// How the lists stand: the columns of the report, the places of the icons.
+// The look of the lists: the columns of the report view, the positions of the icons.
 #include "gateway_test.h"
 #include "harness/link_file.h"
 #include "harness/looks.h"

@@ -3,7 +3,7 @@
 #include <windows.h>
 
 int main(int argumentCount, char** arguments) {
-  // Results have to be on the disk even if the run is cut off.
+  // Results must be on the disk even if the run is interrupted.
   std::setvbuf(stdout, nullptr, _IONBF, 0);
   ::testing::InitGoogleMock(&argumentCount, arguments);
   return RUN_ALL_TESTS();

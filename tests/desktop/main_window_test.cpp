@@ -1,4 +1,4 @@
-// The main window as it is after start-up: what it shows, how it fills itself, how it closes.
+// The main window after start-up: what it shows, how it is filled, how it closes.
 #include "gateway_test.h"
 
 namespace desktop_tests {
@@ -10,7 +10,7 @@ using Column = ListViewReader::Column;
 
 constexpr const wchar_t* title = L"Quillmark Suite 3 Gateway";
 
-/// A column as designed, at a density.
+/// A column as designed, at a dpi.
 Column column(const wchar_t* text, int twips, int dpi = 96) {
   return {text, (twips * dpi + 720) / 1440, 0};
 }
@@ -46,7 +46,7 @@ class MainWindow : public GatewayTest {
     return columns;
   }
 
-  /// Whether toolbar, tab control and the shown list fill the window.
+  /// Checks that toolbar, tab control and the visible list fill the window.
   void expectFilled() const {
     const RECT client = harness::clientOnScreen(app->main());
     const RECT bar = harness::screenRect(app->toolbar().window());
@@ -157,7 +157,7 @@ TEST_F(MainWindow, AHiddenColumnCannotBeDraggedOpen) {
     const POINT from{directory.right + offset, (directory.top + directory.bottom) / 2};
     harness::drag(from, {from.x + 60, from.y}, app->main());
   };
-  // A column that is shown can be dragged, so that the drags that follow are known to be some.
+  // A visible column can be dragged, so the drags that follow are known to work.
   const int before = widths()[3].width;
   dragFrom(-2);
   EXPECT_TRUE(eventually([&] { return widths()[3].width; }, before + 60));

@@ -1,19 +1,19 @@
-// Catalogue files that no careful program writes: they load, show what is sound, and keep every
-// foreign byte through an add and a remove.
+// Catalogue files that no careful program writes: they are loaded, valid records are shown, and all
+// foreign bytes are kept when a record is added and removed.
 #include "gateway_test.h"
 
 namespace desktop_tests {
 namespace {
 
-// Reading a list of this size, and rewriting its file, take their time under an emulated desktop.
+// Reading a list of this size and rewriting its file take long under Wine.
 constexpr int longWaitMs = 60000;
 
 struct Malformed {
   const char* name;
-  std::string before;             ///< Bytes before the sound records.
-  std::string after;              ///< Bytes behind them.
-  int shown = 0;                  ///< Rows beside those of the two sound records.
-  bool holdsSoundRecords = true;  ///< Otherwise `before` is all that the file holds.
+  std::string before;             ///< Bytes before the valid records.
+  std::string after;              ///< Bytes after them.
+  int shown = 0;                  ///< Rows besides those of the two valid records.
+  bool holdsSoundRecords = true;  ///< Otherwise the file contains only `before`.
 };
 
 void PrintTo(const Malformed& file, std::ostream* out) { *out << file.name; }
@@ -44,8 +44,8 @@ TEST_P(MalformedCatalogue, LoadsAndKeepsForeignBytes) {
   const std::string rest = file.before + (file.holdsSoundRecords ? sound : "") + file.after;
   app->writeCatalogue(file.holdsSoundRecords ? file.before + sound + doomed + file.after
                                              : file.before + file.after);
-  // The example is catalogued at the first start: the add. Its file does not exist, so that the
-  // renewal of the data folder's entries takes it out again.
+  // The first start adds the example. Its file does not exist, so the refresh of the data folder's
+  // entries removes it again.
   app->start();
   HWND const splash = app->waitForSplash();
   harness::clickAt(harness::centreOf(harness::screenRect(splash)), splash);
@@ -67,7 +67,7 @@ TEST_P(MalformedCatalogue, LoadsAndKeepsForeignBytes) {
     EXPECT_EQ(list().row(rows - 1),
               (std::vector<std::wstring>{L"zz sound.bi3", L"11/20/2026 9:15:00 AM",
                                          L"Planar Intercept Inventory", L"D:\\", L"BI3"}));
-    // The file is missing and its entry is given up: the remove.
+    // The file is missing, and the user lets its entry be removed.
     app->doubleClickRow(Tab::open, 0);
     app->waitForMessage().answer(IDNO);
     EXPECT_TRUE(eventually([&] { return list().count(); }, rows - 1, longWaitMs));

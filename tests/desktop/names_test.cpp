@@ -1,4 +1,4 @@
-// What a screen reader says: every control of every window has a name.
+// What a screen reader reads: every control of every window has a name.
 #include <oleacc.h>
 
 #include "gateway_test.h"
@@ -12,7 +12,7 @@ class Names : public GatewayTest {
  protected:
   void SetUp() override { GatewayApp::skipExample(); }
 
-  /// Checks all controls of a window; gives how many there are.
+  /// Checks all controls of a window and returns their number.
   static int expectNamed(HWND window) {
     EXPECT_NE(harness::text(window), L"") << "the window itself";
     return expectControlsNamed(window);
@@ -20,7 +20,7 @@ class Names : public GatewayTest {
   static int expectControlsNamed(HWND window) {
     int count = 0;
     for (HWND const control : harness::children(window)) {
-      // Parts of controls are the system's: the headers of a list, for one.
+      // Parts of controls, such as the headers of a list, belong to the system.
       if (GetParent(control) == window) {
         ++count;
         EXPECT_NE(harness::spokenOf(control).name, L"")

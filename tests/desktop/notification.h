@@ -1,5 +1,5 @@
 // GoogleTest's own notification class needs std::mutex, which this compiler does not have. The
-// tests have one thread, so that nobody ever waits for one; GoogleTest only needs the name.
+// tests have one thread, so nobody ever waits; GoogleTest only needs the class.
 #pragma once
 
 namespace testing::internal {

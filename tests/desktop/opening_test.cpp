@@ -1,4 +1,5 @@
-// Opening data files: the command lines that the tools receive, and what happens without them.
+// Opening data files: the command lines that the tools receive, and what happens when tools are
+// missing.
 #include "gateway_test.h"
 
 namespace desktop_tests {
@@ -12,7 +13,7 @@ class Opening : public GatewayTest {
  protected:
   void SetUp() override { GatewayApp::skipExample(); }
 
-  /// Lists the files, with all tools installed, and brings the Open tab to the front.
+  /// Lists the files, with all tools installed, and makes the Open tab the current one.
   void startWith(const std::string& catalogue, int rows) const {
     app->addAllTools();
     startWithoutTools(catalogue, rows);
@@ -33,7 +34,7 @@ class Opening : public GatewayTest {
     harness::clickAt(harness::centreOf(harness::screenRect(app->browseButton())), app->main());
   }
 
-  /// The latest of `count` tool starts, with its command line checked.
+  /// Checks the command line of the latest of `count` tool starts.
   void expectStart(std::size_t count, const std::wstring& commandLine) const {
     const ToolStart start = app->waitForToolStart(count);
     EXPECT_EQ(start.commandLine, commandLine);
@@ -269,7 +270,7 @@ TEST_F(Opening, TheProgramDoesNotWaitForTheTool) {
   });
   app->selectTab(Tab::newFile);
   EXPECT_EQ(app->tabs().current(), Tab::newFile);
-  // The tool outlives the program.
+  // The tool keeps running after the program has ended.
   EXPECT_EQ(app->close(), 0U);
   EXPECT_NE(harness::visibleWindowTitled(L"Stand-in for plv3.exe"), nullptr);
   endedOnPurpose();

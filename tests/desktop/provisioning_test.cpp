@@ -1,4 +1,4 @@
-// The shortcuts of the suite's own tools, which every start brings up to date.
+// The shortcuts of the suite's own tools, which every start updates.
 #include "shortcut_test.h"
 
 namespace desktop_tests {
@@ -10,7 +10,7 @@ class Provisioning : public ShortcutTest {
     return harness::namesIn(app->shortCutsFolder());
   }
 
-  /// A shortcut as a start writes it for an installed tool.
+  /// Checks a shortcut that a start writes for an installed tool.
   void expectFresh(const std::wstring& name, const std::wstring& executable) const {
     SCOPED_TRACE(harness::utf8(name));
     const harness::LinkFile written = harness::readLink(link(name));
@@ -36,7 +36,7 @@ class Provisioning : public ShortcutTest {
     expectFresh(L"Unitshift.lnk", L"unishift3.exe");
   }
 
-  /// Copy of the stand-in outside the application folder; its full path.
+  /// Copies the stand-in to a folder outside the application folder and returns its full path.
   [[nodiscard]] std::wstring addProgramElsewhere(const std::wstring& name) const {
     std::wstring path = app->addFileElsewhere(L"Else where\\" + name);
     harness::copyFile(app->folder() + L"\\gateway3.exe", path);
@@ -64,7 +64,7 @@ TEST_F(Provisioning, AnApplicationFolderWithBlanksAndAccents) {
   EXPECT_TRUE(eventually([&] { return list().count(); }, 6));
   app->doubleClickRow(Tab::tools, L"CanopyWeigh");
   EXPECT_EQ(app->waitForToolStart().commandLine, app->folder() + L"\\CW3.EXE");
-  // Stale ones are found and replaced there, too.
+  // Outdated ones there are found and replaced, too.
   ASSERT_EQ(app->close(), 0U);
   addLink(L"CanopyWeigh.lnk", L"C:\\gone\\CW3.EXE");
   addLink(L"Plotview.lnk", L"C:\\gone\\plv3.exe");
@@ -195,7 +195,7 @@ TEST_F(Provisioning, AReadOnlyObsoleteShortcutIsNoErrorAndEveryToolGetsItsShortc
   app->startToMain();
   EXPECT_EQ(links().size(), obsolete.size() + 6);
   for (const std::wstring& name : obsolete) {
-    // As the folder of the test could not be cleared otherwise.
+    // Otherwise the folder of the test could not be removed.
     EXPECT_NE(SetFileAttributesW(link(name).c_str(), FILE_ATTRIBUTE_NORMAL), FALSE);
     harness::removeFile(link(name));
   }

@@ -1,4 +1,4 @@
-// A question is up while another program changes the list that it is about.
+// A question is open while another program changes the list that it is about.
 #include "gateway_test.h"
 #include "harness/input.h"
 #include "web_test.h"
@@ -116,7 +116,7 @@ TEST_F(WebQuestions, ARenameWhoseEntryIsGoneSaysSoAndKeepsWhatWasTyped) {
   expectMessage(L"Clock is no longer in the list", noIcon, okOnly, IDOK);
   EXPECT_EQ(dialog.textOf(ids::txtName), L"Sundial");
   EXPECT_EQ(webList(), atlas);
-  // A click on the entry that is left says that this one is meant.
+  // A click on the remaining entry chooses it.
   selectRow(0);
   dialog.pushAndWait(ids::webOK);
   expectWebList(entry(L"Sundial", L"http://clock"));

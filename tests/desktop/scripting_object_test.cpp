@@ -1,4 +1,4 @@
-// Shortcuts through the system's scripting object. A double in its place writes down each call.
+// Shortcuts through the system's scripting object. A test double replaces it and records each call.
 #include "harness/scripting_registration.h"
 
 #include "shortcut_test.h"
@@ -11,7 +11,7 @@ namespace {
 using harness::ScriptingRegistration;
 using Log = std::vector<std::wstring>;
 
-/// A run that was broken off may have left the double behind, which would spoil any other test.
+/// An interrupted run may have left the double, which would disturb all other tests.
 class RealObjectBack : public ::testing::Environment {
  public:
   void SetUp() override { ScriptingRegistration::undo(); }

@@ -11,7 +11,7 @@ class ShortcutEdit : public ShortcutTest {
     app->waitForFileDialog().open(program);
   }
 
-  /// Asks for a new name of the selected shortcut and answers it.
+  /// Renames the selected shortcut and answers with a new name.
   void rename(const std::wstring& answer) const {
     app->command(ids::mnuRename);
     const harness::InputBoxReader box = app->waitForInputBox();

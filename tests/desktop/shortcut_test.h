@@ -8,7 +8,7 @@
 
 namespace desktop_tests {
 
-/// A start in an empty shortcuts folder, without an example file.
+/// A start with an empty shortcuts folder and without the example file.
 class ShortcutTest : public GatewayTest {
  protected:
   void SetUp() override { GatewayApp::skipExample(); }
@@ -31,12 +31,12 @@ class ShortcutTest : public GatewayTest {
 
   [[nodiscard]] harness::ListViewReader list() const { return app->list(Tab::tools); }
 
-  /// Puts the keyboard focus into list `tab`, which has to be in front; its selection stays.
+  /// Sets the keyboard focus to list `tab`, which must be the visible one; the selection stays.
   void focusList(int tab = Tab::tools) {
     harness::bringToFront(app->main());
     HWND const window = app->list(tab).window();
     const RECT place = harness::screenRect(window);
-    // Two clicks at one place would make a double-click.
+    // Two clicks at one point would be a double-click.
     elsewhere_ = !elsewhere_;
     harness::clickAt({place.right - (elsewhere_ ? 50 : 30), place.bottom - 30}, app->main());
     harness::waitUntil("the list gets the focus", [&] {
@@ -46,7 +46,7 @@ class ShortcutTest : public GatewayTest {
       return info.hwndFocus == window;
     });
   }
-  /// Has the list of tools reloaded until it shows `count` items.
+  /// Reloads the list of tools until it shows `count` items.
   void reload(int count) {
     focusList();
     harness::pressKey(VK_F5);
@@ -70,7 +70,7 @@ class ShortcutTest : public GatewayTest {
   bool elsewhere_ = false;
 };
 
-/// A file that nobody else can open while this object lives.
+/// A file that nobody else can open while this object exists.
 class LockedFile {
  public:
   explicit LockedFile(const std::wstring& path)

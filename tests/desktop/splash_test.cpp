@@ -1,4 +1,4 @@
-// The splash window: its looks, and the three ways in which it goes.
+// The splash window: its look, and the three ways in which it closes.
 #include "gateway_test.h"
 
 namespace desktop_tests {
@@ -7,9 +7,9 @@ namespace {
 constexpr int opaque = 255;
 constexpr int fadeMs = 600;
 constexpr int displayMs = 3000;
-// Two clocks and a timer of the system may differ by this much.
+// Two clocks and a timer of the system may differ by this.
 constexpr int clockSlackMs = 60;
-// How much later than asked for a busy machine may be.
+// How late things may happen on a busy machine.
 constexpr int lateMs = 3000;
 
 class Splash : public GatewayTest {
@@ -32,7 +32,8 @@ class Splash : public GatewayTest {
     return level;
   }
 
-  /// Watches the splash until it is gone: the levels it showed, each once, in their order.
+  /// Watches the splash until it is gone. Returns the opacity levels that it had, each once, in
+  /// order.
   [[nodiscard]] std::vector<int> watchFade() const {
     std::vector<int> levels;
     harness::waitUntil("the splash goes", [&] {
@@ -147,7 +148,7 @@ TEST_F(Splash, FadesAtEsc) {
 TEST_F(Splash, FadesByItselfAfterThreeSeconds) {
   harness::waitUntil("the fade begins", [&] { return opacity() != opaque; });
   const auto waited = static_cast<int>(GetTickCount64() - shownAt_);
-  // It was on the screen for a moment before it was found.
+  // It was visible for a moment before it was found.
   EXPECT_GE(waited, displayMs - 1000);
   EXPECT_LT(waited, displayMs + lateMs);
   expectOneFade(watchFade());

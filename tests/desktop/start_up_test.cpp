@@ -1,4 +1,4 @@
-// The start in an empty profile and in a used one, the second copy, and starts that go wrong.
+// The start with an empty profile and with a used one, the second copy, and starts that fail.
 #include "gateway_test.h"
 #include "harness/end_of_session.h"
 
@@ -9,15 +9,15 @@ using harness::isFolder;
 
 class StartUp : public GatewayTest {
  protected:
-  /// Starts and clicks the splash away, without expecting anything of what follows.
+  /// Starts the program and closes the splash with a click; checks nothing that follows.
   void startPastSplash() const {
     app->start();
     HWND const splash = app->waitForSplash();
     harness::clickAt(harness::centreOf(harness::screenRect(splash)), splash);
   }
 
-  /// Puts something in the place of a folder that the program makes: a search does not find a
-  /// hidden file, and no folder can be made where it is.
+  /// Prevents the program from creating a folder: a hidden file has its name. A search does not
+  /// find the file, and the folder cannot be created.
   static void blockFolder(const std::wstring& path) {
     harness::writeFile(path, "");
     ASSERT_NE(SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_HIDDEN), FALSE);
@@ -141,7 +141,7 @@ TEST_F(StartUp, ASecondCopyThatTheEndOfTheSessionEndsForgetsNoPlace) {
 TEST_F(StartUp, WithoutADocumentsFolderItReportsAndEnds) {
   harness::removeTree(app->documents());
   app->start();
-  // What the shell calls a documents folder that is gone is its own matter.
+  // The shell decides which path it reports for a missing documents folder.
   const harness::MessageBoxReader box = app->waitForMessage();
   EXPECT_THAT(harness::utf8(box.text()),
               ::testing::StartsWith("Run-time error '76':\r\n\r\nPath not found\r\n\r\n"));

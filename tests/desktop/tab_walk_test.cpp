@@ -1,5 +1,5 @@
-// Walks over the tabs: what the commands are called, which of them can be chosen, and which view
-// mode is marked, read from the toolbar and the menus.
+// Switches between the tabs: the captions of the commands, which of them are enabled, and which
+// view mode is marked, read from the toolbar and the menus.
 #include <array>
 #include <optional>
 #include <ostream>
@@ -41,7 +41,7 @@ class TabWalk : public GatewayTest {
     app->startToMain();
   }
 
-  /// A command as shown; both of its places have to agree on whether it can be chosen.
+  /// The state of a command; button and menu entry must agree on whether it is enabled.
   [[nodiscard]] Command command(int menuId, int buttonId) const {
     const harness::MenuEntry entry = harness::menuEntry(app->main(), menuId);
     EXPECT_EQ(entry.enabled, app->toolbar().button(buttonId).enabled)
@@ -49,7 +49,7 @@ class TabWalk : public GatewayTest {
     return {entry.caption, app->toolbar().toolTip(buttonId), entry.enabled};
   }
 
-  /// Everything as shown; exactly one view mode has to be marked, in both places.
+  /// The state of everything; exactly one view mode must be marked, in both places.
   [[nodiscard]] Commands shown() const {
     const harness::ToolbarReader::Button icon = app->toolbar().button(ids::buttonIcon);
     const harness::ToolbarReader::Button list = app->toolbar().button(ids::buttonList);
@@ -63,7 +63,7 @@ class TabWalk : public GatewayTest {
             command(ids::mnuDelete, ids::buttonDelete), list.pressed};
   }
 
-  /// What a tab makes of what the one before it left.
+  /// The expected state after entering a tab, from the state that the previous tab left.
   static Commands after(Commands left, int tab) {
     switch (tab) {
       case Tab::tools:
@@ -113,7 +113,7 @@ class TabWalk : public GatewayTest {
     harness::clickAt(harness::centreOf(app->toolbar().buttonOnScreen(id)), app->main());
   }
 
-  /// Whether a tab's list shows that view and both places mark it.
+  /// Checks that a tab's list shows that view and that both places mark it.
   void expectView(int tab, bool report) const {
     EXPECT_TRUE(
         eventually([&] { return app->list(tab).view(); }, report ? LV_VIEW_DETAILS : LV_VIEW_ICON))
@@ -129,8 +129,8 @@ TEST_F(TabWalk, EveryPairOfTabsInBothDirections) {
 }
 
 TEST_F(TabWalk, WhatATabLeavesAloneStaysOverSeveralTabs) {
-  // "New" names no tip and "Open" no tip for Create: what start-up and later the Web tab gave
-  // stays.
+  // "New" sets no tool tips, and "Open" none for Create, so those of start-up, or later of the Web
+  // tab, stay.
   walk({Tab::newFile, Tab::open, Tab::newFile, Tab::web, Tab::newFile, Tab::open, Tab::newFile,
         Tab::tools, Tab::newFile, Tab::open});
 }

@@ -1,4 +1,4 @@
-// The list of the Tools tab: what it shows of the shortcut files, and starting them.
+// The list of the Tools tab: how it shows the shortcut files, and starting them.
 #include <set>
 #include <tuple>
 
@@ -11,13 +11,13 @@ using harness::ToolStart;
 
 class ToolsList : public ShortcutTest {
  protected:
-  /// Number of colours inside the picture of an item, as it is on the screen.
+  /// Number of colours in the picture of an item on the screen.
   [[nodiscard]] std::size_t coloursOfIcon(const std::wstring& text) const {
     const RECT label = list().textOnScreen(list().find(text).value_or(0));
     const POINT middle{(label.left + label.right) / 2, label.top};
     std::set<COLORREF> colours;
     HDC const screen = GetDC(nullptr);
-    // The picture lies above the text, in its middle.
+    // The picture is centred above the text.
     for (LONG up = 6; up < 32; ++up) {
       for (LONG side = -14; side < 14; ++side) {
         colours.insert(GetPixel(screen, middle.x + side, middle.y - up));

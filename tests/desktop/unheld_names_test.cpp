@@ -13,7 +13,7 @@ class UnheldNames : public GatewayTest {
  protected:
   void SetUp() override {
     GatewayApp::skipExample();
-    // Their own code page holds these letters, too.
+    // Their own code page has these letters, too.
     constexpr UINT westEuropean = 1252;
     if (GetACP() != westEuropean) {
       GTEST_SKIP() << "this system's code page is another one";
@@ -22,7 +22,7 @@ class UnheldNames : public GatewayTest {
     GatewayApp::skipExample();
   }
 
-  /// A path with short names for what the code page cannot hold, from the system itself.
+  /// The path with short names, from the system, where the code page cannot hold the names.
   [[nodiscard]] static std::wstring shortName(const std::wstring& path) {
     WIN32_FIND_DATAW found{};
     HANDLE const search = FindFirstFileW(path.c_str(), &found);
@@ -36,7 +36,7 @@ class UnheldNames : public GatewayTest {
   }
   [[nodiscard]] int rows() const { return app->list(Tab::open).count(); }
 
-  /// Whether a program of the code page, as the tools are, can open that path.
+  /// Whether a program that uses the code page, like the tools, can open that path.
   [[nodiscard]] static bool opensInCodePage(const std::wstring& path) {
     HANDLE const file = CreateFileA(harness::codePageBytes(path).c_str(), GENERIC_READ,
                                     FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
@@ -55,7 +55,7 @@ TEST_F(UnheldNames, RecordsDoNotMultiplyFromStartToStart) {
   app->addDataFile(L"plot.fp3");
   app->addDataFile(beetle + L".bi3");
   app->addDataFile(japanese + L".cw3");
-  // As the list looked after the first starts of an earlier version.
+  // The list as it was after the first starts of an earlier version.
   const std::wstring questions = app->testFolder() + L"\\??? Suite\\data\\";
   app->writeCatalogue(record(L"fp3", questions + L"plot.fp3") +
                       record(L"bi3", questions + L"???.bi3") +

@@ -1,5 +1,5 @@
-// The web shortcut dialog: creating and changing entries as a person does, and the bytes that they
-// leave in the file.
+// The web shortcut dialog: creating and changing entries like a user, and the bytes that this
+// writes to the file.
 #include "harness/looks.h"
 #include "web_test.h"
 
@@ -74,7 +74,7 @@ TEST_F(WebDialog, WhatIsTypedIsStoredAsItIs) {
                 "\"\",\"\"\r\n" + "\"  blanks  \",\"no address\"\r\n" +
                 "\"zz first\",\"http://second/\"\r\n");
   EXPECT_EQ(list().count(), 6);
-  // The quotes inside a field are the only thing that does not come back.
+  // Only the quotes inside a field are not read back.
   EXPECT_EQ(list().row(2), (std::vector<std::wstring>{L"Caf\u00E9 \u00D1and\u00FA",
                                                       L"http://caf\u00E9.example/\u00FC"}));
   EXPECT_EQ(list().row(3), (std::vector<std::wstring>{L"", L""}));
@@ -229,7 +229,7 @@ TEST_F(WebDialog, RenameOfAVanishedFileReportsItsOwnMessage) {
 }
 
 TEST_F(WebDialog, CreateInAFileThatCannotBeWrittenIsReported) {
-  // Nothing can be added to a folder of that name.
+  // Nothing can be appended to a folder of that name.
   harness::makeFolder(webListPath());
   startOnWebTab(0);
   const FormReader dialog = askToCreate();
@@ -241,7 +241,7 @@ TEST_F(WebDialog, CreateInAFileThatCannotBeWrittenIsReported) {
   EXPECT_TRUE(harness::namesIn(webListPath()).empty());
 }
 
-/// What was drawn between the fields, as the ring of a field that has been moved was.
+/// Remains of drawing between the fields, such as the ring of a field that was moved.
 class WebDialogRemains : public WebDialog, public ::testing::WithParamInterface<UINT> {};
 
 TEST_P(WebDialogRemains, AreGoneAfterAChangeOfFontOrTheme) {
@@ -274,7 +274,7 @@ INSTANTIATE_TEST_SUITE_P(Of, WebDialogRemains, ::testing::Values(WM_SETTINGCHANG
                            return message.param == WM_SETTINGCHANGE ? "Fonts" : "Theme";
                          });
 
-/// Texts and fields of the dialog stand whole and apart at a density.
+/// At each dpi, the dialog's texts and fields are complete and do not overlap.
 class WebDialogLayout : public WebDialog, public ::testing::WithParamInterface<DWORD> {};
 
 TEST_P(WebDialogLayout, EverythingLiesInsideAndApart) {

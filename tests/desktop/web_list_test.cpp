@@ -1,16 +1,15 @@
-// The web list file: what the Web tab shows of it, deleting, and files that no careful program
-// writes.
+// The web list file: how the Web tab shows it, deleting, and files that no careful program writes.
 #include "web_test.h"
 
 namespace desktop_tests {
 namespace {
 
-// Showing a field of ten megabytes takes its time under an emulated desktop.
+// Showing a field of ten megabytes takes long under Wine.
 constexpr int longWaitMs = 60000;
 
 class WebListFile : public WebTest {
  protected:
-  /// Deletes the selected entry, answering the question about it.
+  /// Deletes the selected entry and answers the question about it.
   void deleteSelected(const std::wstring& upperName, int answer = IDYES) const {
     app->command(ids::mnuDelete);
     expectMessage(L"Are your sure you want to delete " + upperName, exclamationIcon, yesAndNo,
@@ -100,7 +99,7 @@ TEST_P(MalformedWebList, LoadsAndKeepsForeignBytesThroughAnAddAndADelete) {
   ASSERT_TRUE(eventually([&] { return list().count(); }, rows, longWaitMs));
 
   fillAndAccept(askToCreate(), L"zz new", L"http://new/");
-  // A last line without its end gets one.
+  // A last line without a line end gets one.
   const bool ended = bytes.empty() || bytes.ends_with('\n');
   const std::string kept = bytes + (ended ? "" : "\r\n");
   EXPECT_TRUE(eventually([&] { return webList(); }, kept + entry(L"zz new", L"http://new/")));

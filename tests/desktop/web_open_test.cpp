@@ -1,5 +1,5 @@
-// Opening web shortcuts: what the system is asked to open, read from a program that is registered
-// for a scheme of the test's own.
+// Opening web shortcuts: which address the system is asked to open, recorded by a program that is
+// registered for a scheme of the test.
 #include "configuration.h"
 #include "harness/url_scheme.h"
 #include "web_test.h"
@@ -16,20 +16,20 @@ class WebOpen : public WebTest {
     app->addTool(L"viewer.exe");
   }
 
-  /// What the viewer's command line is for an address.
+  /// The viewer's command line for an address.
   [[nodiscard]] std::wstring commandLineFor(const std::wstring& address) const {
     return L"\"" + viewer() + L"\" \"" + address + L"\"";
   }
   [[nodiscard]] std::wstring viewer() const { return app->folder() + L"\\viewer.exe"; }
 
-  /// The latest of `count` starts of the viewer, with its command line checked.
+  /// Checks the command line of the latest of `count` starts of the viewer.
   void expectOpened(std::size_t count, const std::wstring& address) const {
     const ToolStart start = app->waitForToolStart(count);
     EXPECT_EQ(start.commandLine, commandLineFor(address));
     EXPECT_EQ(start.showState, L"0");
   }
 
-  /// The addresses as a web list, named by their position.
+  /// A web list of the addresses; each is named by its position.
   [[nodiscard]] static std::string listOf(const std::vector<std::wstring>& addresses) {
     std::string bytes;
     for (std::size_t index = 0; index < addresses.size(); ++index) {
@@ -69,7 +69,7 @@ TEST_F(WebOpen, ADoubleClickInAnEmptyListOpensNothing) {
 }
 
 TEST_F(WebOpen, AnAddressIsNotReadAsACommand) {
-  // The system itself fills in variables of the environment, so that none is named here.
+  // The system itself replaces environment variables, so the address contains none.
   const std::wstring tricky = L"qmktest:a & b | c > d < e 100% %1 %% ^ ^& ' ; $(f)";
   writeWebList(listOf({tricky}));
   startOnWebTab(1);
@@ -112,7 +112,7 @@ TEST_F(WebOpen, NamesOfProgramsReachNoCommandInterpreter) {
   for (int row = 0; row < static_cast<int>(addresses.size()); ++row) {
     app->doubleClickRow(Tab::web, row);
   }
-  // Everything that the others could have started would have been started before.
+  // Anything that the others had started would have been started before this.
   expectOpened(1, L"qmktest:last");
   EXPECT_FALSE(harness::exists(marker));
   EXPECT_FALSE(app->dialogShown());

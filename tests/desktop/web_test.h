@@ -20,14 +20,14 @@ class WebTest : public GatewayTest {
   static std::string entry(const std::wstring& name, const std::wstring& url);
 
   [[nodiscard]] std::wstring webListPath() const { return app->folder() + L"\\QMKWebList.txt"; }
-  /// Bytes of the web list file, nothing while there is none.
+  /// Bytes of the web list file, nothing when it does not exist.
   [[nodiscard]] std::optional<std::string> webList() const {
     return harness::readFile(webListPath());
   }
   void writeWebList(const std::string& bytes) const { harness::writeFile(webListPath(), bytes); }
   [[nodiscard]] harness::ListViewReader list() const { return app->list(Tab::web); }
 
-  /// Starts the program and brings the Web tab to the front, with that many rows.
+  /// Starts the program and makes the Web tab the current one, with that many rows.
   void startOnWebTab(int rows) const;
   /// Clicks a row of the Web tab.
   void selectRow(int row) const;
@@ -35,7 +35,7 @@ class WebTest : public GatewayTest {
   [[nodiscard]] harness::FormReader askToCreate() const;
   /// The dialog after the Rename command.
   [[nodiscard]] harness::FormReader askToRename() const;
-  /// Fills in both fields and pushes OK.
+  /// Fills in both fields and presses OK.
   static void fillAndAccept(const harness::FormReader& dialog, const std::wstring& name,
                             const std::wstring& url);
   /// Waits until the file holds exactly these bytes.

@@ -1,4 +1,4 @@
-// What the program remembers of its window from run to run, and the lists' own menu.
+// What the program stores about its window between runs, and the lists' own menu.
 #include "gateway_test.h"
 
 namespace desktop_tests {

@@ -9,7 +9,7 @@ namespace faults {
 namespace {
 
 struct Count {
-  int counting = 0;  // scopes that are open
+  int counting = 0;  // open scopes
   int done = 0;
   int failAt = 0;
   bool failed = false;
@@ -20,7 +20,7 @@ Count& count() {
   return theCount;
 }
 
-/// Whether an allocation that is asked for now is the one to be refused.
+/// Whether the allocation that is requested now must fail.
 bool refused() {
   Count& state = count();
   if (state.counting == 0 || desktop::Unfailing::active()) {
@@ -34,7 +34,7 @@ bool refused() {
 }
 
 void* allocate(std::size_t size) noexcept {
-  // The C library's allocator, as the sanitizers watch that, too.
+  // The C library's allocator, because the sanitizers watch it.
   return refused() ? nullptr : std::malloc(size == 0 ? 1 : size);
 }
 
@@ -65,7 +65,7 @@ bool allocationFailed() { return count().failed; }
 
 }  // namespace faults
 
-// They take the place of the language's own in this whole program.
+// These replace the language's own operators in the whole program.
 void* operator new(std::size_t size) { return faults::allocateOrThrow(size); }
 void* operator new[](std::size_t size) { return faults::allocateOrThrow(size); }
 void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {

@@ -1,9 +1,10 @@
-// The memory that the program asks for, counted, and refused at a chosen time.
+// Counts allocations, and makes a chosen one fail.
 #pragma once
 
 namespace faults {
 
-/// While one lives, allocations count, but for those of the desktop itself.
+/// While an object of this class exists, allocations are counted, except those of the in-memory
+/// desktop itself.
 class CountedAllocations {
  public:
   CountedAllocations();
@@ -12,11 +13,11 @@ class CountedAllocations {
   ~CountedAllocations();
 };
 
-/// Makes the n-th counted allocation from now (1 is the next one) throw std::bad_alloc, and sets
-/// the count back; 0 lets all of them succeed.
+/// Makes the n-th counted allocation from now (1 is the next one) throw std::bad_alloc, and resets
+/// the counter; 0 lets all of them succeed.
 void failAllocation(int n);
 
-/// Counted allocations since `failAllocation` was last called.
+/// Number of counted allocations since the last call of `failAllocation`.
 [[nodiscard]] int allocations();
 
 /// Whether one of them failed.

@@ -1,4 +1,4 @@
-// The window and the disk that operations are swept on, and what is asked of them afterwards.
+// The fixture of the sweeps: the window and the disk, and the checks after each run.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -63,7 +63,7 @@ std::map<std::string, std::pair<int, int>>& figures() {
   return theFigures;
 }
 
-/// Prints the figures behind all tests.
+/// Prints the figures after all tests.
 class Figures : public ::testing::Environment {
  public:
   void TearDown() override {

@@ -1,4 +1,4 @@
-// The questions, and what other programs, the user and the system do while one is up.
+// The questions, and the actions of other programs, the user and the system while one is open.
 #include "faults/between.h"
 
 #include <algorithm>
@@ -176,7 +176,7 @@ std::vector<Between::Question> Between::questions() {
   };
 }
 
-// --- what happens meanwhile ---
+// --- actions while a question is open ---
 
 void Between::otherProgram() {
   switch (below(5)) {
@@ -276,19 +276,19 @@ void Between::meanwhile() {
     return;
   }
   expectOnlyTheNamedTouched();
-  // The boxes of what happens meanwhile are left alone.
+  // Message boxes of these actions do not trigger further actions.
   const int kept = std::exchange(boxes_, mostBoxes);
   for (auto n = below(5); n > 0; --n) {
     change();
   }
   if (oneIn(2)) {
-    // So that the lists know of it.
+    // So that the lists show it.
     desktop().advance(1000);
     main_->lstQMK.at(static_cast<std::size_t>(main_->TabMain.current()))
         .raiseKey({controls::keys::f5});
   }
   boxes_ = kept;
-  // What has been told so far was about that.
+  // The messages so far belong to the actions, not to the question.
   desktop().messages.clear();
   look();
 }

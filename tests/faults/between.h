@@ -1,4 +1,5 @@
-// A question or a dialog of the window in memory, and what happens before its answer.
+// A question or a dialog of the window on the in-memory desktop, and what happens before its
+// answer.
 #pragma once
 
 #include <functional>
@@ -13,12 +14,12 @@
 
 namespace faults {
 
-/// The items that a list file stands for, each with its cells in one text.
+/// The items that a list must show for a list file, each with its cells in one text.
 [[nodiscard]] std::multiset<std::wstring> itemsOf(const std::wstring& path);
 /// Path of a shortcut of that name.
 [[nodiscard]] std::wstring linkPath(const std::wstring& name);
 
-/// Asks a question, lets something happen and answers, round by round.
+/// Asks a question, lets other things happen and answers, round by round.
 class Between : public ::desktop::DesktopTest {
  protected:
   void round(unsigned seed);
@@ -29,7 +30,7 @@ class Between : public ::desktop::DesktopTest {
   std::string asking_;
 
  private:
-  /// A question with what its answer may do.
+  /// A question, and what its answer may do.
   struct Question {
     std::string name;
     frmQMK::Tab tab;
@@ -50,9 +51,9 @@ class Between : public ::desktop::DesktopTest {
   void otherProgram();
   void filesChange();
   void windowChange();
-  /// While a box is up.
+  /// Called while a box is open.
   void meanwhile();
-  /// Notes what there is now; what is different at the next look has been done by the program.
+  /// Records the present state. Differences at the next check were made by the program.
   void look();
   void expectOnlyTheNamedTouched();
   void expectListsShowTheirFiles();
@@ -61,12 +62,12 @@ class Between : public ::desktop::DesktopTest {
   std::mt19937 random_;
   frmQMK* main_ = nullptr;
   std::wstring path_;     // of the file that the question names
-  std::wstring renamed_;  // how the path of that file may begin afterwards
+  std::wstring renamed_;  // allowed prefix of that file's path afterwards
   std::wstring webName_;  // name of the web shortcut that the question names
   State before_;
   std::multiset<std::wstring> catalogueBefore_;
   std::multiset<std::wstring> webListBefore_;
-  bool missed_ = false;  // the file that was to be renamed was said to be missing
+  bool missed_ = false;  // the file to be renamed was reported as missing
   int boxes_ = 0;
 };
 

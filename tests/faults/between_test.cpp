@@ -1,6 +1,6 @@
-// Between a question and its answer: every question and dialog, and while it is up other programs,
-// the user and the system change files, lists and windows in any order. Whatever they do, only what
-// the question named is touched, and at rest the lists show what is in their files.
+// Between a question and its answer: while each question or dialog is open, other programs, the
+// user and the system change files, lists and windows in any order. The answer must change only
+// what the question named, and afterwards the lists show what is in their files.
 #include "faults/between.h"
 
 #include <gtest/gtest.h>
@@ -60,7 +60,7 @@ std::multiset<std::wstring> shown(const controls::ListView& list, bool web) {
 
 }  // namespace
 
-// --- what is right ---
+// --- the expected state ---
 
 void Between::look() {
   before_ = stateOf(*main_);
@@ -102,8 +102,8 @@ void Between::expectOnlyTheNamedTouched() {
         << platform::text::toCodePage(item);
     EXPECT_FALSE(toldGone());
   }
-  // The renaming writes what the list shows, whatever the file holds; nothing else takes away what
-  // it has not named.
+  // Renaming writes what the list shows, whatever the file contains. Nothing else removes records
+  // that it has not named.
   if (asking_ != "rename a web shortcut" || toldGone()) {
     for (const std::wstring& item : without(webListBefore_, itemsOf(webListFile))) {
       EXPECT_EQ(item.substr(0, webName_.size() + 1), webName_ + L'|');
@@ -119,7 +119,8 @@ void Between::expectListsShowTheirFiles() {
   desktop().unlock(catalogueFile);
   desktop().unlock(webListFile);
   desktop().advance(2000);
-  // Only the catalogue is watched; and a time at which it could not be read is not tried again.
+  // Only the catalogue is watched. If it could not be read at one file time, the watch does not try
+  // again for that time.
   for (const auto tab : {frmQMK::tools, frmQMK::open, frmQMK::web}) {
     main_->lstQMK.at(tab).raiseKey({controls::keys::f5});
   }
@@ -176,7 +177,7 @@ void Between::round(unsigned seed) {
   ++asked_[asking_];
   missed_ = false;
   if (asking_.starts_with("rename a") && question.tab == frmQMK::open) {
-    // Two records of one file may differ in their types, of which comes the extension.
+    // Two records of one file may have different types, and the type decides the extension.
     renamed_ = path_.substr(0, path_.rfind(L'\\') + 1) + L"Typed name.";
   } else if (asking_ == "rename a shortcut") {
     renamed_ = L"C:\\App\\shortcuts\\Typed name.lnk";

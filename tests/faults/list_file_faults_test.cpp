@@ -47,7 +47,7 @@ bool listsMayShowNewName(const Fault& fault) {
   if (fault.now.lists == expected) {
     return true;
   }
-  // The item has its new name from the renaming of the data file on.
+  // The item has its new name once the data file has been renamed.
   Texts& items = expected.at(frmQMK::open);
   const bool renamed = fault.now.file(L"D:\\Afar.FP3") == "one";
   for (std::wstring& item : items) {
@@ -61,7 +61,7 @@ bool listsMayShowNewName(const Fault& fault) {
   return renamed && shown == items;
 }
 
-/// The same for the Web list, whose item is changed before anything else.
+/// The same for the Web list, whose item is changed first.
 bool webListShowsNewName(const Fault& fault) {
   std::vector<Texts> expected = fault.old.lists;
   if (fault.inReload()) {
@@ -72,7 +72,7 @@ bool webListShowsNewName(const Fault& fault) {
   return fault.now.lists == expected;
 }
 
-/// A load that fails leaves the list with what it held by then.
+/// After a load that fails, the list keeps what was added so far.
 bool dataListIsEmpty(const Fault& fault) {
   std::vector<Texts> expected = fault.old.lists;
   expected.at(frmQMK::open).clear();
@@ -223,7 +223,7 @@ std::vector<Operation> operations() {
              if (!fault.was(L"read ")) {
                return Texts{errorReport(fault)};
              }
-             // Behind a load that failed the watch may ask for the file's time again.
+             // After a load that failed, the watch may read the file's time again.
              return fault.failures > 1 ? Texts{catalogueProblem(fault), errorReport(fault)}
                                        : Texts{catalogueProblem(fault)};
            },

@@ -1,4 +1,4 @@
-// Where a load of the data list stopped, as its message tells it.
+// The stage at which a load of the data list stopped, as its message shows it.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -14,14 +14,14 @@ using desktop::desktop;
 
 TEST(Location, FollowsTheLoadThroughARecord) {
   Bench bench;
-  // Texts that need memory wherever they are looked at.
+  // Texts whose conversion always needs memory.
   desktop().putFile(catalogueFile, record("\xE9t\xE9 et hiver",
                                           "D:\\A folder of the survey\\A file of the survey.fp3",
                                           "the eleventh of November in the morning"));
   std::wstring seen;
   const std::wstring before = L"Problem building QMK file list\rLocation: ";
   for (int n = 1;; ++n) {
-    // Each time from the same state, so that the memory is asked for in the same order.
+    // Each run starts from the same state, so that the allocations are in the same order.
     modQMKGeneral::LoadCatalogueView(bench.main().catalogue);
     desktop().messages.clear();
     failAllocation(n);
@@ -41,7 +41,7 @@ TEST(Location, FollowsTheLoadThroughARecord) {
     }
   }
   failAllocation(0);
-  // The tests of the type, "4" to "6", need none.
+  // Finding the type, stages "4" to "6", allocates nothing.
   EXPECT_EQ(seen, L"12378");
 }
 

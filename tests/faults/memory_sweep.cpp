@@ -1,4 +1,4 @@
-// Memory that runs out anywhere in an operation, and lists whose native side refuses a change.
+// Memory that runs out at any point of an operation, and lists whose native side refuses a change.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -23,8 +23,8 @@ bool tellsOfMemory(const std::wstring& message) {
 
 namespace {
 
-/// Whether a list shows nothing but what it showed before or shows after a run without a fault; a
-/// load that stopped half-way leaves a part.
+/// Whether a list shows only items that it showed before or shows after a run without a fault.
+/// After a load that stopped in the middle, it shows some of them.
 bool showsNothingElse(const Texts& now, const Texts& old, const Texts& clean) {
   return std::all_of(now.begin(), now.end(), [&](const std::wstring& item) {
     const auto in = [&item](const Texts& items) {
@@ -49,7 +49,7 @@ void expectListsShowNothingElse(const Operation& operation, const Fault& fault) 
 }  // namespace
 
 int strideFor(int all) {
-  // So many of each operation take a few seconds together.
+  // With this many cases of each operation, all of them together take a few seconds.
   constexpr int sample = 40;
   const char* const length = std::getenv("QMK_PROOF");
   const bool every = length != nullptr && std::string_view(length) == "long";
@@ -62,14 +62,14 @@ void checkOutOfMemory(const Operation& operation, const Fault& fault) {
   }
   Fault whole = fault;
   if (operation.addOthersWork && fault.now.file(catalogueFile) != fault.old.file(catalogueFile)) {
-    // The other program was there before the fault.
+    // The other program's change happened before the fault.
     whole.call = L"replace ";
     operation.addOthersWork(whole);
   }
   expectWholeFiles(whole, operation.mayBeGone);
   const Texts& messages = fault.now.messages;
   if (messages == fault.clean.messages) {
-    // The program got over it without telling: then nothing may show of it.
+    // The program recovered without a message, so the fault must have no visible effect.
     EXPECT_EQ(fault.now.files, fault.clean.files);
     EXPECT_EQ(fault.now.lists, fault.clean.lists);
     EXPECT_EQ(fault.now.dialogOpen, fault.clean.dialogOpen);
@@ -91,7 +91,7 @@ void sweepMemory(const Operation& operation) {
   const auto runFailing = [&operation](int n) {
     return runWith(operation, [n](Bench& /*bench*/) { failAllocation(n); });
   };
-  // What is made once for the whole program is made in the first run.
+  // The first run creates what exists once per program.
   static_cast<void>(runFailing(0));
   const Fault clean = runFailing(0);
   const int stride = strideFor(clean.allocations);
@@ -108,7 +108,7 @@ void sweepMemory(const Operation& operation) {
     checkOutOfMemory(operation, fault);
     ++cases;
     if (::testing::Test::HasFailure()) {
-      return;  // one case is enough to look at
+      return;  // one failing case is enough
     }
   }
   ASSERT_GT(cases, 0) << "the operation needs no memory";
@@ -117,14 +117,14 @@ void sweepMemory(const Operation& operation) {
 
 namespace {
 
-/// Counts the changes that the lists of a window tell their native sides, and lets one be refused.
+/// Counts the changes of which the lists of a window notify their peers, and lets one be refused.
 struct Refusal {
   int changes = 0;
   int refuseAt = 0;
   bool refused = false;
 };
 
-/// Native side of a list that may be at the end of its means.
+/// Peer of a list that may refuse a change.
 class RefusingPeer : public controls::ListViewPeer {
  public:
   RefusingPeer(controls::ListView& list, Refusal& refusal) : list_(&list), refusal_(refusal) {

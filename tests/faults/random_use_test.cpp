@@ -1,5 +1,6 @@
-// Random use of the whole window in memory, under the sanitizers: commands in any order, whatever
-// is answered, other programs that write meanwhile, and a watch that ticks while a box is up.
+// Random use of the whole window on the in-memory desktop, under the sanitizers: commands in any
+// order, any answers, other programs that write meanwhile, and a watch that ticks while a box is
+// open.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -33,8 +34,8 @@ class RandomUse : public ::desktop::DesktopTest {
   const mainwindow::Command& someCommand();
   void dialogs();
   void act();
-  /// What goes on while a box is up: time passes and other programs write; now and then a command
-  /// gets through that was on its way already.
+  /// Called while a box is open: time passes and other programs write. Sometimes a command arrives
+  /// that was already on its way.
   void meanwhile();
 
   std::mt19937 random_;
@@ -120,7 +121,7 @@ void RandomUse::command() {
     case 3:
     case 4:
     case 5:
-      // Any of them, those without a place in a menu too.
+      // Any command, including those that are in no menu.
       if (const auto& row = someCommand(); row.id != ids::mnuExit || oneIn(100)) {
         main_->commands.item(row.id).raiseClick();
       }
@@ -219,7 +220,7 @@ void RandomUse::use(unsigned seed, int events) {
   if (!main_->loaded()) {
     return;
   }
-  // At rest the Open list shows what is in the file.
+  // Afterwards the Open list shows what is in the file.
   desktop().onMessage = nullptr;
   desktop().onPump = nullptr;
   desktop().putFile(catalogueFile, record("fp3", "D:\\Last.fp3", "z"));

@@ -14,7 +14,7 @@ using platform::dialogs::Answer;
 
 Texts reported(const Fault& fault) { return {errorReport(fault)}; }
 
-/// The same where the first failures did not end the operation.
+/// The same when the first failures did not end the operation.
 Texts reportedAtLast(Fault fault) {
   fault.path = fault.lastPath;
   return reported(fault);
@@ -28,7 +28,8 @@ void create(Bench& bench) {
   bench.main().mnuCreate.raiseClick();
 }
 
-/// Only a cancelled dialog writes no shortcut; another failure of it goes on without a path.
+/// Only a cancelled dialog writes no shortcut. After another failure of the dialog the operation
+/// continues without a path.
 bool dialogFailed(const Fault& fault) {
   const std::wstring withoutPath = shortcutsFolder + L"\\Shortcut to .lnk";
   const bool memoryRanOut = fault.call.empty() && fault.now.files.contains(withoutPath);
@@ -59,12 +60,12 @@ void erase(Bench& bench) {
   bench.main().mnuDelete.raiseClick();
 }
 
-/// Whether memory ran out where errors are ignored.
+/// Whether memory ran out at a point where errors are ignored.
 bool memoryRanOutUnnoticed(const Fault& fault) {
   return fault.call.empty() && fault.now.messages == fault.clean.messages;
 }
 
-/// A deletion that fails is ignored, and the list is loaded again.
+/// An error of the deletion is ignored, and the list is loaded again.
 bool deletionIsIgnored(const Fault& fault) {
   const bool stays = memoryRanOutUnnoticed(fault) && fault.now.files == fault.old.files;
   if (!fault.was(L"remove ") && !stays) {
@@ -88,13 +89,13 @@ void putToolLinks(Bench& bench) {
 
 void provision(Bench& /*bench*/) { Bench::handle(modSC::ProvisionToolShortcuts); }
 
-/// A shortcut of the suite's own, which is deleted before it is written afresh.
+/// A shortcut of the suite's own tools, which is deleted before it is written again.
 bool isToolLink(const std::wstring& path) {
   return path == shortcutsFolder + L"\\Plotview Browser.lnk" ||
          path == shortcutsFolder + L"\\BrushtallyPC.lnk";
 }
 
-/// The obsolete shortcuts go with their errors ignored.
+/// Errors of removing the obsolete shortcuts are ignored.
 bool removalIsIgnored(const Fault& fault) {
   const bool ignored = fault.was(L"remove " + shortcutsFolder + L"\\PlotviewX.lnk") ||
                        fault.was(L"remove " + shortcutsFolder + L"\\Plotview.lnk") ||
@@ -173,7 +174,7 @@ INSTANTIATE_TEST_SUITE_P(Each, ShortcutFaults, ::testing::ValuesIn(operations())
 
 std::vector<Operation> looking() {
   std::vector<Operation> all = operations();
-  all.pop_back();  // a start looks at nothing
+  all.pop_back();  // a start makes no calls that only read
   return all;
 }
 

@@ -1,4 +1,4 @@
-// The start of the program with every call failing in turn, and its end.
+// The start and the end of the program, with every call failing in turn.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -69,8 +69,8 @@ Start startWith(const std::function<void()>& inject, bool partly = false) {
   return start;
 }
 
-/// `overlooked`: a search did not find what is there. A catalogue that seems to be missing is built
-/// once more, behind what it holds.
+/// With `overlooked`, a search did not find an existing file. A catalogue that seems to be missing
+/// is built again, after its existing records.
 void checkStart(const Start& start, const State& clean, bool overlooked = false) {
   const State& old = start.fault.old;
   const State& now = start.fault.now;
@@ -107,7 +107,7 @@ TEST(StartUpFaults, NoCallThatFailsLosesAnythingAndTheStartGoesOnAsFarAsItCan) {
                      platform::text::toCodePage(start.fault.call) + ") raises " +
                      std::to_string(number) + (forever ? " for ever" : " once"));
         checkStart(start, clean);
-        // Only the obsolete shortcuts are removed with errors ignored.
+        // Errors are ignored only when obsolete shortcuts are removed.
         EXPECT_TRUE(!start.fault.now.messages.empty() ||
                     start.fault.was(L"remove " + shortcutsFolder));
         ++cases;
@@ -147,7 +147,7 @@ TEST(StartUpFaults, NothingIsLostWhenACallFindsNothingOrMemoryRunsOut) {
 
 TEST(StartUpFaults, NothingIsLostWhenMemoryRunsOutAnywhere) {
   const auto startFailing = [](int n) { return startWith([n] { failAllocation(n); }, n != 0); };
-  static_cast<void>(startFailing(0));  // what is made once for the whole program is made here
+  static_cast<void>(startFailing(0));  // creates what exists once per program
   const Fault clean = startFailing(0).fault;
   const int stride = strideFor(clean.allocations);
   int cases = 0;
@@ -164,7 +164,7 @@ TEST(StartUpFaults, NothingIsLostWhenMemoryRunsOutAnywhere) {
     EXPECT_TRUE(std::all_of(messages.begin(), messages.end(), tellsOfMemory))
         << ::testing::PrintToString(messages);
     if (messages.empty()) {
-      // The program got over it without telling: then nothing may show of it.
+      // The program recovered without a message, so the fault must have no visible effect.
       EXPECT_EQ(start.fault.now, clean.now);
     }
     ++cases;

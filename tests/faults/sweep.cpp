@@ -19,7 +19,7 @@ using platform::text::toCodePage;
 
 namespace {
 
-/// Runs of an operation beyond this one are a sign that it never ends.
+/// If an operation needs more runs than this, it probably never ends.
 constexpr int mostCalls = 200;
 
 }  // namespace
@@ -33,7 +33,7 @@ Fault runWith(const Operation& operation, const std::function<void(Bench&)>& inj
   fault.old = stateOf(bench.main());
   const int looks = desktop().faults().looks();
   inject(bench);
-  // As everything that the user can ask for.
+  // Run like a command of the user.
   {
     const CountedAllocations counted;
     platform::dispatch([&] { operation.run(bench); });
@@ -87,7 +87,7 @@ void check(const Operation& operation, const Fault& fault) {
   }
   expectWholeFiles(fault, operation.mayBeGone);
   if (fault.now.messages == fault.clean.messages) {
-    // The program got over it without telling: then nothing may show of it.
+    // The program recovered without a message, so the fault must have no visible effect.
     EXPECT_EQ(fault.now.files, fault.clean.files);
     EXPECT_EQ(fault.now.lists, fault.clean.lists);
     EXPECT_EQ(fault.now.dialogOpen, fault.clean.dialogOpen);
@@ -112,8 +112,8 @@ using LookFault = desktop::Faults::LookFault;
 
 using Lines = std::multiset<std::string>;
 
-/// Lines of a list file but for those of the data folder: what a search of that folder does not
-/// find is not there.
+/// Lines of a list file except those of the data folder: what a search of that folder does not find
+/// is dropped.
 Lines linesElsewhere(const std::string& bytes) {
   Lines lines;
   std::istringstream stream(bytes);
@@ -125,7 +125,7 @@ Lines linesElsewhere(const std::string& bytes) {
   return lines;
 }
 
-/// Number of the lines that a run without a fault keeps and this one does not.
+/// Number of lines that a run without a fault keeps and this one does not.
 std::size_t lostLines(const Fault& fault, const std::wstring& path) {
   const Lines old = linesElsewhere(fault.old.file(path));
   const Lines clean = linesElsewhere(fault.clean.file(path));
@@ -201,7 +201,7 @@ void sweepCalls(const Operation& operation) {
         check(operation, fault);
         ++cases;
         if (::testing::Test::HasFailure()) {
-          return;  // one case is enough to look at
+          return;  // one failing case is enough
         }
       }
     }

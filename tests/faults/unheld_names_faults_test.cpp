@@ -15,7 +15,7 @@ using platform::dialogs::Answer;
 const std::wstring beetle = L"\u0416\u0443\u043A";
 const std::wstring file = L"D:\\" + beetle + L".fp3";
 
-/// Puts a data file of such a name there, on a volume that gives short names, and lists it.
+/// Creates a data file with such a name, on a volume that has short names, and lists it.
 void list(Bench& bench, const std::string& path) {
   desktop().putFile(file, "one");
   desktop().giveShortNames(L"D:");
@@ -38,7 +38,7 @@ void renameTo(Bench& bench, const std::wstring& name) {
 
 Texts problemWithSaving(const Fault& fault) { return {trapped(fault)}; }
 
-/// The item that is renamed has its new name from the renaming of its file on.
+/// The renamed item has its new name once its file has been renamed.
 bool listsMayShow(const Fault& fault, const std::wstring& oldName, const std::wstring& newName) {
   std::vector<Texts> expected = fault.old.lists;
   Texts shown = fault.now.lists.at(frmQMK::open);

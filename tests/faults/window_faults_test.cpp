@@ -1,5 +1,4 @@
-// What the window does without a file being changed: reloading, sorting, other tabs and views, its
-// dialogs.
+// Operations of the window that change no file: reloading, sorting, other tabs and views, dialogs.
 #include <gtest/gtest.h>
 
 #include "faults/sweep.h"
@@ -31,7 +30,7 @@ std::vector<Operation> operations() {
            [](Bench& bench) {
              controls::ListView& list = bench.main().lstQMK[frmQMK::open];
              list.raiseColumnClick(2);
-             // As it is painted next.
+             // As the next painting does.
              static_cast<void>(list.cell(0, 0));
            }},
       {.name = "go through the tabs",

@@ -1,5 +1,5 @@
-// Every operation of the catalogue on a file of any bytes. The input is the operation's letter, a
-// line with a path or name, and the file.
+// Runs every operation of the catalogue on a file of arbitrary bytes. The input consists of the
+// operation's letter, a line with a path or name, and the file.
 #include <algorithm>
 #include <functional>
 #include <optional>
@@ -56,7 +56,7 @@ std::wstring withoutBlanks(std::wstring text) {
   return text.substr(std::min(text.find_first_not_of(L' '), text.size()));
 }
 
-/// Runs an operation; the number of the error that it raises, 0 for none.
+/// Runs an operation and returns the number of the error that it raises, 0 for none.
 int numberOf(const std::function<void()>& operation) {
   try {
     operation();
@@ -99,7 +99,7 @@ void checkAdd(const std::string& old, const std::wstring& path) {
       return record.has(1) && record.fields[1] == written;
     });
     require(twice, "what is added is read back");
-    // A type code with a quote in it may eat the path of its own record, and no other's.
+    // A type code with a quote in it may destroy the path of its own record, but of no other.
     if (old.find('"') == std::string::npos || !found) {
       require(fuzz::bytesOf(fuzz::catalogueFile) == bytes, "adding twice is adding once");
     }
@@ -113,7 +113,7 @@ void checkRemove(const std::string& old, const std::wstring& path) {
   for (const Record& record : recordsOf(old)) {
     expected += record.has(1) && record.text(1) == path ? "" : record.line;
   }
-  // Only a pattern is found that cannot be deleted.
+  // Only a pattern can be found and still not be deleted.
   require(failure == 0 || path.find_first_of(L"*?") != std::wstring::npos,
           "removing ends without an error");
   require(failure != 0 || !wasThere || !theDesktop().has(path), "the data file itself goes");
@@ -161,7 +161,7 @@ std::vector<std::wstring> expectedItems(const std::string& bytes) {
   return items;
 }
 
-/// The same of the list itself, without the label, which must be one of the five.
+/// The items of the list itself, without the label, which must be one of the five.
 std::vector<std::wstring> shownItems(const controls::ListView& list) {
   std::vector<std::wstring> items;
   for (std::size_t i = 0; i < list.count(); ++i) {
@@ -184,9 +184,9 @@ void checkLoad(modQMKGeneral::CatalogueView& view) {
           "the list shows each record with a folder and a name once");
 }
 
-/// Checks that the disk has renamed the file: it is where the program has told the disk to move it,
-/// and nowhere else. Both paths may be spellings of one place, with another case, with slashes,
-/// blanks or dots that do not count; then what is written to one is read from the other.
+/// Checks that the in-memory disk has renamed the file: it is at the new path and nowhere else.
+/// Both paths may be spellings of one place, with other letter case, slashes, blanks or dots. In
+/// that case, what is written to one is read from the other.
 void checkMoved(const std::wstring& oldPath, const std::string& contents) {
   const std::wstring from = L"rename " + oldPath + L" -> ";
   const std::vector<std::wstring>& journal = theDesktop().journal();
@@ -215,7 +215,7 @@ void checkRename(const std::string& old, modQMKGeneral::CatalogueView& view,
   const std::wstring path = folder + list.text(selected);
   const std::wstring oldPath = folder + L"\\" + list.text(selected);
   const std::string contents = "data";
-  // Some paths name nothing, or something else behind the backslash that the program adds, or the
+  // Some paths name nothing, or something else after the backslash that the program adds, or the
   // catalogue itself.
   if (numberOf([&] { theDesktop().putFile(path, contents); }) != 0 ||
       theDesktop().bytesOf(oldPath) != contents || fuzz::bytesOf(fuzz::catalogueFile) != old) {
@@ -236,7 +236,7 @@ void checkRename(const std::string& old, modQMKGeneral::CatalogueView& view,
   if (old.find('"') != std::string::npos || !fuzz::survives(newName)) {
     return;
   }
-  // All but the renamed one are what they were.
+  // All items but the renamed one are unchanged.
   items.erase(items.begin() + static_cast<std::ptrdiff_t>(selected));
   const std::vector<std::wstring> now = fuzz::itemsOf(list, 4);
   require(now.size() == count, "each record is listed again");
@@ -297,7 +297,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   if (operation != 'R' && operation != 'N') {
     require(fuzz::bytesOf(fuzz::webListFile) == "web", "the other list file is left alone");
     require(fuzz::bytesOf(dataFile) == "profile", "data files are left alone");
-    // Whatever was written can be shown.
+    // The list must be able to show everything that was written.
     if (theDesktop().has(fuzz::catalogueFile)) {
       checkLoad(view);
     }

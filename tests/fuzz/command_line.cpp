@@ -1,5 +1,5 @@
-// Command lines of the suite's tools for catalogue records and chosen files of any name. The input
-// is a letter, a line with the type code, and the path.
+// Checks the command lines for the suite's tools, for catalogue records and chosen files with
+// arbitrary names. The input is a letter, a line with the type code, and the path.
 #include <algorithm>
 #include <array>
 #include <optional>
@@ -61,7 +61,7 @@ void checkStart(const std::wstring& path) {
   }
 }
 
-/// The file that a listed path names; nothing when there is none, or there may be several.
+/// The file that a listed path names; nothing when there is none, or when there may be several.
 std::optional<std::wstring> fileOf(const std::wstring& path) {
   try {
     return stored_path::realFile(path);
@@ -83,7 +83,7 @@ void open(Lists& lists, const std::wstring& type, const std::wstring& path) {
   require(there == lists.cmdBrowse.tag().empty() || path.substr(behind).empty() ||
               !theDesktop().errorReports.empty(),
           "a file that is gone is offered to be located");
-  // No volume of this desktop gives short names.
+  // No volume of the in-memory disk has short names.
   const bool readable = there && platform::text::fitsCodePage(*file);
   require(!there || theDesktop().starts.size() == (known && readable ? 1 : 0),
           "each type has its tool");
@@ -119,7 +119,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
       try {
         theDesktop().putFile(path, "data");
       } catch (const platform::RunTimeError&) {
-        return 0;  // no file can be called that
+        return 0;  // no file can have that name
       }
     }
     open(lists, type, path);

@@ -1,4 +1,4 @@
-// Any bytes as a program file whose icons are to be shown.
+// Reads icons from arbitrary bytes as a program file.
 #include <string>
 
 #include "fuzz/support/fuzz.h"
@@ -9,7 +9,7 @@ using fuzz::require;
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
   constexpr platform::pictures::Sizes sides{8, 4};
   const std::string file(reinterpret_cast<const char*>(bytes), size);
-  // More than a few dozen looks at the file would make a damaged one slow.
+  // More than a few dozen reads would make a damaged file slow.
   constexpr std::size_t mostReads = 64;
   std::size_t reads = 0;
   const auto pictures = icons::unpackedIcons(

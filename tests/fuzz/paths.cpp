@@ -1,5 +1,4 @@
-// Taking paths apart, writing them as the disk has them, and telling types by them. The input is a
-// path.
+// Splits paths, makes them canonical, and determines types from them. The input is a path.
 #include <algorithm>
 #include <optional>
 #include <string>
@@ -27,7 +26,7 @@ void checkSplitting(const std::wstring& path) {
   require(folder + name == path, "the parts joined are the path");
   require(name.find(L'\\') == std::wstring::npos, "a name has no separator");
   require(folder.empty() || folder.ends_with(L'\\'), "a folder ends with a separator");
-  // An output may be the very string that is split.
+  // An output may be the same string as the input.
   std::wstring same = path;
   std::wstring other;
   SplitPath(same, same, other);
@@ -45,7 +44,7 @@ void checkCanonical(const std::wstring& path) {
     return;
   }
   constexpr std::size_t behindDrive = 3;
-  // Only backslashes separate: no system call hands out paths with slashes.
+  // Only backslashes separate, because no system call returns paths with slashes.
   if (path.size() <= behindDrive || path.find(L'/') != std::wstring::npos) {
     return;
   }
@@ -54,13 +53,13 @@ void checkCanonical(const std::wstring& path) {
   require(theDesktop().has(canonical), "a canonical path names what is there");
   require(CanonicalPath(canonical) == canonical, "a canonical path is its own");
   require(CanonicalPath(canonical + L'\\') == canonical, "a separator at the end does not count");
-  // Patterns aside, letter case is all that changes in a path of long names.
+  // Except for patterns and short names, only the letter case may differ.
   if (path.find_first_of(L"*?~") == std::wstring::npos) {
     std::wstring whole = path;
     if (whole.ends_with(L'\\')) {
       whole.pop_back();
     }
-    // The system takes dots and blanks off the end of every component.
+    // The system removes dots and blanks from the end of every component.
     const bool plain = whole.find(L".\\") == std::wstring::npos &&
                        whole.find(L" \\") == std::wstring::npos && !whole.ends_with(L'.') &&
                        !whole.ends_with(L' ');
@@ -69,7 +68,7 @@ void checkCanonical(const std::wstring& path) {
   }
 }
 
-/// The path as one reads it in the list after it was written there.
+/// The path as the list shows it after it was written there.
 std::wstring asListed(const std::wstring& path) {
   return platform::text::fromCodePage(platform::text::toCodePage(path));
 }
@@ -137,7 +136,7 @@ void checkType(const std::wstring& name) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
-  // The disk never changes: it is made once.
+  // The disk never changes, so it is set up once.
   static const bool prepared = [] {
     fuzz::freshDesktop();
     theDesktop().putFile(L"C:\\Program Files\\Quill.mark\\Data\\Ridge one.fp3", "data");

@@ -1,4 +1,5 @@
-// The reader of list files against one that goes character by character, and what it promises.
+// Compares the reader of list files with a simple reader that goes character by character, and
+// checks what it guarantees.
 #include <array>
 #include <string>
 #include <vector>
@@ -12,7 +13,7 @@ using list_file::Record;
 
 namespace {
 
-/// A line as the slow reader sees it.
+/// A line as the simple reader returns it.
 struct Line {
   std::vector<std::string> fields;
   std::string rest;
@@ -86,7 +87,7 @@ void checkRecord(const Record& record, const std::string& line) {
           "the rest comes from its own line");
 }
 
-/// What is written is read back.
+/// What is written must be read back unchanged.
 void checkWriting(const Record& record) {
   const auto& f = record.fields;
   for (const std::string_view field : f) {

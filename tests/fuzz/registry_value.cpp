@@ -1,5 +1,5 @@
-// Registry values of any type and length as the system information tool reads them. The input is a
-// character for the type and the value's bytes.
+// Registry values of any type and length, as the about box reads them. The input is a character for
+// the type, and the value's bytes.
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -21,7 +21,7 @@ constexpr const wchar_t* key = L"SOFTWARE\\Microsoft\\Shared Tools\\MSINFO";
 constexpr const wchar_t* tool = L"C:\\Windows\\msinfo32.exe";
 constexpr const wchar_t* untouched = L"untouched";
 
-/// The text of the digits, put together digit by digit.
+/// The number as text, built digit by digit.
 std::wstring numberOf(const std::vector<std::uint8_t>& bytes) {
   std::string digits;
   for (std::size_t i = std::min<std::size_t>(bytes.size(), 4); i-- > 0;) {

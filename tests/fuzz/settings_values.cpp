@@ -1,5 +1,6 @@
-// Settings that anybody may have edited: the window's place and the widths of columns. The input is
-// a line with the place, a line with the widths, and two characters for the screen's density.
+// Settings that anybody may have edited: the window's placement and the widths of columns. The
+// input is a line with the placement, a line with the widths, and two characters for the screen's
+// dpi.
 #include <algorithm>
 #include <string>
 

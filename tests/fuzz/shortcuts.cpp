@@ -96,7 +96,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   const std::wstring target = fuzz::wide(input.line());
   const std::wstring typed = fuzz::wide(input.rest());
   if (!::desktop::isName(name)) {
-    return 0;  // no file can be called that
+    return 0;  // no file can have that name
   }
   fuzz::freshDesktop();
   theDesktop().putProgram(L"C:\\App\\plv3.exe");

@@ -1,5 +1,5 @@
-// Every operation of the web list on a file of any bytes. The input is the operation's letter, a
-// line with a name, a line with an address, and the file.
+// Runs every operation of the web list on a file of arbitrary bytes. The input is the operation's
+// letter, a line with a name, a line with an address, and the file.
 #include <array>
 #include <string>
 #include <vector>
@@ -31,7 +31,7 @@ using Items = std::vector<std::wstring>;
 
 std::wstring item(const std::wstring& name, const std::wstring& url) { return name + L'\0' + url; }
 
-/// What the list has to show of a file.
+/// The items that the list must show for a file.
 Items expectedItems(const std::string& bytes) {
   Items items;
   list_file::Reader reader(bytes);
@@ -49,7 +49,7 @@ std::string recordOf(const std::wstring& name, const std::wstring& url) {
   return '"' + fuzz::asWritten(name) + "\",\"" + fuzz::asWritten(url) + "\"\r\n";
 }
 
-/// Name and address as they come back from the file.
+/// Name and address as they are read back from the file.
 std::wstring readBack(const std::wstring& name, const std::wstring& url) {
   return item(fromCodePage(fuzz::asWritten(name)), fromCodePage(fuzz::asWritten(url)));
 }

@@ -34,7 +34,7 @@ void answer(const std::wstring& title, const std::wstring& beginning, int button
   box.answer(button);
 }
 
-/// Asks as the set-up program does.
+/// Checks in the same way as the set-up program.
 bool running() {
   HANDLE const instance = OpenMutexW(SYNCHRONIZE, FALSE, L"Local\\QuillmarkSuite3Gateway");
   if (instance != nullptr) {

@@ -9,7 +9,8 @@
 namespace desktop {
 namespace {
 
-/// Characters of the bytes from 0x80 on; those that stand for nothing keep their number.
+/// Characters of the bytes from 0x80 on. Bytes without a meaning become the character with their
+/// number.
 using UpperHalf = std::array<wchar_t, 128>;
 
 constexpr int utf8 = 65001;
@@ -69,7 +70,7 @@ void appendUtf8(std::string& bytes, std::uint32_t c) {
   if (isSurrogate(c) || c > 0x10FFFF) {
     c = replacement;
   }
-  // As many bytes follow the first one as there are groups of six bits that it cannot hold.
+  // The first byte says how many bytes follow: one for each six bits that do not fit into it.
   int following = 3;
   if (c < 0x10000) {
     following = c < 0x800 ? 1 : 2;
@@ -81,7 +82,7 @@ void appendUtf8(std::string& bytes, std::uint32_t c) {
   }
 }
 
-/// Takes one character off the front of `bytes`.
+/// Removes one character from the front of `bytes` and returns it.
 wchar_t takeUtf8(std::string_view& bytes) {
   const auto lead = static_cast<unsigned char>(bytes.front());
   bytes.remove_prefix(1);

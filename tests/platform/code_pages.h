@@ -1,4 +1,4 @@
-// The code pages of the desktop in memory.
+// The code pages of the in-memory desktop.
 #pragma once
 
 #include <string>
@@ -8,14 +8,14 @@ namespace desktop {
 
 /// Number of the system's code page: 1252, 1250 or 65001 (which is UTF-8).
 [[nodiscard]] int codePage();
-/// Makes it another one. Raises 5 for one that is not known here.
+/// Changes the system's code page. Raises `error::invalidCall` for one that is not supported here.
 void setCodePage(int number);
 
-/// Bytes of that code page. A character that it lacks becomes "?"; in 65001, which lacks only lone
-/// surrogates, U+FFFD.
+/// Converts text to that code page. A character that it lacks becomes "?"; in 65001, which lacks
+/// only lone surrogates, it becomes U+FFFD.
 [[nodiscard]] std::string toBytes(std::wstring_view text, int number);
-/// Text from such bytes; bytes that stand for nothing keep their number, in 65001 they become
-/// U+FFFD.
+/// Converts such bytes to text. Bytes without a meaning become the character with their number, in
+/// 65001 they become U+FFFD.
 [[nodiscard]] std::wstring fromBytes(std::string_view bytes, int number);
 
 }  // namespace desktop

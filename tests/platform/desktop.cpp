@@ -180,7 +180,7 @@ void Desktop::call(const std::wstring& what, const std::function<void()>& operat
   try {
     platform::concerning(path, [&] { faults_->attempt({what, line, path}, operation); });
   } catch (const RunTimeError& failure) {
-    // The journal may have been cleared by a hook that ran meanwhile.
+    // A hook that ran meanwhile may have cleared the journal.
     if (line < journal_.size()) {
       journal_[line] += L" failed " + std::to_wstring(failure.number());
     }

@@ -1,7 +1,7 @@
-// The in-memory desktop that unit tests link in place of the Windows side of the platform.
+// The in-memory desktop, which unit tests link instead of the Windows side of the platform.
 //
-// There is one of it for the process, because the platform's functions are plain functions. Tests
-// derive from `DesktopTest` (desktop_test.h), which resets it before every test.
+// There is one per process, because the platform's functions are plain functions. Tests derive from
+// `DesktopTest` (desktop_test.h), which resets it before every test.
 #pragma once
 
 #include <cstddef>
@@ -30,17 +30,17 @@
 
 namespace desktop {
 
-/// Thrown by `application::end`. It is no standard exception, so that nothing in the program that
-/// traps errors can trap it.
+/// Thrown by `application::end`. It is not derived from std::exception, so that no code of the
+/// program that traps errors catches it.
 struct ProgramEnded {};
 
-/// A message box that was shown. An error report is one too, with the critical style.
+/// A message box that was shown. Error reports are included, with the critical style.
 struct Message {
   std::wstring text;
   platform::dialogs::MessageStyle style = platform::dialogs::MessageStyle::information;
   std::wstring title;
   platform::dialogs::Answer answer = platform::dialogs::Answer::ok;
-  /// For the report of an error: how many reports there were before it, since the reset.
+  /// For an error report: the number of reports before it since the reset.
   std::optional<std::size_t> report;
 };
 
@@ -65,20 +65,20 @@ struct LinkWrite {
   platform::shell_links::Link link;
 };
 
-/// An address that was handed to the shell.
+/// An address that was passed to the shell.
 struct Browse {
   std::wstring address;
   int showCommand = 0;
 };
 
-/// A help viewer that was opened; `command` only has a meaning for classic help.
+/// A help viewer that was opened. `command` is used for classic help only.
 struct Help {
   bool compiled = false;
   std::wstring file;
   int command = 0;
 };
 
-/// A registry value that was asked for.
+/// A registry value that was queried.
 struct RegistryQuery {
   platform::registry::Root root = platform::registry::Root::currentUser;
   std::wstring key;
@@ -87,7 +87,7 @@ struct RegistryQuery {
   std::size_t bufferBytes = 0;
 };
 
-/// What the desktop keeps for each native window.
+/// What the in-memory desktop stores for each native window.
 struct WindowRecord;
 
 /// Which calls fail (faults.h).
@@ -100,13 +100,13 @@ class Desktop {
   Desktop& operator=(const Desktop&) = delete;
   ~Desktop();
 
-  /// Back to the state of a fresh system: the folders C:\App, C:\Users\Ann\Documents and
+  /// Restores the state of a fresh system: the folders C:\App, C:\Users\Ann\Documents and
   /// C:\Windows, code page 1252, 20 November 2026 14:30:15, nothing scripted, nothing recorded.
   void reset();
 
   // --- parts ---
 
-  /// The disk. Also reached by the short calls below.
+  /// The disk. The short functions below use it too.
   FileSystem& disk() { return *disk_; }
   /// The calls that fail because a test wants them to (faults.h).
   Faults& faults() { return *faults_; }
@@ -115,39 +115,39 @@ class Desktop {
 
   // --- files (see file_system.h) ---
 
-  /// Puts a file there with all its folders, in the place of one of that name.
-  /// `modified` 0 stands for now.
+  /// Creates a file with all its folders, replacing a file of that name. `modified` 0 means now.
   void putFile(const std::wstring& path, const std::string& bytes,
                unsigned attributes = platform::files::normal,
                platform::files::FileTime modified = 0);
-  /// Makes a folder and those above it.
+  /// Creates a folder and its parents.
   void putFolder(const std::wstring& path);
-  /// A file that can be started.
+  /// Creates a file that can be started.
   void putProgram(const std::wstring& path);
-  /// A shortcut, without a record in `linkWrites`.
+  /// Creates a shortcut, without a record in `linkWrites`.
   void putLink(const std::wstring& path, const platform::shell_links::Link& link);
-  /// Takes a file or a folder with its content away, whatever its attributes and locks.
+  /// Removes a file, or a folder with its contents, whatever their attributes and locks are.
   void take(const std::wstring& path) { disk_->take(path); }
   /// Bytes of a file; nothing when there is no such file.
   [[nodiscard]] std::optional<std::string> bytesOf(const std::wstring& path) const;
-  /// Whether there is a file or a folder of that path, whatever its attributes.
+  /// Whether a file or folder of that path exists, whatever its attributes are.
   [[nodiscard]] bool has(const std::wstring& path) const;
   /// Names in a folder, hidden ones too, in directory order.
   [[nodiscard]] std::vector<std::wstring> namesIn(const std::wstring& folder) const;
   void setReadOnly(const std::wstring& path, bool readOnly = true);
   void setHidden(const std::wstring& path, bool hidden = true);
-  /// While a file is locked every operation on it raises 70.
+  /// While a file is locked, every operation on it raises `error::permissionDenied`.
   void lock(const std::wstring& path);
   void unlock(const std::wstring& path);
   /// Gives a file or folder the short name that is the last component of `shortPath`.
   void alias(const std::wstring& shortPath, const std::wstring& longPath);
-  /// Makes the volume of a drive ("C:") one that gives short names: everything on it whose name is
-  /// not in 8.3 form has one from now on ("___SUI~1"). Without this only `alias` gives them.
+  /// Makes the volume of a drive ("C:") one that has short names: from now on everything on it
+  /// whose name is not in 8.3 form has a short name ("___SUI~1"). Without this, only `alias`
+  /// creates short names.
   void giveShortNames(const std::wstring& drive);
-  /// The shortcut stored in a file, nothing when it holds none.
+  /// The shortcut stored in a file, nothing when the file is no shortcut.
   [[nodiscard]] std::optional<platform::shell_links::Link> linkAt(const std::wstring& path) const;
-  /// Runs just before a draft that is to replace a file looks at it, once per call: another program
-  /// that writes in that moment.
+  /// Called once per replacement, just before the target file is compared: simulates another
+  /// program that writes at that moment.
   std::function<void()> onReplace;
 
   // --- the journal ---
@@ -162,7 +162,7 @@ class Desktop {
   [[nodiscard]] const std::vector<std::wstring>& journal() const { return journal_; }
   /// Whether the journal has that line.
   [[nodiscard]] bool journalHas(const std::wstring& line) const;
-  /// Place of the first such line, nothing when there is none; for questions of order.
+  /// Position of the first such line, nothing when there is none; for checks of the order.
   [[nodiscard]] std::optional<std::size_t> journalPlace(const std::wstring& line) const;
   void clearJournal() { journal_.clear(); }
 
@@ -173,45 +173,46 @@ class Desktop {
 
   // --- time ---
 
-  /// Sets the date and time; timers keep the waits that they have left.
+  /// Sets the date and time. The remaining waits of timers do not change.
   void setNow(const DateTime& now);
   [[nodiscard]] platform::files::FileTime now() const { return clock_.now(); }
-  /// Lets time pass: timers tick and scripted actions run, each at its moment.
+  /// Lets time pass: timers tick and scripted actions run at their moments.
   void advance(int milliseconds);
-  /// Runs `action` that many milliseconds from now, when time gets there.
+  /// Runs `action` when that many milliseconds have passed.
   void at(int milliseconds, std::function<void()> action);
-  /// Texts of dates; by default "11/20/2026" and "11/20/2026 2:30:15 PM".
+  /// Format dates; by default as "11/20/2026" and "11/20/2026 2:30:15 PM".
   std::function<std::wstring(const DateTime&)> formatDate;
   std::function<std::wstring(const DateTime&)> formatDateAndTime;
 
   // --- dialogs ---
 
-  /// Answers of the Yes/No boxes to come. A box without one is a mistake of the test: it is
-  /// reported and answered No.
+  /// Answers for the next Yes/No boxes. A box without an answer is a mistake of the test: it is
+  /// reported and answered with No.
   std::deque<platform::dialogs::Answer> answers;
-  /// Message boxes that were shown. `DesktopTest` fails a test that did not look at one of them, or
-  /// at the error report that it is.
+  /// Message boxes that were shown. `DesktopTest` fails a test that did not read one of them. For
+  /// an error report, reading `errorReports` is enough.
   Record<Message> messages;
-  /// Numbers of the error reports, which are in `messages` too.
+  /// Numbers of the error reports. The reports are in `messages` too.
   Record<int> errorReports;
-  /// Runs while a message box is up.
+  /// Called while a message box is open.
   std::function<void(const Message&)> onMessage;
-  /// Texts typed into the input boxes to come; nothing stands for "leave the default and OK".
+  /// Texts for the next input boxes; nothing means "keep the default and choose OK".
   std::deque<std::optional<std::wstring>> inputAnswers;
   std::vector<Input> inputs;
-  /// Runs while an input box is up.
+  /// Called while an input box is open.
   std::function<void(const Input&)> onInput;
-  /// Results of the file dialogs to come: a path, or the number of an error (32755 is Cancel).
+  /// Results of the next file dialogs: a path, or the number of an error (`error::cancelled` for
+  /// Cancel).
   std::deque<std::variant<std::wstring, int>> fileDialogResults;
   std::vector<platform::dialogs::OpenFileRequest> fileDialogs;
-  /// Runs while a file dialog is up.
+  /// Called while a file dialog is open.
   std::function<void()> onFileDialog;
 
   // --- other programs, the shell ---
 
   std::vector<Start> starts;
   std::vector<LinkWrite> linkWrites;
-  /// Number that every write of a shortcut raises.
+  /// Number of the error that every write of a shortcut raises.
   std::optional<int> linkFailure;
   std::intptr_t browserResult = 42;
   std::vector<Browse> browsed;
@@ -220,9 +221,9 @@ class Desktop {
   std::optional<std::wstring> documents;
   /// Gives a program file an icon: a square of one colour, 0xAARRGGBB.
   void setIcon(const std::wstring& program, std::uint32_t colour);
-  /// Runs when the icon of a program is asked for.
+  /// Called when the icon of a program is read.
   std::function<void(const std::wstring& program)> onIcon;
-  /// Files whose icon was asked for, and the side.
+  /// Files whose icon was read, and the side in pixels.
   std::vector<std::pair<std::wstring, int>> iconsAsked;
 
   // --- the program ---
@@ -231,13 +232,13 @@ class Desktop {
   platform::application::Version version;
   std::wstring copyright;
   bool previousInstance = false;
-  /// Runs during every pass over the pending messages.
+  /// Called during every pass over the pending messages.
   std::function<void()> onPump;
   int pumps = 0;
 
   // --- texts ---
 
-  /// How often the sort keys of many texts were asked for, since the reset.
+  /// How often sort keys were made since the reset; one batch counts once.
   int sorts = 0;
 
   // --- settings and registry ---
@@ -254,29 +255,30 @@ class Desktop {
 
   // --- windows ---
 
-  /// Work areas of the screens, the primary one first.
+  /// Work areas of the screens, the primary screen's first.
   std::vector<platform::Rect> workAreas;
   /// Dots per inch of the screen on which windows appear.
   int dpi = platform::designDpi;
-  /// Windows that have a native window now, the oldest first.
+  /// Windows that have a native window, the oldest first.
   [[nodiscard]] std::vector<controls::Window*> windows() const;
   /// The open window of that name, nullptr when there is none.
   [[nodiscard]] controls::Window* window(const std::wstring& name) const;
-  /// How often a window of that name was shown or activated by the program, since the reset.
+  /// How often the program has shown or activated a window of that name since the reset.
   [[nodiscard]] int shown(const std::wstring& name) const;
   [[nodiscard]] int activated(const std::wstring& name) const;
-  /// The window that is in front, nullptr when there is none.
+  /// The active window, nullptr when there is none.
   [[nodiscard]] controls::Window* active() const { return active_; }
 
   // --- mistakes of a test ---
 
-  /// Texts of the message boxes that the program showed and the test did not look at: neither at
-  /// `messages` nor, for an error report, at `errorReports`. A question that had its answer in
+  /// Texts of message boxes that the program showed and the test did not read, neither in
+  /// `messages` nor, for an error report, in `errorReports`. A question whose answer was in
   /// `answers` was expected.
   [[nodiscard]] std::vector<std::wstring> unexpectedMessages() const;
 
-  /// Told when a test left something unscripted (an unanswered box, a modal window that nothing
-  /// would ever close). `DesktopTest` makes a test failure of it; without a receiver it aborts.
+  /// Called when a test left something unscripted (an unanswered box, a modal window that nothing
+  /// would close). `DesktopTest` turns it into a test failure; without a callback the process
+  /// aborts.
   std::function<void(const std::string&)> onMistake;
 
   // --- for the implementation of the seam ---
@@ -284,14 +286,14 @@ class Desktop {
   /// One call that can fail: counts it, writes it into the journal and raises what a
   /// test asked for.
   void call(const std::wstring& what);
-  /// Runs `operation` as one such call; an error that it raises is marked in the journal, and
-  /// names `path` unless it names another file or `path` is "".
+  /// Runs `operation` as one such call. An error that it raises is marked in the journal, and gets
+  /// the path `path` unless it has another one or `path` is "".
   void call(const std::wstring& what, const std::function<void()>& operation,
             const std::wstring& path = {});
-  /// One call that only looks and raises nothing: true when it is to find nothing.
+  /// Records one look; true when it must find nothing.
   [[nodiscard]] bool blinded();
   void note(const std::wstring& what);
-  /// Adds to the last line of the journal.
+  /// Appends to the last line of the journal.
   void amend(const std::wstring& more) { journal_.back() += more; }
   void mistake(const std::string& what) const;
   platform::dialogs::Answer show(Message message);

@@ -1,4 +1,4 @@
-// Base of the tests that use the in-memory desktop.
+// Base class of the tests that use the in-memory desktop.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -11,15 +11,16 @@
 
 namespace desktop {
 
-/// Resets the desktop before each test and turns mistakes in its scripting into test failures. A
-/// message box, above all the report of an error, that the test did not look at fails it too.
+/// Resets the desktop before each test and turns mistakes in the script into test failures. A
+/// message box that the test did not read, in particular an error report, makes it fail too.
 class DesktopTest : public ::testing::Test {
  protected:
   DesktopTest() {
     desktop().reset();
     desktop().onMistake = [](const std::string& what) { ADD_FAILURE() << what; };
   }
-  /// Here and not in TearDown, so that what the closing windows of the test show counts as well.
+  /// In the destructor and not in TearDown, so that messages shown while the test's windows close
+  /// are included.
   ~DesktopTest() override {
     for (const std::wstring& text : desktop().unexpectedMessages()) {
       ADD_FAILURE() << "the program showed a message that the test did not look at: "

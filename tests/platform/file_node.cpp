@@ -17,7 +17,8 @@ bool isLetterOrDigit(wchar_t c) {
          c == L'~';
 }
 
-/// The text in upper case, with what no short name holds as "_", blanks and dots left out.
+/// The text in upper case, without blanks and dots. Characters that a short name cannot have become
+/// "_".
 std::wstring withoutOthers(const std::wstring& text) {
   std::wstring result = upper(text);
   std::erase_if(result, [](wchar_t c) { return c == L' ' || c == L'.'; });
@@ -160,7 +161,7 @@ PathParts splitPath(const std::wstring& path) {
       }
       continue;
     }
-    // The system takes dots and blanks off the end of every component.
+    // The system removes dots and blanks from the end of every component.
     name.erase(name.find_last_not_of(L". ") + 1);
     if (name.empty()) {
       continue;
@@ -179,7 +180,7 @@ bool fits(const std::wstring& name, const std::wstring& pattern) {
   if (pattern.find_first_of(L"*?") == std::wstring::npos) {
     return name == pattern;
   }
-  // Row by row: which beginnings of the name fit the beginning of the pattern so far.
+  // Row by row: which prefixes of the name match the prefix of the pattern so far.
   std::vector<bool> reached(name.size() + 1, false);
   reached[0] = true;
   for (const wchar_t wanted : pattern) {

@@ -1,4 +1,4 @@
-// The entries of the disk in memory, and the grammar of paths and wildcards.
+// The entries of the in-memory disk, and the syntax of paths and wildcards.
 #pragma once
 
 #include <cstdint>
@@ -22,42 +22,42 @@ struct FileSystem::Node {
   bool locked = false;
   std::string bytes;
   platform::files::FileTime modified = 0;
-  bool givesShortNames = false;  ///< Of the root of a drive.
+  bool givesShortNames = false;  ///< For the root of a drive.
   std::uint64_t id = 0;
   Node* parent = nullptr;
   std::vector<std::unique_ptr<Node>> children;
 
   void setName(const std::wstring& newName);
-  /// Makes up the short name on a drive that gives short names; no other entry of the folder has
-  /// it.
+  /// Creates the short name on a drive that has short names; it is unique in the folder.
   void nameShortly();
   /// The entry of that long or short name, nullptr when there is none.
   [[nodiscard]] Node* child(const std::wstring& wanted) const;
   Node& add(const std::wstring& newName);
   void adopt(std::unique_ptr<Node> node);
-  /// Takes an entry out and hands it over.
+  /// Removes an entry and returns it.
   std::unique_ptr<Node> drop(const Node& node);
   [[nodiscard]] unsigned attributes() const;
   [[nodiscard]] platform::files::Stamp stamp() const;
-  /// Whether a wildcard pattern fits the long or the short name.
+  /// Whether the long or the short name matches a wildcard pattern.
   [[nodiscard]] bool matches(const std::wstring& pattern) const;
-  /// Raises what a deletion would raise: 75 for a folder or a read-only file, 70 for one in use.
+  /// Raises what a deletion would raise: `error::pathFileAccess` for a folder or a read-only file,
+  /// `error::permissionDenied` for one in use.
   void refuseDeletion() const;
 
  private:
   std::wstring upperName_;
 };
 
-/// What a path leads to.
+/// The result of looking up a path.
 struct FileSystem::Place {
-  Node* drive = nullptr;   ///< Root that the path begins at.
+  Node* drive = nullptr;   ///< Root at which the path begins.
   Node* folder = nullptr;  ///< Folder that holds the last component, if it exists.
   std::wstring name;       ///< Last component.
-  Node* node = nullptr;    ///< What has that name, if anything.
-  int failure = 0;         ///< Without a node: the error that opening the path raises.
+  Node* node = nullptr;    ///< The entry of that name, if there is one.
+  int failure = 0;         ///< If there is no node: the error of opening the path.
 };
 
-/// A path in its parts. `names` has neither "." nor "..".
+/// A path split into its parts. `names` contains neither "." nor "..".
 struct PathParts {
   bool valid = false;  ///< False for embedded NULs and forbidden characters in a folder's name.
   std::wstring drive;  ///< "C:" or "\\server\share", "" when the path is not absolute.
@@ -70,11 +70,11 @@ struct PathParts {
 /// Whether a file or folder can have that name.
 [[nodiscard]] bool isName(const std::wstring& name);
 
-/// Whether a name is in 8.3 form already, so that no short name is made up for it.
+/// Whether a name is in 8.3 form already, so that it gets no short name.
 [[nodiscard]] bool isShortName(const std::wstring& name);
 
-/// Whether an upper-cased name fits an upper-cased pattern. "*" stands for any characters, "?" for
-/// one, or for none at the end of the name or before a dot; "*.*" fits names without a dot too.
+/// Whether an upper-case name matches an upper-case pattern. "*" stands for any characters, "?" for
+/// one, or for none at the end of the name or before a dot. "*.*" matches names without a dot too.
 [[nodiscard]] bool fits(const std::wstring& name, const std::wstring& pattern);
 
 }  // namespace desktop

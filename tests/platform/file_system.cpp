@@ -24,7 +24,7 @@ FileSystem::~FileSystem() = default;
 FileSystem::FileTime FileSystem::stampTime() {
   constexpr FileTime second = 10'000'000;
   const FileTime now = now_();
-  // A clock that was set back, or ahead, counts from its new time on.
+  // After a clock change in either direction, times count from the new time on.
   const bool stands = now <= lastWrite_ && lastWrite_ - now < second;
   lastWrite_ = stands ? lastWrite_ + 1 : now;
   return lastWrite_;
@@ -133,7 +133,7 @@ std::vector<platform::files::Entry> FileSystem::search(const std::wstring& patte
   }
   std::wstring wanted = pattern.substr(separator + 1);
   if (wanted.find_first_of(L"*?") == std::wstring::npos) {
-    // As in every other path, dots and blanks at the end of a plain name do not count.
+    // As in every other path, dots and blanks at the end of a plain name are ignored.
     wanted.erase(wanted.find_last_not_of(L". ") + 1);
   }
   const Place place = locate(pattern.substr(0, separator + 1));
@@ -200,7 +200,7 @@ void FileSystem::rename(const std::wstring& from, const std::wstring& to) {
     throw RunTimeError(error::permissionDenied);
   }
   if (splitPath(to).endsInSeparator) {
-    raiseAbout(to, error::badFileName);  // that names a folder, and this is a file
+    raiseAbout(to, error::badFileName);  // the path names a folder, but this is a file
   }
   if (target.node != nullptr && target.node != &node) {
     raiseAbout(to, error::fileExists);
@@ -246,7 +246,7 @@ void FileSystem::copy(const std::wstring& from, const std::wstring& to) {
     });
   }
   platform::concerning(to, [&] { store(*target.node, source.bytes); });
-  // The copy is as old as what it was made from, and as protected.
+  // The copy gets the time and the protection of its source.
   target.node->modified = source.modified;
   target.node->readOnly = source.readOnly;
   target.node->hidden = source.hidden;
@@ -318,7 +318,7 @@ Replaced FileSystem::replace(const std::wstring& from, const std::wstring& to,
   if (freeBytes_) {
     *freeBytes_ += target.node->bytes.size();
   }
-  // The name keeps its place in the folder; everything behind it is the other file's.
+  // The entry keeps its position in the folder; everything else comes from the other file.
   const auto moved = source.parent->drop(source);
   target.node->bytes = std::move(moved->bytes);
   target.node->modified = moved->modified;

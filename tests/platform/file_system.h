@@ -1,4 +1,4 @@
-// A disk in memory that behaves like a Windows volume.
+// An in-memory disk that behaves like a Windows volume.
 #pragma once
 
 #include <cstdint>
@@ -15,21 +15,21 @@ namespace desktop {
 
 /// Drives, folders and files.
 ///
-/// Names compare without regard to case and keep the case they were made with. Folders list their
-/// entries in the order in which they were added. Doubled backslashes count as one, slashes as
-/// backslashes. A path that is not absolute names nothing.
+/// Names compare without regard to case and keep the case with which they were created. Folders
+/// list their entries in the order in which they were added. Double backslashes count as one,
+/// slashes as backslashes. A path that is not absolute names nothing.
 class FileSystem {
  public:
   using FileTime = platform::files::FileTime;
 
-  /// `now` gives the moment of a write; each write gets a later one than the write before, as on
-  /// a real disk, even while the clock stands still.
+  /// `now` returns the time of a write. Each write gets a later time than the write before, like on
+  /// a real disk, even if the clock stands still.
   explicit FileSystem(std::function<FileTime()> now);
   FileSystem(const FileSystem&) = delete;
   FileSystem& operator=(const FileSystem&) = delete;
   ~FileSystem();
 
-  // --- what a test prepares and looks at; these ignore attributes and locks ---
+  // --- for tests, to prepare and inspect; these ignore attributes and locks ---
 
   void putFile(const std::wstring& path, const std::string& bytes, unsigned attributes,
                FileTime modified);
@@ -44,11 +44,11 @@ class FileSystem {
   void setLocked(const std::wstring& path, bool locked);
   void alias(const std::wstring& shortPath, const std::wstring& longPath);
   void giveShortNames(const std::wstring& drive);
-  /// Bytes that fit on the disk beside what is there; nothing for no limit. A write that needs
-  /// more raises 61 and leaves what fitted.
+  /// Free space on the disk in bytes; nothing means no limit. A write that needs more raises
+  /// `error::diskFull` and leaves what fitted.
   void setFreeBytes(std::optional<std::uint64_t> bytes) { freeBytes_ = bytes; }
 
-  // --- the operations of platform/files.h, raising what they raise ---
+  // --- the operations of platform/files.h, with the same errors ---
 
   [[nodiscard]] std::vector<platform::files::Entry> search(const std::wstring& pattern,
                                                            unsigned attributes) const;
@@ -70,7 +70,7 @@ class FileSystem {
   struct Place;
   [[nodiscard]] Place locate(const std::wstring& path) const;
   [[nodiscard]] Node& existing(const std::wstring& path) const;
-  /// The same for the operations that call a missing folder a missing file, too.
+  /// The same for operations that report a missing folder as a missing file.
   [[nodiscard]] Node& existingFile(const std::wstring& path) const;
   Node& folderFor(const std::wstring& path);
   void store(Node& file, const std::string& bytes);

@@ -1,4 +1,4 @@
-// What a test prepares on the disk in memory, and looks at.
+// Functions with which a test prepares and inspects the in-memory disk.
 #include "platform/file_node.h"
 #include "platform/file_system.h"
 #include "platform/run_time_error.h"

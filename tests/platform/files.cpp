@@ -11,7 +11,7 @@ using desktop::desktop;
 namespace {
 
 std::vector<Entry> searchWithShortNames(const std::wstring& pattern, unsigned attributes) {
-  // The contract: an empty result stands for every way of finding nothing.
+  // By the contract, an empty result stands for every way of finding nothing.
   if (desktop().blinded()) {
     return {};
   }
@@ -122,7 +122,7 @@ void Draft::write(std::string_view bytes) {
         },
         path);
   } catch (const RunTimeError& failure) {
-    // A disk that fills up or breaks does so in the middle of the writing.
+    // A full or broken disk fails in the middle of the write.
     if (!reached &&
         (failure.number() == error::diskFull || failure.number() == error::deviceError)) {
       const ::desktop::Unfailing own;

@@ -13,7 +13,7 @@ constexpr std::string_view firstLine = "[shortcut in memory]";
 constexpr std::array fields{&Link::arguments,    &Link::description, &Link::hotKey,
                             &Link::iconLocation, &Link::targetPath,  &Link::workingDirectory};
 
-// A character as a group of six hexadecimal digits: no property can break a line.
+// Each character as six hexadecimal digits, so that no property can contain a line break.
 std::string encode(const std::wstring& text) {
   constexpr std::string_view digits = "0123456789abcdef";
   std::string encoded;

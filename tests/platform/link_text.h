@@ -8,7 +8,7 @@
 
 namespace desktop {
 
-/// The bytes of a shortcut file: a first line of its own, then a line for each property.
+/// The bytes of a shortcut file: a first line that marks it, then a line for each property.
 [[nodiscard]] std::string textOf(const platform::shell_links::Link& link);
 
 /// The shortcut in such a file, nothing for any other file.

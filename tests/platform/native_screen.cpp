@@ -136,7 +136,7 @@ WindowHandle known(const void* object) {
   return found == screen().windowsOf.end() ? WindowHandle::none : found->second;
 }
 
-/// Calls `look` with the window, or gives the answer for a window that is gone.
+/// Calls `look` with the window, or returns the result for a window that does not exist.
 template <class Result, class Look>
 Result ask(WindowHandle window, Result absent, Look look) {
   const auto* const target = screen().find(window);

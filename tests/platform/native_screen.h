@@ -1,4 +1,5 @@
-// Native windows in memory: the other side of platform/native_windows.h and platform/subclass.h.
+// In-memory native windows: the implementation of platform/native_windows.h and
+// platform/subclass.h.
 #pragma once
 
 #include <cstdint>
@@ -19,10 +20,10 @@ using platform::native::Edges;
 using platform::native::Point;
 using platform::native::WindowHandle;
 
-/// Pixels of a window by place, as 0x00BBGGRR; only those that were drawn.
+/// Pixels of a window by position, as 0x00BBGGRR; only those that were drawn.
 using Pixels = std::map<std::pair<int, int>, std::uint32_t>;
 
-/// A window, and what became of it.
+/// A window and its state.
 struct NativeWindow {
   std::wstring className;
   WindowHandle parent = WindowHandle::none;
@@ -34,38 +35,38 @@ struct NativeWindow {
   /// Timers by id, with their milliseconds.
   std::map<std::uintptr_t, unsigned> timers;
   Pixels pixels;
-  /// The window's own handling of a message; 0 is the result without it.
+  /// The window's own handling of a message; without it the result is 0.
   std::function<std::intptr_t(unsigned message, std::uintptr_t first, std::intptr_t second)>
       procedure;
 };
 
 class NativeScreen {
  public:
-  /// No windows, the pointer at (0, 0), the system's usual colours, nothing counted.
+  /// Restores: no windows, the pointer at (0, 0), the system's usual colours, nothing counted.
   void reset();
 
-  /// Makes a window with its place in screen coordinates.
+  /// Creates a window with the given screen coordinates.
   WindowHandle add(const std::wstring& className, const Edges& rect,
                    WindowHandle parent = WindowHandle::none, std::uint32_t style = 0);
-  /// Destroys a window after its children, as the system does.
+  /// Destroys a window after its children, like the system.
   void destroy(WindowHandle window);
   [[nodiscard]] bool has(WindowHandle window) const { return windows_.contains(window); }
   /// A window that exists.
   [[nodiscard]] NativeWindow& at(WindowHandle window) { return windows_.at(window); }
-  /// nullptr for one that is gone.
+  /// nullptr for a window that does not exist.
   [[nodiscard]] NativeWindow* find(WindowHandle window);
   [[nodiscard]] WindowHandle childOf(WindowHandle window,
                                      const std::optional<std::wstring>& className);
 
-  /// Brings a message to a window, past the attached objects if it is watched.
+  /// Sends a message to a window; if the window is watched, through the attached objects.
   std::intptr_t send(WindowHandle window, unsigned message, std::uintptr_t first = 0,
                      std::intptr_t second = 0);
   /// Moves the focus, with its messages.
   void setFocus(WindowHandle window);
 
-  /// Number of timers that run, of all windows.
+  /// Number of running timers of all windows.
   [[nodiscard]] std::size_t timers() const;
-  /// Number of windows that are watched.
+  /// Number of watched windows.
   [[nodiscard]] std::size_t watched() const;
 
   WindowHandle focus = WindowHandle::none;
@@ -75,7 +76,7 @@ class NativeScreen {
   std::map<std::uint32_t, std::uint32_t> systemColours;
   /// Windows of the program's controls and window objects, by their address.
   std::map<const void*, WindowHandle> windowsOf;
-  /// Runs for each line that is drawn.
+  /// Called for each line that is drawn.
   std::function<void(WindowHandle)> onLine;
   int pensOpen = 0;
   int canvasesOpen = 0;

@@ -1,4 +1,4 @@
-// What the in-memory desktop writes down, and how much of that a test has looked at.
+// Records of the in-memory desktop that know how much of them a test has read.
 #pragma once
 
 #include <cstddef>
@@ -7,8 +7,8 @@
 
 namespace desktop {
 
-/// Items in the order in which they came. Whoever reads them, or asks how many there are, has
-/// looked at all that are there at that moment.
+/// Items in the order in which they were added. Reading them, or asking for their number, counts as
+/// reading all items that exist at that moment.
 template <typename Item>
 class Record {
  public:
@@ -18,16 +18,16 @@ class Record {
   // --- for the desktop ---
 
   void push_back(Item item) { items_.push_back(std::move(item)); }
-  /// Number of items that ever came, the forgotten ones included.
+  /// Number of items that were ever added, including the forgotten ones.
   [[nodiscard]] std::size_t total() const { return forgotten_ + items_.size(); }
-  /// How many of them, the oldest ones, were looked at or forgotten.
+  /// How many of them, the oldest ones, were read or forgotten.
   [[nodiscard]] std::size_t lookedAt() const { return lookedAt_; }
-  /// The items, without looking at them.
+  /// The items, without marking them as read.
   [[nodiscard]] const std::vector<Item>& unseen() const { return items_; }
 
   // --- for tests ---
 
-  /// Forgets all items, seen or not.
+  /// Forgets all items, read or not.
   void clear() {
     lookedAt_ = forgotten_ = total();
     items_.clear();

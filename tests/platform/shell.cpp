@@ -1,4 +1,4 @@
-// Dialogs, and what the shell does for the program: shortcuts, starting, browsing, help, icons.
+// Dialogs and the shell: shortcuts, starting programs, browsing, help, icons.
 #include <algorithm>
 #include <cstddef>
 #include <optional>

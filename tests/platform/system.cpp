@@ -1,4 +1,4 @@
-// The program's own facts, settings, registry, clock and special folders.
+// Facts about the program, settings, registry, clock and special folders.
 #include <optional>
 
 #include "platform/application.h"

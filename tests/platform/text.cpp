@@ -12,9 +12,9 @@ namespace platform::text {
 namespace {
 
 wchar_t upperOf(wchar_t c) {
-  // A locale of its own, so that neither the environment nor a test can change letter case.
+  // A fixed locale, so that neither the environment nor a test can change the letter case.
   static const locale_t locale = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
-  // Windows leaves these alone: micro sign, dotless i, long s.
+  // Windows does not convert these: micro sign, dotless i, long s.
   if (c == 0xB5 || c == 0x131 || c == 0x17F) {
     return c;
   }
@@ -36,7 +36,7 @@ bool upperEquals(std::wstring_view text, std::wstring_view wanted) {
 namespace {
 
 std::string sortKey(std::wstring_view text) {
-  // The order of the tests is that of the code points, four bytes each, highest first.
+  // Texts sort by code points in the tests, four bytes each, highest byte first.
   std::string key;
   key.reserve(text.size() * 4);
   for (const wchar_t c : upper(text)) {

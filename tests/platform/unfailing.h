@@ -1,18 +1,18 @@
-// What the desktop does for itself while the program under test runs out of memory.
+// Marks allocations of the in-memory desktop itself in tests that let memory run out.
 #pragma once
 
 namespace desktop {
 
-/// While one lives, the memory that is asked for is the desktop's own. A test that lets the program
-/// run out of memory passes it over: a desktop that failed half-way through a change of its state
-/// would say nothing about the program. Not around anything that calls the program back.
+/// While an object of this class exists, allocations are the in-memory desktop's own and never
+/// fail. If the desktop failed in the middle of a change of its state, that would say nothing about
+/// the program. Do not use it around calls back into the program.
 class Unfailing {
  public:
   Unfailing() { ++depth; }
   Unfailing(const Unfailing&) = delete;
   Unfailing& operator=(const Unfailing&) = delete;
   ~Unfailing() { --depth; }
-  /// Whether one lives.
+  /// Whether such an object exists.
   [[nodiscard]] static bool active() { return depth > 0; }
 
  private:

@@ -71,7 +71,7 @@ std::optional<std::int64_t> VirtualClock::untilNext() const {
   if (first == alarms_.end()) {
     return std::nullopt;
   }
-  // An alarm that is late, because a handler let time pass itself, is due at once.
+  // An alarm can be late, if a handler lets time pass itself. Then it is due at once.
   return static_cast<std::int64_t>(std::max(first->second.due, elapsed_) - elapsed_);
 }
 
@@ -79,7 +79,7 @@ void VirtualClock::advance(std::int64_t milliseconds) {
   const std::uint64_t end = elapsed_ + static_cast<std::uint64_t>(milliseconds);
   for (auto alarm = next(); alarm != alarms_.end() && alarm->second.due <= end; alarm = next()) {
     elapsed_ = std::max(elapsed_, alarm->second.due);
-    // The action may cancel or set this very alarm, so that it is settled before it runs.
+    // The action may cancel or set this same alarm, so the alarm is updated before the action runs.
     std::function<void()> action;
     {
       const Unfailing own;

@@ -1,4 +1,4 @@
-// A clock that stands still until a test moves it, and what happens at moments of it.
+// A clock that stands still until a test moves it, with alarms.
 #pragma once
 
 #include <cstdint>
@@ -23,24 +23,24 @@ struct DateTime {
 };
 
 [[nodiscard]] platform::files::FileTime fileTime(const DateTime& moment);
-/// Nothing for a moment that has no date (beyond the year 9999).
+/// Nothing for a time that has no date (beyond the year 9999).
 [[nodiscard]] std::optional<DateTime> dateTime(platform::files::FileTime moment);
 
 class VirtualClock {
  public:
-  /// Name of an alarm; never used twice.
+  /// Identifies an alarm; never used again.
   using Alarm = std::uint64_t;
 
   void reset();
   [[nodiscard]] platform::files::FileTime now() const { return base_ + elapsed_ * stepsPerMs; }
   void setNow(platform::files::FileTime moment) { base_ = moment - elapsed_ * stepsPerMs; }
-  /// Runs `action` once after `milliseconds`, or again and again with `repeat`.
+  /// Runs `action` once after `milliseconds`, or repeatedly with `repeat`.
   Alarm set(int milliseconds, std::function<void()> action, bool repeat);
   void cancel(Alarm alarm) { alarms_.erase(alarm); }
   /// Milliseconds until the next alarm, nothing when none is set.
   [[nodiscard]] std::optional<std::int64_t> untilNext() const;
-  /// Lets time pass; alarms go off at their moments in their order, the older one first when two
-  /// fall on the same moment. An alarm may set and cancel others.
+  /// Lets time pass. Alarms go off at their times in order; of two at the same time, the older one
+  /// first. An alarm may set and cancel others.
   void advance(std::int64_t milliseconds);
   /// Milliseconds that have passed since the reset.
   [[nodiscard]] std::int64_t elapsed() const { return static_cast<std::int64_t>(elapsed_); }

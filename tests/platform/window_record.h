@@ -1,4 +1,4 @@
-// The light native side that the in-memory desktop gives to windows.
+// The simple native side that the in-memory desktop gives to windows.
 #pragma once
 
 #include <memory>
@@ -9,7 +9,7 @@
 
 namespace desktop {
 
-/// Stands for the native window: counts what is done to it and lets its timers tick.
+/// Represents the native window: counts what is done to it and runs its timers.
 struct WindowRecord : controls::WindowPeer {
  public:
   WindowRecord(Desktop& owner, controls::Window& window);

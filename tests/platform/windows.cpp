@@ -14,7 +14,7 @@ namespace desktop {
 using controls::Window;
 using controls::WindowKind;
 
-/// Sets an alarm of the clock while its timer may tick, afresh at every change.
+/// Sets an alarm of the clock while its timer is running; sets it again at every change.
 class WindowRecord::TimerPeer : public controls::Peer {
  public:
   TimerPeer(Desktop& owner, controls::Timer& timer) : owner_(owner), timer_(&timer) {
@@ -44,7 +44,7 @@ class WindowRecord::TimerPeer : public controls::Peer {
  private:
   void set() {
     if (timer_->enabled() && timer_->interval() > 0) {
-      // The tick may unload the window, and this peer with it: nothing may follow it.
+      // Nothing may come after the tick, because it may unload the window and this peer with it.
       alarm_ = owner_.clock().set(
           timer_->interval(),
           [&owner = owner_, timer = timer_] {
@@ -118,7 +118,7 @@ void Desktop::closeWindow(Window& window) {
   if (active_ != &window) {
     return;
   }
-  // The system activates the window behind the one that goes.
+  // The system activates the next window behind the one that is destroyed.
   active_ = nullptr;
   const auto behind = std::find_if(windows_.rbegin(), windows_.rend(), [](const auto& record) {
     return record->window().visible() && record->window().kind() != WindowKind::hidden;
@@ -186,7 +186,7 @@ void create(controls::Window& window) {
 
 void destroy(controls::Window& window) {
   {
-    // It cannot fail.
+    // This function cannot fail.
     const desktop::Unfailing own;
     desktop::desktop().note(L"destroy " + window.name());
   }
@@ -204,7 +204,7 @@ void run(controls::Window& mainWindow) {
 }
 
 Size textSize(const std::wstring& text, const Font& font, int dpi) {
-  // Every character is as wide as every other: 7 pixels at 9 points and 96 dpi, 15 high.
+  // All characters have the same width: at 9 points and 96 dpi, 7 pixels wide and 15 high.
   constexpr int basePoints = 9;
   const int width = static_cast<int>(text.size()) * 7 * font.pointSize / basePoints;
   const int height = 15 * font.pointSize / basePoints;

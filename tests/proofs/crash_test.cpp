@@ -1,5 +1,5 @@
 // A program that is killed at any instant leaves each list file as it was before or after an
-// operation, never anything else, and the next program works on.
+// operation, and the next program works.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <windows.h>
@@ -29,8 +29,8 @@ std::int64_t ticks() {
   return now.QuadPart;
 }
 
-/// Lets a drawn time pass, finer than the system's clock can sleep: the instants of the kill are to
-/// fall between any two steps of the killed program.
+/// Waits for a random time, with a finer resolution than the system's sleep, so that the kill can
+/// happen between any two steps of the program.
 void letPass(int microseconds) {
   LARGE_INTEGER frequency{};
   QueryPerformanceFrequency(&frequency);
@@ -100,7 +100,7 @@ TEST_F(Crash, KilledBetweenAnyTwoStepsOfARewrite) {
     leftTemporary += harness::exists(folder + L"\\qmklist.tmp") ? 1 : 0;
     expectNothingLeftBehind(folder);
   }
-  // What was left behind stands in nobody's way.
+  // Files that were left behind cause no problem.
   constexpr int more = 50;
   const Worker last(folder,
                     L"churn " + std::to_wstring(seed()) + L" " + std::to_wstring(done) + L" " +
@@ -119,8 +119,8 @@ TEST_F(Crash, KilledBetweenAnyTwoStepsOfARewrite) {
   figure("crash, kills between the replacement and its report", afterTheOperation);
 }
 
-/// The real program has a catalogue with records of its own, and puts the data folder's files and
-/// the example into it while it starts.
+/// The real program has a catalogue with records of its own. During its start it adds the files of
+/// the data folder and the example to it.
 TEST_F(Crash, TheProgramKilledWhileItStarts) {
   const int kills = amount(3, 100);
   constexpr int longestRunUs = 1'200'000;

@@ -37,7 +37,7 @@ ListModel::ListModel(std::wstring folder) : folder_(std::move(folder)) {
     harness::writeFile(folder_ + L"\\data\\Plot." + type, "data\r\n");
   }
   for (int n = 0; n < foreignRecords; ++n) {
-    // Neither the reader's nor the writer's usual form: it has to be kept as it is.
+    // A form that neither the reader nor the writer uses; it must be kept unchanged.
     const std::wstring path = L"D:\\Old files\\" + std::to_wstring(n) + L".bs3";
     catalogue_.push_back({L"", harness::codePageBytes(L"bs3 , \"" + path + L"\" x, 1/2/2003,more") +
                                    (n % 2 == 0 ? "\r\n" : "\n")});

@@ -1,5 +1,5 @@
-// What the two list files must hold after each operation of the churn, worked out without the
-// product's code.
+// The contents that the two list files must have after each operation of the churn, computed
+// without the product's code.
 #pragma once
 
 #include <string>
@@ -11,13 +11,13 @@ namespace proofs {
 
 class ListModel {
  public:
-  /// Lays out files in `folder`: a data folder with one file of each type, a catalogue and a web
-  /// list of a few hundred records that no operation touches.
+  /// Creates files in `folder`: a data folder with one file of each type, a catalogue and a web
+  /// list with a few hundred records that no operation changes.
   explicit ListModel(std::wstring folder);
 
   void apply(const Operation& operation);
 
-  /// Bytes of the files, with `day` for each date of today.
+  /// Bytes of the files, with `day` instead of today's date.
   [[nodiscard]] std::string catalogue() const;
   [[nodiscard]] std::string webList() const;
   bool operator==(const ListModel&) const = default;
@@ -25,7 +25,7 @@ class ListModel {
   [[nodiscard]] std::wstring cataloguePath() const { return folder_ + L"\\QMKFileList3.txt"; }
   [[nodiscard]] std::wstring webListPath() const { return folder_ + L"\\QMKWebList.txt"; }
 
-  /// Puts `day` in the place of each field that is today's date, or was it when the proof began.
+  /// Replaces each field that is today's date, or was today's date when the proof began, by `day`.
   [[nodiscard]] static std::string withoutToday(std::string bytes);
 
  private:

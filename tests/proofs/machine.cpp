@@ -27,7 +27,8 @@ bool hasMachineBelow() {
 }
 
 bool runBelow(const std::wstring& command) {
-  // The machine's programs give no exit code to Windows ones: a file tells of success.
+  // Programs of the host machine return no exit code to Windows programs, so a file reports
+  // success.
   static unsigned number = 0;
   const std::wstring mark =
       L"/tmp/proof-" + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(++number);
@@ -92,7 +93,7 @@ std::wstring SmallDisk::quoted(const std::wstring& name) const {
 }
 
 void SmallDisk::fill(int kilobytes) const {
-  // It is the disk that ends the writing of the first one.
+  // This command ends when the disk is full.
   const std::wstring filler = quoted(L"/filler");
   static_cast<void>(runBelow(L"cat /dev/zero >" + filler));
   if (kilobytes > 0) {

@@ -1,20 +1,20 @@
-// The machine below Wine: what no Windows call can arrange, a full or a read-only disk among it.
+// The machine below Wine, for what no Windows call can do, such as a full or a read-only disk.
 #pragma once
 
 #include <string>
 
 namespace proofs {
 
-/// Whether commands of the machine below can be run: under Wine, with a shell.
+/// Whether commands of the host machine can be run: under Wine, with a shell.
 [[nodiscard]] bool hasMachineBelow();
 
-/// Runs a command of the machine's shell and waits for it; false when it failed.
+/// Runs a shell command on the host machine and waits for it; false when it failed.
 [[nodiscard]] bool runBelow(const std::wstring& command);
 
-/// Path of a Windows path on the machine below.
+/// The host machine's path for a Windows path.
 [[nodiscard]] std::wstring pathBelow(const std::wstring& path);
 
-/// A small disk of its own in the place of a folder, until the end of this object.
+/// A small disk that is mounted on a folder while this object exists.
 class SmallDisk {
  public:
   /// `mounted()` tells whether the machine allows it.
@@ -23,9 +23,9 @@ class SmallDisk {
   SmallDisk& operator=(const SmallDisk&) = delete;
   ~SmallDisk();
   [[nodiscard]] bool mounted() const { return mounted_; }
-  /// Fills all room that is left but `kilobytes`.
+  /// Fills the free space except for `kilobytes`.
   void fill(int kilobytes = 0) const;
-  /// Frees what `fill` took.
+  /// Frees what `fill` used.
   void empty() const;
   void makeReadOnly() const;
   void makeWritable() const;

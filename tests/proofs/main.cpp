@@ -7,7 +7,7 @@
 #include "proof.h"
 
 int main(int argumentCount, char** arguments) {
-  // Results have to be on the disk even if the run is cut off.
+  // Results must be on the disk even if the run is interrupted.
   std::setvbuf(stdout, nullptr, _IONBF, 0);
   ::testing::InitGoogleMock(&argumentCount, arguments);
   std::printf("seed: %llu\n", static_cast<unsigned long long>(proofs::seed()));

@@ -33,7 +33,7 @@ void key(WORD code, DWORD flags) {
   input(what);
 }
 
-/// Read without the window's help: it may go at any moment.
+/// Reads the text without a message to the window, because the window may disappear at any moment.
 bool isExitQuestion(HWND dialog) {
   constexpr int textId = 0xFFFF;
   std::array<wchar_t, 32> text{};
@@ -65,7 +65,8 @@ HWND Monkey::dialog() const {
 void Monkey::act() {
   try {
     HWND const open = dialog();
-    // A dialog is dealt with most of the time; otherwise it is clicked and typed past.
+    // Most of the time an open dialog is answered; otherwise clicks and keys go to the windows
+    // behind it.
     if (open != nullptr && !random_.oneIn(3)) {
       inDialog(open);
     } else {
@@ -86,7 +87,7 @@ void Monkey::watch() {
     restart();
     return;
   }
-  // Asked again and again: a machine that stands still or is busy for a while is no hang.
+  // Repeated, because a machine that is busy or stands still for a while is not a hang.
   constexpr int mostTimes = 10;
   bool answered = false;
   DWORD lasted = 0;
@@ -101,7 +102,8 @@ void Monkey::watch() {
     throw Failure("the program does not answer");
   }
   slowestMs_ = std::max(slowestMs_, lasted);
-  // No dialog outlasts that many events, and a monkey before a locked door proves nothing.
+  // No dialog stays open for that many events. If the window is disabled for longer, the monkey
+  // tests nothing.
   constexpr int longestDisabled = 300;
   disabled_ = IsWindowEnabled(app_.main()) != FALSE ? 0 : disabled_ + 1;
   free_ += disabled_ == 0 ? 1 : 0;
@@ -111,7 +113,7 @@ void Monkey::watch() {
 }
 
 void Monkey::restart() {
-  // A program that is left as it should be remembers its window's place at the very end.
+  // When the program ends normally, it stores its window's placement at the very end.
   constexpr const wchar_t* rememberedPlace = L"Placement";
   const auto code = app_.process().waitForExit(0);
   const bool remembered = harness::TestProfile::setting(rememberedPlace).has_value();
@@ -123,7 +125,8 @@ void Monkey::restart() {
   ++restarts_;
   app_.start();
   harness::waitUntil("the program comes back", [this] {
-    // On a machine that stands still for a while the splash window comes and goes unseen.
+    // If the machine stands still for a while, the splash window may appear and disappear
+    // unnoticed.
     if (HWND const splash = app_.splash(); splash != nullptr) {
       PostMessageW(splash, WM_LBUTTONDOWN, MK_LBUTTON, 0);
       PostMessageW(splash, WM_LBUTTONUP, 0, 0);
@@ -163,7 +166,8 @@ void Monkey::press(WORD code, WORD held) {
 }
 
 std::wstring Monkey::someText() {
-  // No quotes and commas: with them a record says something else than what was typed.
+  // Without quotes and commas, because with them a record contains something else than what was
+  // typed.
   constexpr std::wstring_view letters = L"abc &%^.-_()\u00E4\u00E9xyz0123 ";
   std::wstring text;
   for (int left = 1 + random_.below(12); left > 0; --left) {
@@ -195,7 +199,7 @@ void Monkey::inMain(int kind) {
   } else if (kind < 84) {
     const int tab = random_.below(4);
     note("tab " + std::to_string(tab));
-    // The program may just be leaving: then there are no tabs.
+    // The program may be closing; then there are no tabs.
     HWND const tabs = GetDlgItem(main, ids::TabMain);
     if (takesCommands() && tabs != nullptr) {
       PostMessageW(tabs, TCM_SETCURFOCUS, static_cast<WPARAM>(tab), 0);
@@ -207,8 +211,8 @@ void Monkey::inMain(int kind) {
   } else if (kind < 91) {
     constexpr std::array<WPARAM, 4> ways{SC_MAXIMIZE, SC_RESTORE, SC_MINIMIZE, SC_RESTORE};
     note("size box");
-    // Nobody can use it while a dialog keeps the window disabled or a menu is up. Both steps are
-    // waited for, so that no dialog comes in between: Wine would not show it again.
+    // A user cannot resize the window while a dialog disables it or a menu is open. The monkey
+    // waits for both steps, so that no dialog opens in between: Wine would not show it again.
     if (takesCommands()) {
       const WPARAM first = ways.at(static_cast<std::size_t>(random_.below(4)));
       for (const WPARAM way : {first, WPARAM{SC_RESTORE}}) {
@@ -226,7 +230,7 @@ void Monkey::inMain(int kind) {
 }
 
 void Monkey::inDialog(HWND open) {
-  // Leaving the program costs seconds: it is done now and then only.
+  // Closing the program takes seconds, so it is done only sometimes.
   if (isExitQuestion(open) && !random_.oneIn(20)) {
     note("no, stay");
     PostMessageW(open, WM_COMMAND, IDNO, 0);
@@ -276,7 +280,7 @@ void Monkey::changeFiles() {
   const std::wstring path = app_.folder() + L"\\data\\Found " + number + L".fp3";
   const int kind = random_.below(6);
   note("change of files " + std::to_string(kind));
-  // The program may hold the file at this instant: then it is left as it is.
+  // The program may have the file open at this instant; then the file is not changed.
   const auto appendTo = [](const std::wstring& file, const std::wstring& line) {
     HANDLE const open =
         CreateFileW(file.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
@@ -310,8 +314,8 @@ void Monkey::changeFiles() {
 }
 
 HWND Monkey::menuOwner() const {
-  // Sent messages go before input, of which the program takes one piece after each: a menu that the
-  // last event asked for is up after these.
+  // Sent messages are processed before input, and after each one the program processes one piece of
+  // input. After these, a menu that the last event opened is open.
   constexpr int pieces = 8;
   for (int sent = 0; sent < pieces; ++sent) {
     SendMessageTimeoutW(app_.main(), WM_NULL, 0, 0, SMTO_NORMAL, longestAnswerMs, nullptr);
@@ -344,7 +348,7 @@ void Monkey::tidyUp() {
     }
     if (open != nullptr) {
       endMenus();
-      // Each kind of dialog knows one of them.
+      // Each kind of dialog has one of these buttons.
       for (const WPARAM button : {IDCANCEL, IDNO, IDOK}) {
         PostMessageW(open, WM_COMMAND, button, 0);
       }
@@ -366,7 +370,7 @@ void Monkey::leave() {
     constexpr ULONGLONG againMs = 2000;
     HWND const open = dialog();
     if (open != nullptr) {
-      // What an event asked for last may still have brought up another one.
+      // The last event may have opened another dialog.
       PostMessageW(open, WM_COMMAND, isExitQuestion(open) ? IDYES : IDCANCEL, 0);
       PostMessageW(open, WM_COMMAND, isExitQuestion(open) ? IDYES : IDNO, 0);
     } else if (GetTickCount64() - asked > againMs) {

@@ -1,4 +1,4 @@
-// Somebody who clicks and types at random, and a world that changes files meanwhile.
+// A simulated user who clicks and types at random, while other programs change files.
 #pragma once
 
 #include <windows.h>
@@ -16,21 +16,21 @@ class Monkey {
  public:
   Monkey(harness::GatewayApp& app, std::uint64_t seed) : app_(app), random_(seed) {}
 
-  /// One event, whatever is on the screen. Raises `Failure` when the program has crashed or ten
-  /// times does not answer within `longestAnswerMs`, with the events that led there.
+  /// One event, whatever is on the screen. Raises `Failure`, with the last events, when the program
+  /// has crashed or does not answer within `longestAnswerMs` ten times.
   void act();
 
-  /// Answers and closes whatever is open, so that the main window takes input again.
+  /// Answers and closes everything that is open, so that the main window takes input again.
   void tidyUp();
 
-  /// Leaves the program. Raises `Failure` when it does not end.
+  /// Closes the program. Raises `Failure` when it does not end.
   void leave();
 
   /// Longest time that the program took to answer.
   [[nodiscard]] DWORD slowestMs() const { return slowestMs_; }
-  /// Number of events after which the main window took input, and not a dialog.
+  /// Number of events after which the main window, and not a dialog, took input.
   [[nodiscard]] int free() const { return free_; }
-  /// How often the monkey left the program and started it again.
+  /// How often the monkey closed the program and started it again.
   [[nodiscard]] int restarts() const { return restarts_; }
 
   static constexpr DWORD longestAnswerMs = 2000;
@@ -44,14 +44,14 @@ class Monkey {
   void restart();
   void note(const std::string& event);
   void clickSomewhere(HWND window, bool twice);
-  /// The window of the menu that is up; null when none is.
+  /// The window that owns the open menu; null when none is open.
   [[nodiscard]] HWND menuOwner() const;
-  /// Ends a menu that is up. What is posted to a dialog works even beneath its menus, which no
-  /// person can do: Wine's file dialog then frees its list while the list's own menu is up, goes on
-  /// with it when the menu ends, and leaves a damaged heap to the program.
+  /// Closes an open menu. Messages posted to a dialog work even while its menu is open, which no
+  /// user can do. Wine's file dialog then frees its list while the list's menu is open, uses it
+  /// again when the menu ends, and corrupts the heap.
   void endMenus() const;
-  /// Whether a person could give the main window a command now: under Wine a dialog that comes up
-  /// beneath a menu gets no input.
+  /// Whether a user could give the main window a command now. Under Wine a dialog that opens while
+  /// a menu is open gets no input.
   [[nodiscard]] bool takesCommands() const;
   void press(WORD key, WORD held = 0);
   [[nodiscard]] std::wstring someText();

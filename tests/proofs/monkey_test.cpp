@@ -1,6 +1,6 @@
-// Random events, real ones, replayed by QMK_SEED: no crash, no hang, and at the end every list
-// shows what is in its file. A second time on a heap where every misuse faults at once: on an
-// ordinary one the crash comes later, elsewhere, or not at all.
+// Random events with real input, replayed with QMK_SEED: no crash, no hang, and at the end every
+// list shows what is in its file. The test also runs on a heap where every misuse faults at once;
+// on a normal heap the crash comes later, elsewhere, or not at all.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <windows.h>
@@ -25,7 +25,7 @@ namespace {
 using harness::Tab;
 using Texts = std::vector<std::wstring>;
 
-/// The quoted fields of each line, which nobody here writes in another form.
+/// The quoted fields of each line; nobody here writes other forms.
 std::vector<Texts> records(const std::wstring& path) {
   const std::wstring text = harness::fromCodePage(harness::readFile(path).value_or(""));
   std::vector<Texts> all;
@@ -83,7 +83,7 @@ Texts shortcuts(const std::wstring& folder) {
   return sorted(names);
 }
 
-/// Has a list read its file again and waits until it shows it.
+/// Makes a list read its file again and waits until it shows it.
 void expectShown(const harness::GatewayApp& app, int tab, Texts (*wanted)(const std::wstring&),
                  const std::wstring& where) {
   const harness::ListViewReader list = app.list(tab);
@@ -96,7 +96,7 @@ void expectShown(const harness::GatewayApp& app, int tab, Texts (*wanted)(const 
 void run(std::uint64_t seed, int events) {
   harness::GatewayApp app;
   harness::GatewayApp::skipExample();
-  // A tool that is missing makes a message instead of a start, which takes the machine far longer.
+  // A missing tool gives a message instead of a start, which takes much longer.
   app.addTool(L"plv3.exe");
   app.addTool(L"viewer.exe");
   const std::wstring viewer = L"\"" + app.folder() + L"\\viewer.exe\" \"%1\"";

@@ -24,7 +24,7 @@ Function* native(const char* name) {
   return std::bit_cast<Function*>(GetProcAddress(GetModuleHandleW(L"ntdll.dll"), name));
 }
 
-/// Wine does not count GDI objects, but keeps the table.
+/// Wine does not count GDI objects, but has the table of them.
 long long gdiObjects(HANDLE process) {
   if (const DWORD counted = GetGuiResources(process, GR_GDIOBJECTS); counted != 0) {
     return counted;
@@ -52,7 +52,7 @@ long long kernelHandles(DWORD process, HANDLE handle) {
   if (GetProcessHandleCount(handle, &counted) != FALSE && counted != 0) {
     return counted;
   }
-  // Wine counts them only in its list of all processes.
+  // Wine counts handles only in its list of all processes.
   static auto* const query = native<decltype(NtQuerySystemInformation)>("NtQuerySystemInformation");
   std::vector<std::byte> buffer(std::size_t{1} << 20U);
   ULONG length = 0;

@@ -1,5 +1,5 @@
-// What a process holds: counted by the system where it counts, by the program's counting build
-// otherwise.
+// Resources of a process: counted by the system where it counts them, otherwise by the program's
+// counting build.
 #pragma once
 
 #include <windows.h>
@@ -15,7 +15,7 @@ struct Resources {
   std::size_t memory = 0;                   ///< Private bytes.
 };
 
-/// Of a running counting build. Raises `Failure` when the process does not answer.
+/// Resources of a running counting build. Raises `Failure` when the process does not answer.
 [[nodiscard]] Resources resourcesOf(DWORD process, HANDLE handle);
 
 }  // namespace proofs

@@ -1,9 +1,9 @@
-// Nothing that somebody has planted is started or loaded, and nothing that stands in a name, an
-// address or a record does more than be shown and start what it says.
+// Nothing that somebody has planted is started or loaded. Names, addresses and records are only
+// shown, and start only what they name.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <windows.h>
-// The process functions' header relies on the first.
+// Needs <windows.h> first.
 #include <psapi.h>
 
 #include <algorithm>
@@ -52,8 +52,8 @@ std::set<std::wstring> modulesOf(HANDLE process) {
   return names;
 }
 
-/// Windows maps these by name from a list of its own and never looks for them in folders, so that
-/// nothing can be planted under their names there. (Wine has no such list.)
+/// Windows maps these libraries from a list of known ones and never searches folders for them, so
+/// they cannot be planted. (Wine has no such list.)
 const std::set<std::wstring>& neverLookedFor() {
   static const std::set<std::wstring> names{
       L"advapi32.dll", L"clbcatq.dll",   L"combase.dll", L"comdlg32.dll", L"coml2.dll",
@@ -65,8 +65,8 @@ const std::set<std::wstring>& neverLookedFor() {
   return names;
 }
 
-/// Goes through everything that makes the program, or the system for it, load libraries or start
-/// programs; `starts` counts the latter.
+/// Uses everything that makes the program, or the system for it, load libraries or start programs;
+/// `starts` counts the started programs.
 void visitEverything(GatewayApp& app, std::size_t& starts) {
   const auto waitForStart = [&] { static_cast<void>(app.waitForToolStart(++starts)); };
   app.startToMain();
@@ -118,13 +118,13 @@ class Security : public ::testing::Test {
   GatewayApp app_{L"Suite of tools"};
 };
 
-/// Programs lie where a path that is cut at one of its blanks leads to, and in the current folder
-/// under the tools' names.
+/// Planted programs are at every path that results from cutting a path at a blank, and in the
+/// current folder under the tools' names.
 TEST_F(Security, NoPlantedProgramIsStarted) {
   app_.addAllTools();
   app_.addDataFile(L"Plot.fp3");
   const std::wstring root = app_.testFolder();
-  const std::wstring marker = root + L"\\standin.log";  // where a planted program writes
+  const std::wstring marker = root + L"\\standin.log";  // written by a planted program
   std::vector<std::wstring> planted{L"Suite.exe", L"Suite.com",  L"Suite",   L"Suite of.exe",
                                     L"plv3.exe",  L"brtpc3.exe", L"cw3.exe", L"viewer.exe"};
   for (const std::wstring& name : planted) {
@@ -137,7 +137,7 @@ TEST_F(Security, NoPlantedProgramIsStarted) {
   std::size_t starts = 0;
   visitEverything(app_, starts);
   EXPECT_FALSE(harness::exists(marker)) << *harness::readFile(marker);
-  // A tool that is not there is missed, and not found anywhere else.
+  // A tool that does not exist is reported as missing, and is not searched for elsewhere.
   harness::waitUntil("the tool has ended and can be removed", [&] {
     return DeleteFileW((app_.folder() + L"\\brtpc3.exe").c_str()) != FALSE;
   });
@@ -148,7 +148,7 @@ TEST_F(Security, NoPlantedProgramIsStarted) {
   EXPECT_FALSE(harness::exists(marker)) << *harness::readFile(marker);
   figure("security, planted programs", static_cast<std::int64_t>(planted.size() + 4));
   figure("security, planted programs started", harness::exists(marker) ? 1 : 0);
-  // The trap works: a program that is started from there writes there.
+  // Checks the trap itself: a program that is started from there writes the file.
   const harness::Job job;
   const harness::Process trap(root + L"\\Suite.exe", root, job);
   harness::waitUntil("the planted program writes", [&] { return harness::exists(marker); });
@@ -158,13 +158,13 @@ TEST_F(Security, NoPlantedLibraryIsLoaded) {
   app_.addAllTools();
   app_.addDataFile(L"Plot.fp3");
   const harness::UrlScheme scheme(L"qmkproof", L"\"" + app_.folder() + L"\\imgkeep3.exe\" \"%1\"");
-  // What the program loads when nothing is planted.
+  // Libraries that the program loads when nothing is planted.
   std::size_t starts = 0;
   visitEverything(app_, starts);
   std::set<std::wstring> names = modulesOf(app_.process().handle());
   ASSERT_GT(names.size(), 10U);
   EXPECT_EQ(app_.close(), 0U);
-  // And what it, or the system for it, might look for.
+  // Libraries that the program or the system might search for.
   names.insert({L"version.dll",       L"uxtheme.dll",       L"dwmapi.dll",    L"hhctrl.ocx",
                 L"propsys.dll",       L"comctl32.dll",      L"cryptbase.dll", L"profapi.dll",
                 L"netapi32.dll",      L"mpr.dll",           L"wshom.ocx",     L"scrrun.dll",
@@ -191,7 +191,7 @@ TEST_F(Security, NoPlantedLibraryIsLoaded) {
   figure("security, planted libraries loaded", static_cast<std::int64_t>(loaded.size()));
 }
 
-/// The trap of the test above works.
+/// Checks the trap of the test above.
 TEST_F(Security, APlantedLibraryWritesDownThatItWasLoaded) {
   const std::wstring log = app_.testFolder() + L"\\planted.log";
   SetEnvironmentVariableW(L"QMK_PLANTED", log.c_str());
@@ -202,7 +202,7 @@ TEST_F(Security, APlantedLibraryWritesDownThatItWasLoaded) {
   EXPECT_EQ(linesOf(log).size(), 1U);
 }
 
-/// What the file of the program says about itself.
+/// Checks the headers of the program file.
 TEST_F(Security, TheProgramFileIsHardened) {
   const std::string bytes = *harness::readFile(harness::gatewayExecutable());
   const auto read = [&bytes]<class T>(std::size_t offset, T value) {
@@ -227,8 +227,8 @@ TEST_F(Security, TheProgramFileIsHardened) {
     EXPECT_NE(kind & writtenAndRun, writtenAndRun) << "section " << n << " can be written and run";
   }
   EXPECT_EQ(executable, 1);
-  // What is imported is looked for before the program can say where: in the system's folder. Side
-  // by side assemblies, named in the manifest, are not looked for at all.
+  // Imported libraries are searched for before the program can restrict the search to the system's
+  // folder. Side-by-side assemblies, which the manifest names, are not searched for at all.
   const auto offsetOf = [&](DWORD address) {
     for (std::size_t n = 0; n < headers.FileHeader.NumberOfSections; ++n) {
       const auto section = read(first + n * sizeof(IMAGE_SECTION_HEADER), IMAGE_SECTION_HEADER{});
@@ -250,14 +250,14 @@ TEST_F(Security, TheProgramFileIsHardened) {
     ++imported;
   }
   EXPECT_GE(imported, 3);
-  // What the guarded functions say when their stack has been overrun.
+  // The text that the guarded functions print when their stack has been overrun.
   EXPECT_NE(bytes.find("stack smashing detected"), std::string::npos);
   figure("security, program file",
          "address randomised (64 bit), data not executable, no section both writable and "
          "executable, stack guarded; control flow guard is not offered by this compiler");
 }
 
-/// Characters that command interpreters, the shell and lists know a meaning of.
+/// Characters that have a special meaning for command interpreters, the shell or lists.
 std::vector<std::wstring> oddNames() {
   return {L"a & b.fp3",           L"%TEMP%.fp3",
           L"%COMSPEC% ^& x.fp3",  L"caret ^ bar.fp3",
@@ -285,7 +285,7 @@ TEST_F(Security, OddNamesOfDataFilesReachTheToolAsTheyAre) {
   figure("security, data files with odd names opened", static_cast<std::int64_t>(starts));
 }
 
-/// Records and web entries that no program would write: the program shows them and says what is
+/// Records and web entries that no program would write: the program shows them, reports what is
 /// missing, and goes on.
 TEST_F(Security, HostileRecordsAreOnlyShown) {
   app_.addAllTools();
@@ -330,7 +330,7 @@ TEST_F(Security, HostileRecordsAreOnlyShown) {
   for (int row = 0; row < app_.list(Tab::web).count(); ++row) {
     app_.doubleClickRow(Tab::web, row);
   }
-  // A long address that is one is opened, and it is the first that started anything.
+  // A long valid address is opened, and it is the first one that starts anything.
   const std::wstring address = L"qmkproof:" + std::wstring(200, L'x');
   harness::writeFile(app_.folder() + L"\\QMKWebList.txt",
                      harness::codePageBytes(L"\"Long\",\"" + address + L"\"\r\n"));
@@ -342,7 +342,7 @@ TEST_F(Security, HostileRecordsAreOnlyShown) {
   figure("security, hostile records shown and tried", asked);
 }
 
-/// Shortcut files with odd names and with targets that are no paths.
+/// Shortcut files with unusual names and with targets that are not paths.
 TEST_F(Security, ShortcutsStartTheirTargetAndNothingElse) {
   const std::vector<std::wstring> names{L"a & b",         L"%TEMP%",    L"^ caret",
                                         L"\u202Eexe.txt", L"'quote' ;", std::wstring(180, L'n')};

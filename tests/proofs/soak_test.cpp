@@ -1,8 +1,8 @@
-// Long use: after a warm-up nothing that the program holds grows, however often a thing is done.
+// Long use: after a warm-up, no resource of the program grows, however often something is done.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <windows.h>
-// The controls' header relies on the first.
+// Needs <windows.h> first.
 #include <commctrl.h>
 
 #include <algorithm>
@@ -47,7 +47,7 @@ class Soak : public ::testing::Test {
     app_->startToMain();
     harness::waitUntil("the data folder is listed",
                        [&] { return app_->list(Tab::open).count() == files; });
-    // The last thing that start-up does.
+    // This is the last thing that start-up does.
     harness::waitUntil("the watch is on", [&] {
       const Resources now = heldNow();
       return std::any_of(now.counts.begin(), now.counts.end(), [](const auto& entry) {
@@ -63,8 +63,8 @@ class Soak : public ::testing::Test {
     SetEnvironmentVariableW(L"QMK_GATEWAY", nullptr);
   }
 
-  /// The reading with the fewest GDI objects of some: the program may be painting during one, and
-  /// what it holds for that it gives back. What leaks is in all of them.
+  /// The measurement with the fewest GDI objects of several. The program may be painting during a
+  /// measurement, and those objects are freed afterwards. Leaked objects are in all measurements.
   [[nodiscard]] Resources held() const {
     constexpr int readings = 5;
     paint(app_->main());
@@ -79,13 +79,13 @@ class Soak : public ::testing::Test {
     return least;
   }
 
-  /// Does a thing, whose windows are painted, often enough to warm up, then `times`, and compares
-  /// what is held.
+  /// Does something, with the windows painted, often enough to warm up and then `times` more, and
+  /// compares the resources.
   void expectFlat(const std::string& what, int times, const std::function<void(int)>& once) const {
-    // Room for what the system's own libraries keep for later.
+    // Tolerance for caches of the system's own libraries.
     constexpr std::size_t memoryRoom = std::size_t{3} << 20U;
     const long long handleRoom = 3 + times / 50;
-    // The system's libraries fill stores of pens and brushes before they come to rest.
+    // The system's libraries fill caches of pens and brushes at first.
     constexpr int usualWarmUp = 40;
     const int warmUp = std::min(times / 10 + usualWarmUp, 3 * times);
     for (int n = 0; n < warmUp; ++n) {
@@ -130,7 +130,7 @@ class Soak : public ::testing::Test {
 
  private:
   [[nodiscard]] Resources heldNow() const {
-    // What is freed by a message that is still waiting is freed by now.
+    // Waits until pending messages, which may free something, are processed.
     harness::send(app_->main(), WM_NULL);
     return resourcesOf(app_->processId(), app_->process().handle());
   }
@@ -191,7 +191,7 @@ TEST_F(Soak, TabWalks) {
   });
 }
 
-/// The watch ticks every second; here a day of seconds goes by as fast as it can.
+/// The watch ticks every second; here the ticks of a day are run as fast as possible.
 TEST_F(Soak, ADayOfTheWatch) {
   const auto tick = [&] {
     harness::send(app_->main(), WM_TIMER, static_cast<WPARAM>(ids::tmrFileUpdate));

@@ -1,5 +1,5 @@
-// Full and read-only disks, and strange files in the place of the catalogue: the program says what
-// is wrong, loses nothing and answers on.
+// Full and read-only disks, and unusual files instead of the catalogue: the program reports what is
+// wrong, loses nothing and keeps answering.
 #include "surroundings_test.h"
 // The control codes' header relies on the system's main one.
 #include <winioctl.h>
@@ -32,7 +32,7 @@ TEST_F(Surroundings, TheDiskIsFull) {
   EXPECT_THAT(messages.back(), HasSubstr("Disk full"));
   EXPECT_EQ(*app_.catalogue(), kept);
   EXPECT_EQ(app_.list(Tab::open).count(), 500);
-  // Deleting an entry needs room for the whole list as well.
+  // Deleting an entry also needs space for the whole list.
   app_.selectTab(Tab::open);
   harness::clickAt(harness::centreOf(app_.list(Tab::open).textOnScreen(0)), app_.main());
   app_.command(ids::mnuDelete);
@@ -41,7 +41,7 @@ TEST_F(Surroundings, TheDiskIsFull) {
   EXPECT_THAT(failure, HasSubstr("Disk full"));
   EXPECT_EQ(*app_.catalogue(), kept);
   expectAnswers();
-  // With room again everything works.
+  // With free space everything works again.
   disk.empty();
   app_.command(ids::mnuDelete);
   app_.waitForMessage().answer(IDYES);
@@ -77,12 +77,12 @@ TEST_F(Surroundings, TheApplicationFolderIsReadOnly) {
   disk.makeWritable();
 }
 
-/// Something else than an ordinary file in the place of the catalogue.
+/// Something other than an ordinary file instead of the catalogue.
 struct Place {
   const char* name;
   void (*make)(const std::wstring& path);
-  int rows;        ///< Of the list after the start.
-  bool untouched;  ///< Whether the program leaves it as it is, and says so.
+  int rows;        ///< Rows of the list after the start.
+  bool untouched;  ///< Whether the program does not change it and reports it.
 };
 
 void makeOrdinary(const std::wstring& path) {
@@ -120,8 +120,8 @@ WIN32_FILE_ATTRIBUTE_DATA factsOf(const std::wstring& path) {
 TEST_F(Surroundings, StrangeFilesInThePlaceOfTheCatalogue) {
   app_.addDataFile(L"Plot.fp3");
   const auto makeDirectory = [](const std::wstring& path) { harness::makeFolder(path); };
-  // The data folder's one file comes to the records of a hidden catalogue, which goes on as an
-  // ordinary one.
+  // The record of the data folder's one file is added to a hidden catalogue, which becomes an
+  // ordinary file.
   for (const Place& place :
        {Place{"read-only", makeReadOnlyFile, 1, true}, Place{"hidden", makeHidden, 2, false},
         Place{"a folder", makeDirectory, 0, true}, Place{"4 GB long", makeHuge, 0, true}}) {

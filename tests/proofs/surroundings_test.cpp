@@ -1,5 +1,5 @@
-// Folders that are missing, long or a drive's root, clocks and formats that change: the program
-// says what is wrong, loses nothing and answers on.
+// Missing folders, long paths, a drive's root, changing clocks and formats: the program reports
+// what is wrong, loses nothing and keeps answering.
 #include "surroundings_test.h"
 
 #include <optional>
@@ -13,7 +13,7 @@ TEST_F(Surroundings, TheDocumentsFolderIsMissing) {
   harness::removeTree(app_.documents());
   app_.start();
   const harness::MessageBoxReader box = app_.waitForMessage();
-  // What the shell calls a documents folder that is gone is its own matter.
+  // The shell decides which path it reports for a missing documents folder.
   EXPECT_THAT(harness::utf8(box.text()),
               ::testing::StartsWith("Run-time error '76':\r\n\r\nPath not found\r\n\r\n"));
   EXPECT_THAT(harness::utf8(box.text()), ::testing::EndsWith("\\My QMKExtra3"));
@@ -37,7 +37,7 @@ TEST_F(Surroundings, TheDocumentsFolderIsADrivesRoot) {
   figure("surroundings, documents folder on a drive's root", "works");
 }
 
-/// Six folders in one another with names of 44 characters.
+/// Six nested folders with names of 44 characters.
 std::wstring longName() {
   std::wstring name;
   for (int n = 0; n < 6; ++n) {
@@ -56,7 +56,7 @@ TEST_F(Surroundings, AnApplicationFolderOfThreeHundredCharacters) {
     deep.startToMain();
   } catch (const harness::Failure& failure) {
     deep.kill();
-    // Not the program's to mend: the system does not start anything that lies so deep.
+    // The program cannot help: the system does not start a program with such a long path.
     ASSERT_THAT(failure.what(), HasSubstr("cannot start"));
     figure("surroundings, application folder of 300 characters",
            "the system starts no program there");
@@ -101,7 +101,7 @@ TEST_F(Surroundings, TheClockIsSetBack) {
   std::uint64_t time = harness::changeTime(app_.cataloguePath());
   int rows = 0;
   std::string bytes;
-  // Ahead by years, back, back before the first one, and the earliest time that there is.
+  // Ahead by years, back, back to before the first time, and the earliest possible time.
   for (const std::int64_t hours : {100'000, -150'000, -3, 1, -1'000'000}) {
     bytes += record(L"C:\\a\\" + std::to_wstring(rows) + L".fp3");
     ++rows;
@@ -116,7 +116,7 @@ TEST_F(Surroundings, TheClockIsSetBack) {
          "all " + std::to_string(rows) + " seen");
 }
 
-/// The user's formats while a program runs under them.
+/// Changes the user's formats while a program runs.
 class Format {
  public:
   Format(const wchar_t* name, const std::wstring& value) : name_(name) {
@@ -148,8 +148,8 @@ class Format {
   std::optional<std::wstring> former_;
 };
 
-/// Dates are written in the user's form of the moment, and read as the text that they are: a
-/// change of the form changes no record that is there.
+/// Dates are written in the user's present format, and read as plain text: a change of the format
+/// changes no existing record.
 TEST_F(Surroundings, DateFormsAndDecimalCommasChange) {
   const std::string kept = record(L"C:\\a\\1.fp3");
   app_.addDataFile(L"Plot.fp3");
@@ -176,7 +176,7 @@ TEST_F(Surroundings, DateFormsAndDecimalCommasChange) {
   figure("surroundings, forms of dates and numbers", forms);
 }
 
-/// Name of a file as a list of the run's code page can hold it: its own or the short one.
+/// Name of a file as a list in the run's code page has it: its own name or the short one.
 std::wstring listedName(const std::wstring& path, const std::wstring& name) {
   if (harness::fromCodePage(harness::codePageBytes(name)) == name) {
     return name;
@@ -188,8 +188,8 @@ std::wstring listedName(const std::wstring& path, const std::wstring& name) {
   return found.cAlternateFileName;
 }
 
-/// All that the run's code page can hold goes into the files and comes back; a name that it cannot
-/// hold is listed in its short form, and no other record suffers.
+/// Everything that the run's code page can hold is written to the files and read back. A name that
+/// it cannot hold is listed by its short name, and no other record changes.
 TEST_F(Surroundings, TheCodePageOfThisRun) {
   const std::wstring all = L"A\u00E4\u0159\u0416\u65E5\u672C\uFF76\u20AC";
   const std::wstring listed = listedName(app_.addDataFile(all + L".fp3"), all + L".fp3");

@@ -25,7 +25,7 @@ namespace proofs {
 using harness::GatewayApp;
 using harness::Tab;
 
-/// A start whose messages are answered and kept.
+/// Starts the program and answers its messages; the texts are kept.
 class Surroundings : public ::testing::Test {
  protected:
   static constexpr DWORD longestAnswerMs = 2000;
@@ -37,8 +37,8 @@ class Surroundings : public ::testing::Test {
     return harness::codePageBytes(L"\"" + code + L"\",\"" + path + L"\",\"1/2/2003\"\r\n");
   }
 
-  /// Starts the program, answers the messages that come up until the main window takes input, and
-  /// gives their texts.
+  /// Starts the program and answers the messages until the main window takes input. Returns their
+  /// texts.
   std::vector<std::string> startThroughMessages(bool expectMessages = true) {
     app_.start();
     HWND const splash = app_.waitForSplash();
@@ -69,12 +69,12 @@ class Surroundings : public ::testing::Test {
     return text;
   }
 
-  /// Whatever messages come up now are answered; then the program is closed.
+  /// Closes the program and answers the messages that appear meanwhile.
   std::vector<std::string> closeThroughMessages() {
     std::vector<std::string> messages;
     ULONGLONG asked = 0;
     const bool ended = harness::waitFor([&] {
-      // A message that comes up just now takes the wish to close for itself.
+      // A message that has just appeared takes the request to close for itself.
       constexpr ULONGLONG again = 2000;
       if (!app_.dialogShown() && GetTickCount64() - asked > again) {
         PostMessageW(app_.main(), WM_CLOSE, 0, 0);
@@ -101,7 +101,7 @@ class Surroundings : public ::testing::Test {
     return messages;
   }
 
-  /// For the story of a failure.
+  /// For the text of a failure.
   [[nodiscard]] std::string windowsShown() const {
     std::string shown;
     for (HWND const window : harness::visibleWindows(app_.processId())) {

@@ -1,11 +1,11 @@
-// A machine whose code page is UTF-8: every character that there is goes into the list files and
-// comes back.
+// A machine whose code page is UTF-8: every character can be written to the list files and read
+// back.
 #include "surroundings_test.h"
 
 namespace proofs {
 namespace {
 
-/// A build of the program whose manifest asks for that code page stands for such a machine.
+/// Simulates such a machine by a build of the program whose manifest requests that code page.
 class Utf8Program {
  public:
   Utf8Program() {
@@ -24,7 +24,7 @@ TEST_F(Surroundings, TheCodePageIsUtf8) {
   GatewayApp::skipExample();
   const std::wstring all = L"A\u00E4\u0159\u0416\u65E5\u672C\uFF76\u20AC\U0001F600";
   const std::wstring plot = app.addDataFile(all + L".fp3");
-  // The second record is no UTF-8, as another program of another time has written it.
+  // The second record is not valid UTF-8, as if an old program had written it.
   const std::string kept = "\"fp3\",\"C:\\a\\" + harness::utf8(L"\u0434\u6F22") +
                            ".fp3\",\"1/2/2003\"\r\n\"fp3\",\"C:\\a\\Z\xE4\x80\xFF.fp3\",\"1\"\r\n";
   app.writeCatalogue(kept);

@@ -1,4 +1,4 @@
-// The worker in an application folder of the proof's own, and what it says.
+// The worker in an application folder of its own, and its notes.
 #pragma once
 
 #include <windows.h>
@@ -27,20 +27,21 @@ class SharedNotes {
   Notes* notes_;
 };
 
-/// A running worker. Its folder is its application folder, because it is the product's code.
+/// A running worker. The folder of its program file is its application folder, because it uses the
+/// product's code.
 class Worker {
  public:
-  /// Copies the worker into `folder` unless it is there, and starts it with these orders. Raises
-  /// `Failure`.
+  /// Copies the worker into `folder` unless it is there already, and starts it with these orders.
+  /// Raises `Failure`.
   Worker(const std::wstring& folder, const std::wstring& orders, const harness::Job& job);
 
   [[nodiscard]] Notes& notes() const { return notes_.get(); }
   /// Waits until it has begun its first operation.
   void waitUntilReady() const;
-  /// Waits for its end; raises `Failure` when it does not end well within `boundMs`.
+  /// Waits for its end. Raises `Failure` when it does not end successfully within `boundMs`.
   void waitUntilDone(int boundMs) const;
   [[nodiscard]] bool running() const { return process_->running(); }
-  /// Ends it in the middle of whatever it is doing.
+  /// Kills it, whatever it is doing.
   void kill() const;
 
  private:

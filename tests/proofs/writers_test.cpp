@@ -1,5 +1,5 @@
-// Several programs work on the catalogue at the same time at full speed: no record of any of them
-// is lost, doubled or torn.
+// Several programs work on the catalogue at the same time at full speed: no record is lost,
+// duplicated or damaged.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <windows.h>
@@ -27,7 +27,7 @@ using harness::Tab;
 
 constexpr int longestRunMs = 1'800'000;
 
-/// How often each path stands in the catalogue; a line of another form is counted as torn.
+/// How often each path is in the catalogue; a line of another form counts as damaged.
 struct Catalogue {
   std::map<std::wstring, int> paths;
   int torn = 0;
@@ -55,12 +55,12 @@ Catalogue read(const std::wstring& path) {
   return result;
 }
 
-/// What became of one writer's numbered records.
+/// The result for one writer's numbered records.
 struct Fate {
   int wanted = 0;
   int lost = 0;
   int doubled = 0;
-  int revived = 0;  ///< There, although their writer took them out.
+  int revived = 0;  ///< In the file, although their writer removed them.
 };
 
 Fate fateOf(const Catalogue& catalogue, const std::wstring& tag, const Notes& notes, int count) {
@@ -95,7 +95,7 @@ constexpr const char* columns = " (wanted / lost / doubled / revived)";
 class Writers : public ::testing::Test {
  protected:
   Writers() {
-    // A crash of the proof must not leave programs behind that go on writing.
+    // If the proof crashes, no programs may be left that continue to write.
     harness::makeFolder(folder_ + L"\\data");
     harness::writeFile(folder_ + L"\\data\\Plot.fp3", "data\r\n");
     harness::writeFile(catalogue_, "\"FP3\",\"C:\\Kept\\1.fp3\",\"1/2/2003\"\r\n");
@@ -129,7 +129,7 @@ TEST_F(Writers, TwoProgramsWithTheProductsCode) {
   expectIntact("the second", second);
   EXPECT_EQ(catalogue.torn, 0);
   EXPECT_EQ(catalogue.paths.count(L"C:\\Kept\\1.fp3"), 1U);
-  // Who has had to wait too long says so, and has changed nothing. That is rare.
+  // A program that had to wait too long reports it and has changed nothing. That is rare.
   for (const Worker* const worker : {one.get(), other.get()}) {
     EXPECT_LE(worker->notes().messages, 1 + count / 20)
         << harness::utf8(worker->notes().lastMessage);
@@ -154,7 +154,7 @@ TEST_F(Writers, AForeignProgramThatAppendsInPlace) {
   EXPECT_EQ(foreign->notes().messages, 0);
 }
 
-/// The real program deletes entries and keeps its list up to date while a copy of its code and a
+/// The real program deletes entries and keeps its list up to date, while a copy of its code and a
 /// foreign program write.
 TEST_F(Writers, TheProgramAmongTheOthers) {
   const int deletions = amount(4, 150);
@@ -178,7 +178,8 @@ TEST_F(Writers, TheProgramAmongTheOthers) {
   std::int64_t reported = 0;
   for (int n = 0; n < deletions; ++n) {
     harness::bringToFront(app.main());
-    // The sort brings the doomed to the top. Two clicks at one place would make a double-click.
+    // The sort moves the entries to be deleted to the top. Two clicks at one point would be a
+    // double-click.
     const RECT row = app.list(Tab::open).textOnScreen(0);
     harness::clickAt({row.left + (n % 2 == 0 ? 10 : 40), (row.top + row.bottom) / 2}, app.main());
     app.command(ids::mnuDelete);
@@ -191,7 +192,7 @@ TEST_F(Writers, TheProgramAmongTheOthers) {
     HWND report = nullptr;
     harness::waitUntil("the entry leaves the list, or a message says why not", [&] {
       report = harness::visibleWindow(app.processId(), L"#32770");
-      // Few rows: each one is asked for on its own.
+      // Only few rows, because each is read separately.
       const harness::ListViewReader list = app.list(Tab::open);
       bool there = false;
       for (int index = 0; index < deletions && !there && report == nullptr; ++index) {
@@ -203,7 +204,8 @@ TEST_F(Writers, TheProgramAmongTheOthers) {
       gone.push_back(L"C:\\Doomed\\_Doomed " + number + L".fp3");
       continue;
     }
-    // The others kept the file busy for longer than the program waits: it has to be asked again.
+    // The others kept the file in use for longer than the program waits, so the command is given
+    // again.
     const harness::MessageBoxReader message(report);
     ASSERT_NE(message.text().find(L"'70'"), std::wstring::npos) << harness::utf8(message.text());
     message.answer(IDOK);
@@ -234,8 +236,8 @@ TEST_F(Writers, TheProgramAmongTheOthers) {
   EXPECT_EQ(app.close(), 0U);
 }
 
-/// Somebody keeps the catalogue open. The operation waits for a moment, then says what is wrong,
-/// and has changed nothing; when the file is free again it works.
+/// Another program keeps the catalogue open. The operation waits for a short time, then reports the
+/// problem and has changed nothing. When the file is free again, it works.
 TEST_F(Writers, AFileThatSomebodyHolds) {
   constexpr std::int64_t longestFeltUs = 2'000'000;
   struct Case {

@@ -1,5 +1,5 @@
-// The flat look on native controls of every kind, at two densities. The program's own windows do
-// not use every kind, so that a program of the tests hosts them.
+// The flat look on native controls of every kind, at two dpi values. The program's own windows do
+// not use every kind, so a separate test program hosts them.
 #include <gtest/gtest.h>
 #include <windows.h>
 
@@ -14,19 +14,19 @@
 namespace desktop_tests {
 namespace {
 
-/// Runs the hosting program to its end; its output is the failure's text.
+/// Runs the hosting program to its end. The failure text is its output.
 ::testing::AssertionResult flatTestsPassAt(DWORD dpi) {
   constexpr DWORD boundMs = 240000;
   const harness::ScreenDensity density(dpi);
   const std::wstring folder = harness::buildFolder();
   const std::wstring report = folder + L"\\flat_tests_" + std::to_wstring(dpi) + L".xml";
   DeleteFileW(report.c_str());
-  // It finds its report's name where its own arguments would be.
+  // The hosting program reads the name of its report from this variable.
   SetEnvironmentVariableW(L"GTEST_OUTPUT", (L"xml:" + report).c_str());
-  // Its passing tests are not tests of this program, and must not look like them in its output.
+  // Its passing tests must not appear as tests of this program in the output.
   SetEnvironmentVariableW(L"GTEST_BRIEF", L"1");
   SetEnvironmentVariableW(L"QMK_EXPECTED_DPI", std::to_wstring(dpi).c_str());
-  // All of it, even where this program runs only its share of the tests.
+  // The hosting program runs all its tests, even if this program runs only its share.
   SetEnvironmentVariableW(L"GTEST_TOTAL_SHARDS", nullptr);
   SetEnvironmentVariableW(L"GTEST_SHARD_INDEX", nullptr);
   const harness::Job job;

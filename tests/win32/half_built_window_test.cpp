@@ -1,4 +1,5 @@
-// A window whose parts the system refuses: at once, or while it is finished behind another one.
+// Windows whose parts the system refuses to create: at once, or while a window is completed behind
+// another one.
 #include <gtest/gtest.h>
 #include <windows.h>
 
@@ -33,8 +34,8 @@ class Before : public controls::Window {
   Before() : Window(L"frmBefore", controls::WindowKind::bare) { setDesignSize({50, 50}, {}); }
 };
 
-/// While it lives the system makes no parts for a window; message boxes of this thread are read and
-/// answered with OK.
+/// While an object of this class exists, the system creates no parts of windows. Message boxes of
+/// this thread are recorded and answered with OK.
 class Refusal {
  public:
   explicit Refusal(HWND window) {

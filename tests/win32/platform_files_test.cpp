@@ -1,4 +1,5 @@
-// What the list files rest on, asked of the system directly: drafts, searches, dates.
+// The file functions on which the list files depend, tested on the real system: drafts, searches,
+// dates.
 #include <gtest/gtest.h>
 #include <windows.h>
 
@@ -216,13 +217,13 @@ TEST_F(PlatformFiles, ManyDatesAreThoseThatTheSystemGivesOneByOne) {
   constexpr platform::files::FileTime hour = 36'000'000'000;
   constexpr platform::files::FileTime firstMoment = 134'119'584'000'000'000;
   std::vector<platform::files::FileTime> moments;
-  // Two years in steps that come upon every hour of the day, with both changes of the season.
+  // Two years in steps that reach every hour of the day, with both changes of daylight saving time.
   constexpr int steps = 2500;
   moments.reserve(steps);
   for (int n = 0; n < steps; ++n) {
     moments.push_back(firstMoment + static_cast<platform::files::FileTime>(n) * 7 * hour);
   }
-  // And some that share a second, or only nearly.
+  // Also some with the same second, and some with almost the same second.
   for (const platform::files::FileTime later :
        {0ULL, 1ULL, 9'999'999ULL, 10'000'000ULL, 10'000'001ULL}) {
     moments.push_back(firstMoment + later);

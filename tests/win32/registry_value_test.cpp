@@ -33,13 +33,13 @@ class RegistryValue : public ::testing::Test {
     RegCloseKey(key);
   }
   static void storeText(const std::wstring& text, DWORD type = REG_SZ) {
-    // The registry adds a final NUL that it finds behind the text, so that none may be there.
+    // The registry includes a NUL that follows the text in memory, so there must not be one.
     const std::wstring followed = text + L'x';
     store(type, followed.data(), text.size() * sizeof(wchar_t));
   }
   static void storeNumber(std::uint32_t number) { store(REG_DWORD, &number, sizeof(number)); }
 
-  /// What is read; "(nothing)" when there is nothing to be read.
+  /// The value that is read; "(nothing)" when there is none.
   static std::wstring read(const std::wstring& key = keyName,
                            const std::wstring& name = valueName) {
     std::wstring value = L"(unchanged)";
@@ -76,7 +76,7 @@ TEST_F(RegistryValue, AnEmptyStringIsFound) {
 TEST_F(RegistryValue, ANumberIsSpelledByItsBytesWithoutLeadingZeros) {
   storeNumber(0x12345678);
   EXPECT_EQ(read(), std::to_wstring(0x12345678));
-  // 1, 2, 3 and 4 are a digit each.
+  // 1, 2, 3 and 4 have one digit each.
   storeNumber(0x01020304);
   EXPECT_EQ(read(), std::to_wstring(0x1234));
   storeNumber(0x10000000);

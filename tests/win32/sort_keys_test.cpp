@@ -1,5 +1,5 @@
-// The order of many names is the system's own order, in every language: what the program works out
-// by itself must agree with what the system says of each single pair.
+// The order of many names must be the system's own order, in every language: the keys from the
+// table must agree with the system's comparison of every pair.
 #include "platform/win32/system/sort_keys.h"
 
 #include <gtest/gtest.h>
@@ -17,7 +17,7 @@ using Texts = std::vector<std::wstring>;
 
 constexpr std::size_t many = 6000;
 
-/// Names as surveys have them, and names that trip over every rule of a language.
+/// Names as in real surveys, and names that hit every special rule of a language.
 Texts namesFrom(const std::wstring& units, unsigned seed) {
   std::mt19937 random(seed);
   Texts names;

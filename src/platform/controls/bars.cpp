@@ -72,7 +72,7 @@ void Toolbar::setImages(const ImageList* images) {
 
 void Toolbar::raiseButtonClick(const std::wstring& key) {
   platform::dispatch([this, &key] {
-    // The button whose key it is may be gone before its handler ends.
+    // A copy, because the handler may destroy the button that owns the key.
     const std::wstring pressed = key;
     if (onButtonClick) {
       onButtonClick(pressed);

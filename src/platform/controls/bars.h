@@ -25,28 +25,29 @@ class Toolbar : public Control {
     std::wstring toolTip;
     std::wstring image;  ///< Key in the toolbar's image list.
     bool enabled = true;
-    bool check = false;  ///< Stays pressed; buttons of one group release one another.
+    bool check = false;  ///< Stays pressed; pressing one releases the others of its group.
     int value = 0;       ///< 1 means pressed.
     [[nodiscard]] bool separator() const { return key.empty(); }
   };
-  /// Adds a button at the end; adjoining `check` buttons form a group.
+  /// Adds a button at the end. Adjacent `check` buttons form a group.
   void addButton(Button button);
   void addSeparator();
   [[nodiscard]] const std::vector<Button>& buttons() const { return buttons_; }
-  /// The button of that key, compared exactly. Raises 35601 when there is none.
+  /// The button with that key (exact comparison). Raises `error::elementNotFound` when there is
+  /// none.
   [[nodiscard]] const Button& button(const std::wstring& key) const;
   void setButtonCaption(const std::wstring& key, std::wstring caption);
   void setButtonToolTip(const std::wstring& key, std::wstring toolTip);
   void setButtonImage(const std::wstring& key, std::wstring image);
   void setButtonEnabled(const std::wstring& key, bool enabled);
-  /// Presses (1) or releases (0) a button; pressing one of a group releases the others.
+  /// Presses (1) or releases (0) a button. Pressing one of a group releases the others.
   void setButtonValue(const std::wstring& key, int value);
   /// Pictures of the buttons, not owned; nullptr for none.
   void setImages(const ImageList* images);
   [[nodiscard]] const ImageList* images() const { return images_; }
   /// Redraws the toolbar.
   void refresh() { changed(Change::structure); }
-  /// Height in pixels that the native toolbar needs; set by its peer, 0 without one.
+  /// Height in pixels that the native toolbar needs. Set by the peer; 0 without one.
   [[nodiscard]] int measuredHeight() const { return measuredHeight_; }
   void acceptMeasuredHeight(int height) { measuredHeight_ = height; }
 
@@ -66,21 +67,21 @@ class TabControl : public Control {
   [[nodiscard]] Kind kind() const override { return Kind::tab; }
   void addTab(std::wstring caption);
   [[nodiscard]] const std::vector<std::wstring>& captions() const { return captions_; }
-  /// Caption of tab `index` (from 0). Raises 35600 when there is no such tab.
+  /// Caption of tab `index` (from 0). Raises `error::indexOutOfBounds` when there is no such tab.
   [[nodiscard]] const std::wstring& tabCaption(int index) const;
-  /// Index of the tab in front.
+  /// Index of the current tab.
   [[nodiscard]] int current() const { return current_; }
-  /// Brings a tab to the front; calls `onSwitch` when it is another one than before. Raises 35600
-  /// when there is no such tab.
+  /// Makes a tab the current one. Calls `onSwitch` when it was not the current one before. Raises
+  /// `error::indexOutOfBounds` when there is no such tab.
   void setCurrent(int index);
-  /// The part of the control below its tabs, in client coordinates of the window, for a control
-  /// placed at `bounds`; measured by the peer, estimated without one.
+  /// The area of the control below its tabs, in client coordinates of the window, for a control
+  /// with the given bounds. Measured by the peer; estimated without one.
   [[nodiscard]] platform::Rect displayArea(const platform::Rect& bounds, int dpi) const;
   std::function<platform::Rect(const platform::Rect& bounds)> measureDisplayArea;
 
-  /// The shown tab changed: old and new index.
+  /// Called with the old and the new index when the current tab has changed.
   std::function<void(int oldIndex, int newIndex)> onSwitch;
-  /// The user chose a tab.
+  /// Called by the peer when the user has chosen a tab.
   void raiseSwitch(int index);
 
  private:
@@ -98,7 +99,7 @@ class MenuItem : public Control {
   MenuItem& add(MenuItem& child);
   [[nodiscard]] const std::vector<MenuItem*>& children() const { return children_; }
   std::function<void()> onClick;
-  /// The user chose the entry; nothing happens while it is disabled.
+  /// Called by the peer when the user has chosen the entry. Does nothing while it is disabled.
   void raiseClick();
 
  private:

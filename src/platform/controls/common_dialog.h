@@ -17,9 +17,9 @@ class CommonDialog {
   std::wstring helpFile;
   int helpCommand = 0;
 
-  /// Shows the open dialog and stores the chosen path in `fileName`. Raises 32755 when the user
-  /// cancels and `cancelError` is set (without it the preset stays); raises the dialog's own
-  /// failures in any case.
+  /// Shows the open dialog and stores the chosen path in `fileName`. Raises `error::cancelled` when
+  /// the user cancels and `cancelError` is set; without it the preset stays. Raises the dialog's
+  /// own errors in any case.
   void showOpen();
   /// Opens `helpFile` with `helpCommand` in the classic help viewer.
   void showHelp() const;

@@ -1,5 +1,5 @@
-// The base of every control: state that a window's code reads and sets, and an optional peer that
-// shows it.
+// The base class of all controls: state that a window's code reads and sets, and an optional peer
+// that shows it.
 #pragma once
 
 #include <functional>
@@ -10,7 +10,7 @@
 
 namespace controls {
 
-/// What a control tells its peer after a property changed.
+/// The kind of property change that a control notifies its peer of.
 enum class Change {
   caption,
   enabled,
@@ -32,7 +32,8 @@ enum class Change {
   appearance,  ///< Flat or raised, with or without a border.
 };
 
-/// The native side of one control. It reads the control's properties when it is told of a change.
+/// The native side of one control. It is notified of a change and then reads the control's
+/// properties.
 class Peer {
  public:
   Peer() = default;
@@ -40,11 +41,12 @@ class Peer {
   Peer& operator=(const Peer&) = delete;
   virtual ~Peer() = default;
   virtual void changed(Change change) = 0;
-  /// The control goes away while the peer is still attached; it must not be touched any more.
+  /// The control is destroyed while the peer is still attached. The peer must not use the control
+  /// any more.
   virtual void orphaned() {}
 };
 
-/// Kinds of controls that code walking a window's controls tells apart.
+/// Kinds of controls that code which visits all controls of a window needs to distinguish.
 enum class Kind {
   listView,
   tab,
@@ -59,7 +61,7 @@ enum class Kind {
   other,
 };
 
-/// A control of a window. It is owned by its window object and outlives its peer.
+/// A control of a window. It is owned by its window object and lives longer than its peer.
 class Control {
  public:
   /// `name` is the control's name in the code, `id` its stable native id (control_ids.h).
@@ -84,23 +86,24 @@ class Control {
   void setVisible(bool visible) { assign(visible_, visible, Change::visible); }
   [[nodiscard]] const std::wstring& toolTip() const { return toolTip_; }
   void setToolTip(std::wstring tip) { assign(toolTip_, std::move(tip), Change::toolTip); }
-  /// Place in the window's client area, in pixels, without the margin.
+  /// Position and size in the window's client area, in pixels, without the margin.
   [[nodiscard]] const platform::Rect& bounds() const { return bounds_; }
-  /// Gives the control a place, of which it keeps its margin free.
+  /// Gives the control its rectangle. The margin inside the rectangle stays free.
   void setBounds(platform::Rect place) {
     place_ = place;
     assign(bounds_, platform::inset(place_, margin_), Change::bounds);
   }
-  /// Pixels on every side that the control leaves to a frame around it, whatever place it gets.
+  /// Pixels on every side that the control leaves free for a frame around it, whatever its
+  /// rectangle.
   [[nodiscard]] int margin() const { return margin_; }
   void setMargin(int pixels) {
     margin_ = pixels;
     setBounds(place_);
   }
-  /// Free text that the program keeps with the control; the control does not look at it.
+  /// Text that the program stores with the control. The control itself does not use it.
   [[nodiscard]] const std::wstring& tag() const { return tag_; }
   void setTag(std::wstring tag) { tag_ = std::move(tag); }
-  /// Name that screen readers speak; "" means that the caption serves.
+  /// Name for screen readers; "" means that the caption is used.
   [[nodiscard]] const std::wstring& accessibleName() const { return accessibleName_; }
   void setAccessibleName(std::wstring name) { accessibleName_ = std::move(name); }
   /// Asks for the keyboard focus.
@@ -116,7 +119,7 @@ class Control {
       peer_->changed(change);
     }
   }
-  /// Sets a property and tells the peer, but only when the value is a new one.
+  /// Sets a property and notifies the peer, but only when the value changes.
   template <class T>
   void assign(T& property, T value, Change change) {
     if (property != value) {

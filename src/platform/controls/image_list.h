@@ -11,11 +11,12 @@
 
 namespace controls {
 
-/// A list of keyed pictures. Its size is the design's, at 96 dpi; what shows it scales it to the
-/// dpi of its window.
+/// A list of pictures with keys. Its size is given at 96 dpi; the control that shows it scales it
+/// to the dpi of its window.
 class ImageList {
  public:
-  /// One picture: either one of the program's resources, which exists at every size, or pixels.
+  /// One picture: either one of the program's resources, which is available at every size, or
+  /// pixels.
   struct Image {
     std::wstring key;
     std::wstring resource;      ///< Resource name, "" when `picture` holds pixels.
@@ -27,13 +28,13 @@ class ImageList {
   void setImageSize(platform::Size size);
   /// Removes all pictures.
   void clear();
-  /// Adds a picture. Raises 35602 when the key is taken (keys compare exactly).
+  /// Adds a picture. Raises `error::keyNotUnique` when the key exists already (exact comparison).
   void add(std::wstring key, platform::Picture picture);
   void addResource(std::wstring key, std::wstring resource);
   /// Position of a key, nothing when it is unknown or "".
   [[nodiscard]] std::optional<std::size_t> indexOf(const std::wstring& key) const;
   [[nodiscard]] const std::vector<Image>& images() const { return images_; }
-  /// Grows with every change, so that a peer knows whether its copy is stale.
+  /// Increases with every change, so that a peer knows whether its copy is outdated.
   [[nodiscard]] unsigned revision() const { return revision_; }
 
  private:
@@ -43,12 +44,12 @@ class ImageList {
   unsigned revision_ = 0;
 };
 
-/// A drawing surface that is never shown: an icon is drawn on it and its image is taken off.
+/// A drawing surface that is never shown. Icons are drawn on it, and the result is read back.
 class PictureBox {
  public:
-  /// Empties the surface and makes it `size` large; every pixel is transparent.
+  /// Sets the size of the surface and makes every pixel transparent.
   void loadEmptyPicture(platform::Size size);
-  /// Draws `picture` with its top left pixel at (left, top); what lies outside is cut off.
+  /// Draws `picture` with its top left pixel at (left, top); clips what lies outside.
   void draw(const platform::Picture& picture, int left, int top);
   /// The surface without `margin` pixels on every side.
   [[nodiscard]] platform::Picture image(int margin = 0) const;

@@ -1,4 +1,4 @@
-// What an item of a list is known by while a question about it waits for its answer.
+// Identifies an item of a list while a message box about it is open.
 #pragma once
 
 #include <cstddef>
@@ -10,21 +10,21 @@ namespace controls {
 
 class ListView;
 
-/// What tells an item of a list from the others, wherever a rebuild puts it.
+/// Identifies an item of a list, wherever a rebuild puts it.
 struct ItemKey {
   std::wstring text;                 ///< The item's text, for messages that name it.
-  std::vector<std::size_t> columns;  ///< The columns that together identify it, from 0, the text.
-  std::vector<std::wstring> cells;   ///< What it shows in each of them.
-  std::size_t number = 0;            ///< How many items of the same cells stand before it.
+  std::vector<std::size_t> columns;  ///< The columns that identify it; 0 is the text.
+  std::vector<std::wstring> cells;   ///< Its text in each of these columns.
+  std::size_t number = 0;            ///< How many items with the same cells come before it.
 };
 
-/// Finds the item that a question named, after its answer: the list may have been rebuilt
-/// meanwhile. Nothing when it is gone, after saying so.
+/// Finds the item again after a message box about it was answered, because the list may have been
+/// rebuilt meanwhile. When the item is gone, shows a message and returns nothing.
 [[nodiscard]] std::optional<std::size_t> findAgain(const ListView& list, const ItemKey& key);
 
-/// Makes sure that what is selected was chosen by the user, or by the program on purpose: an item
-/// that a rebuild put in the place of the chosen one is not. The chosen one is selected again when
-/// it is back. False when it is gone, after saying so.
+/// Checks that the selected item was chosen by the user, or by the program on purpose. After a
+/// rebuild that did not find the chosen item, another one may be selected. If the chosen item
+/// exists again, it is selected. If it is gone, shows a message and returns false.
 [[nodiscard]] bool selectionIsChosen(ListView& list);
 
 }  // namespace controls

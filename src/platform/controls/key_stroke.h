@@ -3,8 +3,8 @@
 
 namespace controls {
 
-/// Numbers of the keys that have no character, as the system numbers them. A letter or a digit has
-/// the number of its character; letters that of the capital.
+/// Virtual key codes of keys that have no character. The code of a letter or digit is its
+/// character; of a letter, the capital.
 namespace keys {
 inline constexpr int tab = 0x09;
 inline constexpr int insert = 0x2D;
@@ -14,7 +14,7 @@ inline constexpr int f2 = 0x71;
 inline constexpr int f5 = 0x74;
 }  // namespace keys
 
-/// A key that goes down, and the keys that are held meanwhile.
+/// A key that is pressed, and the modifier keys that are held.
 struct KeyStroke {
   int key = 0;  ///< 0 stands for no key.
   bool control = false;

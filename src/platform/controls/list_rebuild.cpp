@@ -1,11 +1,11 @@
-// Changing many items at once, and what stays in its place meanwhile.
+// Changing many items at once, and keeping selection, focus and scroll position.
 #include "platform/controls/list_view.h"
 
 namespace controls {
 
 namespace {
 
-/// Does one thing and then the other, which is done even if the first raises an error.
+/// Calls `first`, then `then`, even if `first` raises an error.
 template <class First, class Then>
 void inAnyCase(First first, Then then) {
   try {
@@ -19,13 +19,13 @@ void inAnyCase(First first, Then then) {
 
 }  // namespace
 
-/// Items that a rebuild finds again; nothing where there is no item.
+/// The items that a rebuild has to find again; nothing where there is none.
 struct ListView::Marks {
   std::optional<ItemKey> selected;
   std::optional<ItemKey> focused;
   std::optional<ItemKey> top;
   std::size_t topIndex = 0;
-  bool selectedIsLost = false;  // nothing was selected: the mark is for what was lost before
+  bool selectedIsLost = false;  // `selected` is an item that an earlier rebuild lost
 };
 
 void ListView::update(const std::function<void()>& change) {
@@ -64,7 +64,8 @@ ListView::Marks ListView::marks(const std::vector<std::size_t>& columns) const {
     marks.topIndex = peer->topIndex();
     marks.top = keyAt(marks.topIndex);
   }
-  // A list that could not be filled has no selection, but had one.
+  // If an earlier rebuild could not fill the list, nothing is selected now. The item selected
+  // before that rebuild is kept.
   marks.selectedIsLost = !selected_ && lost_;
   marks.selected = marks.selectedIsLost ? lost_ : keyAt(selected());
   marks.focused = marks.selectedIsLost ? lost_ : keyAt(focused());

@@ -37,7 +37,8 @@ void ListView::add(std::wstring_view text, std::wstring_view icon,
   }
   const auto place = static_cast<Place>(order_.size());
   const std::size_t row = place * rowLength_;
-  // The item is there when its place is: a row that could not be finished is begun again.
+  // An item exists once its place is in `order_`. If adding failed in between, the unfinished row
+  // is overwritten here.
   cells_.resize(row);
   cells_.resize(row + rowLength_);
   cells_[row + 1] = texts_.add(text);
@@ -68,7 +69,8 @@ void ListView::removeLast() noexcept {
     return;
   }
   const auto last = static_cast<Place>(order_.size() - 1);
-  // In a list that was sorted meanwhile it stands anywhere. Its row is taken for the next item.
+  // If the list was sorted meanwhile, the item may be anywhere in the order. Its row is reused for
+  // the next item.
   order_.erase(std::find(order_.begin(), order_.end(), last));
   for (auto* const mark : {&selected_, &focused_}) {
     if (*mark == last) {
@@ -87,7 +89,7 @@ void ListView::fillRow(std::size_t row, std::wstring_view icon,
 }
 
 void ListView::clear() {
-  // Not clear(): the memory of a long list goes back at once.
+  // Assigned, not cleared: the memory of a long list is freed at once.
   texts_.clear();
   cells_ = std::vector<TextStore::Ref>();
   order_ = std::vector<Place>();

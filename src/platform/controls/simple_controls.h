@@ -13,19 +13,19 @@
 
 namespace controls {
 
-/// A timer of a window. It ticks only while it is enabled, its interval is above 0 and its window
-/// is loaded.
+/// A timer of a window. It runs only while it is enabled, its interval is above 0 and its window is
+/// loaded.
 class Timer : public Control {
  public:
   Timer(std::wstring name, int id, int intervalMs, bool enabled) : Control(std::move(name), id) {
     interval_ = intervalMs;
     setEnabled(enabled);
   }
-  /// Milliseconds between two ticks. Setting another interval starts the wait afresh.
+  /// Milliseconds between two ticks. Setting another interval restarts the timer.
   [[nodiscard]] int interval() const { return interval_; }
   void setInterval(int milliseconds) { assign(interval_, milliseconds, Change::timer); }
   std::function<void()> onTimer;
-  /// One tick, from the native timer or from a test's clock.
+  /// One tick, from the native timer or from a test's clock. Calls the handler.
   void raiseTimer() {
     if (enabled()) {
       platform::dispatch(onTimer);
@@ -36,17 +36,17 @@ class Timer : public Control {
   int interval_ = 0;
 };
 
-/// A text that the user cannot change. It has no window handle of its own.
+/// A text that the user cannot change. To the program it has no window handle.
 class Label : public Control {
  public:
   using Control::Control;
   [[nodiscard]] Kind kind() const override { return Kind::label; }
   [[nodiscard]] const platform::windows::Font& font() const { return font_; }
   void setFont(platform::windows::Font font) { assign(font_, font, Change::font); }
-  /// Text colour as 0xRRGGBB; a negative value stands for the system's own.
+  /// Text colour as 0xRRGGBB; negative means the system's own colour.
   [[nodiscard]] int textColour() const { return textColour_; }
   void setTextColour(int colour) { assign(textColour_, colour, Change::colours); }
-  /// Whether a caption that is too long for the label is shortened in its middle, as a path is.
+  /// Whether a caption that is too long is shortened in its middle, like a path.
   [[nodiscard]] bool pathEllipsis() const { return pathEllipsis_; }
   void setPathEllipsis(bool shorten) { assign(pathEllipsis_, shorten, Change::appearance); }
 
@@ -69,7 +69,7 @@ class TextBox : public Control {
   [[nodiscard]] Kind kind() const override { return Kind::textBox; }
   [[nodiscard]] const std::wstring& text() const { return text_; }
   void setText(std::wstring text) { assign(text_, std::move(text), Change::value); }
-  /// The user typed; tells nobody.
+  /// The user typed text. Does not notify the peer.
   void acceptTyped(std::wstring text) { text_ = std::move(text); }
   [[nodiscard]] int appearance() const { return appearance_; }
   void setAppearance(int appearance) { assign(appearance_, appearance, Change::appearance); }
@@ -86,7 +86,7 @@ class TextBox : public Control {
   bool locked_ = false;
 };
 
-/// An edit line with a list to choose from.
+/// An edit box with a drop-down list.
 class ComboBox : public Control {
  public:
   using Control::Control;
@@ -98,7 +98,7 @@ class ComboBox : public Control {
   int appearance_ = threeD;
 };
 
-/// A push button. `isDefault` answers Enter, `isCancel` answers Esc.
+/// A push button. Enter clicks the `isDefault` button, Esc the `isCancel` button.
 class CommandButton : public Control {
  public:
   using Control::Control;
@@ -113,8 +113,8 @@ class CommandButton : public Control {
   }
 };
 
-/// A button drawn from an image, with four colours of its own, that tells when the pointer enters
-/// and leaves it.
+/// A button drawn from an image, with four colours of its own. It has events for the pointer
+/// entering and leaving it.
 class CoolButton : public CommandButton {
  public:
   using CommandButton::CommandButton;
@@ -128,7 +128,7 @@ class CoolButton : public CommandButton {
   void setColorHighlight(std::uint32_t c) { assign(colorHighlight_, c, Change::colours); }
   [[nodiscard]] std::uint32_t colorLightShadow() const { return colorLightShadow_; }
   void setColorLightShadow(std::uint32_t c) { assign(colorLightShadow_, c, Change::colours); }
-  /// Name of the picture resource drawn before the caption, "" for none.
+  /// Name of the picture resource that is drawn before the caption, "" for none.
   [[nodiscard]] const std::wstring& picture() const { return picture_; }
   void setPicture(std::wstring name) { assign(picture_, std::move(name), Change::images); }
 

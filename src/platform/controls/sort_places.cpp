@@ -10,16 +10,16 @@ namespace controls {
 
 namespace {
 
-/// A place with the part of its key that decides most comparisons, so that they need not go and
-/// fetch the key.
+/// A row number with the first distinguishing bytes of its key. They decide most comparisons, so
+/// that the key itself is seldom read.
 struct Entry {
   std::uint64_t head = 0;
   std::uint32_t place = 0;
-  std::uint32_t former = 0;  // where the place stood before
+  std::uint32_t former = 0;  // position before sorting
 };
 
-/// Number of bytes with which all keys begin alike: names of one survey often do, and then their
-/// first bytes decide nothing.
+/// Length of the prefix that all keys share. Names of one survey often begin alike, and then the
+/// first bytes distinguish nothing.
 std::size_t commonLength(const platform::text::SortKeys& keys) {
   if (keys.ends.empty()) {
     return 0;
@@ -33,7 +33,7 @@ std::size_t commonLength(const platform::text::SortKeys& keys) {
   return common.size();
 }
 
-/// The first bytes of a key as a number that compares as they do; a shorter key is filled up with
+/// The first bytes of a key as a number that compares like the bytes. A shorter key is padded with
 /// zeros.
 std::uint64_t headOf(std::string_view key) {
   constexpr std::size_t bytes = sizeof(std::uint64_t);

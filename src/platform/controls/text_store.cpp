@@ -15,14 +15,14 @@ TextStore::Block& TextStore::blockFor(std::size_t units) {
   if (blocks_.size() == mostBlocks || units > longestText) {
     throw platform::RunTimeError(platform::error::outOfMemory);
   }
-  // A short list takes little; a long one soon takes blocks of the full size. A text that is
-  // longer than that has a block of its own.
+  // Blocks grow from small to the full size, so a short list takes little memory. A text that is
+  // longer than the full size gets a block of its own.
   constexpr std::size_t smallestBlock = 512;
   const std::size_t usual =
       blocks_.empty() ? smallestBlock : std::min(2 * blocks_.back().capacity, largestBlock);
   const std::size_t capacity = std::max(usual, units);
   Block block;
-  // Not make_unique: that would clear what is about to be written.
+  // Not make_unique, which would clear memory that is about to be written.
   block.units.reset(new wchar_t[capacity]);  // NOLINT(modernize-avoid-c-arrays)
   block.capacity = capacity;
   blocks_.push_back(std::move(block));
@@ -33,7 +33,7 @@ TextStore::Ref TextStore::add(std::wstring_view text) {
   if (text.empty()) {
     return 0;
   }
-  // The very first text must not get the name of the empty one.
+  // Skips offset 0, because 0 is the reference of the empty text.
   const std::size_t gap = blocks_.empty() ? 1 : 0;
   Block& block = blockFor(gap + headUnits + text.size());
   const std::size_t offset = block.used + gap;
@@ -46,8 +46,7 @@ TextStore::Ref TextStore::add(std::wstring_view text) {
 }
 
 TextStore::Ref TextStore::addShared(std::wstring_view text) {
-  // What matters is that equal texts meet in one place; the end of a text tells most of those that
-  // differ apart.
+  // The hash only has to be the same for equal texts. Most different texts differ in their ends.
   std::size_t hash = text.size();
   constexpr std::size_t most = 6;
   for (const wchar_t unit : text.substr(text.size() - std::min(text.size(), most))) {

@@ -1,5 +1,10 @@
-// Where a list keeps the texts of its cells: packed one behind the other, because a list of a
-// million rows would otherwise be millions of small allocations.
+// Memory for the texts of a list's cells.
+//
+// The texts are packed into large blocks, one after the other. Otherwise a list of a million rows
+// would need millions of small allocations. A text is referred to by 32 bits (block and offset)
+// instead of by a pointer and a length, and repeated texts are stored once. Rows of ./bench:
+// `load.1m.memory`, `load.1m.peak`, `load.100k` and `load.1m`. It matters on Windows and under Wine
+// alike.
 #pragma once
 
 #include <array>
@@ -13,13 +18,13 @@ namespace controls {
 
 class TextStore {
  public:
-  /// Names a stored text; 0 is the empty one.
+  /// Refers to a stored text; 0 is the empty text.
   using Ref = std::uint32_t;
 
-  /// Stores a text. Raises 7 when there is no room for it.
+  /// Stores a text. Raises `error::outOfMemory` when the store is full.
   Ref add(std::wstring_view text);
-  /// The same, but hands out an equal text that was stored by this call lately, if there is one:
-  /// for columns in which few values come again and again.
+  /// The same, but returns an equal text that this call stored recently, if there is one. For
+  /// columns with few different values.
   Ref addShared(std::wstring_view text);
   /// A stored text; valid until `clear`.
   [[nodiscard]] std::wstring_view at(Ref ref) const {
@@ -27,14 +32,14 @@ class TextStore {
     const wchar_t* const head = blocks_[ref >> offsetBits].units.get() + (ref & offsetMask);
     return {head + headUnits, lengthFrom(head)};
   }
-  /// Forgets all texts and gives their memory back.
+  /// Removes all texts and frees their memory.
   void clear();
 
  private:
   static constexpr unsigned offsetBits = 18;
   static constexpr std::size_t largestBlock = std::size_t{1} << offsetBits;
   static constexpr Ref offsetMask = (Ref{1} << offsetBits) - 1;
-  /// Characters in front of each text that hold its length.
+  /// Number of characters before each text that hold its length.
   static constexpr std::size_t headUnits = 2;
   static constexpr unsigned halfBits = 16;
 

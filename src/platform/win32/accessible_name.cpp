@@ -10,7 +10,7 @@ namespace {
 
 ComPointer<IAccPropServices> service() {
   ComPointer<IAccPropServices> made;
-  // What fails leaves it empty.
+  // If this fails, the pointer stays empty.
   static_cast<void>(CoCreateInstance(CLSID_AccPropServices, nullptr, CLSCTX_INPROC_SERVER,
                                      IID_IAccPropServices, made.outAny()));
   return made;

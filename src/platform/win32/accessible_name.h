@@ -7,18 +7,18 @@
 
 namespace platform::win32 {
 
-/// The name of one window to assistive programs. Controls that show no text of their own, or one
-/// that is not their name, have no other that all of these programs find. On a system without the
-/// service the text of the window remains.
+/// Sets the name of one window for assistive programs. For controls that show no text, or a text
+/// that is not their name, all these programs find a name only in this way. On a system without the
+/// service, the text of the window is all there is.
 class AccessibleName {
  public:
   AccessibleName() = default;
   AccessibleName(const AccessibleName&) = delete;
   AccessibleName& operator=(const AccessibleName&) = delete;
-  /// Takes the name back; the window has to exist still.
+  /// Removes the name. The window must still exist.
   ~AccessibleName();
 
-  /// Gives the window the name; does nothing when it has one already or the name is empty.
+  /// Sets the name of the window. Does nothing when one is set already or `name` is empty.
   void give(HWND window, const std::wstring& name);
 
  private:

@@ -1,5 +1,5 @@
-// Screen densities. The calls of newer systems are looked up at run time, so that the program
-// also starts on systems that lack them.
+// Screen densities. Functions of newer systems are looked up at run time, so that the program also
+// starts on systems that lack them.
 #pragma once
 
 #include <windows.h>
@@ -9,7 +9,7 @@ namespace platform::win32 {
 /// Dots per inch at which `window` is shown.
 [[nodiscard]] int dpiOf(HWND window);
 
-/// The system's metrics of title bars, menus and their fonts, at `dpi`.
+/// The system's metrics and fonts of title bars and menus, at `dpi`.
 [[nodiscard]] NONCLIENTMETRICSW nonClientMetrics(int dpi);
 
 /// A system metric (SM_...) at `dpi`.
@@ -18,7 +18,7 @@ namespace platform::win32 {
 /// Rectangle of a whole window whose client area is `client`, at `dpi`.
 [[nodiscard]] RECT windowAround(RECT client, DWORD style, DWORD extendedStyle, bool menu, int dpi);
 
-/// Keeps the system from scaling a dialog's controls on its own when its density changes.
+/// Keeps the system from scaling a dialog's controls itself when the dpi changes.
 void leaveDialogScalingToProgram(HWND dialog);
 
 }  // namespace platform::win32

@@ -1,4 +1,4 @@
-// From Windows error codes to the run-time errors that the program's messages show.
+// Converts Windows error codes to the run-time errors that the program's messages show.
 #pragma once
 
 #include <windows.h>
@@ -9,27 +9,28 @@
 
 namespace platform::win32 {
 
-/// Meaning that one operation gives to one Windows error code, other than the general one.
+/// A run-time error that one operation uses for a Windows error code instead of the general one.
 struct Meaning {
   DWORD systemError;
   int number;
 };
 
-/// Raises the run-time error for `systemError`: what `meanings` says, or else the general table.
+/// Raises the run-time error for `systemError`: the one in `meanings`, or else the one in the
+/// general table.
 [[noreturn]] void raise(DWORD systemError, std::initializer_list<Meaning> meanings = {});
 
-/// The Windows error code that an HRESULT wraps (also one of the storage facility, whose codes
-/// are the same ones); ERROR_GEN_FAILURE for an HRESULT that wraps none.
+/// The Windows error code in an HRESULT (the codes of the storage facility are the same ones);
+/// ERROR_GEN_FAILURE for an HRESULT that contains none.
 [[nodiscard]] DWORD systemErrorOf(HRESULT result);
 
-/// ERROR_SUCCESS for a true result of a Windows function, else the thread's last error.
+/// ERROR_SUCCESS for a true result of a Windows function, else the last error of this thread.
 [[nodiscard]] inline DWORD outcome(BOOL succeeded) {
   return succeeded != 0 ? ERROR_SUCCESS : GetLastError();
 }
 
-/// Calls `attempt`, which returns a Windows error code, until it is anything but "somebody else
-/// has the file", for about a tenth of a second. Indexers and virus scanners open what has just
-/// been written and let go of it at once; the user should not hear of them.
+/// Calls `attempt`, which returns a Windows error code, again and again for about a tenth of a
+/// second while the file is in use. Indexers and virus scanners open files that have
+/// just been written and close them soon; the user should not notice.
 template <class Attempt>
 [[nodiscard]] DWORD whileShared(Attempt attempt) {
   constexpr int attempts = 11;

@@ -8,18 +8,18 @@
 
 namespace platform::win32 {
 
-/// Makes a font of the typeface that the user chose for messages. The design's 9 points stand for
-/// the user's own text size; other sizes keep their proportion to it. Raises 7 when the system
-/// makes no font.
+/// Creates a font with the typeface that the user chose for messages. 9 points in the design become
+/// the user's own text size; other sizes are scaled in proportion. Raises `error::outOfMemory` when
+/// the system cannot create the font.
 [[nodiscard]] FontHandle makeFont(const windows::Font& font, int dpi);
 
-/// The fonts of one window, each made once.
+/// The fonts of one window, each created once.
 class FontCache {
  public:
-  /// The font at `dpi`; it belongs to the cache. Raises 7.
+  /// The font at `dpi`, owned by the cache. Raises `error::outOfMemory`.
   [[nodiscard]] HFONT get(const windows::Font& font, int dpi);
-  /// Gives out all fonts anew from now on, and hands over the former ones, which have to live
-  /// until no control uses them any more.
+  /// From now on, `get` creates all fonts anew. Returns the former fonts, which must live until no
+  /// control uses them any more.
   [[nodiscard]] std::vector<FontHandle> renew();
 
  private:

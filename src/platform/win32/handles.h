@@ -1,11 +1,11 @@
-// Owners for everything that Windows hands out and wants back.
+// Owners for handles and other objects that Windows returns and that must be freed.
 //
-// Each owner knows the value that stands for "nothing" and the function that gives the thing
-// back, so that no path out of a routine, an error's least of all, can keep one.
+// Each owner knows the value that means "nothing" and the function that frees the object, so that
+// every path out of a routine frees it, also after an error.
 #pragma once
 
 #include <windows.h>
-// The rest of the system's headers rely on the first.
+// Needs <windows.h> first.
 #include <commctrl.h>
 #include <objbase.h>
 
@@ -23,7 +23,7 @@ class Handle {
   using Type = typename Traits::Type;
 
   Handle() noexcept = default;
-  /// Takes over `value`; the invalid value makes an empty owner.
+  /// Takes ownership of `value`; the invalid value makes an empty owner.
   explicit Handle(Type value) noexcept : value_(value) { count(value, 1); }
   Handle(const Handle&) = delete;
   Handle& operator=(const Handle&) = delete;
@@ -37,14 +37,14 @@ class Handle {
   [[nodiscard]] Type get() const noexcept { return value_; }
   [[nodiscard]] explicit operator bool() const noexcept { return value_ != Traits::invalid(); }
 
-  /// Gives the handle away; the caller has to close it.
+  /// Returns the handle and gives up ownership; the caller has to close it.
   [[nodiscard]] Type release() noexcept {
     count(value_, -1);
     return std::exchange(value_, Traits::invalid());
   }
 
-  /// Closes what is held and takes over `value`. The thread's last error stays what it was, so
-  /// that a failure can still be reported after the clean-up.
+  /// Closes the handle and takes ownership of `value`. Keeps the last error of the thread, so that
+  /// a failure can still be reported after the clean-up.
   void reset(Type value = Traits::invalid()) noexcept {
     const Type old = std::exchange(value_, value);
     count(value, 1);
@@ -127,12 +127,12 @@ struct GdiTraits {
 using FileHandle = Handle<FileTraits>;
 /// A directory search.
 using FindHandle = Handle<FindTraits>;
-/// A mutex, event, process, thread: whatever is invalid as a null handle.
+/// A mutex, event, process or thread: handles whose invalid value is null.
 using KernelHandle = Handle<KernelTraits>;
 using RegistryKey = Handle<RegistryKeyTraits>;
 /// An icon of our own; icons loaded as shared are never ours.
 using Icon = Handle<IconTraits>;
-/// A menu that no window owns (a window destroys the menu it has been given).
+/// A menu without a window (a window destroys its own menu).
 using Menu = Handle<MenuTraits>;
 using NativeImageList = Handle<ImageListTraits>;
 using NativeWindow = Handle<WindowTraits>;
@@ -176,12 +176,12 @@ class Selection {
   HGDIOBJ former_;
 };
 
-/// Counted reference to a COM object.
+/// Reference-counted pointer to a COM object.
 template <class Interface>
 class ComPointer {
  public:
   ComPointer() noexcept = default;
-  /// Takes over a reference that the caller holds.
+  /// Takes over a reference that the caller owns.
   explicit ComPointer(Interface* object) noexcept : object_(object) {}
   ComPointer(const ComPointer& other) noexcept : object_(other.object_) {
     if (object_ != nullptr) object_->AddRef();
@@ -201,14 +201,14 @@ class ComPointer {
     if (Interface* const old = std::exchange(object_, nullptr)) old->Release();
   }
 
-  /// Drops what is held and returns the place into which a function writes a new reference.
+  /// Releases the object and returns the address into which a function writes a new reference.
   [[nodiscard]] Interface** out() noexcept {
     reset();
     return &object_;
   }
-  /// The same for the functions that hand out any interface.
+  /// The same for functions that return an interface as void*.
   [[nodiscard]] void** outAny() noexcept {
-    // COM hands every interface out through a void**; this is its one sanctioned cast.
+    // COM functions return every interface through a void**; this is the only place with that cast.
     return reinterpret_cast<void**>(out());
   }
 
@@ -227,7 +227,7 @@ class TaskMemory {
   ~TaskMemory() { CoTaskMemFree(value_); }
   [[nodiscard]] T* get() const noexcept { return value_; }
   [[nodiscard]] explicit operator bool() const noexcept { return value_ != nullptr; }
-  /// The place into which a function writes; only for an owner that is still empty.
+  /// Address into which a function writes; only for an owner that is empty.
   [[nodiscard]] T** out() noexcept { return &value_; }
 
  private:

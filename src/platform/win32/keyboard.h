@@ -1,4 +1,4 @@
-// Keys as the system's messages name them.
+// Keys in the system's messages.
 #pragma once
 
 #include <windows.h>
@@ -7,10 +7,10 @@
 
 namespace platform::win32 {
 
-/// Whether a key is down, as of the message that is being handled.
+/// Whether a key was down when the current message was sent.
 [[nodiscard]] inline bool held(int key) { return GetKeyState(key) < 0; }
 
-/// A key that went down, with the keys that are held with it.
+/// A key that was pressed, with the modifier keys that are held.
 [[nodiscard]] inline controls::KeyStroke strokeOf(WPARAM key) {
   return {static_cast<int>(key), held(VK_CONTROL), held(VK_SHIFT), held(VK_MENU)};
 }

@@ -12,28 +12,28 @@ bool isOwn(HWND window) {
   return GetWindowLongPtrW(window, GWLP_HINSTANCE) == parameterFrom(GetModuleHandleW(nullptr));
 }
 
-// A named function: on 32-bit Windows a lambda has not the calling convention of a callback.
+// A named function: on 32-bit Windows a lambda does not have the calling convention of a callback.
 BOOL CALLBACK collectIfEnabled(HWND window, LPARAM list) {
   if (IsWindowEnabled(window) == 0) return TRUE;
   try {
     pointerFrom<std::vector<HWND>>(list)->push_back(window);
     return TRUE;
   } catch (const std::bad_alloc&) {
-    // Nothing may be thrown through the system's own code, and the message that is about to be
-    // shown may be the one about memory.
+    // An exception must not pass through the system's code, and the message that is about to be
+    // shown may be the one about missing memory.
     return FALSE;
   }
 }
 
-/// The enabled top-level windows of this thread, foremost first; without memory for all of them
-/// the foremost ones.
+/// The enabled top-level windows of this thread, foremost first. If there is no memory for all of
+/// them, only the foremost ones.
 std::vector<HWND> enabledWindows() {
   std::vector<HWND> windows;
   EnumThreadWindows(GetCurrentThreadId(), collectIfEnabled, parameterFrom(&windows));
   return windows;
 }
 
-/// Tool tips and the like are top-level windows too, but nothing can belong to them.
+/// Tool tips and the like are top-level windows too, but cannot own a dialog.
 bool canOwn(HWND window) {
   return IsWindowVisible(window) != 0 && (GetWindowLongPtrW(window, GWL_STYLE) & WS_CAPTION) != 0;
 }

@@ -7,14 +7,14 @@
 
 namespace platform::win32 {
 
-/// The window that a dialog opened now belongs to: the active one or, while another program is
-/// in front, this thread's foremost window that takes input. Null when there is none.
+/// The window that owns a dialog opened now: the active one or, while another program is active,
+/// this thread's foremost window that takes input. Null when there is none.
 [[nodiscard]] HWND dialogOwner();
 
-/// Keeps the windows of this thread but one from taking input while it lives: those that are
-/// visible, and the program's own that are not shown yet. The one is the modal window itself, or
-/// the owner of a dialog of the system, which disables its owner on its own. The program's other
-/// windows would stay usable behind it, and could start what the dialog is in the middle of.
+/// While it exists, all windows of this thread except one take no input, including the program's
+/// own windows that are not shown yet. The exception is the modal window itself, or the owner of a
+/// system dialog, which disables its owner itself. Otherwise the other windows would stay usable
+/// behind the dialog and could start the same operation again.
 class ModalScope {
  public:
   explicit ModalScope(HWND except);
@@ -23,7 +23,7 @@ class ModalScope {
   ModalScope(ModalScope&& other) noexcept = default;
   ModalScope& operator=(ModalScope&&) = delete;
   ~ModalScope() { lift(); }
-  /// Gives the input back before the end.
+  /// Enables the windows again before the destructor does.
   void lift();
 
  private:

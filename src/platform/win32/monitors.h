@@ -1,4 +1,4 @@
-// Screens as the system describes them.
+// Information about screens.
 #pragma once
 
 #include <windows.h>
@@ -13,7 +13,7 @@ namespace platform::win32 {
           static_cast<int>(native.bottom - native.top)};
 }
 
-/// Place and work area of a screen, in pixels of the virtual screen.
+/// Rectangle and work area of a screen, in pixels of the virtual screen.
 [[nodiscard]] inline MONITORINFO monitorFacts(HMONITOR monitor) {
   MONITORINFO facts{};
   facts.cbSize = sizeof facts;

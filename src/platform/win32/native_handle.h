@@ -1,8 +1,8 @@
-// Window handles of the seam and of the system.
+// Conversion between the window handles of the portable headers and the system's.
 #pragma once
 
 #include <windows.h>
-// The rest of the system's headers rely on the first.
+// Needs <windows.h> first.
 #include <commctrl.h>
 
 #include <bit>
@@ -13,7 +13,7 @@
 namespace platform::win32 {
 
 [[nodiscard]] inline HWND windowFrom(native::WindowHandle window) {
-  // The checker that reads these sources cannot follow a bit_cast of an enumeration.
+  // clang-tidy cannot follow a bit_cast of an enumeration.
   HWND handle = nullptr;
   std::memcpy(&handle, &window, sizeof window);
   return handle;

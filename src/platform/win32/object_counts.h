@@ -1,5 +1,5 @@
-// Live objects of each kind, counted in one build only: what a long run must not let grow cannot be
-// asked of every system from outside.
+// Counts live objects of each kind, in one build only. A test of long runs needs these counts, and
+// not every system shows them from outside.
 #pragma once
 
 #include <typeinfo>
@@ -8,10 +8,11 @@ namespace platform::win32 {
 
 #ifdef QMK_COUNT_OBJECTS
 
-/// The number of live objects of a kind; the counting build defines it and shows it to others.
+/// The number of live objects of a kind. The counting build defines it and makes it visible from
+/// outside.
 long long& liveObjects(const char* kind);
 
-/// Notes that an object of the kind has come (1) or gone (-1).
+/// Records that an object of the kind was created (1) or destroyed (-1).
 template <class Kind>
 void countObject(int change) noexcept {
   static long long& live = liveObjects(typeid(Kind).name());

@@ -1,14 +1,14 @@
-// Conversions between the untyped numbers that messages carry and what they stand for.
+// Conversions between the numbers in messages and what they stand for.
 #pragma once
 
 #include <windows.h>
-// The rest of the system's headers rely on the first.
+// Needs <windows.h> first.
 #include <bit>
 #include <string>
 
 namespace platform::win32 {
 
-/// The object that a message's second number points to.
+/// The object to which a message's LPARAM points.
 template <class T>
 [[nodiscard]] T* pointerFrom(LPARAM parameter) {
   return std::bit_cast<T*>(parameter);
@@ -25,12 +25,12 @@ template <class T>
   return std::bit_cast<WPARAM>(pointer);
 }
 
-/// A control id in the place where a menu handle stands in the creation of a child window.
+/// A control id as the menu handle, for the creation of a child window.
 [[nodiscard]] inline HMENU menuFromId(int id) {
   return std::bit_cast<HMENU>(static_cast<INT_PTR>(id));
 }
 
-/// Name of a resource or picture that is known by a number.
+/// Name of a resource that is identified by a number.
 [[nodiscard]] inline const wchar_t* nameFromNumber(WORD number) {
   return std::bit_cast<const wchar_t*>(static_cast<ULONG_PTR>(number));
 }

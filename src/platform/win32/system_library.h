@@ -1,9 +1,9 @@
 // Functions of system libraries that the program does not import.
 //
-// An imported library is looked for before any of the program's code runs, and, unless Windows
-// keeps it in its list of known ones, in the program's own folder first: whoever can put a file
-// there would run with the program. What the list lacks is therefore loaded here, when it is
-// needed.
+// The system loads imported libraries before any code of the program runs. Unless a library is in
+// the system's list of known ones, it is searched for in the program's own folder first, so whoever
+// can put a file there could run code in the program. Libraries that are not in the list are
+// therefore loaded here, when they are needed.
 #pragma once
 
 #include <windows.h>
@@ -12,8 +12,8 @@
 
 namespace platform::win32 {
 
-/// A function of a library in the system's folder, and nowhere else; null when there is no such
-/// library or function. The library stays loaded.
+/// A function of a library in the system's folder (no other folder is searched); null when there is
+/// no such library or function. The library stays loaded.
 template <class Function>
 [[nodiscard]] Function* systemFunction(const wchar_t* library, const char* name) {
   HMODULE module = LoadLibraryExW(library, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);

@@ -9,7 +9,7 @@
 namespace harness {
 namespace {
 
-/// The component library, on for the life of the tests.
+/// COM, initialised for the life of the tests.
 void requireComponents() {
   static const HRESULT started = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
   if (FAILED(started)) {
@@ -17,7 +17,8 @@ void requireComponents() {
   }
 }
 
-/// Looked up, because its import library defines names that the component library's does, too.
+/// Looked up at run time, because its import library defines names that the COM library defines
+/// too.
 using FromWindow = HRESULT WINAPI(HWND, DWORD, REFIID, void**);
 FromWindow* fromWindow() {
   static auto* const found = reinterpret_cast<FromWindow*>(reinterpret_cast<void*>(

@@ -1,4 +1,4 @@
-// What assistive programs are told about a window.
+// What assistive programs read from a window.
 #pragma once
 
 #include <windows.h>
@@ -7,13 +7,14 @@
 
 namespace harness {
 
-/// What a screen reader says about a control.
+/// What a screen reader reads from a control.
 struct Spoken {
   std::wstring name;
   long role = 0;  ///< ROLE_SYSTEM_... number.
 };
 
-/// Asks as a screen reader does. Raises `Failure` when the control does not answer.
+/// Queries the control like a screen reader does. Raises `Failure` when the control does not
+/// answer.
 [[nodiscard]] Spoken spokenOf(HWND control);
 
 }  // namespace harness

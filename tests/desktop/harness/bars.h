@@ -14,7 +14,7 @@ class TabReader {
   [[nodiscard]] HWND window() const { return tab_; }
   [[nodiscard]] std::vector<std::wstring> captions() const;
   [[nodiscard]] int current() const;
-  /// Place of a tab on the screen.
+  /// Rectangle of a tab on the screen.
   [[nodiscard]] RECT tabOnScreen(int index) const;
 
  private:
@@ -37,9 +37,9 @@ class ToolbarReader {
   [[nodiscard]] std::vector<Button> buttons() const;
   /// The button of a command; raises `Failure` when there is none.
   [[nodiscard]] Button button(int command) const;
-  /// Tip of a button, asked from the toolbar's own tip window.
+  /// Tool tip of a button, read from the toolbar's own tool tip window.
   [[nodiscard]] std::wstring toolTip(int command) const;
-  /// Place of a button on the screen.
+  /// Rectangle of a button on the screen.
   [[nodiscard]] RECT buttonOnScreen(int command) const;
 
  private:
@@ -48,7 +48,7 @@ class ToolbarReader {
 
 /// An entry of the menu bar or of one of its menus.
 struct MenuEntry {
-  std::wstring caption;  ///< Without "&" and without the key named behind a tab.
+  std::wstring caption;  ///< Without "&", the tab character and the key after it.
   int id = 0;            ///< 0 for a separator, -1 for a submenu.
   int depth = 0;         ///< 0 for an entry of the menu bar.
   bool separator = false;
@@ -56,10 +56,10 @@ struct MenuEntry {
   bool enabled = false;
 };
 
-/// All entries of a window's menus, submenus behind their heading.
+/// All entries of a window's menus; the entries of a submenu follow its own entry.
 [[nodiscard]] std::vector<MenuEntry> menuEntries(HWND window);
 
-/// Entries of the menu that is open, waited for.
+/// Waits for an open menu and returns its entries.
 [[nodiscard]] std::vector<MenuEntry> openMenuEntries();
 
 /// The entry of a command; raises `Failure` when there is none.

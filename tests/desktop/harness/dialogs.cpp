@@ -105,7 +105,7 @@ void InputBoxReader::ok() const { push(box_, IDOK); }
 void InputBoxReader::cancel() const { push(box_, IDCANCEL); }
 
 HWND FileDialogReader::nameLine() const {
-  // An edit line, or a combo box with an edit line in it.
+  // An edit box, or a combo box with an edit box in it.
   HWND line = child(dialog_, edt1, L"Edit");
   if (line == nullptr) {
     for (HWND const combo : children(dialog_)) {

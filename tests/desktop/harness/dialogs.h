@@ -19,8 +19,8 @@ class MessageBoxReader {
   [[nodiscard]] int icon() const;
   /// Ids of its buttons from left to right: 1 OK, 6 Yes, 7 No.
   [[nodiscard]] std::vector<int> buttons() const;
-  /// Pushes a button and waits until the box is gone. Raises `Failure` for the report of an error
-  /// whose text was not read: the test did not expect it.
+  /// Presses a button and waits until the box is closed. Raises `Failure` for an error report whose
+  /// text was not read, because the test did not expect it.
   void answer(int button) const;
 
  private:
@@ -39,7 +39,7 @@ class InputBoxReader {
   /// Selected part of the edit line, as first and one-past-last character.
   [[nodiscard]] std::pair<int, int> selection() const;
   void type(const std::wstring& text) const;
-  /// Pushes OK or Cancel and waits until the box is gone.
+  /// Presses OK or Cancel and waits until the box is closed.
   void ok() const;
   void cancel() const;
 
@@ -53,9 +53,9 @@ class FileDialogReader {
   explicit FileDialogReader(HWND dialog) : dialog_(dialog) {}
   [[nodiscard]] HWND window() const { return dialog_; }
   [[nodiscard]] std::wstring title() const;
-  /// What the file name line holds.
+  /// Text of the file name line.
   [[nodiscard]] std::wstring fileName() const;
-  /// Folder that is shown.
+  /// The folder that is shown.
   [[nodiscard]] std::wstring folder() const;
   /// Labels of the filters, in their order, and the chosen one.
   [[nodiscard]] std::vector<std::wstring> filters() const;

@@ -1,4 +1,4 @@
-// The end of the session, as the system asks about it.
+// The end of the session, as the system announces it to windows.
 #pragma once
 
 #include <windows.h>
@@ -19,7 +19,7 @@ class EndOfSession {
   }
   EndOfSession(const EndOfSession&) = delete;
   EndOfSession& operator=(const EndOfSession&) = delete;
-  /// The window's answer, waited for.
+  /// Waits for the window's answer and returns it.
   [[nodiscard]] bool mayEnd() const {
     waitUntil("the answer to the end of the session", [this] {
       MSG message{};

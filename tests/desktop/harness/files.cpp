@@ -64,7 +64,7 @@ TestFolder::TestFolder() {
   GetLongPathNameW(temporary.data(), longForm.data(), static_cast<DWORD>(longForm.size()));
   path_ = std::wstring(longForm.data()) + L"gateway-test-" +
           std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(++number);
-  // A run that was cut off may have left one of the same name.
+  // An interrupted run may have left a folder of the same name.
   removeTree(path_);
   makeFolder(path_);
 }

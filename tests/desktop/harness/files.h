@@ -10,21 +10,21 @@
 
 namespace harness {
 
-/// A fresh folder below the temporary one, removed with everything in it at the end.
+/// A fresh folder in the temporary folder. It is removed with its contents at the end.
 class TestFolder {
  public:
   TestFolder();
   TestFolder(const TestFolder&) = delete;
   TestFolder& operator=(const TestFolder&) = delete;
   ~TestFolder();
-  /// Without a trailing backslash, every component as it is stored on the disk.
+  /// The path without a trailing backslash; every component is spelled as on the disk.
   [[nodiscard]] const std::wstring& path() const { return path_; }
 
  private:
   std::wstring path_;
 };
 
-/// Makes a folder and those above it.
+/// Creates a folder and its parents.
 void makeFolder(const std::wstring& path);
 [[nodiscard]] bool exists(const std::wstring& path);
 [[nodiscard]] bool isFolder(const std::wstring& path);

@@ -36,7 +36,7 @@ FormReader waitForForm(const GatewayApp& app, const std::string& what, int id) {
   }));
 }
 
-/// Text of the tip that a tip window has for a control, "" without one.
+/// Text that a tool tip window has for a control, "" when there is none.
 std::wstring tipFrom(HWND tips, HWND control) {
   RemoteMemory memory(tips, sizeof(TTTOOLINFOW) + longestTip * sizeof(wchar_t));
   TTTOOLINFOW info{};

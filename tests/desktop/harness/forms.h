@@ -19,26 +19,26 @@ class FormReader {
   /// A control of the dialog; raises `Failure` when there is none.
   [[nodiscard]] HWND control(int id) const;
   [[nodiscard]] std::wstring textOf(int id) const;
-  /// Puts text into a field at once, in the place of what is there.
+  /// Sets the text of a field directly.
   void fill(int id, const std::wstring& text) const;
-  /// Pushes a button that closes the dialog, and waits until it is gone.
+  /// Presses a button that closes the dialog, and waits until it is closed.
   void pushAndWait(int id) const;
-  /// Presses a key in the dialog that closes it, and waits until it is gone.
+  /// Presses a key that closes the dialog, and waits until it is closed.
   void pressAndWait(WORD key) const;
   /// Closes the dialog by its close box and waits until it is gone.
   void closeBox() const;
   [[nodiscard]] bool shown() const;
   void waitUntilGone() const;
-  /// Rests the pointer on a control: the whole text of the tip that comes up.
+  /// Rests the pointer on a control and returns the whole text of the tool tip that appears.
   [[nodiscard]] std::wstring toolTip(int id) const;
 
  private:
   HWND form_;
 };
 
-/// The web shortcut dialog, waited for.
+/// Waits for the web shortcut dialog.
 [[nodiscard]] FormReader waitForWebDialog(const GatewayApp& app);
-/// The about box, waited for.
+/// Waits for the about box.
 [[nodiscard]] FormReader waitForAboutBox(const GatewayApp& app);
 /// How many of them the program has, hidden ones too.
 [[nodiscard]] std::size_t webDialogs(const GatewayApp& app);

@@ -30,7 +30,7 @@ GatewayApp::GatewayApp(const std::wstring& folderName)
   makeFolder(documents());
   makeFolder(folder_ + L"\\data");
   copyFile(gatewayExecutable(), folder_ + L"\\gateway3.exe");
-  // Tools note their start and end at once; a test that wants to see one changes this.
+  // Tools record their start and end at once; a test that needs a tool to stay open changes this.
   SetEnvironmentVariableW(L"QMK_STANDIN_MS", L"0");
 }
 
@@ -67,7 +67,7 @@ void GatewayApp::writeCatalogue(const std::string& bytes) const {
 std::optional<std::string> GatewayApp::catalogue() const { return readFile(cataloguePath()); }
 
 void GatewayApp::start() {
-  // Another working folder than its own, as when a shortcut or a document starts it.
+  // The working folder is not the program's own folder, as when a shortcut or a document starts it.
   process_ = std::make_unique<Process>(folder_ + L"\\gateway3.exe", root_.path(), job_);
 }
 

@@ -1,4 +1,4 @@
-// The real program in an application folder and a user profile of a test's own.
+// Runs the real program in an application folder and a user profile of the test's own.
 #pragma once
 
 #include <windows.h>
@@ -22,7 +22,7 @@
 
 namespace harness {
 
-/// What a stand-in wrote down about one start.
+/// What a stand-in tool recorded about one start.
 struct ToolStart {
   std::wstring commandLine;
   std::wstring workingFolder;
@@ -34,7 +34,7 @@ enum Tab { tools = 0, open = 1, newFile = 2, web = 3 };
 
 class GatewayApp {
  public:
-  /// Lays out an application folder of that name with the program in it, an empty documents folder
+  /// Creates an application folder of that name with the program in it, an empty documents folder
   /// and empty settings.
   explicit GatewayApp(const std::wstring& folderName = L"Suite");
   GatewayApp(const GatewayApp&) = delete;
@@ -45,39 +45,40 @@ class GatewayApp {
 
   /// Application folder without a trailing backslash.
   [[nodiscard]] const std::wstring& folder() const { return folder_; }
-  /// Folder of the test, in which the application folder lies.
+  /// Folder of the test, which contains the application folder.
   [[nodiscard]] const std::wstring& testFolder() const { return root_.path(); }
   [[nodiscard]] std::wstring documents() const { return root_.path() + L"\\Documents"; }
   [[nodiscard]] std::wstring userFolder() const { return documents() + L"\\My QMKExtra3"; }
   [[nodiscard]] std::wstring shortCutsFolder() const { return userFolder() + L"\\ShortCuts"; }
   [[nodiscard]] std::wstring cataloguePath() const { return folder_ + L"\\QMKFileList3.txt"; }
 
-  /// Puts the stand-in into the application folder under a tool's name.
+  /// Copies the stand-in to the application folder under a tool's name.
   void addTool(const std::wstring& name) const;
   /// All six tools.
   void addAllTools() const;
-  /// Makes a small file in the data folder and gives its full path.
+  /// Creates a small file in the data folder and returns its full path.
   std::wstring addDataFile(const std::wstring& name) const;
-  /// Makes a small file anywhere in the folder of the test; gives its full path.
+  /// Creates a small file anywhere in the folder of the test and returns its full path.
   std::wstring addFileElsewhere(const std::wstring& relativePath) const;
   void writeCatalogue(const std::string& bytes) const;
-  /// Bytes of the catalogue file, nothing while there is none.
+  /// Bytes of the catalogue file, nothing when it does not exist.
   [[nodiscard]] std::optional<std::string> catalogue() const;
-  /// Tells the program that its example file has been catalogued before.
+  /// Sets the setting which says that the example file has been catalogued already.
   static void skipExample() { TestProfile::setSetting(L"CWIExample", L"True"); }
 
   // --- running ---
 
   /// Starts the program and returns at once.
   void start();
-  /// The splash window, waited for.
+  /// Waits for the splash window.
   HWND waitForSplash() const;
   [[nodiscard]] HWND splash() const;
-  /// The main window, waited for until it is shown.
+  /// Waits until the main window is shown.
   HWND waitForMain();
-  /// Starts, clicks the splash away and waits until start-up has filled the lists.
+  /// Starts the program, closes the splash with a click and waits until start-up has filled the
+  /// lists.
   HWND startToMain();
-  /// The rest of that, for a program that has been started.
+  /// The same for a program that has been started already.
   HWND startToMainFromSplash();
   [[nodiscard]] HWND main() const { return main_; }
   [[nodiscard]] DWORD processId() const { return process_->id(); }
@@ -90,38 +91,39 @@ class GatewayApp {
   [[nodiscard]] ListViewReader list(int index) const;
   [[nodiscard]] HWND browseButton() const;
 
-  /// Clicks a tab and waits until its list is shown.
+  /// Clicks a tab and waits until its list is visible.
   void selectTab(int index) const;
-  /// Double-clicks a row of list `index`, which has to be in front.
+  /// Double-clicks a row of list `index`, which must be the visible one.
   void doubleClickRow(int index, int row) const;
   /// Double-clicks the row with that text.
   void doubleClickRow(int index, const std::wstring& text) const;
   /// Chooses a menu command.
   void command(int id) const;
 
-  /// The dialog that is up, waited for; of this process unless another one is named.
+  /// Wait for the open dialog; of this program unless another process is named.
   [[nodiscard]] MessageBoxReader waitForMessage(DWORD process = 0) const;
   [[nodiscard]] InputBoxReader waitForInputBox() const;
   [[nodiscard]] FileDialogReader waitForFileDialog() const;
-  /// Whether a dialog of the program is on the screen.
+  /// Whether a dialog of the program is visible.
   [[nodiscard]] bool dialogShown() const;
-  /// Texts of the program's message boxes that are on the screen; none before the start.
+  /// Texts of the program's open message boxes; none before the start.
   [[nodiscard]] std::vector<std::wstring> messagesShown() const;
 
-  /// Closes the main window, answers Yes and waits for the end; the exit code.
+  /// Closes the main window, answers Yes and waits for the end. Returns the exit code.
   DWORD close();
-  /// Waits until the program has ended by itself; the exit code.
+  /// Waits until the program has ended by itself. Returns the exit code.
   DWORD waitForExit() const;
-  /// Ends the program and all tools at once, whatever they are doing.
+  /// Kills the program and all tools.
   void kill();
   [[nodiscard]] bool running() const { return process_ != nullptr && process_->running(); }
-  /// Whether `close` or `waitForExit` has seen the end.
+  /// Whether the program has been started.
   [[nodiscard]] bool started() const { return process_ != nullptr; }
 
   // --- the tools ---
 
   [[nodiscard]] std::vector<ToolStart> toolStarts() const;
-  /// The latest of `count` starts, waited for; raises `Failure` when there are more.
+  /// Waits until there are `count` starts and returns the latest one. Raises `Failure` when there
+  /// are more.
   [[nodiscard]] ToolStart waitForToolStart(std::size_t count = 1) const;
 
  private:

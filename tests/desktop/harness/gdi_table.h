@@ -1,5 +1,5 @@
 // The table of GDI objects that the system shares with each process. Wine does not count the
-// objects, but keeps the table.
+// objects, but has the table.
 #pragma once
 
 #include <algorithm>
@@ -29,7 +29,7 @@ using GdiTable = std::array<GdiEntry, 0x10000>;
                        [](const GdiEntry& entry) { return entry.type != 0; });
 }
 
-/// Offset of the table's address in a 64-bit process's own block, in bytes.
+/// Offset in bytes of the table's address in the process block (PEB) of a 64-bit process.
 inline constexpr std::size_t gdiTableInBlock = 0xF8;
 
 }  // namespace harness

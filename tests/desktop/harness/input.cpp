@@ -30,8 +30,8 @@ void sendAll(std::vector<INPUT> inputs) {
   }
 }
 
-/// Moves the pointer and waits until it stays there. A display server reports a moved pointer a
-/// moment later, and such a report of the last move would carry the pointer back.
+/// Moves the pointer and waits until it stays there. A display server reports a pointer move a
+/// moment later, and such a report of the previous move could move the pointer back.
 void settleAt(POINT place) {
   constexpr int looks = 4;
   int right = 0;
@@ -91,7 +91,7 @@ void doubleClickAt(POINT place, HWND expected) { clicks(place, expected, 2); }
 void drag(POINT from, POINT to, HWND expected) {
   goTo(from, expected);
   sendAll({mouse(MOUSEEVENTF_LEFTDOWN)});
-  // The window has to see the way, not only its end.
+  // The window must see the way of the pointer, not only its end.
   const int steps = 6;
   for (int step = 1; step <= steps; ++step) {
     moveTo({from.x + (to.x - from.x) * step / steps, from.y + (to.y - from.y) * step / steps});

@@ -1,4 +1,4 @@
-// Mouse and keyboard, as a person uses them: real input, not messages to a window.
+// Mouse and keyboard like a user: real input, not messages to a window.
 #pragma once
 
 #include <windows.h>
@@ -15,8 +15,8 @@ void bringToFront(HWND window);
 
 /// Moves the pointer.
 void moveTo(POINT place);
-/// Clicks at a place of the screen. Raises `Failure` when another window than `expected` (or one of
-/// its children) lies there.
+/// Clicks at a point of the screen. Raises `Failure` when the window there is not `expected` or one
+/// of its children.
 void clickAt(POINT place, HWND expected);
 void rightClickAt(POINT place, HWND expected);
 void doubleClickAt(POINT place, HWND expected);
@@ -27,11 +27,11 @@ void drag(POINT from, POINT to, HWND expected);
 /// Presses and releases a key, with Alt, Ctrl or Shift (VK_MENU, VK_CONTROL, VK_SHIFT) or 0 held
 /// down.
 void pressKey(WORD code, WORD held = 0);
-/// Presses the keys one after the other and releases them in the opposite order.
+/// Presses the keys one after the other and releases them in the reverse order.
 void pressKeys(const std::vector<WORD>& codes);
 void typeText(const std::wstring& text);
 
-/// Clicks a push button by asking it to; raises `Failure` when there is no such button.
+/// Clicks a push button by a message. Raises `Failure` when there is no such button.
 void pushButton(HWND dialog, int id);
 
 }  // namespace harness

@@ -1,6 +1,6 @@
 #include "harness/link_file.h"
 
-// The shell's header relies on the first.
+// Needs <windows.h> first.
 #include <shlobj.h>
 
 #include <array>
@@ -16,7 +16,7 @@ namespace {
 constexpr int longest = 1024;
 constexpr std::size_t showCommandOffset = 0x3C;
 
-/// The shell's link object, with COM around it.
+/// The shell's link object, with COM initialised.
 class LinkObject {
  public:
   LinkObject() {

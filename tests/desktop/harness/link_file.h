@@ -18,10 +18,10 @@ struct LinkFile {
   DWORD showCommand = SW_SHOWNORMAL;  ///< As the bytes of the file have it.
 };
 
-/// Reads a shortcut without resolving it; raises `Failure` when it is none.
+/// Reads a shortcut without resolving it. Raises `Failure` when the file is not a shortcut.
 [[nodiscard]] LinkFile readLink(const std::wstring& path);
 
-/// Writes a shortcut; its folder is made first. Raises `Failure`.
+/// Writes a shortcut; creates its folder first. Raises `Failure`.
 void writeLink(const std::wstring& path, const LinkFile& link);
 
 }  // namespace harness

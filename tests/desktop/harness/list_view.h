@@ -29,7 +29,7 @@ class ListViewReader {
   [[nodiscard]] std::vector<std::vector<std::wstring>> rows() const;
   /// Texts of the first column.
   [[nodiscard]] std::vector<std::wstring> texts() const;
-  /// First row whose text is that one.
+  /// First row with that text.
   [[nodiscard]] std::optional<int> find(const std::wstring& text) const;
   /// Position of a row's picture in the image list; negative for none.
   [[nodiscard]] int image(int row) const;
@@ -37,7 +37,7 @@ class ListViewReader {
   [[nodiscard]] std::vector<Column> columns() const;
   [[nodiscard]] bool headerShown() const;
   [[nodiscard]] HWND header() const;
-  /// Place of a column's header on the screen.
+  /// Rectangle of a column's header on the screen.
   [[nodiscard]] RECT headerOnScreen(int column) const;
   /// LV_VIEW_... number.
   [[nodiscard]] int view() const;
@@ -48,7 +48,7 @@ class ListViewReader {
   [[nodiscard]] std::optional<int> focused() const;
   [[nodiscard]] int topRow() const;
   void scrollIntoView(int row) const;
-  /// Place of a row's text on the screen.
+  /// Rectangle of a row's text on the screen.
   [[nodiscard]] RECT textOnScreen(int row) const;
 
  private:

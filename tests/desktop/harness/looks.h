@@ -1,4 +1,4 @@
-// What the driven program's windows look like: fonts, pictures, colours on the screen.
+// The look of the driven program's windows: fonts, pictures, colours on the screen.
 #pragma once
 
 #include <windows.h>
@@ -10,21 +10,21 @@
 
 namespace harness {
 
-/// Has everything painted in a window that waits for it. A dialog that is closed before it was
-/// painted holds less than one that was seen; a window that is just being painted holds more.
+/// Makes a window paint everything that needs painting. Resources differ between a dialog that was
+/// closed before it was painted, one that was painted, and a window that is being painted.
 void paint(HWND window);
 
 /// Height of a control's characters in pixels.
 [[nodiscard]] int fontHeight(HWND control);
 
-/// Size of the pictures of a list or a toolbar, which tells its image list in answer to `message`
-/// with `which`.
+/// Size of the pictures of a list or a toolbar. `message` with `which` asks the control for its
+/// image list.
 [[nodiscard]] SIZE imageSize(HWND control, UINT message, WPARAM which);
 
-/// Other system colours, as a running program is told of them, until the end of this object.
+/// Changes the system colours that a running program sees, while this object exists.
 class ChangedColours {
  public:
-  /// COLOR_... to colour; changed in the process of `window`.
+  /// From COLOR_... to the colour; changed in the process of `window`.
   ChangedColours(HWND window, const std::map<int, COLORREF>& colours);
   ChangedColours(const ChangedColours&) = delete;
   ChangedColours& operator=(const ChangedColours&) = delete;
@@ -34,19 +34,18 @@ class ChangedColours {
   std::map<int, COLORREF> before_;
 };
 
-/// How far two colours stand apart, from 1 (the same) to 21 (black and white), by the luminance
-/// that people see.
+/// Contrast of two colours, from 1 (the same) to 21 (black and white), by their luminance.
 [[nodiscard]] double contrast(COLORREF a, COLORREF b);
 
-/// What is written somewhere on the screen.
+/// Text somewhere on the screen.
 struct Writing {
   COLORREF background = 0;  ///< The most frequent colour.
-  COLORREF text = 0;        ///< The colour that stands apart from it most.
-  std::size_t pixels = 0;   ///< How many pixels stand apart from the background.
+  COLORREF text = 0;        ///< The colour with the highest contrast to it.
+  std::size_t pixels = 0;   ///< Number of pixels that contrast with the background.
   [[nodiscard]] double contrast() const { return harness::contrast(background, text); }
 };
 
-/// Looks at a part of the screen.
+/// Analyses a part of the screen.
 [[nodiscard]] Writing writingAt(const RECT& place);
 
 /// How often a colour occurs in a part of the screen.

@@ -1,4 +1,4 @@
-// Questions that only code inside the driven program can answer, asked through a hook.
+// Queries that only code inside the driven program can answer. It is injected by a hook.
 #include <windows.h>
 
 #include <algorithm>
@@ -23,7 +23,7 @@ HMODULE probeModule() {
   return module;
 }
 
-/// Carries the probe into the thread of a window for as long as it lives.
+/// Loads the probe into the thread of a window while this object exists.
 class Hook {
  public:
   explicit Hook(HWND window) {
@@ -116,7 +116,8 @@ ChangedColours::~ChangedColours() {
   for (const auto& [index, colour] : before_) {
     SetSysColors(1, &index, &colour);
   }
-  // Wine keeps what was set for the programs of the session and prefers it to the scheme.
+  // Wine stores the colours that were set for the programs of the session and prefers them to the
+  // scheme.
   RegDeleteTreeW(HKEY_CURRENT_USER,
                  L"Software\\Wine\\Temporary System Parameters\\Control Panel\\Colors");
 }

@@ -6,9 +6,9 @@
 namespace harness {
 
 Job::Job() : job_(CreateJobObjectW(nullptr, nullptr)) {
-  // Under Wine the program that first asks for the desktop starts the process that owns it. As a
-  // part of the job that process would end with it, and the next program that is dragged by its
-  // title would be ended by the display for asking about one of its windows.
+  // Under Wine, the first program that uses the desktop starts the process that owns it. If that
+  // process were in the job, it would end with it. The next program whose window is dragged would
+  // then query a window that no longer exists, and the display server would end it.
   static_cast<void>(GetDesktopWindow());
   JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
   limits.BasicLimitInformation.LimitFlags = JOB_OBJECT_LIMIT_KILL_ON_JOB_CLOSE;
@@ -42,8 +42,8 @@ Process::Process(const std::wstring& executable, const std::wstring& workingFold
                           CREATE_SUSPENDED, nullptr, workingFolder.c_str(), &startup,
                           &info_) != FALSE;
   };
-  // On a busy machine Wine now and then loses a process before any of its code has run, and says
-  // so with this error.
+  // On a busy machine Wine sometimes loses a process before any of its code has run, and reports
+  // this error.
   if (!create() && (GetLastError() != ERROR_INTERNAL_ERROR || !create())) {
     throw Failure("cannot start " + utf8(executable) + ", error " + std::to_string(GetLastError()));
   }

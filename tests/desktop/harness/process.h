@@ -1,4 +1,4 @@
-// A started program together with everything that it starts itself.
+// A started program, together with everything that it starts itself.
 #pragma once
 
 #include <windows.h>
@@ -8,7 +8,7 @@
 
 namespace harness {
 
-/// A job: a set of processes that cannot outlive this object.
+/// A job: a set of processes that end at the latest when this object is destroyed.
 class Job {
  public:
   Job();
@@ -18,7 +18,7 @@ class Job {
   [[nodiscard]] HANDLE get() const { return job_; }
   /// Number of processes that are running in it.
   [[nodiscard]] unsigned running() const;
-  /// Ends all of them, and waits until they are gone.
+  /// Ends all of them and waits until they have ended.
   void end() const;
 
  private:
@@ -27,8 +27,8 @@ class Job {
 
 class Process {
  public:
-  /// Starts `executable` in `workingFolder`, as part of `job`, with `arguments` as they are. Raises
-  /// `Failure`.
+  /// Starts `executable` in `workingFolder` as part of `job`; `arguments` are passed unchanged.
+  /// Raises `Failure`.
   Process(const std::wstring& executable, const std::wstring& workingFolder, const Job& job,
           const std::wstring& arguments = L"");
   Process(const Process&) = delete;
@@ -37,7 +37,7 @@ class Process {
   [[nodiscard]] DWORD id() const { return info_.dwProcessId; }
   [[nodiscard]] HANDLE handle() const { return info_.hProcess; }
   [[nodiscard]] bool running() const;
-  /// Waits for the end; the exit code, or nothing when it runs on.
+  /// Waits for the end. Returns the exit code, or nothing when the process is still running.
   [[nodiscard]] std::optional<DWORD> waitForExit(DWORD boundMs) const;
 
  private:

@@ -98,7 +98,8 @@ ScreenDensity::~ScreenDensity() {
 }
 
 ColourScheme::ColourScheme(const std::map<std::wstring, COLORREF>& colours) {
-  // Where Wine keeps colours that a program has set for the time being, other tests' among them.
+  // Wine stores colours that a program has set for the session here, including those of other
+  // tests.
   RegDeleteTreeW(HKEY_CURRENT_USER,
                  L"Software\\Wine\\Temporary System Parameters\\Control Panel\\Colors");
   set(L"Software\\Microsoft\\Windows\\CurrentVersion\\ThemeManager", L"ThemeActive", L"0");

@@ -10,8 +10,8 @@
 
 namespace harness {
 
-/// Points the user's documents at a folder of the test and empties the program's settings. At the
-/// end everything is put back as it was, so that a person may run the tests too.
+/// Sets the user's documents folder to a folder of the test and removes the program's settings.
+/// Everything is restored at the end, so that a real user can run the tests too.
 class TestProfile {
  public:
   explicit TestProfile(const std::wstring& documents);
@@ -35,7 +35,7 @@ class TestProfile {
   std::vector<Value> kept_;
 };
 
-/// Screen density that programs started from now on see, until the end of this object.
+/// Sets the dpi for programs that are started from now on, while this object exists.
 class ScreenDensity {
  public:
   explicit ScreenDensity(DWORD dpi);
@@ -47,8 +47,8 @@ class ScreenDensity {
   std::optional<DWORD> before_;
 };
 
-/// System colours that programs started from now on see, without the pictures of a theme in their
-/// place, until the end of this object.
+/// Sets the system colours for programs that are started from now on, and turns off a theme's
+/// pictures, while this object exists.
 class ColourScheme {
  public:
   /// Names as in the registry ("Window", "WindowText"), and colours.

@@ -1,4 +1,4 @@
-// Memory of another process, through which its controls answer.
+// Memory in another process, needed to query its controls.
 #pragma once
 
 #include <windows.h>
@@ -8,7 +8,7 @@
 
 namespace harness {
 
-/// A piece of memory in the process of a window, zeroed at first and released at the end.
+/// A block of memory in the process of a window; zeroed at first, freed at the end.
 class RemoteMemory {
  public:
   /// Raises `Failure` when the process cannot be reached.
@@ -34,7 +34,7 @@ class RemoteMemory {
     read(&value, sizeof(T), offset);
     return value;
   }
-  /// Text of at most `length` characters up to its NUL.
+  /// Text up to its NUL, with at most `length` characters.
   [[nodiscard]] std::wstring getText(std::size_t length, std::size_t offset = 0) const;
 
  private:

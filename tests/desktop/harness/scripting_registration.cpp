@@ -1,7 +1,7 @@
 #include "harness/scripting_registration.h"
 
 #include <windows.h>
-// The header of COM relies on the first.
+// Needs <windows.h> first.
 #include <objbase.h>
 
 #include <array>
@@ -17,10 +17,10 @@ namespace harness {
 namespace {
 
 constexpr const wchar_t* programKey = L"Software\\Classes\\WScript.Shell\\CLSID";
-/// Value beside the class of the programmatic id that keeps the real class.
+/// Value beside the class id that stores the real class.
 constexpr const wchar_t* realClass = L"BeforeTheTests";
 
-/// The user's classes come first on Windows; Wine knows those of the machine only.
+/// On Windows the user's classes have priority; Wine uses only those of the machine.
 const std::array hives{HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE};
 
 std::wstring doubleKey() {
@@ -43,7 +43,7 @@ bool write(HKEY hive, const std::wstring& key, const wchar_t* name, const std::w
 }
 
 bool enter(HKEY hive) {
-  // The real class is kept first: whatever happens now can be undone.
+  // The real class is stored first, so that everything after this can be undone.
   return write(hive, programKey, realClass, read(hive, nullptr).value_or(L"")) &&
          write(hive, programKey, nullptr, scripting_double::classId) &&
          write(hive, doubleKey() + L"\\InprocServer32", nullptr,

@@ -1,4 +1,4 @@
-// The double of the system's scripting object, in the place of the real one for a while.
+// Replaces the system's scripting object by a test double for some time.
 #pragma once
 
 #include <string>
@@ -6,11 +6,11 @@
 
 namespace harness {
 
-/// Registers the double under the scripting object's programmatic id, and puts the real one back at
-/// the end. Programs started in between get the double.
+/// Registers the double under the scripting object's programmatic id, and restores the real one at
+/// the end. Programs that are started in between get the double.
 class ScriptingRegistration {
  public:
-  /// The double writes its log into that file. Raises `Failure` when it cannot be registered.
+  /// The double writes its log to that file. Raises `Failure` when it cannot be registered.
   explicit ScriptingRegistration(const std::wstring& logPath);
   ScriptingRegistration(const ScriptingRegistration&) = delete;
   ScriptingRegistration& operator=(const ScriptingRegistration&) = delete;
@@ -19,10 +19,10 @@ class ScriptingRegistration {
   /// Makes the double refuse a property; "" for none.
   static void refuse(const std::wstring& property);
 
-  /// Puts the real object back where a run that was broken off left the double.
+  /// Restores the real object if an interrupted run has left the double.
   static void undo();
 
-  /// Lines of the log; none while there is no log.
+  /// Lines of the log; empty when there is no log.
   [[nodiscard]] std::vector<std::wstring> log() const;
   void clearLog() const;
 

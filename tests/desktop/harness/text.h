@@ -11,12 +11,12 @@ namespace harness {
 /// Bytes in the system's code page, the encoding of the list files.
 [[nodiscard]] std::string codePageBytes(const std::wstring& text);
 [[nodiscard]] std::wstring fromCodePage(const std::string& bytes);
-/// A path as the command lines carry it: every blank is a question mark.
+/// A path as it appears in command lines: every blank is a question mark.
 [[nodiscard]] std::wstring encoded(std::wstring path);
 /// Today's date as the program writes it.
 [[nodiscard]] std::wstring today();
 
-/// The last change of a file as the program writes it: short date, blank, time with seconds.
+/// A time as the program writes it: short date, blank, time with seconds.
 [[nodiscard]] std::wstring dateAndTime(std::uint64_t changeTime);
 
 }  // namespace harness

@@ -15,7 +15,7 @@ bool write(HKEY root, const std::wstring& key, const wchar_t* name, const std::w
 
 constexpr const wchar_t* openCommand = L"\\shell\\open\\command";
 
-/// The command that the system starts for a scheme, nothing without one.
+/// The command that the system starts for a scheme, nothing when there is none.
 std::optional<std::wstring> commandOf(const std::wstring& scheme) {
   std::array<wchar_t, 1024> command{};
   auto size = static_cast<DWORD>(sizeof(command));
@@ -40,7 +40,7 @@ UrlScheme::UrlScheme(const std::wstring& scheme, const std::wstring& command)
     }
     return;
   }
-  // The user's own part first; some systems look into the machine's only.
+  // The user's own classes first; some systems use only those of the machine.
   for (const auto& place : {std::pair(HKEY_CURRENT_USER, L"Software\\Classes\\" + scheme),
                             std::pair(HKEY_CLASSES_ROOT, scheme)}) {
     root_ = place.first;

@@ -1,4 +1,4 @@
-// A scheme of web addresses that leads to a program of the test.
+// A scheme of web addresses that starts a program of the test.
 #pragma once
 
 #include <windows.h>
@@ -8,8 +8,9 @@
 
 namespace harness {
 
-/// Registers a command for addresses that begin with `scheme` and a colon, in the place of the one
-/// that there may be, until the end of this object. Raises `Failure` when that cannot be done.
+/// Registers a command for addresses that begin with `scheme` and a colon, while this object
+/// exists. Replaces an existing command and restores it at the end. Raises `Failure` when that is
+/// not possible.
 class UrlScheme {
  public:
   UrlScheme(const std::wstring& scheme, const std::wstring& command);

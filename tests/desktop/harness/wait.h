@@ -1,4 +1,4 @@
-// Waiting for something to become true, with a bound.
+// Waiting for a condition, with a time limit.
 #pragma once
 
 #include <windows.h>
@@ -9,24 +9,25 @@
 
 namespace harness {
 
-/// The driven program did not do what a step needs; ends the test with its text.
+/// The driven program did not do what a step needs. Ends the test with this text.
 class Failure : public std::runtime_error {
  public:
   explicit Failure(const std::string& text) : std::runtime_error(text) {}
 };
 
-/// Longest wait for anything that a person would expect at once. Generous, because the machine may
-/// be busy; nothing waits longer than it has to.
+/// Longest wait for anything that a user would expect at once. Generous, because the machine may be
+/// busy; no wait is longer than necessary.
 inline constexpr int patienceMs = 15000;
 
-/// Time between two looks.
+/// Time between two polls.
 inline constexpr int pollMs = 10;
 
-/// More than this does not count of the time from one look to the next: then the whole machine
-/// stood still, as a virtual one does at times, and the driven program with it.
+/// Of the time between two polls at most this much counts. More means that the whole machine stood
+/// still, as virtual machines sometimes do, and the driven program with it.
 inline constexpr ULONGLONG longestPollMs = 1000;
 
-/// Asks `condition` until it holds; false when it did not within `boundMs` milliseconds.
+/// Polls `condition` until it is true; returns false when it was not true within `boundMs`
+/// milliseconds.
 template <class Condition>
 [[nodiscard]] bool waitFor(Condition condition, int boundMs = patienceMs) {
   ULONGLONG waited = 0;
@@ -42,8 +43,8 @@ template <class Condition>
   return true;
 }
 
-/// Asks `search` until it gives something (non-null, non-empty optional); raises `Failure` naming
-/// `what` when it never did.
+/// Polls `search` until it returns something (non-null, non-empty optional). Raises `Failure` with
+/// `what` when it never does.
 template <class Search>
 [[nodiscard]] auto waitUntilFound(const std::string& what, Search search,
                                   int boundMs = patienceMs) {
@@ -55,7 +56,7 @@ template <class Search>
   return result;
 }
 
-/// Waits for `condition`; raises `Failure` naming `what` when it never held.
+/// Waits for `condition`. Raises `Failure` with `what` when it does not become true.
 template <class Condition>
 void waitUntil(const std::string& what, Condition condition, int boundMs = patienceMs) {
   if (!waitFor(condition, boundMs)) {

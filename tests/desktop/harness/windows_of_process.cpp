@@ -18,7 +18,7 @@ BOOL CALLBACK collect(HWND window, LPARAM list) {
 }  // namespace
 
 LRESULT send(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  // Longer than a machine stands still: what was sent cannot be sent a second time.
+  // Longer than a machine may stand still, because a message cannot be sent a second time.
   constexpr UINT longestAnswerMs = 8 * patienceMs;
   DWORD_PTR result = 0;
   if (SendMessageTimeoutW(window, message, wParam, lParam, SMTO_NORMAL, longestAnswerMs, &result) ==

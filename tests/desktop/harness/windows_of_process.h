@@ -1,4 +1,4 @@
-// Windows of another process: finding them, reading what every window has.
+// Finds windows of another process and reads the properties that every window has.
 #pragma once
 
 #include <windows.h>
@@ -12,7 +12,7 @@ namespace harness {
 /// Sends a message and waits for its result; raises `Failure` when the window does not answer.
 LRESULT send(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
 
-/// Posts a message; raises `Failure` when the window is gone.
+/// Posts a message. Raises `Failure` when the window does not exist.
 void post(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
 
 [[nodiscard]] std::wstring className(HWND window);
@@ -43,9 +43,9 @@ void PrintTo(const NamedWindow& window, std::ostream* out);
 /// none.
 [[nodiscard]] HWND child(HWND window, int id, const std::wstring& classOfChild = L"");
 
-/// Place of a window on the screen.
+/// Rectangle of a window on the screen.
 [[nodiscard]] RECT screenRect(HWND window);
-/// Client area of a window on the screen.
+/// Rectangle of a window's client area on the screen.
 [[nodiscard]] RECT clientOnScreen(HWND window);
 
 }  // namespace harness

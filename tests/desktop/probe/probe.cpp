@@ -1,4 +1,4 @@
-// The probe: a hook procedure that answers questions of the tests inside the driven program.
+// The probe: a hook procedure in the driven program that answers queries of the tests.
 #include "probe/probe.h"
 
 #include <commctrl.h>
@@ -71,7 +71,7 @@ int systemIconLike(HICON icon) {
 }
 
 void answerFont(HWND control, probe::FontAnswer& result) {
-  // Without a font of its own a control writes with the system's.
+  // A control without a font of its own uses the system's.
   auto font = reinterpret_cast<HGDIOBJ>(SendMessageW(control, WM_GETFONT, 0, 0));
   LOGFONTW facts{};
   GetObjectW(font != nullptr ? font : GetStockObject(SYSTEM_FONT), sizeof(facts), &facts);
@@ -83,7 +83,7 @@ void answerFont(HWND control, probe::FontAnswer& result) {
 void answerImages(HWND control, probe::ImagesAnswer& result) {
   using GetSize = BOOL WINAPI(HIMAGELIST, int*, int*);
   using GetCount = int WINAPI(HIMAGELIST);
-  // The very library that made the image list.
+  // The same library that created the image list.
   HMODULE const library = GetModuleHandleW(L"comctl32.dll");
   auto* const getSize = reinterpret_cast<GetSize*>(
       reinterpret_cast<void*>(GetProcAddress(library, "ImageList_GetIconSize")));

@@ -1,5 +1,5 @@
-// What the probe inside the driven program answers. Menus and icons belong to their process: their
-// handles mean nothing in another one, so the question has to travel there.
+// Queries that the probe in the driven program answers. Handles of menus and icons are valid only
+// in their own process, so the query must be made there.
 #pragma once
 
 #include <windows.h>

@@ -1,9 +1,9 @@
-// Double of the system's scripting object, for the tests: it answers to the same calls, writes down
-// each of them, and saves nothing but the target of a shortcut.
+// Test double of the system's scripting object: it has the same methods, records each call, and
+// saves only the target of a shortcut.
 #include "scripting_double/scripting_double.h"
 
 #include <windows.h>
-// The automation header relies on the first.
+// Needs <windows.h> first.
 #include <oleauto.h>
 
 #include <array>
@@ -56,7 +56,7 @@ std::wstring textOf(const VARIANT& value) {
 
 bool same(const wchar_t* one, const wchar_t* other) { return _wcsicmp(one, other) == 0; }
 
-/// What both objects have in common: counting, and no type information.
+/// The common part of both objects: reference counting, and no type information.
 class Automation : public IDispatch {
  public:
   virtual ~Automation() = default;
@@ -173,7 +173,7 @@ class Shell final : public Automation {
   }
 };
 
-/// Makes shells; lives as long as the library.
+/// Creates the shell objects; exists as long as the library.
 class Factory final : public IClassFactory {
  public:
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID wanted, void** object) override {

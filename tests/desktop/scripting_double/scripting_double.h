@@ -1,4 +1,4 @@
-// What the tests and the double of the system's scripting object agree on.
+// Names that the tests and the double of the system's scripting object share.
 #pragma once
 
 namespace scripting_double {

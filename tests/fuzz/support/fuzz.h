@@ -1,4 +1,4 @@
-// What the fuzzing programs share: taking the input apart, and stopping at a broken promise.
+// Shared code of the fuzzing programs: splitting the input, and stopping at a violated guarantee.
 #pragma once
 
 #include <cstddef>
@@ -12,17 +12,17 @@
 
 namespace fuzz {
 
-/// Ends the program, as a crash would, unless `holds`; `promise` is what the log says.
+/// Ends the program like a crash unless `holds` is true; `promise` is the text for the log.
 void require(bool holds, const char* promise);
 
-/// The input, taken from front to back: single characters that choose, lines, and the rest.
+/// The input, read from front to back: single characters that choose, lines, and the rest.
 class Input {
  public:
   Input(const std::uint8_t* bytes, std::size_t size)
       : left_(reinterpret_cast<const char*>(bytes), size) {}
   /// The next character; a NUL when there is none left.
   char character();
-  /// What stands before the next line feed, which is taken too; the rest when there is none.
+  /// Everything before the next line feed, which is skipped; the rest when there is none.
   std::string_view line();
   std::string_view rest() { return left_; }
 
@@ -30,20 +30,20 @@ class Input {
   std::string_view left_;
 };
 
-/// Text from bytes of the code page; the last sixteen of them stand for characters that the code
-/// page lacks.
+/// Converts bytes of the code page to text; the last sixteen byte values stand for characters that
+/// the code page lacks.
 [[nodiscard]] std::wstring wide(std::string_view bytes);
 
 /// The bytes that a field of a written record holds: a line end in it becomes a blank.
 [[nodiscard]] std::string asWritten(const std::wstring& text);
 
-/// Whether a text survives being written and read: no double quote, no line end.
+/// Whether a text is unchanged after being written and read: no double quote, no line end.
 [[nodiscard]] bool survives(const std::wstring& text);
 
 /// The lines of a list file, with their line ends.
 [[nodiscard]] std::vector<std::string> linesOf(std::string_view bytes);
 
-/// What `list_file::append` is to do, said in another way.
+/// The expected result of `list_file::append`, computed independently.
 [[nodiscard]] std::string extended(std::string bytes, const std::string& record);
 
 /// The in-memory desktop.
@@ -55,7 +55,8 @@ void freshDesktop();
 /// Bytes of a file that has to be there.
 [[nodiscard]] std::string bytesOf(const std::wstring& path);
 
-/// The items of a list in their displayed order: the text and `subItems` sub-items, parted by NUL.
+/// The items of a list in their displayed order: the text and `subItems` sub-items, separated by
+/// NUL.
 [[nodiscard]] std::vector<std::wstring> itemsOf(const controls::ListView& list,
                                                 std::size_t subItems);
 

@@ -13,7 +13,7 @@ namespace {
 
 proofs::LiveObjects& shared() {
   static proofs::LiveObjects* const memory = [] {
-    // Never closed: it is the process's own as long as it runs.
+    // Never closed: it belongs to the process as long as it runs.
     HANDLE const mapping = CreateFileMappingW(
         INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, sizeof(proofs::LiveObjects),
         (proofs::liveObjectsName + std::to_wstring(GetCurrentProcessId())).c_str());
@@ -25,7 +25,7 @@ proofs::LiveObjects& shared() {
 }  // namespace
 
 long long& liveObjects(const char* kind) {
-  // Callers look at the last error after they have wrapped what they got.
+  // Callers read the last error after they have wrapped a handle.
   const DWORD lastError = GetLastError();
   proofs::LiveObjects& objects = shared();
   const int place = objects.count;

@@ -1,5 +1,5 @@
-// Where the counting build of the program shows its live objects: shared memory of this name with
-// the number of the process behind it.
+// Shared memory in which the counting build of the program publishes its live objects. Its name is
+// this one, followed by the process id.
 #pragma once
 
 namespace proofs {

@@ -1,9 +1,8 @@
-// Linked into the guarded build of the program: a heap on which every misuse faults where it
-// happens.
+// Linked into the guarded build of the program: a heap on which every misuse faults at once.
 //
-// Each block ends at the end of a page, the page behind it does not exist, and the pages of a block
-// that is given back do not exist any more for a long time. An ordinary heap lets such accesses
-// pass, and what they have damaged makes the program fail later, in code that is not at fault.
+// Each block ends at the end of a page, and the next page is not mapped. The pages of a freed block
+// stay unmapped for a long time. A normal heap allows such accesses; their damage makes the program
+// fail later, in code that is not at fault.
 #include <windows.h>
 
 #include <algorithm>
@@ -19,11 +18,11 @@ namespace {
 
 constexpr std::size_t pageBytes = 4096;
 constexpr std::size_t alignment = 16;
-/// 16 GB of addresses. Only the blocks that are in use take memory.
+/// 16 GB of address space. Only blocks in use take memory.
 constexpr std::size_t allPages = std::size_t{1} << 22U;
-/// Blocks have room in places of 1, 2, 4 ... pages; longer ones go to the ordinary heap.
+/// Sizes of slots: 1, 2, 4 ... pages. Larger blocks go to the normal heap.
 constexpr std::size_t kinds = 7;
-/// As many pages have been given back after a place before it is used again.
+/// A slot is used again only after this many pages have been freed.
 constexpr std::size_t restingPages = std::size_t{1} << 17U;
 constexpr int fresh = 0xA5;
 constexpr int beyond = 0xEE;
@@ -47,7 +46,7 @@ std::size_t kindFor(std::size_t bytes) {
   return static_cast<std::size_t>(std::bit_width(pagesFor(bytes) - 1));
 }
 
-/// Its own and the one that is missing behind it.
+/// The slot's pages and the unmapped one after it.
 std::size_t pagesOf(std::size_t kind) { return (std::size_t{1} << kind) + 1; }
 
 class GuardedHeap {
@@ -83,7 +82,7 @@ class GuardedHeap {
     }
     const auto page = static_cast<std::size_t>(block - base_) / pageBytes;
     AcquireSRWLockExclusive(&lock_);
-    // Zero: given back before, or never given out.
+    // Zero: freed before, or never allocated.
     if (sizes_[page] == 0) {
       std::abort();
     }
@@ -103,7 +102,7 @@ class GuardedHeap {
  private:
   static constexpr std::size_t noPlace = allPages;
 
-  /// Places of one kind that have been given back, the one that rests longest first.
+  /// Free slots of one size, the one that was freed first at the front.
   struct Resting {
     std::uint32_t* places = lasting<std::uint32_t>(allPages, MEM_RESERVE | MEM_COMMIT);
     std::size_t begin = 0;
@@ -127,14 +126,14 @@ class GuardedHeap {
 
   SRWLOCK lock_ = SRWLOCK_INIT;
   char* base_ = lasting<char>(allPages * pageBytes, MEM_RESERVE);
-  /// By a block's first page: one more than its bytes, or 0 where no block begins.
+  /// For the first page of a block: one more than its size in bytes; 0 where no block begins.
   std::size_t* sizes_ = lasting<std::size_t>(allPages, MEM_RESERVE | MEM_COMMIT);
   std::array<Resting, kinds> resting_;
   std::size_t usedPages_ = 0;
 };
 
 GuardedHeap& heap() {
-  // Never destroyed: what other objects give back at the very end comes here too.
+  // Never destroyed, because other objects free memory here until the very end.
   alignas(GuardedHeap) static std::array<std::byte, sizeof(GuardedHeap)> place;
   static GuardedHeap* const only = new (place.data()) GuardedHeap;
   return *only;

@@ -1,5 +1,5 @@
-// A library that somebody has planted under the name of a system's one: it writes down that it was
-// loaded, and where from. The file's name is in the environment variable QMK_PLANTED.
+// A planted library with the name of a system library. It records that it was loaded, and from
+// where. The environment variable QMK_PLANTED has the name of the file for the record.
 #include <windows.h>
 
 #include <array>

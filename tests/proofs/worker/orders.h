@@ -1,11 +1,11 @@
-// What the proofs tell their worker to do, and what it tells them, while both run.
+// Communication between the proofs and their worker.
 //
 //   worker.exe churn <seed> <first operation> <end>   until <end>, or until it is killed
 //   worker.exe write <tag> <count>                    adds, updates and removes numbered records
-//   worker.exe append <file> <tag> <count>            appends in place, as a foreign program does
+//   worker.exe append <file> <tag> <count>            appends in place, like a foreign program
 //   worker.exe hold <file> <share> <ms>               keeps a file open
 //
-// The environment variable QMK_NOTES names the shared memory with the `Notes`.
+// The environment variable QMK_NOTES has the name of the shared memory with the `Notes`.
 #pragma once
 
 #include <cstdint>
@@ -18,10 +18,10 @@ namespace proofs {
 inline constexpr int longestMessage = 256;
 inline constexpr int mostRecords = 1 << 16;
 
-/// Written by the worker, read by the proof; it outlives a killed worker.
+/// Written by the worker, read by the proof. It still exists after the worker was killed.
 struct Notes {
-  volatile std::int64_t ready = 0;     ///< 1 from the first operation on.
-  volatile std::int64_t finished = 0;  ///< Operations that have been finished.
+  volatile std::int64_t ready = 0;     ///< 1 once the first operation has begun.
+  volatile std::int64_t finished = 0;  ///< Number of finished operations.
   volatile std::int64_t messages = 0;  ///< Message boxes and errors; each is a failed operation.
   volatile std::int64_t slowest = 0;   ///< Longest operation, in microseconds.
   volatile std::int64_t slowestFailed = 0;  ///< Longest one that failed, in microseconds.
@@ -30,8 +30,8 @@ struct Notes {
   volatile char wanted[mostRecords] = {};
 };
 
-/// One rewriting operation of the churn. Which one the n-th is follows from the seed alone, so that
-/// a proof knows what the files must hold without asking the worker.
+/// One rewriting operation of the churn. The seed alone determines the n-th operation, so a proof
+/// can compute what the files must contain without asking the worker.
 struct Operation {
   enum class Kind { addOrUpdate, remove, refresh, webAppend, webDelete };
   Kind kind = Kind::addOrUpdate;
@@ -59,7 +59,7 @@ struct Operation {
   return operation;
 }
 
-/// The path, and the name, that an operation of that number speaks of.
+/// The path and the name for an operation with that number.
 [[nodiscard]] inline std::wstring pathOf(int number) {
   return L"C:\\Somewhere else\\Plot " + std::to_wstring(number) + L".fp3";
 }

@@ -1,5 +1,5 @@
-// The product's own code, doing one list file operation after the other at full speed, or a foreign
-// program that works on the same file. See orders.h.
+// Runs the product's own code, one list file operation after the other at full speed, or acts as a
+// foreign program that works on the same file. See orders.h.
 #include <windows.h>
 
 #include <algorithm>
@@ -24,15 +24,15 @@ using proofs::Operation;
 
 Notes* notes = nullptr;
 
-/// Notes a failed operation with its text.
+/// Records a failed operation with its text.
 void note(const wchar_t* text) {
   notes->messages = notes->messages + 1;
   std::wcsncpy(notes->lastMessage, text, proofs::longestMessage - 1);
 }
 
-/// Nobody is there to answer message boxes: notes what they say and pushes OK.
+/// Records the texts of message boxes and presses OK, because nobody else answers them.
 LRESULT CALLBACK answerMessages(int code, WPARAM window, LPARAM details) {
-  // A box may be activated more than once, and so may other windows.
+  // A box may be activated more than once, and other windows may be activated too.
   static HWND answered = nullptr;
   auto* const box = reinterpret_cast<HWND>(window);
   if (code == HCBT_DESTROYWND && box == answered) {
@@ -60,7 +60,7 @@ std::int64_t microseconds() {
          now.QuadPart % frequency.QuadPart * million / frequency.QuadPart;
 }
 
-/// Runs an operation as the program's dispatcher would; false when it reported a failure.
+/// Runs an operation like the program's dispatcher; false when it reported a failure.
 template <class Body>
 bool succeeds(Body body) {
   const std::int64_t messagesBefore = notes->messages;
@@ -113,7 +113,7 @@ void churn(std::uint64_t seed, std::int64_t first, std::int64_t end) {
   }
 }
 
-/// Adds `count` records, removes every third one again, and updates and refreshes in between.
+/// Adds `count` records and removes every third one again; updates and refreshes in between.
 void write(const std::wstring& tag, int count) {
   const auto window = std::make_unique<frmQMK>();
   const auto add = [&](int number) {
@@ -141,8 +141,8 @@ void write(const std::wstring& tag, int count) {
   }
 }
 
-/// Appends a line in place, as programs do that know nothing of this one: usual sharing, one write,
-/// and another try when somebody is in the way.
+/// Appends a line in place like a program that does not know this one: usual sharing, one write,
+/// and another try when the file is in use.
 bool appended(const std::wstring& path, const std::string& line) {
   constexpr int tries = 2000;
   constexpr DWORD pauseMs = 5;

@@ -1,5 +1,5 @@
-// Where the parts of the about box stand, and their fonts. In memory a character is 7 pixels wide
-// and 15 high at 9 points.
+// Positions and fonts of the about box's parts. On the in-memory desktop a character is 7 pixels
+// wide and 15 high at 9 points.
 #include <gtest/gtest.h>
 
 #include "about/about_box.h"

@@ -113,7 +113,7 @@ TEST_F(CatalogueBuild, WithAnEmptyDataFolderLoadingMakesAnEmptyCatalogue) {
 }
 
 TEST_F(CatalogueBuild, StopsWhenTheCatalogueIsStillNotFoundAfterwards) {
-  // Another program hides the file in the moment in which it takes its place.
+  // Another program hides the temporary file just before it replaces the list.
   desktop().onReplace = [] { desktop().setHidden(unit::temporaryFile); };
   putData(L"p.fp3");
   LoadCatalogueView(view);
@@ -183,7 +183,7 @@ TEST_F(CatalogueBuild, WhateverCallFailsTheCatalogueIsTheOldOneOrTheNewOne) {
                   EXPECT_EQ(catalogue(), built);
                   EXPECT_TRUE(messages().empty());
                 } else if (fault.was(L"read C:")) {
-                  // Only the reload failed, and it says so itself.
+                  // Only the reload failed, and it shows its own message.
                   EXPECT_EQ(raised, 0);
                   EXPECT_EQ(catalogue(), built);
                   ASSERT_EQ(messages().size(), 1U);

@@ -133,7 +133,7 @@ TEST_F(CatalogueRename, AMissingFileIsSaidAndItsRemovalAskedForByTheDoubledPath)
   EXPECT_EQ(desktop().messages[0].style, platform::dialogs::MessageStyle::critical);
   EXPECT_TRUE(
       desktop().journalHas(L"replace " + unit::temporaryFile + L" -> " + unit::catalogueFile));
-  // The removal compares exactly, and the path it is given has two separators.
+  // The removal compares exactly, and the path that it gets has two separators.
   EXPECT_EQ(catalogue(), record({"FP3", "D:\\d\\gone.fp3", "1"}));
 }
 
@@ -141,7 +141,7 @@ TEST_F(CatalogueRename, AMissingFileWhoseRecordHasTheDoubledSeparatorLosesIt) {
   putCatalogue(record({"FP3", "D:\\d\\\\gone.fp3", "1"}) + record({"FP3", "D:\\x.fp3", "1"}));
   LoadCatalogueView(view);
   select(list, L"gone.fp3");
-  // The item's folder is "D:\d\\", so that the path asked for has three.
+  // The item's folder is "D:\d\\", so the path that is looked up has three separators.
   RenameCatalogueFile(view, L"new");
   EXPECT_EQ(messages(), Texts{L"File does not exists, removing entry"});
   EXPECT_EQ(catalogue(),
@@ -282,7 +282,7 @@ TEST_F(CatalogueRename, WhateverCallFailsTheCatalogueIsTheOldOneOrTheNewOne) {
                EXPECT_EQ(messages(), Texts{L"Problem saving to QMK list\r" + error});
              }
              EXPECT_EQ(catalogue(), fault.happened && !onlyReload ? old : renamed);
-             // The data file is there under one of its names, never under none.
+             // The data file exists under exactly one of its names.
              EXPECT_NE(desktop().has(L"D:\\d\\old.fp3"), desktop().has(L"D:\\d\\new.FP3"));
            }});
 }

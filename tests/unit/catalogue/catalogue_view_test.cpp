@@ -162,7 +162,7 @@ TEST_F(CatalogueView, ALockedCatalogueIsReportedWithTheLocation) {
   EXPECT_EQ(desktop().messages[0].title, L"Quillmark Suite 3 Gateway");
 }
 
-/// A native list that refuses a change, as a system that runs out of something does.
+/// A native list that refuses a change, as when the system runs out of a resource.
 class RefusingPeer : public controls::ListViewPeer {
  public:
   explicit RefusingPeer(std::function<bool()> refuses) : refuses_(std::move(refuses)) {}
@@ -178,7 +178,7 @@ class RefusingPeer : public controls::ListViewPeer {
   std::function<bool()> refuses_;
 };
 
-/// Location that the failure message names when the list refuses the change `refuses` looks for.
+/// Location in the failure message when the list refuses the change that `refuses` selects.
 std::wstring locationWhen(modQMKGeneral::CatalogueView& view,
                           const std::function<bool()>& refuses) {
   desktop().messages.clear();

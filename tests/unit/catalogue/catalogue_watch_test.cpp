@@ -21,7 +21,7 @@ class CatalogueWatch : public unit::CatalogueTest {
     desktop().advance(1000);
     reads();
   }
-  /// How often the catalogue was read since the last call.
+  /// How often the catalogue was read since the last call of this function.
   static int reads() {
     int count = 0;
     for (const std::wstring& line : desktop().journal()) {
@@ -150,7 +150,7 @@ TEST_F(CatalogueWatch, TicksAreIgnoredWhileItsOwnMessageIsUp) {
 TEST_F(CatalogueWatch, AChangeRightAfterTheReadingIsSeenByTheNextTick) {
   watch(a);
   putCatalogue(b);
-  // The native list is told of its items at the end of the load, when the file has been read.
+  // The native list is notified of its items at the end of the load, after the file has been read.
   class LatePeer : public controls::ListViewPeer {
    public:
     explicit LatePeer(std::function<void()> late) : late_(std::move(late)) {}

@@ -1,5 +1,5 @@
-// Catalogues as no program of the suite writes them: what is sound shows, and what an operation
-// is not about stays, byte for byte.
+// Catalogues that no program of the suite writes: valid records are shown, and records that an
+// operation does not concern keep their bytes.
 #include <gtest/gtest.h>
 
 #include "listfile/list_file.h"

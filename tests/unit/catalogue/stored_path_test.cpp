@@ -17,7 +17,7 @@ using stored_path::lackingCharacters;
 using stored_path::realFile;
 using stored_path::Substitutes;
 
-// Beetle and beech in Cyrillic letters; the latter reads like the former in the list.
+// "Beetle" and "beech" in Cyrillic letters; the list shows both in the same way.
 const std::wstring beetle = L"\u0416\u0443\u043A";
 const std::wstring beech = L"\u0411\u0443\u043A";
 const std::wstring japanese = L"\u65E5\u672C\u8A9E";
@@ -194,7 +194,7 @@ TEST_F(StoredPath, TellsWhichCharactersAreLacking) {
   EXPECT_EQ(lackingCharacters(L"plot? \u00C4"), L"");
   EXPECT_EQ(lackingCharacters(L"a" + beetle + L"b" + beetle + L"\u65E5"),
             L"\u0416 \u0443 \u043A \u65E5");
-  // A pair is one character; two second halves are none.
+  // A surrogate pair is one character; two low surrogates are not a character.
   const std::wstring pair{wchar_t{0xD83D}, wchar_t{0xDE00}};
   const std::wstring halves{wchar_t{0xDC00}, wchar_t{0xDC01}};
   EXPECT_EQ(lackingCharacters(pair), pair);

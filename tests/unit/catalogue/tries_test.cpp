@@ -14,7 +14,7 @@ constexpr int mostTries = 50;
 
 class Tries : public unit::CatalogueTest {
  protected:
-  /// Has another program write the catalogue anew just before each of the next `changes`
+  /// Makes another program write the catalogue again just before each of the next `changes`
   /// replacements, and counts all replacements.
   void interrupt(int changes) {
     desktop().onReplace = [this, changes] {

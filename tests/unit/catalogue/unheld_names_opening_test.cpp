@@ -108,7 +108,7 @@ TEST_F(RenamingUnheldNames, ARenamedFileIsListedInItsShortForm) {
   EXPECT_EQ(desktop().namesIn(L"C:\\My Data"), Texts{beetle + L".BI3"});
   EXPECT_EQ(catalogue(), record({"bi3", "C:\\My Data\\___~1.BI3", "1"}));
   EXPECT_EQ(rows(), Texts{L"___~1.BI3"});
-  // The entry works on: in another letter case, to a plain name, and to nothing.
+  // The entry can still be renamed: in another letter case, to a plain name, and to nothing.
   RenameCatalogueFile(view, L"\u0436\u0443\u043A.BI3");
   EXPECT_EQ(desktop().namesIn(L"C:\\My Data"), Texts{L"\u0436\u0443\u043A.BI3"});
   EXPECT_EQ(catalogue(), record({"bi3", "C:\\My Data\\___~1.BI3", "1"}));

@@ -1,4 +1,4 @@
-// What the flat look takes for what kind of control, and how it lets go of it.
+// How the flat look classifies controls, and how it detaches from them.
 #include "flatlook/flat_control.h"
 
 #include <optional>

@@ -46,7 +46,7 @@ class FlatControlTest : public FlatTest {
     screen().send(form, messages::command, (code << 16U) | 7U, static_cast<std::intptr_t>(from));
   }
 
-  /// How the text box at (10, 10) was drawn since the last look: "idle", "hot" or "".
+  /// How the text box at (10, 10) was drawn since the last call: "idle", "hot" or "".
   std::string boxLook() {
     const Pixels pixels = takePixels(form);
     if (pixels.empty()) {

@@ -1,4 +1,4 @@
-// What the tests of the flat look have in common.
+// Shared code of the tests of the flat look.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -19,7 +19,7 @@ using desktop::Edges;
 using desktop::screen;
 using desktop::WindowHandle;
 
-/// System colours that all differ, so that no ring can be taken for another.
+/// System colours that are all different, so that rings can be distinguished.
 inline constexpr std::uint32_t face = 0xD0D1D2;
 inline constexpr std::uint32_t shadow = 0x808182;
 inline constexpr std::uint32_t highlight = 0xF0F1F2;
@@ -46,14 +46,14 @@ class FlatTest : public ::desktop::DesktopTest {
                         form, style);
   }
 
-  /// The target that a control makes; it counts how often it was shrunk.
+  /// The target for a control; it counts how often it was shrunk.
   FlatTarget target(const std::wstring& type, WindowHandle window) {
     return {type, window, form, [this] { ++shrunk; }};
   }
 
   static void pointAt(int x, int y) { screen().cursor = {x + 100, y + 100}; }
   static bool timerRuns(WindowHandle window) { return screen().at(window).timers.contains(1); }
-  /// Takes what was drawn on a window since the last look.
+  /// Returns and removes what was drawn on a window since the last call.
   static Pixels takePixels(WindowHandle window) {
     return std::exchange(screen().at(window).pixels, {});
   }

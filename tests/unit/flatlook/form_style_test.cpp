@@ -50,7 +50,7 @@ class FormStyleTest : public FlatTest {
     window.locked.setLocked(true);
     screen().windowsOf[&window] = form;
     for (controls::Control* const control : window.controls()) {
-      // Labels have none.
+      // Labels have no window.
       if (control != &window.label) {
         const bool combo = control == &window.combo;
         screen().windowsOf[control] =
@@ -60,7 +60,7 @@ class FormStyleTest : public FlatTest {
     before = FlatControls().size();
   }
   ~FormStyleTest() override {
-    // The objects stay; their windows go.
+    // The objects stay; their windows are destroyed.
     screen().destroy(form);
     EXPECT_EQ(subclass::attachedMessages(), 0U);
   }

@@ -13,7 +13,7 @@ namespace native = platform::native;
 
 class FramesTest : public FlatTest {
  protected:
-  /// What a 3-D rectangle puts on the form.
+  /// Pixels that a 3-D rectangle draws on the form.
   Pixels rectangle(const Edges& rect, std::uint32_t topLeft, std::uint32_t bottomRight) {
     {
       native::LineCanvas canvas(form);
@@ -76,7 +76,7 @@ TEST_F(FramesTest, AFrameThatLeavesTheCoordinatesIsAnOverflowOnEverySide) {
         << place.left << " " << place.top;
     EXPECT_TRUE(takePixels(form).empty());
   }
-  // Two pixels further in there is just room for it.
+  // Two pixels further in, it just fits.
   for (const Edges& place :
        {Edges{least + 2, 10, least + 9, 20}, Edges{10, least + 2, 20, least + 9},
         Edges{most - 9, 10, most - 2, 20}, Edges{10, most - 9, 20, most - 2}}) {

@@ -1,4 +1,4 @@
-// Frames as the tests expect them: rings of pixels, drawn one over the other.
+// Expected frames of the tests: rings of pixels, drawn one over the other.
 #pragma once
 
 #include <cstdint>
@@ -9,11 +9,11 @@
 
 namespace flatlook::test {
 
-/// Pixels by place (x, y), as 0x00BBGGRR.
+/// Pixels by position (x, y), as 0x00BBGGRR.
 using Pixels = std::map<std::pair<int, int>, std::uint32_t>;
 
-/// Draws the ring of a rectangle in two colours, the way it is seen: the corner at the bottom left
-/// belongs to the left edge, the one at the top right to the right edge.
+/// Draws the visible ring of a rectangle in two colours: the bottom left corner belongs to the left
+/// edge, the top right corner to the right edge.
 inline void ring(Pixels& pixels, const platform::native::Edges& rect, std::uint32_t topLeft,
                  std::uint32_t bottomRight) {
   for (int x = rect.left; x < rect.right; ++x) {

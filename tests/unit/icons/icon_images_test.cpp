@@ -64,7 +64,7 @@ TEST(ImageOfSize, OfADamagedDirectoryIsNothing) {
 }
 
 TEST(UnpackedImage, With32BitsKeepsItsTransparency) {
-  // Stored from the lowest row up.
+  // Rows are stored from the lowest one up.
   const std::string image = bitmapHead(2, 32) + doubleWord(1) + doubleWord(2) +
                             doubleWord(0x80000003U) + doubleWord(green) + std::string(8, '\xFF');
   EXPECT_EQ(unpackedImage(image), (Picture{{2, 2}, {0x80000003U, green, 1, 2}}));
@@ -77,7 +77,7 @@ TEST(CompleteTransparency, WithoutTransparencyTheMaskCountsAndAPixelBeyondItIsLe
 }
 
 TEST(CompleteTransparency, BeyondAMaskThatIsTooShortEverythingIsLeftOut) {
-  // The memory behind the mask's end says "not clear" of every pixel.
+  // The memory after the end of the mask says "not transparent" for every pixel.
   std::vector<bool> mask(64, false);
   mask.resize(2);
   Picture picture{{4, 1}, {1, 2, 3, 4}};

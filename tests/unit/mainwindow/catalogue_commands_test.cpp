@@ -75,7 +75,7 @@ TEST_F(CatalogueCommandsTest, OkWithoutTypingPassesTheBlankOn) {
   desktop().inputAnswers = {std::nullopt};
   window.mnuRename.raiseClick();
   EXPECT_EQ(desktop().inputs.front().answer, L" ");
-  // The catalogue renames to what it makes of the blank; the old name is gone either way.
+  // The rename makes its own name of the blank; in any case the old name is gone.
   EXPECT_FALSE(desktop().has(L"C:\\Data\\Ridge.fp3"));
   EXPECT_NE(desktop().journal().size(), 1U);
 }

@@ -104,7 +104,7 @@ TEST_F(ColumnClickTest, ASortKeyTooLargeForSixteenBitsIsAnOverflow) {
   list.raiseColumnClick(32769);
   EXPECT_EQ(desktop().errorReports, std::vector<int>{6});
   EXPECT_EQ(desktop().messages.front().text, L"Run-time error '6':\r\n\r\nOverflow");
-  // The steps behind the failing one did not happen.
+  // The steps after the failing one did not happen.
   EXPECT_FALSE(list.sorted());
   EXPECT_EQ(list.sortKey(), 0);
   EXPECT_EQ(list.sortOrder(), ascending);

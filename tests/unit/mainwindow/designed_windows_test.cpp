@@ -1,5 +1,5 @@
-// What every window is made of: names and ids of its controls in their order, what they say, and
-// their pictures. Ids, names and spoken names are relied on from outside.
+// The contents of every window: names and ids of its controls in their order, their texts and their
+// pictures. Tests and assistive programs outside rely on ids, names and spoken names.
 #include <gtest/gtest.h>
 
 #include <string>

@@ -23,7 +23,7 @@ using platform::Size;
 constexpr Size smallest{420, 300};
 constexpr std::array dpis{96, 120, 144, 168, 192, 288};
 
-/// What a tab control would measure: a row of tabs above, a thin frame around.
+/// Simulates a tab control: a row of tabs above, a thin frame around.
 MeasuredParts partsAt(int dpi) {
   return {scaled(46, dpi), [dpi](const Rect& bounds) {
             const int frame = scaled(3, dpi);

@@ -252,7 +252,7 @@ TEST_F(MainWindowTest, ATitleChangedElsewhereDoesNotSurviveTheNextActivation) {
   EXPECT_EQ(window.caption(), L"Quillmark Suite 3 Gateway");
 }
 
-// --- for people without a mouse or a screen ---
+// --- keyboard and screen reader ---
 
 TEST_F(MainWindowTest, EveryControlCanBeTold) {
   for (const controls::Control* const control : window.controls()) {

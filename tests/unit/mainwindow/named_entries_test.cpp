@@ -1,5 +1,5 @@
-// The entry that a question named: a file that comes back, equal entries, another choice, a list
-// that could not be read.
+// The entry that a question named: a file that exists again, equal entries, another selection, a
+// list that could not be read.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -17,7 +17,7 @@ using unit::Texts;
 
 using NamedEntries = unit::QuestionBench;
 
-// --- a file that comes back ---
+// --- a file that exists again ---
 
 TEST_F(NamedEntries, AFileThatIsBackBeforeTheAnswerStaysAndOnlyItsEntryGoes) {
   meanwhile = [] { desktop().putFile(L"D:\\Birch.bi3", "the work of a summer"); };
@@ -104,7 +104,7 @@ TEST_F(NamedEntries, EqualWebShortcutsAreToldApartByTheirOrder) {
   EXPECT_EQ(webList(), atlas + clock + record({"Sundial", "http://clock"}));
 }
 
-// --- a list that could not be read whole ---
+// --- a list that could not be read completely ---
 
 TEST_F(NamedEntries, AWebListThatCouldNotBeReadDoesNotBecomeTheFile) {
   main.TabMain.raiseSwitch(frmQMK::web);

@@ -71,7 +71,8 @@ TEST(Placement, OfTwoScreensThatHoldAsMuchOfItTheFirstGetsIt) {
 }
 
 TEST(Placement, BesideAScreenAtItsHeightItIsNotOnIt) {
-  // As high as the second screen, but left of both; above and left of the second even more so.
+  // The first is at the height of the second screen but left of both; the second is above and left
+  // of both.
   EXPECT_EQ(broughtOntoScreen({-2000, 1100, 800, 600}, stackedScreens), (Rect{0, 384, 800, 600}));
   EXPECT_EQ(broughtOntoScreen({-2000, -2000, 800, 600}, {{0, 0, 500, 500}, {900, 900, 800, 700}}),
             (Rect{0, 0, 500, 500}));

@@ -1,5 +1,5 @@
-// What becomes of a question about an entry when something else happens before its answer: every
-// question with every such thing.
+// What happens to a question about an entry when something else happens before its answer: every
+// question with every such event.
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -21,13 +21,13 @@ using unit::record;
 using unit::shortcuts;
 using unit::Texts;
 
-/// Something that asks about the middle entry of a list and acts on it.
+/// A command that asks about the middle entry of a list and acts on it.
 struct Question {
   std::string name;
   std::wstring entry;  ///< As the list shows it.
-  /// Asks, lets `happen` run while the question is up, and confirms it.
+  /// Asks, calls `happen` while the question is open, and confirms it.
   std::function<void(QuestionBench&)> ask;
-  /// Whether what was asked for has been done to the entry.
+  /// Whether the requested change has been made to the entry.
   std::function<bool()> done;
   bool modal = true;
 };
@@ -92,25 +92,25 @@ const std::vector<Question>& questions() {
   return all;
 }
 
-/// What becomes of the question.
+/// The result of the question.
 enum class Outcome {
-  done,    ///< What was asked for is done to the entry that was named.
-  gone,    ///< The entry is said to be gone, and nothing is touched.
-  lapsed,  ///< Nothing is done and nothing said.
+  done,    ///< The requested change is made to the named entry.
+  gone,    ///< The entry is reported as gone, and nothing changes.
+  lapsed,  ///< Nothing changes and nothing is shown.
 };
 
-/// Something that happens while a question is up.
+/// An event while a question is open.
 struct Event {
   std::string name;
   std::function<void(QuestionBench&)> happen;
-  Outcome modal = Outcome::done;     ///< Of a question that is answered in a box.
-  Outcome modeless = Outcome::done;  ///< Of the web shortcut dialog.
+  Outcome modal = Outcome::done;     ///< Result for a question in a message or input box.
+  Outcome modeless = Outcome::done;  ///< Result for the web shortcut dialog.
 };
 
 void takeEntries(QuestionBench& bench) {
   bench.putCatalogue(bench.alder + bench.cedar);
   bench.putWebList(bench.atlas + bench.clock);
-  // Not deleted: moved to where the list does not look.
+  // Not deleted but moved out of the list's folder.
   desktop().take(shortcuts + L"Burner.lnk");
   bench.reload();
 }
@@ -201,7 +201,7 @@ const std::vector<Event>& events() {
          desktop().answers = {Answer::no};
          EXPECT_FALSE(bench.program().raiseClose(UnloadMode::user));
        }},
-      // A box was confirmed before its window went; the dialog goes with it.
+      // The box was confirmed before its window closed; the dialog closes with the window.
       {"AClose",
        [](QuestionBench& bench) {
          desktop().answers = {Answer::yes};

@@ -24,7 +24,7 @@ constexpr const wchar_t* filePrompt = L"input Rename file  A.FP3\rType: Fuel Pro
 constexpr const wchar_t* fileQuestion = L"message Are your sure you want to delete A.FP3";
 constexpr const wchar_t* webQuestion = L"message Are your sure you want to delete WEATHER";
 
-/// Every list has an entry, and every question is refused, so that the journal tells which command
+/// Every list has an entry and every question is refused, so that the journal shows which command
 /// ran and nothing else changes.
 class RoutingTest : public MainWindowTest {
  protected:
@@ -37,7 +37,7 @@ class RoutingTest : public MainWindowTest {
     desktop().clearJournal();
   }
 
-  /// What the journal has after a command that is refused wherever it asks.
+  /// The journal after a command whose questions are all refused.
   std::vector<std::wstring> refused(const std::function<void()>& command) {
     desktop().clearJournal();
     desktop().answers = {Answer::no};

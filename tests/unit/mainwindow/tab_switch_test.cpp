@@ -21,7 +21,7 @@ constexpr std::array<const char*, tabCount> tabNames{"Tools", "Open", "New", "We
 template <class T>
 using Three = std::array<T, 3>;
 using Text = std::optional<std::wstring>;
-/// A cell that keeps what the tab before it left there.
+/// A cell that keeps what the previous tab left there.
 constexpr std::nullopt_t unchanged = std::nullopt;
 
 struct TabRow {
@@ -43,7 +43,7 @@ const std::array<TabRow, tabCount> table{{
      {L"Create Web Shortcut", L"Rename Web Shortcut", L"Delete Web Shortcut"}},
 }};
 
-/// Everything that a switch may set.
+/// Everything that a switch of the tab may set.
 struct Shown {
   int current = 0;
   Three<bool> buttonEnabled{true, true, true};
@@ -163,7 +163,7 @@ class TabSwitchTest : public MainWindowTest {
 
 TEST_F(TabSwitchTest, BeforeTheFirstSwitchEverythingIsAsDesigned) { EXPECT_EQ(shown(), expected); }
 
-// --- all twelve ways from one tab to another ---
+// --- all twelve switches from one tab to another ---
 
 using Pair = std::tuple<int, int>;
 
@@ -247,7 +247,7 @@ TEST_F(TabSwitchTest, LongWalksWithViewCommandsInBetweenFollowTheTable) {
   }
 }
 
-// --- what the table's corners mean ---
+// --- special cases of the table ---
 
 TEST_F(TabSwitchTest, NewDisablesTheCommandsButKeepsTheCreateToolTipOfTools) {
   switchTo(frmQMK::web);
@@ -290,7 +290,7 @@ TEST_F(TabSwitchTest, WebShowsItsReportEvenIfIconsWereChosenThereLast) {
   EXPECT_TRUE(window.mnuList.checked());
   EXPECT_FALSE(window.mnuIcon.checked());
   EXPECT_EQ(window.barMain.button(L"List").value, 1);
-  // What it remembers is still the icons.
+  // Its stored mode is still the icon view.
   EXPECT_EQ(window.lstQMK[frmQMK::web].tag(), L"0");
 }
 

@@ -1,4 +1,4 @@
-// The contract of platform/files.h, kept by the disk in memory.
+// The contract of platform/files.h, tested on the in-memory disk.
 #include <gtest/gtest.h>
 
 #include <string>

@@ -1,4 +1,4 @@
-// Paths, wildcards and directory searches on the disk in memory.
+// Paths, wildcards and directory searches on the in-memory disk.
 #include <gtest/gtest.h>
 
 #include <string>

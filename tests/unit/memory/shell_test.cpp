@@ -28,7 +28,7 @@ using dialogs::MessageStyle;
 
 class MemoryShellTest : public ::desktop::DesktopTest {
  protected:
-  /// Collects mistakes, where a test makes them on purpose.
+  /// Collects the reported mistakes, for tests that make them on purpose.
   void expectMistakes() {
     desktop().onMistake = [this](const std::string& what) { mistakes.push_back(what); };
   }

@@ -9,7 +9,8 @@
 namespace platform::bytes {
 namespace {
 
-/// Bytes that are often the ones looked for or their neighbours, at every place of a word.
+/// Random bytes that are often the ones searched for, or their neighbours, at every position of a
+/// word.
 std::string someBytes(std::mt19937& random) {
   const std::string choice("\n\r\x0B\x0C\x00\x01\xFF\x8A\x8D\x7F,,", 12);
   std::string bytes(random() % 40, 'x');

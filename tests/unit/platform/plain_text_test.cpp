@@ -10,8 +10,8 @@
 namespace platform::text {
 namespace {
 
-/// Texts of few characters, so that they often agree: both cases, the neighbours of the alphabet,
-/// and characters that are not plain, among them those that look like a plain one to some.
+/// Texts of few characters, so that they are often equal: both letter cases, the neighbours of the
+/// alphabet, and characters that are not plain, some of which look like plain ones.
 std::wstring someText(std::mt19937& random) {
   const std::wstring units = L"aAzZ@[`{\\ \u00E4\u00C4\u0131\u017F\u00B5\u20AC\u0160";
   std::wstring text(random() % 6, L' ');

@@ -19,7 +19,7 @@ using Events = std::vector<std::string>;
 constexpr unsigned first = 100;
 constexpr unsigned second = 200;
 
-/// Writes its calls into a journal that it shares with others.
+/// Records its calls in a journal that it shares with others.
 class Listener : public ISubclass {
  public:
   Listener(std::string name, Events& events, int response = response::before)
@@ -247,7 +247,7 @@ TEST_F(SubclassTest, AnObjectThatAnotherDestroysWhenTheWindowGoesIsNotTold) {
 TEST_F(SubclassTest, AWindowDestroyedByItsOwnHandlingIsNotHeardOfAgain) {
   Listener after("after", events, response::after);
   attachMessage(after, window, first);
-  // The procedure goes with the window, so that it has to be a copy that runs.
+  // The procedure is destroyed with the window, so it runs as a copy.
   const WindowHandle going = window;
   Events& journal = events;
   screen().at(window).procedure = nullptr;

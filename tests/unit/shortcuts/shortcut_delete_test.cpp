@@ -24,7 +24,7 @@ class ShortcutDeleteTest : public ShortcutsTest {
     desktop().answers = {Answer::yes};
   }
 
-  /// Puts and lists a shortcut, and selects it.
+  /// Creates a shortcut, lists it and selects it.
   void choose(const std::wstring& fileName) {
     putShortcut(fileName);
     load();

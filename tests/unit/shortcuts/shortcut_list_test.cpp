@@ -23,7 +23,7 @@ constexpr std::uint32_t green = 0xFF11CC22;
 
 class ShortcutListTest : public ShortcutsTest {
  protected:
-  /// Whether a picture is there and every pixel has that colour; 0 is the blank one.
+  /// Whether the picture exists and every pixel has that colour; 0 is the blank picture.
   bool shows(std::size_t size, const std::wstring& key, std::uint32_t colour) {
     const auto& images = window.imgShortCut.at(size);
     const auto index = images.indexOf(key);
@@ -189,7 +189,7 @@ TEST_F(ShortcutListTest, ATargetWithoutAnIconGivesABlankPicture) {
 
   LoadShortcutList(window.shortcuts);
 
-  // Nothing of the program drawn before them shines through.
+  // No part of the program that was drawn before is visible.
   ASSERT_EQ(list.count(), 3U);
   for (const std::size_t size : {0U, 1U}) {
     EXPECT_TRUE(shows(size, L"Text.lnk", 0)) << size;
@@ -253,7 +253,7 @@ TEST_F(ShortcutListTest, AResizeAloneDrawsNoIcons) {
   EXPECT_TRUE(desktop().iconsAsked.empty());
 }
 
-// --- what a rebuild does to the view ---
+// --- the effect of a rebuild on the view ---
 
 TEST_F(ShortcutListTest, ARebuildShowsLargeIconsWhateverTheUserChose) {
   putShortcut(L"Notes.lnk");
@@ -278,7 +278,8 @@ TEST_F(ShortcutListTest, AFailureStopsTheRebuildAndTheItemsAddedBeforeItStay) {
   }
   LoadShortcutList(window.shortcuts);
   putShortcut(L"Four.lnk");
-  // The folder is searched first; each shortcut has its target read and an icon made at two sizes.
+  // The folder is searched first. For each shortcut the target is read and an icon is drawn in two
+  // sizes.
   constexpr int searches = 1;
   constexpr int looksPerShortcut = 3;
   const int all = searches + 4 * looksPerShortcut;
@@ -292,7 +293,7 @@ TEST_F(ShortcutListTest, AFailureStopsTheRebuildAndTheItemsAddedBeforeItStay) {
     const Texts names{L"One", L"Two", L"Three", L"Four"};
     EXPECT_EQ(listed(), Texts(names.begin(), names.begin() + static_cast<std::ptrdiff_t>(before)));
     EXPECT_EQ(desktop().errorReports, std::vector<int>{platform::error::outOfMemory});
-    // Nothing that would follow the failing step happens.
+    // Nothing after the failing step happens.
     EXPECT_EQ(list.view(), controls::reportView);
     desktop().faults().failNothing();
     LoadShortcutList(window.shortcuts);
@@ -304,7 +305,7 @@ TEST_F(ShortcutListTest, AnImageThatCannotBeAddedStopsTheRebuildWithItsError) {
   putShortcut(L"One.lnk");
   putShortcut(L"Two.lnk");
   putShortcut(L"Three.lnk");
-  // Another program's picture takes the key while the icons are read.
+  // While the icons are read, another picture takes the key.
   desktop().onIcon = [this](const std::wstring& /*program*/) {
     if (window.imgShortCut[0].images().size() == 1 && !window.imgShortCut[0].indexOf(L"Two.lnk")) {
       window.imgShortCut[0].addResource(L"Two.lnk", L"taken");

@@ -1,4 +1,4 @@
-// The shortcuts of the suite's own tools, as every start leaves them.
+// The shortcuts of the suite's own tools after a start.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -24,8 +24,8 @@ using Names = std::vector<std::wstring>;
 struct ToolRow {
   const wchar_t* shortcut;
   const wchar_t* executable;
-  /// A name that a target must have to keep the shortcut of a tool that is not installed; nullptr
-  /// when no target keeps it.
+  /// The target name that keeps the shortcut of a tool that is not installed; nullptr when no
+  /// target keeps it.
   const wchar_t* keeps;
 };
 
@@ -56,7 +56,7 @@ class ProvisioningTest : public desktop::DesktopTest {
       install(tool.executable);
     }
   }
-  /// A shortcut that the program did not write itself just now.
+  /// A shortcut that the program has not just written itself.
   static void putShortcut(const std::wstring& shortcut, const std::wstring& target) {
     desktop().putLink(pathOf(shortcut), linkTo(target));
   }
@@ -373,7 +373,7 @@ TEST_F(ProvisioningTest, WithoutAMeansOfWritingShortcutsItEndsWithThatError) {
 TEST_F(ProvisioningTest, EveryErrorBehindTheObsoleteShortcutsComesThrough) {
   installAll();
   ProvisionToolShortcuts();
-  // Two tries to delete, then six shortcuts of which three are deleted before they are written.
+  // Two attempts to delete, then six shortcuts, three of which are deleted before they are written.
   constexpr int ignored = 2;
   constexpr int all = ignored + 6 + 3;
   for (int n = 1; n <= all; ++n) {

@@ -1,5 +1,5 @@
-// Where the parts of the splash window stand, their fonts and colours. In memory a character is 7
-// pixels wide and 15 high at 9 points.
+// Positions, fonts and colours of the splash window's parts. On the in-memory desktop a character
+// is 7 pixels wide and 15 high at 9 points.
 #include <gtest/gtest.h>
 
 #include "platform/desktop_test.h"

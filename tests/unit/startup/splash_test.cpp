@@ -30,7 +30,8 @@ class SplashTest : public desktop::DesktopTest {
 
   [[nodiscard]] int opacity() const { return splash.opacity().value_or(-1); }
 
-  /// Lets time pass until the splash has gone; the milliseconds that it took. A minute must do.
+  /// Lets time pass until the splash is gone, for at most a minute. Returns the milliseconds that
+  /// it took.
   int timeUntilGone() {
     int passed = 0;
     while (splash.loaded() && passed < 60'000) {
@@ -322,7 +323,7 @@ TEST_F(SplashTest, WithoutTheDisplayTimerEachFiveSecondsLowerTheLevel) {
   EXPECT_FALSE(splash.loaded());
 }
 
-// --- its face ---
+// --- its look ---
 
 TEST_F(SplashTest, LabelsStandInsideThePictureAndApart) {
   splash.load();

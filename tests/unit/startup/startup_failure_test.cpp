@@ -1,6 +1,6 @@
 #include <iostream>
 #include "platform/text.h"
-// What a start survives, and what ends it.
+// Which failures end a start, and which do not.
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -18,8 +18,8 @@ using modSystem::Gateway;
 
 class StartupFailureTest : public StartupTest {
  protected:
-  /// A first start on a fresh system whose n-th call that can fail does so. True when the call
-  /// came behind the showing of the main window.
+  /// A first start on a fresh system whose n-th call that can fail does fail. True when the call
+  /// came after the main window was shown.
   bool failsBehindMainWindow(int n, int number) {
     gateway.reset();
     desktop().reset();
@@ -156,7 +156,7 @@ TEST_F(StartupFailureTest, ACatalogueThatCannotBeReadIsReportedAndTheNextStepsSt
 
   EXPECT_TRUE(gateway->start());
 
-  // The view tells of it in its own words; the refresh has no trap.
+  // The view shows its own message; the refresh has no trap.
   ASSERT_EQ(desktop().messages.size(), 2U);
   EXPECT_EQ(desktop().messages.front().text,
             L"Problem building QMK file list\rLocation: 2\r70-Permission denied");
@@ -195,7 +195,7 @@ TEST_F(StartupFailureTest, AnErrorInAnyCallBeforeTheMainWindowIsReportedOnce) {
   for (int n = 1; n <= all; ++n) {
     SCOPED_TRACE(n);
     if (failsBehindMainWindow(n, 75)) {
-      // What the steps behind it say of an error is told by other tests.
+      // Other tests check the messages of the steps after it.
       desktop().messages.clear();
       continue;
     }

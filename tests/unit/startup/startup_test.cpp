@@ -50,7 +50,7 @@ TEST_F(StartupTest, TheStepsRunInTheirOrder) {
   EXPECT_TRUE(desktop().messages.empty());
 }
 
-/// What has happened when the window system runs.
+/// The state at each pass over the pending messages.
 struct Moment {
   bool splashLoaded;
   bool mainShown;
@@ -83,7 +83,7 @@ TEST_F(StartupTest, EachPassOfTheWindowSystemSeesWhatTheStepsBeforeItDid) {
 
   EXPECT_TRUE(gateway->start());
 
-  // Only the example is catalogued until the refresh at the very end finds the other file.
+  // Only the example is in the catalogue until the refresh at the very end finds the other file.
   const std::vector<Moment> expected{
       {false, false, 0, 0, 0, 0, 0, false}, {true, false, 5, 0, 0, 0, 0, false},
       {false, true, 5, 0, 0, 0, 0, false},  {false, true, 5, 1, 1, 4, 0, false},
@@ -131,7 +131,7 @@ TEST_F(StartupTest, AClickOnTheSplashAtOnceBringsTheMainWindowAfterPointSixSecon
 
 TEST_F(StartupTest, ToolsIsInFrontAtTheEndWhateverTheUserChoseMeanwhile) {
   desktop().onPump = [this] {
-    // The last pass comes behind the step that brings Tools to the front.
+    // The last pass comes after the step that makes Tools the current tab.
     if (gateway->main.visible() && desktop().pumps < 5) {
       gateway->main.TabMain.raiseSwitch(frmQMK::web);
     }

@@ -19,7 +19,7 @@ class CatalogueTest : public LoadedMainWindow {
   static void putCatalogue(const std::string& bytes) {
     desktop::desktop().putFile(catalogueFile, bytes);
   }
-  /// What the catalogue holds, "(none)" when there is none.
+  /// Contents of the catalogue, "(none)" when it does not exist.
   [[nodiscard]] static std::string catalogue() { return bytesOf(catalogueFile); }
 
   /// A data file of the data folder, last modified on 16 November 2026 at 2:30:15 PM.

@@ -1,4 +1,4 @@
-// What tests say about operations that raise.
+// Checks of operations that raise errors.
 #pragma once
 
 #include <string>
@@ -16,7 +16,7 @@ template <class Operation>
   return 0;
 }
 
-/// File or folder that the run-time error of `operation` names, "no error" when it raises none.
+/// Path of the file or folder in the run-time error of `operation`, "no error" when it raises none.
 template <class Operation>
 [[nodiscard]] std::wstring pathNamedBy(Operation operation) {
   try {

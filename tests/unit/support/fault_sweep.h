@@ -13,26 +13,26 @@
 
 namespace unit {
 
-/// What one run of an operation met with.
+/// The fault of one run of an operation.
 struct Fault {
-  bool happened = false;  ///< False in the last run, in which all went well.
+  bool happened = false;  ///< False in the last run, which has no fault.
   int number = 0;         ///< Number of the error that the call raised.
-  std::wstring call;      ///< The call that failed, as the journal has it.
+  std::wstring call;      ///< The journal's line of the call that failed.
   [[nodiscard]] bool was(const std::wstring& beginning) const {
     return happened && call.starts_with(beginning);
   }
 };
 
-/// What a list file may hold after a run, and what has to be said about it, is up to the test.
+/// The test itself checks the list files and the messages after each run.
 struct Sweep {
   std::function<void()> prepare;
   std::function<void()> operation;
   std::function<void(const Fault&)> check;
 };
 
-/// Runs the operation once for each of its platform calls, with that call failing, and at last
-/// once without a failure; and all this for several error numbers. `calls` is the number of calls
-/// that the operation has at least.
+/// Runs the operation once for each of its platform calls, with that call failing, and finally once
+/// without a failure. Repeats this for several error numbers. The operation must have at least
+/// `calls` calls.
 inline void sweepFaults(int calls, const Sweep& sweep) {
   constexpr int mostCalls = 100;
   for (const int number : {57, 61, 70, 75}) {

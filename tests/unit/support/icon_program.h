@@ -1,4 +1,4 @@
-// Program files with icons, made up byte by byte.
+// Builds program files with icons, byte by byte.
 #pragma once
 
 #include <cstddef>
@@ -21,7 +21,7 @@ inline std::string number(std::uint32_t value, std::size_t bytes) {
 inline std::string word(std::uint32_t value) { return number(value, 2); }
 inline std::string doubleWord(std::uint32_t value) { return number(value, 4); }
 
-/// Head of a bitmap of `side` x `side` pixels, as it stands before an icon's pixels.
+/// Header of a bitmap of `side` x `side` pixels, as it precedes an icon's pixels.
 inline std::string bitmapHead(std::uint32_t side, std::uint32_t bits, std::uint32_t colours = 0) {
   return doubleWord(40) + doubleWord(side) + doubleWord(2 * side) + word(1) + word(bits) +
          std::string(16, '\0') + doubleWord(colours) + doubleWord(0);
@@ -60,8 +60,8 @@ struct Resource {
   std::uint32_t languages = 1;
 };
 
-/// The tree of the resources, which stands at `address` in the loaded program. Each has its type
-/// to itself or shares it with those around it.
+/// The resource tree, which is at `address` in the loaded program. Each resource has a type of its
+/// own or shares it with its neighbours.
 inline std::string resourceTree(const std::vector<Resource>& resources, std::uint32_t address) {
   constexpr std::uint32_t branch = 0x80000000U;
   constexpr std::uint32_t head = 16;
@@ -114,7 +114,7 @@ inline std::string resourceTree(const std::vector<Resource>& resources, std::uin
   return root + names + languages + leaves + data;
 }
 
-/// A program file whose only section holds these resources. `wide` is one for 64 bits.
+/// A program file whose only section has these resources. `wide` means a 64-bit program.
 inline std::string program(const std::vector<Resource>& resources, bool wide = true) {
   constexpr std::uint32_t address = 0x1000;
   const std::string tree = resourceTree(resources, address);

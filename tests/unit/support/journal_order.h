@@ -1,4 +1,4 @@
-// Questions to the journal of the in-memory desktop.
+// Checks of the in-memory desktop's journal.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -9,7 +9,7 @@
 
 #include "platform/desktop.h"
 
-/// Checks that the journal has these lines in this order, whatever stands between them.
+/// Checks that the journal has these lines in this order; other lines may be in between.
 inline void expectInOrder(const std::vector<std::wstring>& lines) {
   const auto& journal = desktop::desktop().journal();
   auto from = journal.begin();

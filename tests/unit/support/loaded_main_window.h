@@ -1,4 +1,4 @@
-// What the tests of the list files ask of the main window.
+// Helpers of the tests of the list files for the main window.
 #pragma once
 
 #include <functional>
@@ -42,10 +42,10 @@ class LoadedMainWindow : public MainWindowTest {
     ADD_FAILURE() << "no such item";
   }
 
-  /// Has another program do something to the list file just before the next replacement.
+  /// Calls `action`, like another program, just before the next replacement of a list file.
   static void atNextReplacement(const std::function<void()>& action) {
     desktop::desktop().onReplace = [action] {
-      // Taken out first: what runs goes away with the hook.
+      // A copy, because resetting the callback destroys the function that is running.
       const auto once = action;
       desktop::desktop().onReplace = nullptr;
       once();

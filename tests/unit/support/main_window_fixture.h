@@ -1,4 +1,4 @@
-// The main window as the start-up sequence shows it, before anything fills its lists.
+// The main window as start-up shows it, before its lists are filled.
 #pragma once
 
 #include <string>
@@ -8,8 +8,8 @@
 #include "platform/desktop_test.h"
 #include "startup/paths.h"
 
-/// Folders made, main window loaded, set up and shown, watch timer still off; the journal begins
-/// behind that.
+/// The folders exist; the main window is loaded, set up and shown; the watch timer is off. The
+/// journal begins after that.
 class MainWindowTest : public desktop::DesktopTest {
  protected:
   MainWindowTest() {

@@ -1,4 +1,5 @@
-// Lists with an entry that is asked about, and something that happens before the answer.
+// The fixture for questions: lists with an entry that is asked about, and an event before the
+// answer.
 #pragma once
 
 #include <functional>
@@ -18,7 +19,7 @@ using platform::dialogs::Answer;
 
 inline const std::wstring shortcuts = L"C:\\Users\\Ann\\Documents\\My QMKExtra3\\ShortCuts\\";
 
-/// Three entries in each list, of which the middle one is selected and asked about.
+/// Three entries in each list; the middle one is selected and asked about.
 class QuestionBench : public LoadedMainWindow {
  protected:
   QuestionBench() {
@@ -65,7 +66,7 @@ class QuestionBench : public LoadedMainWindow {
     return desktop().has(shortcuts + name + L".lnk");
   }
   [[nodiscard]] Texts names() const { return textsOf(main.lstQMK[frmQMK::web]); }
-  /// Whether no entry but the one asked about has lost its file.
+  /// Whether all entries except the one asked about still have their files.
   static bool othersAreThere() {
     return hasData(L"Alder.bi3") && hasData(L"Cedar.bi3") && hasShortcut(L"Adder") &&
            hasShortcut(L"Cutter");
@@ -77,7 +78,7 @@ class QuestionBench : public LoadedMainWindow {
     main.lstQMK[frmQMK::tools].raiseKey({keys::f5});
     main.lstQMK[frmQMK::web].raiseKey({keys::f5});
   }
-  /// Texts of the messages that are no questions.
+  /// Texts of the messages that are not questions.
   static Texts told() {
     Texts texts;
     for (const auto& message : desktop().messages) {
@@ -87,7 +88,7 @@ class QuestionBench : public LoadedMainWindow {
     }
     return texts;
   }
-  /// What happens before the answer.
+  /// Called once before the answer.
   std::function<void()> meanwhile;
   void happen() {
     if (const auto once = std::exchange(meanwhile, nullptr)) {
@@ -96,7 +97,7 @@ class QuestionBench : public LoadedMainWindow {
   }
 };
 
-/// Renames the selected entry of a tab that asks in an input box.
+/// Renames the selected entry of a tab whose rename uses an input box.
 inline void answerWith(QuestionBench& bench, int tab, const std::wstring& name) {
   bench.program().TabMain.raiseSwitch(tab);
   desktop().inputAnswers = {name};

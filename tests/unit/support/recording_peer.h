@@ -1,4 +1,4 @@
-// A peer that writes down what its control tells it.
+// A peer that records its control's notifications.
 #pragma once
 
 #include <utility>
@@ -16,7 +16,7 @@ class RecordingPeer : public controls::Peer {
   ~RecordingPeer() override { control_.attach(nullptr); }
 
   void changed(controls::Change change) override { changes_.push_back(change); }
-  /// The changes since the last look.
+  /// The changes since the last call.
   std::vector<controls::Change> take() { return std::exchange(changes_, {}); }
 
  private:

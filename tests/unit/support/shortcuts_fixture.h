@@ -22,7 +22,7 @@ class ShortcutsTest : public MainWindowTest {
     desktop::desktop().putLink(pathOf(fileName), linkTo(target));
   }
 
-  /// Fills the list from the folder; the journal begins behind that.
+  /// Fills the list from the folder; the journal begins after that.
   void load() {
     modSC::LoadShortcutList(window.shortcuts);
     desktop::desktop().clearJournal();
@@ -47,7 +47,8 @@ class ShortcutsTest : public MainWindowTest {
     return texts;
   }
 
-  /// Makes the next reload visible: a shortcut that is on the disk, but not yet in the list.
+  /// Makes the next reload detectable: creates a shortcut that is on the disk but not yet in the
+  /// list.
   void putUnlisted() { putShortcut(L"Unlisted.lnk"); }
   [[nodiscard]] bool reloaded() const {
     for (std::size_t i = 0; i < list.count(); ++i) {

@@ -1,4 +1,4 @@
-// A disk as a first start finds it, and the program that starts on it.
+// The disk before a first start, and the program.
 #pragma once
 
 #include <memory>

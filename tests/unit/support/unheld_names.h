@@ -7,7 +7,7 @@
 
 namespace unit {
 
-// Beetle and beech in Cyrillic letters; the latter reads like the former in the list.
+// "Beetle" and "beech" in Cyrillic letters; the list shows both in the same way.
 inline const std::wstring beetle = L"\u0416\u0443\u043A";
 inline const std::wstring beech = L"\u0411\u0443\u043A";
 inline const std::wstring japanese = L"\u65E5\u672C\u8A9E";
@@ -30,7 +30,7 @@ class UnheldNamesTest : public unit::CatalogueTest {
       desktop::desktop().putProgram(folder + L"\\" + tool);
     }
   }
-  /// Its catalogue, and what that holds.
+  /// The catalogue in that folder, and its contents.
   [[nodiscard]] static std::wstring listFile() {
     return desktop::desktop().applicationFolder + L"\\QMKFileList3.txt";
   }

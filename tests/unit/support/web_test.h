@@ -1,4 +1,4 @@
-// The web list in the main window, with the Web tab in front.
+// The web list in the main window; the Web tab is the current one.
 #pragma once
 
 #include <string>
@@ -21,7 +21,7 @@ class WebTest : public LoadedMainWindow {
   static void putWebList(const std::string& bytes) {
     desktop::desktop().putFile(webListFile, bytes);
   }
-  /// What the web list file holds, "(none)" when there is none.
+  /// Contents of the web list file, "(none)" when it does not exist.
   [[nodiscard]] static std::string webList() { return bytesOf(webListFile); }
 
   [[nodiscard]] Texts names() const { return textsOf(main.lstQMK[frmQMK::web]); }

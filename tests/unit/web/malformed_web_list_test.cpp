@@ -1,5 +1,5 @@
-// Web lists as the program does not write them: what is sound shows, and what an operation is not
-// about stays, byte for byte.
+// Web lists that the program does not write: valid records are shown, and records that an operation
+// does not concern keep their bytes.
 #include <gtest/gtest.h>
 
 #include "unit/support/web_test.h"

@@ -1,5 +1,5 @@
-// Where the parts of the web shortcut dialog stand. In memory a character is 7 pixels wide and 15
-// high at 9 points.
+// Positions of the web shortcut dialog's parts. On the in-memory desktop a character is 7 pixels
+// wide and 15 high at 9 points.
 #include <gtest/gtest.h>
 
 #include "platform/windows.h"

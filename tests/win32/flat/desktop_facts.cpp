@@ -26,14 +26,14 @@ Value valueAt(std::uintptr_t address) {
   return *std::bit_cast<const Value*>(address);
 }
 
-/// The table, found by way of the blocks that describe the thread and the process.
+/// The GDI table, found through the blocks that describe the thread and the process.
 const GdiTable* gdiTable() {
   constexpr std::uintptr_t processInThread = 0x60;
 #ifdef _WIN64
   const std::uintptr_t process = __readgsqword(processInThread);
   return valueAt<const GdiTable*>(process + harness::gdiTableInBlock);
 #else
-  // A 32-bit program on a 64-bit system: the blocks of the 64-bit side hold it, and their
+  // For a 32-bit program on a 64-bit system, the table is in the blocks of the 64-bit side. Their
   // addresses fit into 32 bits.
   constexpr unsigned long otherThreadInThread = 0xF70;
   if (const std::uintptr_t thread = __readfsdword(otherThreadInThread); thread != 0) {
@@ -90,7 +90,7 @@ void pump() {
     TranslateMessage(&message);
     DispatchMessageW(&message);
     if (message.message == WM_TIMER) {
-      // A timer is always waiting on a busy machine.
+      // On a busy machine there is always a timer message waiting.
       return;
     }
   }

@@ -1,4 +1,4 @@
-// What the tests ask of the desktop, and change about it.
+// What these tests read from the real desktop and change about it.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -15,8 +15,8 @@ namespace flat_tests {
 using flatlook::test::Pixels;
 using platform::native::Edges;
 
-/// System colours that all differ, so that no ring can be taken for another; the former ones come
-/// back at the end of this object.
+/// Sets system colours that are all different, so that rings can be distinguished. Restores the
+/// former colours at the end.
 class DistinctColours {
  public:
   DistinctColours();
@@ -75,12 +75,12 @@ template <class Condition>
 /// system tells a window only of a pointer that moves.
 class Pointer {
  public:
-  /// Out of the way of everything.
+  /// Moves the pointer away from everything.
   Pointer() { park(); }
   void park();
   /// Over the middle of a window.
   void moveTo(HWND window);
-  /// Puts it back to its place, or one pixel beside.
+  /// Puts the pointer back to its position, or one pixel beside it.
   void hold();
 
  private:

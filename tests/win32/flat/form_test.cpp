@@ -1,4 +1,4 @@
-// The flat look of a whole window of the program's own kind.
+// The flat look of a whole window of the program's own class.
 #include <gtest/gtest.h>
 
 #include <array>

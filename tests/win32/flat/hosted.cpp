@@ -131,7 +131,7 @@ LRESULT CALLBACK Host::procedure(HWND window, UINT message, WPARAM first, LPARAM
 }
 
 Hosted::Hosted(Host& host, const Kind& kind) : host_(host), kind_(kind) {
-  // A combo box's height is that of its list.
+  // The height of a combo box includes its list.
   const int bottom = isComboBox(kind) ? 140 : 50;
   window_ = makeChild(host.window(), kind.windowClass, L"Plot 7", kind.style | WS_TABSTOP,
                       {host.at(20), host.at(20), host.at(180), host.at(bottom)}, 2);

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <windows.h>
-// The controls' header relies on the first.
+// Needs <windows.h> first.
 #include <commctrl.h>
 
 #include <string>
@@ -16,7 +16,7 @@ namespace flat_tests {
 /// Which of the three frames a control gets.
 enum class Frame { outer, combo, button };
 
-/// A kind of control: what it is called, and what makes it natively.
+/// A kind of control: its name and what is needed to create it natively.
 struct Kind {
   const char* name;
   const wchar_t* typeName;
@@ -26,11 +26,12 @@ struct Kind {
   bool shrinks;
 };
 
-/// A plain window, hidden at first: like the program's windows it gets the flat look before it is
-/// seen.
+/// A plain window, hidden at first, because the program's windows also get the flat look before
+/// they are shown.
 class Host {
  public:
-  /// `clips`: children are cut out of what is drawn on the window, as on the program's own ones.
+  /// With `clips`, drawing on the window does not touch its children, like in the program's
+  /// windows.
   explicit Host(bool clips);
   Host(const Host&) = delete;
   Host& operator=(const Host&) = delete;
@@ -39,11 +40,11 @@ class Host {
   [[nodiscard]] HWND window() const { return window_.get(); }
   /// A button without the flat look, to take the focus away.
   [[nodiscard]] HWND elsewhere() const { return elsewhere_; }
-  /// Control that gets its own notifications back, as the owner-drawn list wants them.
+  /// The control whose notifications are sent back to it, as the owner-drawn list needs.
   void reflectTo(HWND control) { reflected_ = control; }
-  /// Shows it, and waits until it is in front and has the focus elsewhere than on the control.
+  /// Shows the window, and waits until it is in front and the focus is not on the control.
   void show();
-  /// A length of the design in pixels of its screen.
+  /// Scales a length of the design to pixels of the window's screen.
   [[nodiscard]] int at(int length) const;
 
  private:
@@ -54,7 +55,7 @@ class Host {
   HWND lastFocus_ = nullptr;
 };
 
-/// A native control of a kind on a host. It dies with its host or before.
+/// A native control of a kind on a host. It is destroyed with its host or earlier.
 class Hosted {
  public:
   Hosted(Host& host, const Kind& kind);
@@ -62,16 +63,16 @@ class Hosted {
   Hosted& operator=(const Hosted&) = delete;
   ~Hosted();
 
-  /// The control's window, and the one of it that is painted and has the timer.
+  /// The control's window, and the window in it that is painted and has the timer.
   [[nodiscard]] HWND window() const { return window_; }
   [[nodiscard]] HWND painted() const { return painted_; }
   /// What `Attach` needs.
   [[nodiscard]] FlatTarget target() const;
-  /// Where the frame is drawn: the host, or the control.
+  /// The window on which the frame is drawn: the host or the control.
   [[nodiscard]] HWND canvas() const;
   /// The control's place on the host.
   [[nodiscard]] Edges place() const;
-  /// Number of WM_MOUSEMOVE that the control or its edit line has got.
+  /// Number of WM_MOUSEMOVE messages that the control or its edit box has got.
   [[nodiscard]] int mouseMoves() const { return mouseMoves_; }
   [[nodiscard]] const Kind& kind() const { return kind_; }
 
@@ -88,8 +89,8 @@ class Hosted {
 /// How a control looks.
 enum class Look { idle, hot, down };
 
-/// The frame that a control has to have now, in coordinates of its canvas; of one that is drawn on
-/// the host, `inside` says whether the rings on the control itself are to be seen.
+/// The frame that a control must have now, in coordinates of its canvas. For a frame on the host,
+/// `inside` says whether the rings on the control itself are visible.
 [[nodiscard]] Pixels expectedFrame(const Hosted& control, Look look, bool inside);
 
 }  // namespace flat_tests

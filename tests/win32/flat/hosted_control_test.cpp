@@ -50,7 +50,7 @@ class HostedControlTest : public ::testing::TestWithParam<Kind> {
     host->show();
   }
 
-  /// Waits until the frame looks like that; the failure names the pixels that differ.
+  /// Waits until the frame looks like that. The failure text lists the pixels that differ.
   ::testing::AssertionResult looks(Look look) {
     Pixels expected;
     Pixels found;
@@ -184,7 +184,8 @@ TEST_P(HostedControlTest, RisesWithTheListDownAndFallsWithoutTheFocus) {
   SendMessageW(control->painted(), CB_SHOWDROPDOWN, TRUE, 0);
   EXPECT_TRUE(flat->DroppedDown());
   EXPECT_TRUE(looks(Look::down));
-  // The open list has the pointer's moves; one that comes through all the same changes nothing.
+  // The open list receives the pointer's moves. A move message that still reaches the control
+  // changes nothing.
   SendMessageW(control->painted(), WM_MOUSEMOVE, 0, 0);
   EXPECT_FALSE(hasTimer(control->painted()));
   EXPECT_TRUE(looks(Look::down));

@@ -1,7 +1,7 @@
 // Tests of the flat look on native controls.
 #include <gmock/gmock.h>
 #include <windows.h>
-// The controls' header relies on the first.
+// Needs <windows.h> first.
 #include <commctrl.h>
 
 #include <array>
@@ -12,8 +12,8 @@
 
 namespace {
 
-/// A message box of the program's code, as the report of an error is, fails the test that runs, and
-/// is closed: nobody else would push its button.
+/// A message box of the program's code, such as an error report, makes the running test fail and is
+/// closed, because nobody else would press its button.
 BOOL CALLBACK refuse(HWND window, LPARAM /*unused*/) {
   constexpr int textId = 0xFFFF;
   HWND const label = GetDlgItem(window, textId);
@@ -34,7 +34,7 @@ void CALLBACK lookForMessages(HWND /*window*/, UINT /*message*/, UINT_PTR /*id*/
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
-  // Results have to be on the disk even if the run is cut off.
+  // Results must be on the disk even if the run is interrupted.
   std::setvbuf(stdout, nullptr, _IONBF, 0);
   ::testing::InitGoogleMock(&argumentCount, arguments);
   INITCOMMONCONTROLSEX classes{sizeof(classes), ICC_STANDARD_CLASSES | ICC_USEREX_CLASSES};

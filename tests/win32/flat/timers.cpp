@@ -1,12 +1,12 @@
-// Counts the timers of windows: nothing in the system lists them, so that the linker leads the
-// calls that start and end them through here.
+// Counts the timers of windows. The system has no list of them, so the linker redirects the calls
+// that start and end timers to this file.
 #include <algorithm>
 #include <set>
 #include <utility>
 
 #include "desktop_facts.h"
 
-// The names that the linker's --wrap makes of the two imports. 32-bit Windows decorates them.
+// The names that the linker's --wrap gives to the two imports. 32-bit Windows decorates them.
 #ifdef _WIN64
 #define TIMER_SYMBOL(kind, name, argumentBytes) "__" kind "___imp_" name
 #else
@@ -53,7 +53,7 @@ EndTimer* const countedEndTimer = endTimer;
 namespace flat_tests {
 
 int timerCount() {
-  // A window's timers go with it.
+  // A window's timers are destroyed with it.
   std::erase_if(timers(), [](const auto& timer) { return IsWindow(timer.first) == 0; });
   return static_cast<int>(timers().size());
 }

@@ -1,4 +1,4 @@
-// A file in the making, and how it takes the place of another one.
+// A temporary file that replaces another file.
 #include <windows.h>
 
 #include <algorithm>
@@ -23,7 +23,7 @@ using win32::whileShared;
 
 namespace {
 
-/// FileRenameInfoEx, which the headers declare only when nothing older than it is supported.
+/// FileRenameInfoEx, which the headers declare only when older systems are not supported.
 constexpr auto renameInfoEx = static_cast<FILE_INFO_BY_HANDLE_CLASS>(22);
 
 bool isAlreadyThere(DWORD error) {
@@ -33,10 +33,10 @@ bool isAlreadyThere(DWORD error) {
 /// What a draft can neither be nor replace: a file that must not be written to, and a folder.
 constexpr DWORD protectedKinds = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY;
 
-/// Creates the file, in the place of a stale one that nobody holds.
+/// Creates the file, replacing a stale one that nobody has open.
 DWORD createAnew(const std::wstring& native, FileHandle& file) {
   const auto create = [&] {
-    // Readers may look; nobody else may write, delete or replace it.
+    // Others may read it; nobody else may write, delete or replace it.
     file.reset(CreateFileW(native.c_str(), GENERIC_WRITE | DELETE, FILE_SHARE_READ, nullptr,
                            CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
     return file ? ERROR_SUCCESS : GetLastError();
@@ -48,15 +48,15 @@ DWORD createAnew(const std::wstring& native, FileHandle& file) {
     if (removal != ERROR_SUCCESS && removal != ERROR_FILE_NOT_FOUND) return removal;
     result = create();
   }
-  // Another program was faster: it is at work now.
+  // Another program was faster and is using the file now.
   return isAlreadyThere(result) ? ERROR_SHARING_VIOLATION : result;
 }
 
-/// Gives the open file another name.
+/// Renames the open file.
 DWORD renameOpenFile(const FileHandle& file, const std::wstring& to, FILE_INFO_BY_HANDLE_CLASS kind,
                      DWORD flags) {
   const std::size_t nameBytes = to.size() * sizeof(wchar_t);
-  // The structure ends in room for one character: the name's closing NUL.
+  // The structure already has room for one character, which holds the NUL.
   std::vector<std::byte> buffer(sizeof(FILE_RENAME_INFO) + nameBytes);
   FILE_RENAME_INFO header{};
   header.Flags = flags;
@@ -67,8 +67,8 @@ DWORD renameOpenFile(const FileHandle& file, const std::wstring& to, FILE_INFO_B
                                             static_cast<DWORD>(buffer.size())));
 }
 
-/// A second name for a file, so that what is written to it up to the very last instant before its
-/// replacement can still be found. File systems without second names do without.
+/// A hard link to a file, so that a write up to the last instant before its replacement can still
+/// be found. On file systems without hard links this check is left out.
 class SecondName {
  public:
   SecondName(const std::wstring& file, std::wstring name) : name_(std::move(name)) {
@@ -79,7 +79,7 @@ class SecondName {
   ~SecondName() {
     if (made_) DeleteFileW(name_.c_str());
   }
-  /// Whether the file behind the name is another one than `expected` by now.
+  /// Whether the file has changed from `expected` by now.
   [[nodiscard]] bool changedFrom(const Stamp& expected) const {
     if (!made_) return false;
     const FileHandle file(CreateFileW(name_.c_str(), FILE_READ_ATTRIBUTES,
@@ -88,7 +88,7 @@ class SecondName {
     const std::optional<Stamp> now = file ? win32::stampOf(file.get()) : std::nullopt;
     return now && *now != expected;
   }
-  /// Makes the name `to` lead to the file again. On failure the file stays under the second name.
+  /// Restores the file under the name `to`. On failure the file stays under the second name.
   [[nodiscard]] DWORD putBack(const std::wstring& to) {
     made_ = false;
     return whileShared([this, &to] {
@@ -118,7 +118,7 @@ struct Draft::State {
   void createFile();
   void write(std::string_view bytes) const;
   [[nodiscard]] Replaced replace(const std::wstring& to, const Stamp& expected);
-  /// What came of one try; a Windows error code other than "shared" ends the tries.
+  /// Result of one try. Any Windows error code except a sharing violation ends the tries.
   struct Attempt {
     DWORD error = ERROR_SUCCESS;
     Replaced replaced = Replaced::yes;
@@ -128,12 +128,13 @@ struct Draft::State {
 };
 
 void Draft::State::create() {
-  // Named here, as the draft may be made anew while it is about to take another file's place.
+  // The path is set here, because the draft may be created again during a replacement, where errors
+  // would get the target's path.
   concerning(path, [this] { createFile(); });
 }
 
 void Draft::State::createFile() {
-  // Longer than for other files: what we wait for is the whole rewriting of a list.
+  // Longer than for other files, because the wait is for a whole rewrite of a list.
   constexpr DWORD patienceMilliseconds = 500;
   constexpr DWORD longestPauseMilliseconds = 8;
   const DWORD begin = GetTickCount();
@@ -148,8 +149,8 @@ void Draft::State::createFile() {
 }
 
 Draft::State::Attempt Draft::State::replaceExisting(const std::wstring& to, const Stamp& expected) {
-  // Sharing everything but writing keeps the file as it is from the comparison on, and asking
-  // for deletion fails for whatever a deletion would fail for.
+  // Nobody can write to the file after the comparison, because writing is not shared. Access for
+  // deletion is requested so that this fails for everything for which a deletion would fail.
   FileHandle target(CreateFileW(to.c_str(), GENERIC_READ | DELETE,
                                 FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
                                 FILE_ATTRIBUTE_NORMAL, nullptr));
@@ -157,22 +158,22 @@ Draft::State::Attempt Draft::State::replaceExisting(const std::wstring& to, cons
   const std::optional<Stamp> current = win32::stampOf(target.get());
   if (!current) return {.error = GetLastError()};
   if (*current != expected) return {.replaced = Replaced::changedSince};
-  // Newer file systems replace the file while it is open, by us among others: readers keep the
-  // old one until they close it.
+  // Newer file systems replace a file that is open, by this handle too. Readers keep the old file
+  // until they close it.
   if (renameOpenFile(file, to, renameInfoEx,
                      FILE_RENAME_FLAG_REPLACE_IF_EXISTS | FILE_RENAME_FLAG_POSIX_SEMANTICS) ==
       ERROR_SUCCESS) {
     file.reset();
     return {};
   }
-  // Older ones replace only a file that nobody has open. Whoever writes to it between our letting
-  // go of it and its replacement writes to the old file, which the second name still leads to.
+  // Older ones replace only a file that nobody has open. Anybody who writes between the reset and
+  // the replacement writes to the old file, which the second name still refers to.
   SecondName old(to, native + L".old");
   target.reset();
   const DWORD error = renameOpenFile(file, to, FileRenameInfo, FILE_RENAME_FLAG_REPLACE_IF_EXISTS);
   if (error != ERROR_SUCCESS) {
-    // We were let at the target a moment ago, so it is not the rights that are wanting: somebody
-    // is reading it, in a way that only stands in the way of a replacement.
+    // The target could be opened a moment ago, so the access rights are not the reason. Somebody is
+    // reading it in a way that prevents only a replacement.
     return {.error = error == ERROR_ACCESS_DENIED ? ERROR_SHARING_VIOLATION : error};
   }
   file.reset();
@@ -206,7 +207,7 @@ void Draft::State::write(std::string_view bytes) const {
     if (written == 0) throw RunTimeError(error::diskFull);
     done += written;
   }
-  // A network drive may report only now that the bytes found no room.
+  // A network drive may report only now that the disk is full.
   if (FlushFileBuffers(file.get()) == 0) raise(GetLastError());
 }
 

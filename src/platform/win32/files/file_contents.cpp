@@ -1,4 +1,4 @@
-// Reading files whole.
+// Reads whole files.
 #include <windows.h>
 
 #include <algorithm>
@@ -21,12 +21,13 @@ using win32::whileShared;
 namespace {
 
 constexpr DWORD shareEverything = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-/// A list file beyond this could not be worked on in memory anyway.
+/// The program could not process a larger list file in memory anyway.
 constexpr std::uint64_t largestFile = std::numeric_limits<std::int32_t>::max();
-/// How often a file that changes under the read is read again.
+/// Number of times a file is read when it changes during the reading.
 constexpr int readings = 5;
 
-/// Opens a file, waiting a moment for others to let go of it. ERROR_SUCCESS or why not.
+/// Opens a file; waits for a short time while others have it open. Returns ERROR_SUCCESS or the
+/// error code.
 DWORD open(const std::wstring& native, DWORD access, DWORD share, DWORD creation, DWORD flags,
            FileHandle& file) {
   return whileShared([&] {
@@ -41,11 +42,12 @@ Stamp requiredStamp(const FileHandle& file) {
   return *stamp;
 }
 
-/// Up to `size` bytes from the start of the file; fewer when the file ends earlier.
+/// Up to `size` bytes from the start of the file; fewer when the file is shorter.
 void readFromStart(const FileHandle& file, std::uint64_t size, std::string& bytes) {
   if (size > largestFile) throw RunTimeError(error::outOfMemory);
   try {
-    // Room for a record that is going to be added, so that the whole need not be copied for it.
+    // Room for a record that is going to be appended, so that this does not copy the whole content
+    // again (row `add.100k` of ./bench).
     constexpr std::size_t recordRoom = 4096;
     bytes.reserve(static_cast<std::size_t>(size) + recordRoom);
     bytes.resize(static_cast<std::size_t>(size));
@@ -78,8 +80,8 @@ Contents readOpenFile(const FileHandle& file) {
     if (after == before && contents.bytes.size() == before.size) break;
     before = after;
   }
-  // A file that never came to rest keeps the stamp from before its last reading: it is outdated
-  // already, so that a replacement based on these bytes finds out that they are.
+  // If the file changed during every reading, the stamp is from before the last one. It is
+  // outdated, so a replacement that is based on these bytes will notice the change.
   return contents;
 }
 

@@ -29,11 +29,11 @@ bool isWanted(const WIN32_FIND_DATAW& found, unsigned attributes) {
   return name != L"." && name != L"..";
 }
 
-/// Hands the wanted entries to `take` until it returns false.
+/// Passes each matching entry to `take`, until that returns false.
 template <class Take>
 void searchWith(const std::wstring& pattern, unsigned attributes, FINDEX_INFO_LEVELS level,
                 Take take) {
-  // Without a last component there is nothing to match.
+  // Without a last component there is nothing to search for.
   if (pattern.empty() || pattern.back() == L'\\' || pattern.back() == L'/') return;
   const std::optional<std::wstring> native = win32::nativePath(pattern);
   if (!native) return;
@@ -46,8 +46,8 @@ void searchWith(const std::wstring& pattern, unsigned attributes, FINDEX_INFO_LE
   } while (FindNextFileW(search.get(), &found) != 0);
 }
 
-/// Whether `path` is a plain one below a drive's root, for which asking for its attributes is the
-/// same as searching for it.
+/// Whether `path` is a simple one below a drive's root. For such paths the attributes give the same
+/// answer as a search.
 bool canBeAskedFor(std::wstring_view path) {
   constexpr std::size_t root = 3;
   return path.size() > root && path[1] == L':' && path[2] == L'\\' &&
@@ -55,7 +55,9 @@ bool canBeAskedFor(std::wstring_view path) {
          path.back() != L'/' && path.back() != L'.';
 }
 
-/// What a search would find, without opening the folder where that can be helped.
+/// Whether a search would find the path. Where possible it queries only the attributes, without
+/// opening the folder. That saves round trips under Wine: row `start.splash` of ./bench includes it
+/// (docs/performance.md, "Start"); no row measures it alone. On real Windows it may save little.
 bool exists(const std::wstring& path, unsigned attributes) {
   if (canBeAskedFor(path)) {
     const std::optional<std::wstring> native = win32::nativePath(path);
@@ -77,14 +79,14 @@ DWORD existingAttributes(const std::wstring& native) {
   return attributes;
 }
 
-/// Refuses to write to a read-only file. A sufficiently privileged user would get past the
-/// system's own check.
+/// Raises an error for a read-only file. The system's own check would let a user with special
+/// privileges pass.
 void refuseReadOnly(const std::wstring& native) {
   win32::refuseProtected(GetFileAttributesW(native.c_str()));
 }
 
-/// Whether a copy or a rename that failed like that, of a file that is there, did so for its
-/// target: a name that is taken or impossible, a missing folder, a disk without room.
+/// Whether the target is the reason why a copy or a rename failed (the source exists): the name is
+/// taken or impossible, the folder is missing, the disk is full.
 bool isAboutTarget(DWORD systemError) {
   constexpr std::array reasons{DWORD{ERROR_FILE_EXISTS},      DWORD{ERROR_ALREADY_EXISTS},
                                DWORD{ERROR_PATH_NOT_FOUND},   DWORD{ERROR_INVALID_NAME},
@@ -115,7 +117,7 @@ std::vector<std::vector<Entry>> searchByExtension(const std::wstring& folder,
     return name.size() >= ending.size() &&
            text::upperEquals(name.substr(name.size() - ending.size()), ending);
   };
-  // The short names, too: a search with a wildcard finds a file by either of its names.
+  // Short names too, because a search with a wildcard matches either name of a file.
   searchWith(folder + L"\\*", normal, FindExInfoStandard, [&](const WIN32_FIND_DATAW& entry) {
     for (std::size_t n = 0; n < endings.size(); ++n) {
       if (endsIn(entry.cFileName, endings[n]) || endsIn(entry.cAlternateFileName, endings[n])) {
@@ -131,7 +133,7 @@ std::vector<std::vector<Entry>> searchByExtension(const std::wstring& folder,
 std::optional<Entry> entryAt(const std::wstring& path) {
   constexpr std::wstring_view longForm = LR"(\\?\)";
   const std::size_t begin = path.starts_with(longForm) ? longForm.size() : 0;
-  // To a search these are wildcards.
+  // A search would take these as wildcards.
   if (path.find_first_of(L"*?<>\"", begin) != std::wstring::npos) return std::nullopt;
   std::optional<Entry> entry;
   searchWith(path, kindsToAskFor, FindExInfoStandard, [&entry](const WIN32_FIND_DATAW& found) {

@@ -1,4 +1,4 @@
-// What reading and writing open files share.
+// Shared code for reading and writing open files.
 #pragma once
 
 #include <windows.h>
@@ -10,7 +10,7 @@
 
 namespace platform::win32 {
 
-/// Most bytes handed to one read or write call; some network drives refuse larger ones.
+/// Largest size of one read or write call; some network drives refuse larger ones.
 inline constexpr std::size_t pieceSize = std::size_t{8} << 20U;
 
 [[nodiscard]] constexpr std::uint64_t joined(DWORD high, DWORD low) {
@@ -22,8 +22,8 @@ inline constexpr std::size_t pieceSize = std::size_t{8} << 20U;
   return joined(time.dwHighDateTime, time.dwLowDateTime);
 }
 
-/// Stamp of the file behind an open handle; nothing (and the thread's last error) when the
-/// system does not tell.
+/// Stamp of the file behind an open handle; nothing (see the thread's last error) when the system
+/// does not return it.
 [[nodiscard]] std::optional<files::Stamp> stampOf(HANDLE file);
 
 }  // namespace platform::win32

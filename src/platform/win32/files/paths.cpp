@@ -9,7 +9,8 @@
 namespace platform::win32 {
 namespace {
 
-// A folder's path must leave room for a short file name, so folders fail before files do.
+// A folder's path must leave room for a short file name, so folders fail at a smaller length than
+// files.
 constexpr std::size_t longestOrdinaryPath = MAX_PATH - 12;
 
 bool beginsWith(std::wstring_view text, std::wstring_view beginning) {
@@ -24,8 +25,8 @@ std::optional<std::wstring> nativePath(const std::wstring& path) {
       beginsWith(path, LR"(\\.\)")) {
     return path;
   }
-  // The extended form is taken literally, so slashes, doubled separators and dots have to be
-  // worked out first.
+  // The extended form is not interpreted, so slashes, doubled separators and dots must be resolved
+  // first.
   const DWORD room = GetFullPathNameW(path.c_str(), 0, nullptr, nullptr);
   if (room == 0) return std::nullopt;
   std::wstring full(room, L'\0');

@@ -1,4 +1,4 @@
-// Paths in the form in which Windows takes them at any length.
+// Converts paths to a form that Windows accepts at any length.
 #pragma once
 
 #include <windows.h>
@@ -8,15 +8,15 @@
 
 namespace platform::win32 {
 
-/// `path` as the file functions take it: one that is too long for them in the ordinary form is
-/// given in the extended form, in which every length works. Nothing for a path with an embedded
-/// NUL, which Windows would silently cut off there, and for one that cannot be completed.
+/// `path` in the form for the file functions: a path that is too long for the ordinary form is
+/// returned in the extended form, which has no limit. Nothing for a path with an embedded NUL
+/// (Windows would cut it off there) and for one that cannot be completed.
 [[nodiscard]] std::optional<std::wstring> nativePath(const std::wstring& path);
 
-/// The same; raises 52 instead of giving nothing.
+/// The same, but raises `error::badFileName` instead of returning nothing.
 [[nodiscard]] std::wstring requiredPath(const std::wstring& path);
 
-/// Whether text would be cut off by a function that takes it up to its first NUL.
+/// Whether a function that reads text up to its first NUL would cut it off.
 [[nodiscard]] inline bool hasEmbeddedNul(const std::wstring& text) {
   return text.find(L'\0') != std::wstring::npos;
 }

@@ -21,15 +21,16 @@ ButtonPeer::ButtonPeer(WindowPeer& host, controls::CommandButton& button)
 void ButtonPeer::changed(controls::Change change) { mirror(change); }
 
 void ButtonPeer::command(int /*id*/, WORD code) {
-  // The second click of a quick pair is a click too; owner-drawn buttons report it differently.
+  // The second click of a double-click is a click too; owner-drawn buttons report it with another
+  // code.
   if (code == BN_CLICKED || code == BN_DOUBLECLICKED) {
     button_.raiseClick();
   }
 }
 
 std::optional<LRESULT> ButtonPeer::message(UINT message, WPARAM first, LPARAM second) {
-  // A dialog answers Enter itself; in the frame the focused button has to. A key that is held down
-  // is one click.
+  // A dialog handles Enter itself; in the main window the focused button has to. A key that is held
+  // down counts as one click.
   if (message == WM_KEYDOWN && first == VK_RETURN && host().isFrame()) {
     if ((HIWORD(second) & KF_REPEAT) == 0) {
       button_.raiseClick();

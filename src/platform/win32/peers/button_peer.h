@@ -14,7 +14,7 @@ class ButtonPeer : public controls::Peer, public NativeControl {
   void command(int id, WORD code) override;
 
  protected:
-  /// For kinds of buttons that attach themselves.
+  /// For derived buttons, which attach themselves.
   ButtonPeer(WindowPeer& host, controls::CommandButton& button, DWORD style);
   std::optional<LRESULT> message(UINT message, WPARAM first, LPARAM second) override;
 

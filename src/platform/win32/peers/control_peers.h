@@ -1,4 +1,4 @@
-// Which native control stands for which control.
+// Selects the native control for each kind of control.
 #pragma once
 
 #include <memory>
@@ -8,7 +8,7 @@
 namespace platform::win32 {
 
 /// Creates the native control of `control` in `host` and attaches its peer. Nothing for a control
-/// that has no native side. Raises 7.
+/// without a native side. Raises `error::outOfMemory`.
 [[nodiscard]] std::unique_ptr<NativeControl> makePeer(WindowPeer& host, controls::Control& control);
 
 }  // namespace platform::win32

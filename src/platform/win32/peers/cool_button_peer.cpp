@@ -21,8 +21,8 @@ void fill(HDC dc, const RECT& area, COLORREF colour) {
   FillRect(dc, &area, brush.get());
 }
 
-/// Draws a frame `width` pixels thick, its top and left edge in one colour and the others in
-/// another, and takes it off `area`.
+/// Draws a frame of `width` pixels, top and left in one colour, bottom and right in another, and
+/// shrinks `area` by it.
 void frame(HDC dc, RECT& area, int width, COLORREF topLeft, COLORREF bottomRight) {
   fill(dc, {area.left, area.top, area.right, area.top + width}, topLeft);
   fill(dc, {area.left, area.top, area.left + width, area.bottom}, topLeft);
@@ -31,7 +31,8 @@ void frame(HDC dc, RECT& area, int width, COLORREF topLeft, COLORREF bottomRight
   InflateRect(&area, -width, -width);
 }
 
-/// Black or white, whichever stands out from `background`: that is not one of the system's colours.
+/// Black or white, whichever contrasts better with `background`, which is not one of the system's
+/// colours.
 COLORREF textColourOn(COLORREF background) {
   const int brightness =
       GetRValue(background) * 299 + GetGValue(background) * 587 + GetBValue(background) * 114;
@@ -86,7 +87,7 @@ void CoolButtonPeer::trackPointer() {
   request.cbSize = sizeof request;
   request.dwFlags = TME_LEAVE;
   request.hwndTrack = window();
-  // Without a promise to be told of its end, no visit begins.
+  // Without the notification of its end, the highlighting must not begin.
   if (TrackMouseEvent(&request) != 0) {
     pointerInside_ = true;
     button_.raisePointerEnter();

@@ -7,8 +7,8 @@
 
 namespace platform::win32 {
 
-/// A native push button as far as mouse, keyboard, focus and screen readers go; only its looks are
-/// the program's.
+/// A native push button for mouse, keyboard, focus and screen readers; only its look is drawn by
+/// the program.
 class CoolButtonPeer final : public ButtonPeer {
  public:
   CoolButtonPeer(WindowPeer& host, controls::CoolButton& button);

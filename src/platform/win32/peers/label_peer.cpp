@@ -13,7 +13,8 @@ LabelPeer::LabelPeer(WindowPeer& host, controls::Label& label)
 }
 
 DWORD LabelPeer::style() const {
-  // A text without a notice leaves the pointer to what is behind it, and would never show its tip.
+  // A static control without SS_NOTIFY lets mouse messages through, so its tool tip would never
+  // appear.
   return SS_LEFT | SS_NOPREFIX | (label_.pathEllipsis() ? SS_PATHELLIPSIS : 0U) |
          (label_.toolTip().empty() ? 0U : SS_NOTIFY);
 }

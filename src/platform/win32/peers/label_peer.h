@@ -6,7 +6,7 @@
 
 namespace platform::win32 {
 
-/// A static text. It lets clicks through to its window.
+/// A static control. Mouse clicks on it go to its window.
 class LabelPeer final : public controls::Peer, public NativeControl {
  public:
   LabelPeer(WindowPeer& host, controls::Label& label);

@@ -1,4 +1,4 @@
-// What a native list asks for and tells.
+// Requests and notifications of the native list.
 #include <windowsx.h>
 
 #include <algorithm>
@@ -15,10 +15,10 @@ namespace platform::win32 {
 
 namespace {
 
-/// Asks for the selection to be shown again once the native list has finished changing it.
+/// Posted to show the selection again after the native list has finished changing it.
 constexpr UINT selectionMessage = WM_APP + 3;
 
-/// The width in pixels that a header column is given, nothing when something else changes.
+/// The new width in pixels of a header column; nothing when another property changes.
 std::optional<int> newWidth(const NMHEADERW& notice) {
   if (notice.pitem == nullptr || (notice.pitem->mask & HDI_WIDTH) == 0) {
     return std::nullopt;
@@ -51,12 +51,12 @@ std::optional<LRESULT> ListViewPeer::notification(NMHDR& header) {
     case static_cast<int>(NM_RCLICK):
       showSelection();
       if (reinterpret_cast<const NMITEMACTIVATE&>(header).iItem >= 0) {
-        // A click on the item that is selected already says that this one is meant.
+        // A click on the item that is already selected is a choice too.
         list_.adoptSelection();
       }
       return 0;
     case static_cast<int>(NM_DBLCLK):
-      // Whatever the click fell on, it acts on the selected item.
+      // Wherever the click was, it acts on the selected item.
       showSelection();
       list_.raiseDoubleClick();
       return 0;
@@ -72,7 +72,7 @@ std::optional<LRESULT> ListViewPeer::notification(NMHDR& header) {
 
 void ListViewPeer::supply(LVITEMW& item) const {
   const auto index = static_cast<std::size_t>(item.iItem);
-  // While the list is being refilled the native count may still be the former one.
+  // While the list is refilled, the native count may still be the old one.
   const bool known = item.iItem >= 0 && index < list_.count();
   if ((item.mask & LVIF_TEXT) != 0 && item.pszText != nullptr && item.cchTextMax > 0) {
     const auto column = static_cast<std::size_t>(std::max(item.iSubItem, 0));
@@ -110,8 +110,8 @@ void ListViewPeer::accept(const NMLISTVIEW& change) {
     }
   }
   if ((lost & LVIS_SELECTED) != 0) {
-    // Unless another item takes its place at once, the item stays selected: only the program
-    // empties a selection.
+    // If no other item is selected at once, the item stays selected: only the program removes the
+    // selection.
     PostMessageW(window(), selectionMessage, 0, 0);
   }
 }
@@ -150,8 +150,8 @@ LRESULT ListViewPeer::markUnfocused(const NMLVCUSTOMDRAW& stage) const {
     if (report()) {
       label.right = whole.right;
     }
-    // The colour of a selection without the focus hardly differs from that of the list on some
-    // systems; a frame in the colour of a selection with it always does.
+    // On some systems the selection colour without the focus is hardly visible. A frame in the
+    // selection colour with the focus always is.
     FrameRect(stage.nmcd.hdc, &label, GetSysColorBrush(COLOR_HIGHLIGHT));
   }
   return CDRF_DODEFAULT;
@@ -179,7 +179,7 @@ std::optional<LRESULT> ListViewPeer::message(UINT message, WPARAM first, LPARAM 
 }
 
 std::optional<LRESULT> ListViewPeer::headerNotification(const NMHEADERW& notice) {
-  // Only the codes below promise that there is more than the common head.
+  // Only the codes below guarantee more than the common header.
   switch (static_cast<int>(notice.hdr.code)) {
     case static_cast<int>(HDN_BEGINTRACKA):
     case static_cast<int>(HDN_BEGINTRACKW):
@@ -188,7 +188,7 @@ std::optional<LRESULT> ListViewPeer::headerNotification(const NMHEADERW& notice)
       return hiddenColumn(notice.iItem) ? std::optional<LRESULT>(TRUE) : std::nullopt;
     case static_cast<int>(HDN_ITEMCHANGINGA):
     case static_cast<int>(HDN_ITEMCHANGINGW):
-      // The key that fits all columns to their contents goes past the dragging.
+      // The key that fits all columns to their contents does not go through the drag notifications.
       return hiddenColumn(notice.iItem) && newWidth(notice).value_or(0) != 0
                  ? std::optional<LRESULT>(TRUE)
                  : std::nullopt;
@@ -207,7 +207,7 @@ LRESULT ListViewPeer::contextMenu(LPARAM where) {
   POINT point{GET_X_LPARAM(where), GET_Y_LPARAM(where)};
   RECT header{};
   if (where == -1) {
-    // Asked for by key: the menu belongs below the selected item.
+    // Requested by key: the menu opens below the selected item.
     point = {0, 0};
     RECT item{};
     const auto selected = list_.selected();
@@ -221,7 +221,7 @@ LRESULT ListViewPeer::contextMenu(LPARAM where) {
     ClientToScreen(window(), &point);
   } else if (this->header() != nullptr && IsWindowVisible(this->header()) != 0 &&
              GetWindowRect(this->header(), &header) != 0 && PtInRect(&header, point) != 0) {
-    // The headers are no entries.
+    // A click on the headers is not for the list's menu.
     return 0;
   }
   list_.raiseContextMenu(static_cast<int>(point.x), static_cast<int>(point.y));
@@ -231,7 +231,7 @@ LRESULT ListViewPeer::contextMenu(LPARAM where) {
 void ListViewPeer::acceptWidth(int column, int pixels) {
   if (column >= 0 && static_cast<std::size_t>(column) < list_.columns().size() &&
       !hiddenColumn(column)) {
-    // A column that the user closes stays one that can be opened again.
+    // A column that the user drags to width 0 keeps one pixel, so that it can be widened again.
     list_.acceptColumnWidth(static_cast<std::size_t>(column),
                             MulDiv(std::max(pixels, 1), twipsPerInch, host().dpi()));
   }

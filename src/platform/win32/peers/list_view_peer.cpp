@@ -16,7 +16,7 @@ using controls::Change;
 
 namespace {
 
-/// What stands for "all items" or "none" in the native list's messages.
+/// Item number that means "all items" or "none" in the native list's messages.
 constexpr WPARAM allItems = static_cast<WPARAM>(-1);
 
 }  // namespace
@@ -86,7 +86,7 @@ void ListViewPeer::refresh() {
 void ListViewPeer::takeImages() {
   const bool large = large_.refresh(list_.largeImages(), host().dpi(), [this](HIMAGELIST images) {
     send(LVM_SETIMAGELIST, LVSIL_NORMAL, parameterFrom(images));
-    // The system's own spacing returns with every image list.
+    // The system resets the spacing with every image list.
     spaceIcons();
   });
   const bool small = small_.refresh(list_.smallImages(), host().dpi(), [this](HIMAGELIST images) {
@@ -98,7 +98,7 @@ void ListViewPeer::takeImages() {
 }
 
 void ListViewPeer::spaceIcons() {
-  // Wide enough for the longest name of a new-file item on two lines.
+  // Wide enough for two lines of the longest name of a new-file item.
   constexpr Size least{112, 84};
   const int dpi = host().dpi();
   send(LVM_SETICONSPACING, 0,
@@ -107,7 +107,7 @@ void ListViewPeer::spaceIcons() {
 }
 
 void ListViewPeer::takeColours() {
-  // The native list keeps the background that it was made with, but not the colour of the text.
+  // The native list follows the system's text colour, but not its background colour.
   const COLORREF background = GetSysColor(COLOR_WINDOW);
   send(LVM_SETBKCOLOR, 0, static_cast<LPARAM>(background));
   send(LVM_SETTEXTBKCOLOR, 0, static_cast<LPARAM>(background));
@@ -117,10 +117,10 @@ void ListViewPeer::takeColours() {
 void ListViewPeer::showView() {
   send(LVM_SETVIEW, static_cast<WPARAM>(report() ? LV_VIEW_DETAILS : LV_VIEW_ICON));
   if (report()) {
-    // Widths that came while icons were shown have been refused.
+    // In icon view the native list refuses column widths, so they are set again.
     showColumns();
   } else {
-    // The native list has placed the icons as far apart as the rows were.
+    // The native list has spaced the icons like the rows.
     arrangeIcons();
   }
   if (const auto index = list_.focused()) {
@@ -130,8 +130,7 @@ void ListViewPeer::showView() {
 
 void ListViewPeer::arrangeIcons() const {
   send(LVM_ARRANGE, LVA_DEFAULT);
-  // Not every system measures anew how far there is to scroll when icons get other places, but all
-  // do with a count.
+  // Not every system updates the scroll range when icons move, but all do when the count is set.
   send(LVM_SETITEMCOUNT, static_cast<WPARAM>(list_.count()), LVSICF_NOINVALIDATEALL);
 }
 
@@ -168,21 +167,22 @@ void ListViewPeer::showItems() {
   const std::size_t top = topIndex();
   POINT origin{};
   send(LVM_GETORIGIN, 0, parameterFrom(&origin));
-  // Reloading is common, a list that is another one afterwards is not: the native list measures
-  // itself and paints its bars with every new count.
+  // Most reloads do not change the count. Setting it makes the native list measure itself and paint
+  // its scroll bars, so it is set only when it changes. Row `open.tool` of ./bench includes this: a
+  // tool that starts waits for what the program does meanwhile.
   if (count != static_cast<int>(send(LVM_GETITEMCOUNT))) {
     showing_ = true;
-    // Without these the native list would jump to the top and erase itself first.
+    // Without these flags the native list would scroll to the top and erase itself first.
     send(LVM_SETITEMCOUNT, static_cast<WPARAM>(count),
          LVSICF_NOINVALIDATEALL | (report() ? LVSICF_NOSCROLL : 0));
     if (!report()) {
-      // The native list does not give new icons places of their own.
+      // The native list does not position new icons itself.
       arrangeIcons();
     }
     showing_ = false;
   }
   showSelection();
-  // Neither a new count nor a moved focus mark is a reason to show another part of the list.
+  // Neither a new count nor a moved focus mark may scroll the list.
   if (report()) {
     scrollTo(top);
   } else {
@@ -206,7 +206,7 @@ void ListViewPeer::repaintItems() const {
   if (HWND const headerWindow = header(); headerWindow != nullptr && report() &&
                                           IsWindowVisible(headerWindow) != 0 &&
                                           GetClientRect(headerWindow, &headers) != 0) {
-    // The headers would be painted along with the list, although nothing about them is new.
+    // Otherwise the headers would be painted too, although they have not changed.
     area.top = headers.bottom;
   }
   InvalidateRect(window(), &area, FALSE);
@@ -218,7 +218,7 @@ std::wstring ListViewPeer::inView() const {
     return all;
   }
   const std::size_t top = topIndex();
-  // The last row may be in view in part.
+  // The last row may be partly visible.
   const auto rows = static_cast<std::size_t>(send(LVM_GETCOUNTPERPAGE)) + 1;
   all = std::to_wstring(top);
   for (std::size_t index = top; index < std::min(list_.count(), top + rows); ++index) {
@@ -276,7 +276,7 @@ void ListViewPeer::showSorting() {
       item.fmt |= list_.sortOrder() == controls::ascending ? HDF_SORTUP : HDF_SORTDOWN;
     }
     if (item.fmt == shown) {
-      continue;  // a header that is set paints itself again
+      continue;  // setting a header item makes it paint
     }
     SendMessageW(header(), HDM_SETITEMW, index, parameterFrom(&item));
   }
@@ -294,7 +294,7 @@ std::size_t ListViewPeer::topIndex() const {
   if (report()) {
     return static_cast<std::size_t>(send(LVM_GETTOPINDEX));
   }
-  // The icon view scrolls by pixels and knows no first item; the one in the corner serves.
+  // The icon view scrolls by pixels and has no first item; the one in the corner is used.
   LVHITTESTINFO spot{};
   RECT first{};
   first.left = LVIR_BOUNDS;

@@ -10,7 +10,9 @@
 
 namespace platform::win32 {
 
-/// A native list that owns no items: it asks the list object for the rows that it paints.
+/// A native list without items of its own: it asks the list object for the rows that it paints. A
+/// list of any size therefore costs the native control no memory and no time per item (row
+/// `load.100k.textbook` of ./bench, on Windows and under Wine alike).
 class ListViewPeer final : public controls::ListViewPeer, public NativeControl {
  public:
   ListViewPeer(WindowPeer& host, controls::ListView& list);
@@ -27,7 +29,7 @@ class ListViewPeer final : public controls::ListViewPeer, public NativeControl {
 
  private:
   void takeColours();
-  /// Shows new pictures where there are such.
+  /// Shows changed pictures.
   void takeImages();
   void spaceIcons();
   void showView();
@@ -48,9 +50,9 @@ class ListViewPeer final : public controls::ListViewPeer, public NativeControl {
   [[nodiscard]] int columnWidth(std::size_t index) const;
   [[nodiscard]] int selectedNatively() const;
   [[nodiscard]] int rowHeight() const;
-  /// Has all items painted again.
+  /// Repaints all items.
   void repaintItems() const;
-  /// All that the rows in view show, in a report.
+  /// All texts and icons of the visible rows, in report view.
   [[nodiscard]] std::wstring inView() const;
   [[nodiscard]] HWND header() const;
 
@@ -59,7 +61,7 @@ class ListViewPeer final : public controls::ListViewPeer, public NativeControl {
   ImageCache small_;
   std::wstring lastInView_;
   int shownColumns_ = 0;
-  bool showing_ = false;  // the program itself changes the native list: what it tells is no news
+  bool showing_ = false;  // the program changes the native list: ignore notifications
 };
 
 }  // namespace platform::win32

@@ -12,7 +12,7 @@ using controls::MenuItem;
 
 namespace {
 
-/// How an entry looks now. `caption` lends its memory.
+/// The present state of an entry. The result points into `caption`.
 MENUITEMINFOW factsOf(const MenuItem& item, std::wstring& caption) {
   MENUITEMINFOW facts{};
   facts.cbSize = sizeof facts;
@@ -70,7 +70,7 @@ MenuItem* entryOf(const MenuItem& menu, int id) {
 
 void MenuPeer::changed(Change change) {
   if (change == Change::structure) {
-    // The entry's peer is replaced by this; it must not touch itself afterwards.
+    // This destroys the entry's own peer, which must not use its members afterwards.
     bar_.build();
   } else {
     bar_.update(item_);
@@ -83,7 +83,7 @@ MenuBar::MenuBar(HWND window, const std::vector<MenuItem*>& menus)
 }
 
 void MenuBar::build() {
-  // Entries keep their old peers until the new ones are in their place: one of them may be calling.
+  // The old peers live until the new ones are attached, because one of them may be the caller.
   auto former = std::move(peers_);
   peers_.clear();
   Menu bar(CreateMenu());
@@ -98,7 +98,7 @@ void MenuBar::build() {
     throw RunTimeError(error::outOfMemory);
   }
   static_cast<void>(bar.release());
-  // Not before: while it is the window's it is the window that destroys it.
+  // Not earlier: as long as the window has the menu, the window would destroy it too.
   const Menu replaced(old);
 }
 

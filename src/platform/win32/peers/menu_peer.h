@@ -11,10 +11,10 @@ namespace platform::win32 {
 
 class MenuBar;
 
-/// A menu of its own with the given entries, as they are now. Raises 7.
+/// A native menu with the given entries in their present state. Raises `error::outOfMemory`.
 [[nodiscard]] Menu nativeMenu(const std::vector<controls::MenuItem*>& entries);
 
-/// The entry of `menu`, or of a menu in it, that has a command id; nullptr when there is none.
+/// The entry with that command id in `menu` or its submenus; nullptr when there is none.
 [[nodiscard]] controls::MenuItem* entryOf(const controls::MenuItem& menu, int id);
 
 /// Mirrors one entry into the native menu.
@@ -38,12 +38,12 @@ class MenuPeer final : public controls::Peer {
   bool orphaned_ = false;
 };
 
-/// The menu bar of a window. The native menu belongs to the native window.
+/// The menu bar of a window. The native window owns the native menu.
 class MenuBar {
  public:
-  /// Builds the native menu and gives it to `window`. Raises 7.
+  /// Builds the native menu and gives it to `window`. Raises `error::outOfMemory`.
   MenuBar(HWND window, const std::vector<controls::MenuItem*>& menus);
-  /// Cuts the ties to the entries.
+  /// Detaches the peers from the entries.
   void detach();
   /// The entry with a command id; nullptr when there is none.
   [[nodiscard]] controls::MenuItem* find(int id) const;

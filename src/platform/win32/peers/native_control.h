@@ -1,8 +1,8 @@
-// What all native controls have in common.
+// The base class of all native controls.
 #pragma once
 
 #include <windows.h>
-// The rest of the system's headers rely on the first.
+// Needs <windows.h> first.
 #include <commctrl.h>
 
 #include <optional>
@@ -18,7 +18,7 @@ namespace platform::win32 {
 class WindowPeer;
 
 /// The native window of one control. Peers derive from it and from `controls::Peer`, attach
-/// themselves to their control, and hand property changes to `mirror`.
+/// themselves to their control, and pass property changes to `mirror`.
 class NativeControl {
  public:
   NativeControl(const NativeControl&) = delete;
@@ -26,45 +26,46 @@ class NativeControl {
   virtual ~NativeControl() = default;
 
   [[nodiscard]] HWND window() const { return window_.get(); }
-  /// Cuts the tie to the control, which may be gone from then on.
+  /// Detaches from the control, which may be destroyed from then on.
   virtual void detach();
-  /// The control is going away by itself.
+  /// The control is being destroyed.
   void loseControl() { detached_ = true; }
 
-  /// A WM_COMMAND of this control with its command id and notification code.
+  /// A WM_COMMAND of this control, with its command id and notification code.
   virtual void command(int /*id*/, WORD /*code*/) {}
-  /// A WM_NOTIFY of this control or of a window that belongs to it; nothing when it is another's.
+  /// A WM_NOTIFY of this control or of a window that belongs to it. Returns nothing when it is not
+  /// for this control.
   virtual std::optional<LRESULT> notification(NMHDR& /*header*/) { return std::nullopt; }
   /// Paints an owner-drawn control.
   virtual void draw(const DRAWITEMSTRUCT& /*request*/) {}
-  /// Sets the colours of a text control; true when it has some of its own.
+  /// Sets the colours of a text control; returns true when it has colours of its own.
   virtual bool colours(HDC /*dc*/) { return false; }
-  /// Takes over fonts, pictures and sizes after the density or the system's fonts changed.
+  /// Updates fonts, pictures and sizes after the dpi or the system's fonts changed.
   virtual void refresh();
-  /// Whether the window paints beneath its siblings although it comes before them.
+  /// Whether the window is painted below its siblings although it was created before them.
   [[nodiscard]] virtual bool beneathOthers() const { return false; }
-  /// Whether what the window shows depends on its size, so that nothing of it can be kept when it
-  /// is moved.
+  /// Whether the window must be fully redrawn when it is moved, because what it shows depends on
+  /// its size.
   [[nodiscard]] virtual bool redrawnWhenMoved() const { return false; }
 
  protected:
   NativeControl(WindowPeer& host, controls::Control& control);
 
-  /// Creates the native window, hidden or shown as the control says. Raises 7.
+  /// Creates the native window, hidden or shown like the control. Raises `error::outOfMemory`.
   void create(const wchar_t* windowClass, DWORD style, DWORD extendedStyle = 0);
-  /// Lets `message` see the native window's messages.
+  /// Makes `message` receive the native window's messages.
   void watchMessages();
-  /// A message of a watched window; nothing leaves it to the native control.
+  /// A message of a watched window. Returning nothing leaves it to the native control.
   virtual std::optional<LRESULT> message(UINT /*message*/, WPARAM /*first*/, LPARAM /*second*/) {
     return std::nullopt;
   }
-  /// Shows a change of a property that all controls have.
+  /// Shows a changed property that all controls have.
   void mirror(controls::Change change);
-  /// Adds and removes style bits and lets the window redraw its frame.
+  /// Adds and removes style bits and makes the window redraw its frame.
   void changeStyle(DWORD clear, DWORD set) const;
   void changeExtendedStyle(DWORD clear, DWORD set) const;
 
-  /// What the native window has as its text: the caption, or the name for screen readers.
+  /// The text of the native window: the caption, or the name for screen readers.
   [[nodiscard]] virtual std::wstring nativeText() const;
   [[nodiscard]] virtual HFONT font() const;
 
@@ -80,11 +81,12 @@ class NativeControl {
   WindowPeer& host_;
   controls::Control& control_;
   NativeWindow window_;
-  AccessibleName accessibleName_;  // goes before the window
+  AccessibleName accessibleName_;  // destroyed before the window
   bool detached_ = false;
 };
 
-/// Native window of a control; nullptr when it has none, as labels have none to the program.
+/// Native window of a control; nullptr when it has none. Labels have none as far as the program is
+/// concerned.
 [[nodiscard]] HWND windowOf(const controls::Control& control);
 
 }  // namespace platform::win32

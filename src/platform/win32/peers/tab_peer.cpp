@@ -39,7 +39,7 @@ void TabPeer::refresh() {
 }
 
 void TabPeer::fill() {
-  // The system's own spaces round the captions do not grow with the density.
+  // The system's own padding of the captions does not scale with the dpi.
   send(TCM_SETPADDING, 0,
        MAKELPARAM(scaled(horizontalPadding, host().dpi()), scaled(verticalPadding, host().dpi())));
   send(TCM_DELETEALLITEMS);
@@ -77,7 +77,7 @@ std::optional<LRESULT> TabPeer::notification(NMHDR& header) {
   }
   tab_.raiseSwitch(static_cast<int>(send(TCM_GETCURSEL)));
   if (!detached()) {
-    // A handler that failed or chose otherwise has the last word.
+    // The native tab shows what the handler left, even if it failed or chose another tab.
     send(TCM_SETCURSEL, static_cast<WPARAM>(tab_.current()));
   }
   return 0;

@@ -10,7 +10,7 @@ TextBoxPeer::TextBoxPeer(WindowPeer& host, controls::TextBox& box)
     : NativeControl(host, box), box_(box) {
   create(WC_EDITW, WS_TABSTOP | ES_AUTOHSCROLL | border() | (box_.locked() ? ES_READONLY : 0U),
          edge());
-  // The longest text that an edit line takes; the list files set no limit of their own.
+  // The longest text that an edit box can hold; the list files have no limit of their own.
   send(EM_SETLIMITTEXT, 0x7FFFFFFE);
   box_.attach(this);
 }
@@ -40,7 +40,7 @@ void TextBoxPeer::changed(Change change) {
       send(EM_SETREADONLY, box_.locked() ? TRUE : FALSE);
       break;
     case Change::caption:
-      // An edit box shows its text; a caption has no place in it.
+      // An edit box shows its text and has no caption.
       break;
     default:
       mirror(change);

@@ -20,7 +20,7 @@ class TextBoxPeer final : public controls::Peer, public NativeControl {
   [[nodiscard]] DWORD border() const;
   [[nodiscard]] DWORD edge() const;
   controls::TextBox& box_;
-  bool showing_ = false;  // the text is being set by the program
+  bool showing_ = false;  // the program is setting the text
 };
 
 }  // namespace platform::win32

@@ -13,7 +13,7 @@ class TimerPeer final : public controls::Peer {
   TimerPeer(HWND window, controls::Timer& timer);
   void changed(controls::Change change) override;
   void orphaned() override { orphaned_ = true; }
-  /// Stops the native timer and cuts the tie to the timer object.
+  /// Stops the native timer and detaches from the timer object.
   void detach();
   [[nodiscard]] UINT_PTR id() const { return id_; }
   void tick() { timer_.raiseTimer(); }

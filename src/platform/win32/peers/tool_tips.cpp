@@ -1,6 +1,6 @@
 #include "platform/win32/peers/tool_tips.h"
 
-// The system's headers rely on the first.
+// Needs <windows.h> first.
 #include <commctrl.h>
 
 #include <bit>

@@ -14,11 +14,11 @@ using controls::Change;
 
 namespace {
 
-// At 96 dpi: above and below the buttons, and before the first one.
+// At 96 dpi: space above and below the buttons, and before the first one.
 constexpr int verticalMargin = 2;
 constexpr int indent = 8;
-// Width of a button, at 96 dpi: that of the longest caption, but within these. The space that the
-// system leaves beside a caption does not grow with the density.
+// Width of a button, at 96 dpi: that of the longest caption, within these limits. The system's own
+// space beside a caption does not scale with the dpi.
 constexpr int leastWidth = 50;
 constexpr int greatestWidth = 160;
 
@@ -103,7 +103,7 @@ void ToolbarPeer::changed(Change change) {
       showStates();
       break;
     case Change::toolTip:
-      // The tips of the buttons are asked for when they are shown.
+      // The toolbar asks for the tool tips when they are shown.
       break;
     default:
       mirror(change);
@@ -132,7 +132,7 @@ void ToolbarPeer::press(int command) {
   }
   toolbar_.raiseButtonClick(button->key);
   if (!detached()) {
-    // The native button changed its state by itself; what counts is what the handler left.
+    // The native button changed its state itself. The state that the handler left is shown instead.
     showStates();
   }
 }
@@ -144,7 +144,7 @@ std::optional<LRESULT> ToolbarPeer::notification(NMHDR& header) {
       header.hwndFrom == std::bit_cast<HWND>(send(TB_GETTOOLTIPS))) {
     auto& request = reinterpret_cast<NMTTDISPINFOW&>(header);
     const Button* const button = find(static_cast<int>(header.idFrom));
-    // The text stays alive in the toolbar object while the tip is up.
+    // The text belongs to the toolbar object, which lives longer than the tool tip.
     request.lpszText = button == nullptr ? nullptr : const_cast<wchar_t*>(button->toolTip.c_str());
     return 0;
   }

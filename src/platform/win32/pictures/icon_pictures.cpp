@@ -14,7 +14,7 @@ namespace {
 constexpr std::uint32_t alphaMask = 0xFF000000U;
 constexpr std::uint32_t colourMask = 0x00FFFFFFU;
 
-/// Rows from top to bottom, 32 bits a pixel.
+/// Rows from top to bottom, 32 bits per pixel.
 BITMAPINFO formatOf(int width, int height) {
   BITMAPINFO format{};
   format.bmiHeader.biSize = sizeof format.bmiHeader;
@@ -26,7 +26,7 @@ BITMAPINFO formatOf(int width, int height) {
   return format;
 }
 
-/// A bitmap's pixels as they are stored, rows from top to bottom; empty when it cannot be read.
+/// A bitmap's pixels as stored, rows from top to bottom; empty when it cannot be read.
 Picture storedPixels(HBITMAP bitmap) {
   BITMAP description{};
   if (bitmap == nullptr || GetObjectW(bitmap, sizeof description, &description) == 0) {
@@ -43,7 +43,7 @@ Picture storedPixels(HBITMAP bitmap) {
   return picture;
 }
 
-/// The bytes of a resource of this program, "" when it has no such.
+/// The bytes of a resource of this program, "" when there is none.
 std::string_view resource(const wchar_t* name, const wchar_t* type) {
   const HMODULE program = GetModuleHandleW(nullptr);
   HRSRC place = FindResourceW(program, name, type);
@@ -63,7 +63,7 @@ Strip stripOf(const std::vector<Picture>& pictures) {
   void* bits = nullptr;
   Strip strip;
   strip.colours.reset(CreateDIBSection(nullptr, &format, DIB_RGB_COLORS, &bits, nullptr, 0));
-  // One bit per pixel, set where the picture is clear; rows are filled up to 16 bits.
+  // One bit per pixel, set where the picture is transparent; rows are padded to 16 bits.
   const int stride = (width + 15) / 16 * 2;
   std::vector<std::uint8_t> mask(static_cast<std::size_t>(stride) * size.height, 0);
   if (!strip.colours || bits == nullptr) {
@@ -116,7 +116,7 @@ std::optional<Picture> pictureFromIcon(HICON icon) {
   if (colours) {
     picture = storedPixels(colours.get());
   } else {
-    // A black-and-white icon keeps its picture in the lower half of the mask.
+    // A black-and-white icon has its image in the lower half of the mask.
     picture.size = {mask.size.width, mask.size.height / 2};
     const auto half = mask.pixels.begin() + static_cast<std::ptrdiff_t>(mask.pixels.size() / 2);
     picture.pixels.assign(half, mask.pixels.end());

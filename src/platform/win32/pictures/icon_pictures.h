@@ -1,4 +1,4 @@
-// From pictures to the system's bitmaps and icons, and back.
+// Converts pictures to the system's bitmaps and icons, and back.
 #pragma once
 
 #include <windows.h>
@@ -12,23 +12,24 @@
 
 namespace platform::win32 {
 
-/// Pictures of one size beside one another, with the mask of what is clear.
+/// Pictures of one size side by side, with a mask of the transparent pixels.
 struct Strip {
   BitmapHandle colours;
   BitmapHandle mask;
 };
 
-/// Lays out pictures of one size as image lists take them. Raises 7 when the system refuses.
+/// Puts pictures of one size into the form that image lists need. Raises `error::outOfMemory` when
+/// the system refuses.
 [[nodiscard]] Strip stripOf(const std::vector<Picture>& pictures);
 
-/// Makes an icon of a picture. Raises 7 when the system refuses.
+/// Creates an icon from a picture. Raises `error::outOfMemory` when the system refuses.
 [[nodiscard]] Icon iconFromPicture(const Picture& picture);
 
-/// The pixels of an icon at its own size; nothing when the system does not hand them out.
+/// The pixels of an icon at its own size; nothing when the system does not return them.
 [[nodiscard]] std::optional<Picture> pictureFromIcon(HICON icon);
 
-/// An icon of this program at exactly `side` pixels. Nothing when it was not stored pixel by pixel
-/// at that size.
+/// An icon of this program at exactly `side` pixels. Nothing when it is not stored unpacked at that
+/// size.
 [[nodiscard]] std::optional<Picture> storedPicture(const std::wstring& name, int side);
 
 }  // namespace platform::win32

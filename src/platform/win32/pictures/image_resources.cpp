@@ -13,7 +13,7 @@ namespace platform::win32 {
 
 namespace {
 
-constexpr int growth = 16;  // pictures by which a full native image list grows
+constexpr int growth = 16;  // pictures added to the capacity of a full native image list
 constexpr std::array picturePercents{100, 125, 150, 175, 200};
 
 HMODULE program() { return GetModuleHandleW(nullptr); }
@@ -92,7 +92,7 @@ void ImageCache::append(HIMAGELIST list, const controls::ImageList& source, std:
   for (std::size_t i = from; i < source.images().size(); ++i) {
     const controls::ImageList::Image& image = source.images()[i];
     auto picture = pictureOf(image, size);
-    // A picture that is missing leaves the items that name it without one.
+    // If a picture is missing, its items have none.
     if (picture && picture->size == size) {
       pictures.push_back(std::move(*picture));
       keys.push_back(&image.key);
@@ -118,8 +118,8 @@ bool ImageCache::refresh(const controls::ImageList* source, int dpi,
     return false;
   }
   const std::size_t count = source == nullptr ? 0 : source->images().size();
-  // Every picture that is added is one revision, and so is every other change: as many of either
-  // means that there is nothing new but pictures at the end.
+  // Every added picture increases the revision by one, and so does every other change. If revision
+  // and count grew equally, only pictures at the end are new.
   if (source != nullptr && source == source_ && dpi == dpi_ && count > count_ &&
       source->revision() - revision_ == count - count_) {
     append(list_.get(), *source, count_);

@@ -1,4 +1,4 @@
-// The pictures among the program's resources, and image lists made of them.
+// The pictures in the program's resources, and native image lists.
 #pragma once
 
 #include <cstddef>
@@ -19,20 +19,20 @@ namespace platform::win32 {
 /// Loads an icon resource at exactly `size` pixels. Empty when there is no such resource.
 [[nodiscard]] Icon loadIcon(const std::wstring& name, Size size);
 
-/// Loads the picture resource `name`_100 ... `name`_200 that suits `dpi` and draws it into a
-/// bitmap of exactly `size` pixels (pixel by pixel when it fits). Empty when there is none.
+/// Loads the picture resource `name`_100 ... `name`_200 that suits `dpi` and draws it into a bitmap
+/// of exactly `size` pixels (unscaled when the size is the same). Empty when there is none.
 [[nodiscard]] BitmapHandle loadPicture(const std::wstring& name, int dpi, Size size);
 
-/// The native copy of an image list at one density.
+/// The native copy of an image list at one dpi.
 class ImageCache {
  public:
-  /// Brings the copy up to date with `source` (nullptr for none) at `dpi`. When it was stale,
-  /// `give` is called with the new native list, which the control has to take over before the
-  /// former one is destroyed. Says whether there was anything new. Raises 7 when the system refuses
-  /// an image list.
+  /// Updates the copy from `source` (nullptr for none) at `dpi`. If it was outdated, calls `give`
+  /// with the new native list; the control has to take it before the former one is destroyed.
+  /// Returns whether anything was new. Raises `error::outOfMemory` when the system refuses an image
+  /// list.
   bool refresh(const controls::ImageList* source, int dpi,
                const std::function<void(HIMAGELIST)>& give);
-  /// Place of a key in the native list, `none` for an unknown one.
+  /// Position of a key in the native list, `none` for an unknown one.
   [[nodiscard]] int indexOf(const std::wstring& key, int none) const;
 
  private:
@@ -42,7 +42,7 @@ class ImageCache {
   std::unordered_map<std::wstring, int> places_;
   const controls::ImageList* source_ = nullptr;
   unsigned revision_ = 0;
-  std::size_t count_ = 0;  // pictures of the source that have been taken over
+  std::size_t count_ = 0;  // number of pictures copied from the source
   int dpi_ = 0;
 };
 

@@ -1,6 +1,6 @@
 // The icons of other programs as pixels.
 #include <windows.h>
-// The shell's header relies on the first.
+// Needs <windows.h> first.
 #include <shellapi.h>
 
 #include <algorithm>
@@ -25,8 +25,7 @@ std::size_t area(Size size) {
 
 using NativeIcons = std::array<Icon, 2>;
 
-/// The first icon of a file, drawn for both sizes if the file offers that; empty when there is
-/// none.
+/// The first icon of a file, in both sizes if the file has them; empty when there is none.
 NativeIcons extractIcons(const std::wstring& file, const Sizes& sides) {
   const auto both =
       static_cast<int>(MAKELONG(static_cast<WORD>(sides.front()), static_cast<WORD>(sides.back())));
@@ -40,14 +39,14 @@ NativeIcons extractIcons(const std::wstring& file, const Sizes& sides) {
 
   for (Icon& icon : icons) {
     HICON plain = ExtractIconW(GetModuleHandleW(nullptr), file.c_str(), 0);
-    // 1 stands for a file that is no program.
+    // 1 means that the file is no program.
     const bool none = reinterpret_cast<ULONG_PTR>(plain) <= 1;
     icon = Icon(none ? nullptr : plain);
   }
   return icons;
 }
 
-/// The icons as the file has them, pixel by pixel.
+/// The icons as stored in the file, if they are unpacked.
 std::optional<std::array<Picture, 2>> storedIcons(const std::wstring& path, const Sizes& sides) {
   const win32::FileHandle file(CreateFileW(path.c_str(), GENERIC_READ,
                                            FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
@@ -70,8 +69,8 @@ std::optional<std::array<Picture, 2>> storedIcons(const std::wstring& path, cons
   return icons::unpackedIcons(readAt, sides);
 }
 
-/// The picture at another size, each pixel taken from the nearest one. Only an icon that the
-/// system would not draw at the size we asked for comes here.
+/// The picture at another size, without smoothing. Used only for an icon that the system did not
+/// draw at the requested size.
 Picture resized(const Picture& picture, int side) {
   Picture result{.size = {side, side}, .pixels = {}};
   result.pixels.reserve(area(result.size));
@@ -89,7 +88,7 @@ Picture resized(const Picture& picture, int side) {
 }  // namespace
 
 Icons programIcons(const std::wstring& file, const Sizes& sides) {
-  constexpr int largest = 0x7FFF;  // two sizes share one number on their way to the system
+  constexpr int largest = 0x7FFF;  // two sizes are passed to the system in one number
   const bool valid =
       std::all_of(sides.begin(), sides.end(), [](int side) { return side > 0 && side <= largest; });
   if (file.empty() || !valid || win32::hasEmbeddedNul(file)) return {};

@@ -1,7 +1,7 @@
 #include "platform/browser.h"
 
 #include <windows.h>
-// The shell's header relies on the first.
+// Needs <windows.h> first.
 #include <shellapi.h>
 
 #include <cstddef>
@@ -11,10 +11,10 @@
 namespace platform::browser {
 
 std::intptr_t open(const std::wstring& address, int showCommand) {
-  // The shell would open whatever the part up to the NUL means.
+  // The shell would open the part up to the NUL.
   if (win32::hasEmbeddedNul(address)) return SE_ERR_FNF;
-  // Nor does it open longer ones (INTERNET_MAX_URL_LENGTH); some versions copy them into a buffer
-  // without looking at their length.
+  // The shell does not open longer ones either (INTERNET_MAX_URL_LENGTH); some versions copy them
+  // into a buffer without a length check.
   constexpr std::size_t longestAddress = 2083;
   if (address.size() > longestAddress) return SE_ERR_FNF;
   return reinterpret_cast<std::intptr_t>(

@@ -1,7 +1,7 @@
 #include "platform/folders.h"
 
 #include <windows.h>
-// The shell's header relies on the first.
+// Needs <windows.h> first.
 #include <shlobj.h>
 
 #include <array>

@@ -1,7 +1,7 @@
 #include "platform/win32/shell/link_object.h"
 
 #include <windows.h>
-// The shell's header relies on the first.
+// Needs <windows.h> first.
 #include <shlobj.h>
 
 #include <cwchar>
@@ -23,7 +23,7 @@ HRESULT create(LinkFile& object) {
   return object.link->QueryInterface(IID_IPersistFile, object.file.outAny());
 }
 
-/// Sets every property in turn and stops at the first one that is refused.
+/// Sets all properties; stops at the first one that is refused.
 HRESULT setProperties(IShellLinkW& object, const shell_links::Link& link) {
   HRESULT result = object.SetArguments(link.arguments.c_str());
   if (SUCCEEDED(result)) result = object.SetDescription(link.description.c_str());
@@ -31,13 +31,13 @@ HRESULT setProperties(IShellLinkW& object, const shell_links::Link& link) {
     result = object.SetIconLocation(link.iconLocation.c_str(), 0);
   }
   if (SUCCEEDED(result)) result = object.SetPath(link.targetPath.c_str());
-  // The window styles of a link are the show commands of the same numbers.
+  // The window styles of a link have the same numbers as the show commands.
   if (SUCCEEDED(result)) result = object.SetShowCmd(link.windowStyle);
   if (SUCCEEDED(result)) result = object.SetWorkingDirectory(link.workingDirectory.c_str());
   return result;
 }
 
-/// Text with the %variables% of the environment replaced.
+/// Text with environment variables (%name%) replaced.
 std::wstring expanded(const std::wstring& text) {
   const DWORD room = ExpandEnvironmentStringsW(text.c_str(), nullptr, 0);
   if (room == 0) return text;
@@ -66,7 +66,7 @@ std::wstring targetOf(const std::wstring& linkPath) {
       FAILED(object.file->Load(linkPath.c_str(), STGM_READ | STGM_SHARE_DENY_NONE))) {
     return {};
   }
-  // The raw path is what the file says. Any other one would have the shell look for the target.
+  // The raw path is what is stored. For any other form the shell would search for the target.
   constexpr int longestTarget = 32768;
   std::wstring target(longestTarget, L'\0');
   if (object.link->GetPath(target.data(), longestTarget, nullptr, SLGP_RAWPATH) != S_OK) return {};

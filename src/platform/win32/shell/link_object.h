@@ -1,4 +1,4 @@
-// Shortcut files by way of the shell's own link object.
+// Reads and writes shortcut files with the shell's own link object.
 #pragma once
 
 #include <windows.h>
@@ -9,12 +9,12 @@
 
 namespace platform::win32::link_object {
 
-/// Writes a shortcut, with the first icon of the icon file and without a hot key. The result is
-/// that of the first call that failed; `created` tells whether there was an object to call.
+/// Writes a shortcut, with the first icon of the icon file and without a hot key. Returns the
+/// result of the first call that failed. `created` is set to whether the object could be created.
 [[nodiscard]] HRESULT write(const std::wstring& linkPath, const shell_links::Link& link,
                             bool& created);
 
-/// Target that the shortcut stores, as it stores it; "" when it cannot be read.
+/// Target exactly as the shortcut stores it; "" when it cannot be read.
 [[nodiscard]] std::wstring targetOf(const std::wstring& linkPath);
 
 }  // namespace platform::win32::link_object

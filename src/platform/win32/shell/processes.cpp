@@ -28,7 +28,7 @@ void startProgram(const std::wstring& executable, const std::wstring& commandLin
   startup.cb = sizeof startup;
   startup.dwFlags = STARTF_USESHOWWINDOW;
   startup.wShowWindow = SW_SHOWNORMAL;
-  // The system may write into the command line, hence a copy of our own.
+  // A copy, because the system may write to the command line.
   std::wstring arguments = commandLine;
   PROCESS_INFORMATION started{};
   if (CreateProcessW(program.c_str(), arguments.data(), nullptr, nullptr, FALSE, 0, nullptr,

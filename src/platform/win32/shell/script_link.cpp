@@ -9,7 +9,7 @@
 namespace platform::win32::script_link {
 namespace {
 
-/// Owned automation value.
+/// Owns an automation value.
 class Variant {
  public:
   Variant() noexcept { VariantInit(&value_); }
@@ -41,7 +41,7 @@ class Variant {
   VARIANT value_{};
 };
 
-/// Calls a method or gets or puts a property of an object by its name, as a script does.
+/// Calls a method, or gets or sets a property, of an object by name, like a script.
 bool invoke(IDispatch* object, std::wstring name, WORD kind, std::span<VARIANT> arguments,
             VARIANT* result) {
   LPOLESTR names = name.data();
@@ -67,14 +67,15 @@ bool put(IDispatch* object, const wchar_t* name, const Value& value) {
   return invoke(object, name, DISPATCH_PROPERTYPUT, {argument.address(), 1}, nullptr);
 }
 
-/// The scripting object of this process; empty until somebody has needed it.
+/// The scripting object of this process; empty until it is first used.
 ComPointer<IDispatch>& keptShell() {
   static ComPointer<IDispatch> shell;
   return shell;
 }
 
-/// The scripting object; empty when the system has none. Finding and loading it takes longer than
-/// what it is asked for, and a start asks it about every shortcut.
+/// The scripting object; empty when the system has none. It is kept, because finding and loading it
+/// takes longer than using it, and every start uses it for each shortcut. Row `start.splash` of
+/// ./bench includes this (docs/performance.md, "Start").
 const ComPointer<IDispatch>& scriptShell() {
   ComPointer<IDispatch>& shell = keptShell();
   CLSID shellClass{};

@@ -1,4 +1,4 @@
-// Which of the system's two ways to a shortcut file is taken.
+// Selects one of the system's two ways to read or write a shortcut file.
 #include "platform/shell_links.h"
 
 #include <windows.h>
@@ -16,8 +16,8 @@
 namespace platform::shell_links {
 namespace {
 
-/// Whether the scripting object can be trusted with a text: it goes through the system's code
-/// page and would put question marks for the characters that are missing there.
+/// Whether the scripting object keeps this text. It uses the system's code page and writes question
+/// marks for characters that are missing there.
 bool scriptingKeeps(const std::wstring& text) {
   return text::fromCodePage(text::toCodePage(text)) == text;
 }
@@ -29,7 +29,8 @@ bool scriptingKeeps(const std::wstring& linkPath, const Link& link) {
                      [](const std::wstring* text) { return scriptingKeeps(*text); });
 }
 
-/// No path holds one; it stands for a character that the scripting object could not express.
+/// No path contains a question mark; it stands for a character that the scripting object cannot
+/// express.
 bool isGarbled(const std::wstring& target) { return target.find(L'?') != std::wstring::npos; }
 
 void writeFile(const std::wstring& linkPath, const Link& link) {

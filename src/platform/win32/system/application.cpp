@@ -15,14 +15,14 @@ namespace {
 
 bool anotherWasRunning = false;
 
-/// Name of the object by which a copy of this session shows that it is there.
+/// Name of the mutex by which a copy of this session is recognised.
 std::wstring sessionName() { return std::wstring(LR"(Local\)") + application::instanceName; }
 
 }  // namespace
 
 ApplicationStart::ApplicationStart()
     : instance_(CreateMutexW(nullptr, FALSE, sessionName().c_str())) {
-  // A copy started with other rights owns the name and does not let us at it.
+  // Access is denied when a copy that was started with other rights owns the name.
   const DWORD result = GetLastError();
   anotherWasRunning =
       result == ERROR_ALREADY_EXISTS || (!instance_ && result == ERROR_ACCESS_DENIED);
@@ -45,8 +45,8 @@ ApplicationStart::~ApplicationStart() {
 namespace application {
 namespace {
 
-/// A copy of the version resource, which the functions that read it expect to be writable;
-/// empty when there is none.
+/// A copy of the version resource, because the functions that read it need it writable; empty when
+/// there is none.
 std::vector<std::byte> versionResource() {
   HRSRC found = FindResourceW(nullptr, MAKEINTRESOURCEW(VS_VERSION_INFO), RT_VERSION);
   if (found == nullptr) return {};
@@ -58,7 +58,7 @@ std::vector<std::byte> versionResource() {
   return {bytes, bytes + size};
 }
 
-/// A block of the version resource; `Item` is what it consists of. Null when it is missing.
+/// A block of the version resource, consisting of `Item`s. Null when it is missing.
 template <class Item>
 const Item* versionBlock(const std::vector<std::byte>& resource, const wchar_t* name,
                          UINT& length) {
@@ -89,7 +89,7 @@ std::wstring executablePath() {
 
 std::wstring folder() {
   std::wstring path = executablePath();
-  // The extended form of a path has no place in the texts and file names built from it.
+  // The extended form of a path must not appear in texts and file names.
   constexpr std::wstring_view extended = LR"(\\?\)";
   if (path.starts_with(extended) && path.substr(extended.size() + 1, 1) == L":") {
     path.erase(0, extended.size());

@@ -5,8 +5,8 @@
 
 namespace platform::win32 {
 
-/// Makes this thread ready for the shell's objects and the common controls, and takes the
-/// program's place in the session. Lives as long as the program runs.
+/// Initialises COM and the common controls for this thread, and registers the program in the
+/// session. Exists as long as the program runs.
 class ApplicationStart {
  public:
   ApplicationStart();

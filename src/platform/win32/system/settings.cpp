@@ -24,13 +24,13 @@ std::wstring read(const std::wstring& section, const std::wstring& key,
     const LSTATUS status = RegGetValueW(HKEY_CURRENT_USER, path.c_str(), key.c_str(), RRF_RT_REG_SZ,
                                         nullptr, value.data(), &bytes);
     if (status == ERROR_SUCCESS) {
-      // The call sees to the final NUL, which is counted.
+      // The call guarantees a final NUL, which is included in the size.
       value.resize(bytes / sizeof(wchar_t));
       if (!value.empty() && value.back() == L'\0') value.pop_back();
       return value;
     }
     if (status != ERROR_MORE_DATA) return otherwise;
-    // Another program may write a longer one between two calls, hence the loop.
+    // A loop, because another program may write a longer value between two calls.
     value.resize(value.size() * 2);
   }
 }

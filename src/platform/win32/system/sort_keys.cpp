@@ -1,11 +1,12 @@
-// Sort keys, by the system or, for many texts of plain characters, by a table learned from it.
+// Sort keys made by the system or, for many texts of plain characters, from a table learned from
+// the system.
 //
-// The system weighs most characters by themselves: a text's key is the weights of its characters
-// one behind the other. Where that holds, the rank of each character's weight is a key as good as
-// the weight, and costs a look into a table. It does not hold for hyphen and apostrophe, and in
-// some languages not for pairs of letters that count as one; the table leaves these out. In a batch
-// with a character that is not in the table the plain texts get the weights themselves, which are
-// the system's own key, and the others are left to the system.
+// The system weighs most characters independently: the key of a text is the weights of its
+// characters, one after the other. For such characters the rank of the weight sorts like the weight
+// itself, and a rank is only a table look-up. This does not hold for hyphen and apostrophe, and in
+// some languages not for pairs of letters that sort as one; the table leaves these out. If a batch
+// has a character that is not in the table, the texts of plain characters get the weights
+// themselves, which are equal to the system's own keys. The other texts get the system's keys.
 #include "platform/win32/system/sort_keys.h"
 
 #include <algorithm>
@@ -26,20 +27,20 @@ class RankTable {
  public:
   RankTable() = default;
   explicit RankTable(const wchar_t* locale) { learn(locale); }
-  /// Rank of a character among those of the table, from 1; 0 when it is not in it.
+  /// Rank of a character in the table, from 1; 0 when the table does not have it.
   [[nodiscard]] unsigned char operator[](wchar_t unit) const {
     const auto index = static_cast<std::size_t>(unit);
     return index < ranks_.size() ? ranks_[index] : 0;
   }
-  /// Appends the system's key of a text whose characters are all in the table; false when one is
-  /// not, and nothing is appended then.
+  /// Appends the system's key of a text whose characters are all in the table. When one is not,
+  /// returns false and appends nothing.
   bool appendWeights(std::wstring_view text, std::string& keys) const;
 
  private:
   static constexpr wchar_t first = L' ';
   static constexpr wchar_t last = L'~';
-  /// What follows the weights in the key of a text whose characters all weigh by themselves: three
-  /// empty levels and their separators.
+  /// What follows the weights in the key of a text of independent characters: three empty levels
+  /// and their separators.
   static constexpr std::string_view emptyLevels{"\x01\x01\x01\x01", 4};
   static constexpr std::size_t weightBytes = 2;
 
@@ -54,10 +55,10 @@ class RankTable {
     return key.size() == weightBytes + emptyLevels.size() && key.ends_with(emptyLevels) &&
            static_cast<unsigned char>(key.front()) > 1;
   }
-  /// Whether the system's key of the text is the one that the single weights make up.
+  /// Whether the system's key of the text equals the one made of the single weights.
   [[nodiscard]] bool holdsFor(const wchar_t* locale, const std::wstring& text) const;
 
-  std::array<std::string, last + 1> weights_;  // "" for a character that is left out
+  std::array<std::string, last + 1> weights_;  // "" for a character that the table does not have
   std::array<unsigned char, last + 1> ranks_{};
 };
 
@@ -86,7 +87,7 @@ bool RankTable::holdsFor(const wchar_t* locale, const std::wstring& text) const 
 }
 
 void RankTable::leaveOutPairs(const wchar_t* locale) {
-  // Every pair of letters in every case; longer units begin with a pair that is one.
+  // Every pair of letters in each letter case. Longer units begin with a pair that is a unit.
   std::vector<wchar_t> letters;
   for (wchar_t letter = L'A'; letter <= L'Z'; ++letter) {
     letters.push_back(letter);
@@ -115,8 +116,8 @@ void RankTable::learn(const wchar_t* locale) {
     }
   }
   leaveOutPairs(locale);
-  // The whole table in one text, forwards and backwards: were there yet another rule, it would
-  // show.
+  // Checks the whole table in one text, forwards and backwards: any further rule would show up
+  // here.
   std::wstring all;
   std::set<std::string> distinct;
   for (wchar_t unit = first; unit <= last; ++unit) {
@@ -133,9 +134,9 @@ void RankTable::learn(const wchar_t* locale) {
   }
 }
 
-/// The table of a language; learned anew when the language is another one than the last time.
+/// The table of a language; learned again when the language changes.
 const RankTable& tableOf(const wchar_t* locale) {
-  // In this process's memory for good: it is small, and learning it takes thousands of calls.
+  // Kept for the life of the process: it is small, and learning it takes thousands of calls.
   static std::wstring learnedFor;
   static RankTable table;
   std::array<wchar_t, LOCALE_NAME_MAX_LENGTH> name{};
@@ -152,11 +153,11 @@ const RankTable& tableOf(const wchar_t* locale) {
   return table;
 }
 
-/// Keys of ranks; false when a text has a character that is not in the table.
+/// Appends keys of ranks. Returns false when a text has a character that is not in the table.
 bool appendRanks(const RankTable& table, std::size_t count,
                  const std::function<std::wstring_view(std::size_t)>& textAt,
                  text::SortKeys& keys) {
-  // Written into room that is made beforehand: a million names have some twenty million characters.
+  // The memory is allocated beforehand: a million names have about twenty million characters.
   std::size_t used = 0;
   for (std::size_t n = 0; n < count; ++n) {
     const std::wstring_view text = textAt(n);
@@ -183,7 +184,7 @@ bool appendRanks(const RankTable& table, std::size_t count,
 
 void appendSortKey(const wchar_t* locale, std::wstring_view text, std::string& keys) {
   if (text.empty()) return;
-  // A key takes several bytes for a character, and its length must be an int as well.
+  // A key needs several bytes per character, and its length must fit into an int too.
   constexpr std::size_t bytesPerUnit = 8;
   if (text.size() > std::numeric_limits<int>::max() / bytesPerUnit) {
     throw RunTimeError(error::outOfMemory);
@@ -191,12 +192,12 @@ void appendSortKey(const wchar_t* locale, std::wstring_view text, std::string& k
   const auto length = static_cast<int>(text.size());
   const std::size_t before = keys.size();
   const auto map = [&](int room) {
-    // For a sort key the "wide" buffer holds bytes, and its size is given in bytes.
+    // For a sort key the "wide" buffer receives bytes, and its size is given in bytes.
     return LCMapStringEx(locale, keyFlags, text.data(), length,
                          room == 0 ? nullptr : reinterpret_cast<wchar_t*>(keys.data() + before),
                          room, nullptr, nullptr, 0);
   };
-  // Enough for nearly every text, so that the system need not be asked for the size first.
+  // Enough for nearly every text, so that no extra call for the size is needed.
   constexpr std::size_t overhead = 16;
   keys.resize(before + text.size() * bytesPerUnit + overhead);
   int size = map(static_cast<int>(keys.size() - before));
@@ -214,7 +215,7 @@ text::SortKeys sortKeys(const wchar_t* locale, std::size_t count,
                         const std::function<std::wstring_view(std::size_t)>& textAt) {
   text::SortKeys keys;
   keys.ends.reserve(count);
-  // Below this the system's keys cost less than learning the table.
+  // With fewer texts the system's keys cost less than learning the table.
   constexpr std::size_t worthATable = 2000;
   const RankTable* const table = count >= worthATable ? &tableOf(locale) : nullptr;
   if (table != nullptr && appendRanks(*table, count, textAt, keys)) return keys;

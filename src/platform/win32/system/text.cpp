@@ -12,20 +12,21 @@
 namespace platform::text {
 namespace {
 
-/// A length as the system's text functions take it; raises 7 for what they cannot take.
+/// A length as an int for the system's text functions. Raises `error::outOfMemory` when it is too
+/// large for them.
 int checkedLength(std::size_t length) {
   if (length > std::numeric_limits<int>::max()) throw RunTimeError(error::outOfMemory);
   return static_cast<int>(length);
 }
 
-/// The length that a text function returned, which is 0 only when it failed.
+/// The length that a text function returned. 0 means that it failed.
 std::size_t required(int length) {
   if (length <= 0) throw RunTimeError(errorNumberFromSystem(GetLastError()));
   return static_cast<std::size_t>(length);
 }
 
-/// Whether the code page lets us choose the substitute for characters that it lacks. Those that
-/// hold every character do not, and need none.
+/// Whether a substitute for missing characters can be chosen with this code page. Code pages that
+/// have every character do not allow it and do not need it.
 bool hasSubstitute(UINT codePage) {
   constexpr UINT gb18030 = 54936;
   return codePage != CP_UTF8 && codePage != gb18030;
@@ -46,7 +47,7 @@ std::wstring upper(std::wstring_view text) {
   }
   const int length = checkedLength(text.size());
   std::wstring result(text.size(), L'\0');
-  // The simple mapping: one character for one, so that positions keep their meaning.
+  // The simple mapping: one character for each character, so that positions stay valid.
   required(LCMapStringEx(LOCALE_NAME_INVARIANT, LCMAP_UPPERCASE, text.data(), length, result.data(),
                          length, nullptr, nullptr, 0));
   return result;

@@ -1,5 +1,5 @@
 #include <windows.h>
-// The dialogs' header relies on the first.
+// Needs <windows.h> first.
 #include <commdlg.h>
 
 #include <algorithm>
@@ -14,7 +14,7 @@ namespace platform::dialogs {
 namespace {
 
 constexpr std::size_t longestFileName = 32768;
-/// Failures of the dialog itself are numbered downwards from here.
+/// The number of a dialog's own failure is this minus its code.
 constexpr int dialogErrors = 32767;
 
 std::wstring currentFolder() {
@@ -23,8 +23,8 @@ std::wstring currentFolder() {
   return folder;
 }
 
-/// Puts the program's current folder back. The dialog promises not to change it, but some
-/// versions do so while the user walks through folders.
+/// Restores the program's current folder. The dialog promises not to change it, but some versions
+/// do so while the user browses.
 class KeptCurrentFolder {
  public:
   KeptCurrentFolder() : folder_(currentFolder()) {}
@@ -38,14 +38,14 @@ class KeptCurrentFolder {
   std::wstring folder_;
 };
 
-/// The dialog separates labels and patterns by NULs and ends the list by an empty one.
+/// The dialog separates labels and patterns by NULs; an empty one ends the list.
 std::wstring filterList(std::wstring filter) {
   std::replace(filter.begin(), filter.end(), L'|', L'\0');
   filter.append(2, L'\0');
   return filter;
 }
 
-/// Folder with which the dialog begins: that of the preset name, if it has one.
+/// Initial folder of the dialog: that of the preset name, if it has one.
 std::wstring folderOf(const OpenFileRequest& request) {
   const std::size_t separator = request.fileName.find_last_of(L"\\/");
   if (separator == std::wstring::npos) return request.initialFolder;

@@ -32,7 +32,7 @@ Answer showMessage(const std::wstring& text, MessageStyle style, const std::wstr
   const win32::ModalScope modal(owner);
   const int button = MessageBoxW(owner, text.c_str(), title.c_str(), flagsOf(style));
   if (style == MessageStyle::information || style == MessageStyle::critical) return Answer::ok;
-  // A question that could not be shown has confirmed nothing.
+  // A message box that could not be shown must not count as "yes".
   return button == IDYES ? Answer::yes : Answer::no;
 }
 

@@ -1,4 +1,4 @@
-// The loops that feed the program's windows with messages.
+// The message loops of the program's windows.
 #include <algorithm>
 #include <vector>
 
@@ -22,7 +22,7 @@ bool preTranslate(MSG& message) {
 }
 
 void process(MSG& message) {
-  // A message for which there is no memory must not end the program.
+  // If there is no memory to handle a message, the program must not end.
   platform::dispatch([&message] {
     if (!preTranslate(message)) {
       TranslateMessage(&message);
@@ -32,8 +32,8 @@ void process(MSG& message) {
   });
 }
 
-/// Processes messages until `window` is no longer loaded. A request to quit the thread ends the
-/// wait and stays in the queue for the loops outside this one.
+/// Processes messages until `window` is no longer loaded. A quit message ends the wait and is
+/// posted again for the outer loops.
 void processUntilUnloaded(const controls::Window& window) {
   MSG message{};
   while (window.loaded()) {

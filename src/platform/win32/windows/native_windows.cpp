@@ -1,7 +1,7 @@
 #include "platform/native_windows.h"
 
 #include <windows.h>
-// The rest of the system's headers rely on the first.
+// Needs <windows.h> first.
 #include <olectl.h>
 
 #include <memory>
@@ -39,7 +39,7 @@ WindowHandle firstChild(WindowHandle window) {
 }
 
 WindowHandle childOfClass(WindowHandle window, const std::wstring& className) {
-  // Without a window the search would go through the desktop.
+  // Without a parent window the search would go through the top-level windows.
   return IsWindow(windowFrom(window)) == 0
              ? WindowHandle::none
              : handleFrom(FindWindowExW(windowFrom(window), nullptr, className.c_str(), nullptr));
@@ -85,7 +85,7 @@ Point cursor() {
 }
 
 void setTimer(WindowHandle window, std::uintptr_t id, unsigned milliseconds) {
-  // Without a window the timer would be a new one of the thread's.
+  // Without a window this would create a timer of the thread.
   if (IsWindow(windowFrom(window)) != 0) {
     SetTimer(windowFrom(window), id, milliseconds, nullptr);
   }
@@ -101,8 +101,8 @@ std::optional<std::uint32_t> translateColour(std::uint32_t oleColour) {
   return colour;
 }
 
-// The device context is the window's own, lent: it is released. Deleting it, as one does with a
-// context of one's own making, would leak it.
+// The device context belongs to the window and was obtained with GetDC, so it is released. Deleting
+// it would leak it.
 struct LineCanvas::State {
   explicit State(HWND window) : context(window), former(GetCurrentObject(context.get(), OBJ_PEN)) {}
   win32::WindowDc context;
@@ -111,7 +111,7 @@ struct LineCanvas::State {
 };
 
 LineCanvas::LineCanvas(WindowHandle window) {
-  // The context of no window is the whole screen's.
+  // Without a window this would be the device context of the whole screen.
   if (IsWindow(windowFrom(window)) != 0) {
     state_ = std::make_unique<State>(windowFrom(window));
   }

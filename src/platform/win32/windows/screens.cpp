@@ -8,7 +8,7 @@
 namespace platform::screens {
 namespace {
 
-// A named function: on 32-bit Windows a lambda has not the calling convention of a callback.
+// A named function: on 32-bit Windows a lambda does not have the calling convention of a callback.
 BOOL CALLBACK addWorkArea(HMONITOR monitor, HDC /*dc*/, RECT* /*bounds*/, LPARAM found) {
   auto& list = *win32::pointerFrom<std::vector<Rect>>(found);
   const MONITORINFO facts = win32::monitorFacts(monitor);

@@ -1,4 +1,4 @@
-// What stays in its place while a list is changed, and what happens when that fails half-way.
+// What a change of a list keeps, and what happens when the change fails in the middle.
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -21,7 +21,7 @@ using desktop::desktop;
 using platform::RunTimeError;
 using Texts = std::vector<std::wstring>;
 
-/// Refuses what it is told, like a peer that the system denies an image list.
+/// Refuses the selected changes, like a peer when the system refuses an image list.
 class RefusingPeer : public ListViewPeer {
  public:
   explicit RefusingPeer(ListView& list) : list_(list) { list_.attach(this); }

@@ -1,4 +1,4 @@
-// How a list keeps its rows: what becomes of them when they get wider, and when they are sorted.
+// How a list stores its rows: what happens when they get longer, and when they are sorted.
 #include <gtest/gtest.h>
 
 #include <string>

@@ -126,7 +126,7 @@ TEST_F(SmallControlsTest, ATimerTellsItsPeerOfItsIntervalAndState) {
   EXPECT_EQ(peer.take(), (std::vector{Change::timer, Change::enabled}));
 }
 
-/// Counts the controls that went while it was attached to them.
+/// Counts the controls that were destroyed while it was attached to them.
 class MourningPeer : public Peer {
  public:
   void changed(Change /*change*/) override {}

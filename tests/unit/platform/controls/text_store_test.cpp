@@ -12,7 +12,7 @@ namespace {
 TEST(TextStore, KeepsEveryTextAsItWas) {
   TextStore store;
   std::vector<std::pair<TextStore::Ref, std::wstring>> stored;
-  // More than a few blocks, with texts that fit the rest of a block in every way.
+  // Enough for several blocks, with texts of all lengths at the ends of blocks.
   for (std::size_t n = 0; n < 20'000; ++n) {
     std::wstring text(n % 97, static_cast<wchar_t>(L'a' + n % 26));
     const TextStore::Ref ref = n % 2 == 0 ? store.add(text) : store.addShared(text);

@@ -17,7 +17,7 @@ namespace {
 using desktop::desktop;
 using Events = std::vector<std::wstring>;
 
-/// Writes down its events, and refuses or fails where it is told to.
+/// Records its events, and refuses or fails on request.
 class TestWindow : public Window {
  public:
   explicit TestWindow(WindowKind kind = WindowKind::frame) : Window(L"frmTest", kind) {

@@ -8,10 +8,10 @@ namespace bench {
 /// The lists of the Open and the New tab, and the view that fills them.
 struct CatalogueLists {
   controls::ListView dataList{L"lstQMK", 1};
-  controls::ListView newList{L"lstQMK", 2};
+  controls::ListView newFiles{L"lstQMK", 2};
   controls::ImageList largeImages;
   controls::ImageList smallImages;
-  modQMKGeneral::CatalogueView catalogue{dataList, newList, largeImages, smallImages};
+  modQMKGeneral::CatalogueView catalogue{dataList, newFiles, largeImages, smallImages};
 };
 
 }  // namespace bench

@@ -116,7 +116,7 @@ void LoadCatalogueView(CatalogueView& view) {
 }
 
 void AddNewFileItems(CatalogueView& view) {
-  ListView& list = view.newList;
+  ListView& list = view.newFiles;
   list.update([&] {
     list.setImages(&view.largeImages, &view.smallImages);
     for (const DataType& type : dataTypes()) {

@@ -22,7 +22,7 @@ inline const std::vector<std::size_t> entry{0, folder};
 /// The lists that show the catalogue, and what was last seen of the file.
 struct CatalogueView {
   controls::ListView& dataList;  ///< Open tab.
-  controls::ListView& newList;   ///< New tab.
+  controls::ListView& newFiles;  ///< New tab.
   const controls::ImageList& largeImages;
   const controls::ImageList& smallImages;
   /// State of the catalogue file when the list was last filled from it.

@@ -88,7 +88,7 @@ void OpenSelectedDataFile(Opening& opening) {
 }
 
 void StartNewFile(Opening& opening) {
-  const controls::ListView& list = opening.view.newList;
+  const controls::ListView& list = opening.view.newFiles;
   if (list.count() == 0) {
     return;
   }

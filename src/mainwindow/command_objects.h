@@ -20,8 +20,8 @@ class CommandObjects {
   /// not touched yet.
   CommandObjects(frmQMK& form, controls::Toolbar& toolbar, const CommandTable& table);
 
-  /// The menu entry of a command; one that no menu has is an entry all the same. Raises 35601 when
-  /// there is no such command.
+  /// The menu entry of a command; one that no menu has is an entry all the same. Raises
+  /// `error::elementNotFound` when there is no such command.
   [[nodiscard]] controls::MenuItem& item(int id);
   [[nodiscard]] controls::MenuItem& menu(Menu which);
   /// The context menu of the list of a tab (from 0).
@@ -39,7 +39,8 @@ class CommandObjects {
   /// Takes over what has changed for the commands that can be run at times only. To be called
   /// before one of them is shown.
   void refresh();
-  /// Whether a command can be run now. Raises 35601 when there is no such command.
+  /// Whether a command can be run now. Raises `error::elementNotFound` when there is no such
+  /// command.
   [[nodiscard]] bool enabled(int id);
 
   /// A button was clicked: runs its command. Another key does nothing.

@@ -216,7 +216,7 @@ void frmQMK::lstQMK_DblClick(int index) {
     case open:
       ModQMKgeneral2::OpenSelectedDataFile(opening);
       break;
-    case fresh:
+    case newFiles:
       ModQMKgeneral2::StartNewFile(opening);
       break;
     case web:

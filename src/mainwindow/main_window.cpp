@@ -47,7 +47,7 @@ frmQMK::frmQMK()
       mnuHelpContents(commands.item(ids::mnuHelpContents)),
       mnuWeb(commands.item(ids::mnuWeb)),
       mnuAbout(commands.item(ids::mnuAbout)),
-      catalogue{lstQMK[open], lstQMK[fresh], imgIcons[0], imgIcons[1]},
+      catalogue{lstQMK[open], lstQMK[newFiles], imgIcons[0], imgIcons[1]},
       shortcuts{lstQMK[tools], imgShortCut, picShortCuts, diaCommon},
       webList{lstQMK, TabMain, imgIcons[0], imgIcons[1]},
       opening{catalogue, diaCommon, cmdBrowse, [this] { cmdBrowse_Click(); }} {
@@ -123,7 +123,7 @@ void frmQMK::Form_Load() {
   lstQMK[tools].setView(controls::iconView);
   lstQMK[tools].setTag(L"0");
   lstQMK[open].setTag(L"3");
-  lstQMK[fresh].setTag(L"0");
+  lstQMK[newFiles].setTag(L"0");
   lstQMK[web].setTag(L"3");
   mnuIcon_Click();
   restorePlace();
@@ -137,9 +137,9 @@ void frmQMK::SetupMainWindow() {
   lstQMK[open].addColumn(L"Type", 3000);
   lstQMK[open].addColumn(L"Directory", 4000);
   lstQMK[open].addColumn(L"Type", 0);
-  lstQMK[fresh].addColumn(L"Name", 5000);
-  lstQMK[fresh].addColumn(L"File Type", 0);
-  lstQMK[fresh].setHeadersHidden(true);
+  lstQMK[newFiles].addColumn(L"Name", 5000);
+  lstQMK[newFiles].addColumn(L"File Type", 0);
+  lstQMK[newFiles].setHeadersHidden(true);
   lstQMK[tools].addColumn(L"Path", 5000);
   lstQMK[tools].addColumn(L"EXE", 5000);
   lstQMK[tools].addColumn(L"Command", 0);

@@ -25,7 +25,7 @@ class frmQMK : public controls::Window {
   frmQMK();
 
   /// Indices of the tabs and of their lists.
-  enum Tab { tools = 0, open = 1, fresh = 2, web = 3 };
+  enum Tab { tools = 0, open = 1, newFiles = 2, web = 3 };
 
   controls::Toolbar barMain;
   controls::TabControl TabMain;

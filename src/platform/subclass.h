@@ -51,21 +51,21 @@ void detachMessage(ISubclass& object, WindowHandle window, unsigned message);
 /// Number of messages that are attached to windows, for all objects together.
 [[nodiscard]] std::size_t attachedMessages();
 
-// Hooks, which see all messages of a window and may keep them from it.
+// Hooks, which see all messages of a window before the window does.
 
-/// Gets each message of a window together with the data that it was hooked with. It returns the
-/// message's result, for which it may ask those behind it with `passOn`.
+/// Receives each message of a window and the hook's data. Returns the message's result; `passOn`
+/// calls the remaining hooks and the window.
 using Hook = std::intptr_t (*)(WindowHandle window, unsigned message, std::uintptr_t first,
                                std::intptr_t second, std::uintptr_t data);
 
-/// Puts a hook before those that a window has; one that is there with this `id` only gets the new
-/// `data`. The hook goes with the window at the latest. False when the window is gone or belongs
-/// to another thread.
+/// Adds a hook before the existing ones. If the hook exists with this `id`, only its `data`
+/// changes. It is removed with the window at the latest. False when the window does not exist or
+/// belongs to another thread.
 [[nodiscard]] bool addHook(WindowHandle window, Hook hook, std::uintptr_t id, std::uintptr_t data);
-/// Takes a hook off, also in the middle of its own message. Nothing happens when it is not there.
+/// Removes a hook, even while it handles a message. Does nothing when it does not exist.
 void removeHook(WindowHandle window, Hook hook, std::uintptr_t id);
-/// Hands a message to the hooks behind the calling one, the window itself coming last; to nobody
-/// (0) when the window has gone in between.
+/// Passes a message to the hooks after the calling one and finally to the window. Returns 0 when
+/// the window was destroyed meanwhile.
 std::intptr_t passOn(WindowHandle window, unsigned message, std::uintptr_t first,
                      std::intptr_t second);
 

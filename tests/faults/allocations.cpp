@@ -23,7 +23,7 @@ Count& count() {
 /// Whether the allocation that is requested now must fail.
 bool refused() {
   Count& state = count();
-  if (state.counting == 0 || desktop::Unfailing::active()) {
+  if (state.counting == 0 || memory::Unfailing::active()) {
     return false;
   }
   if (++state.done != state.failAt) {

@@ -8,7 +8,7 @@
 
 namespace faults {
 
-using desktop::desktop;
+using memory::desktop;
 using platform::dialogs::Answer;
 
 namespace {
@@ -84,29 +84,29 @@ void Between::confirmDialog() {
   dialog->txtName.acceptTyped(L"Typed");
   meanwhile();
   if (dialog->loaded()) {
-    dialog->cmdOK.raiseClick();
+    dialog->cmdOK.fireClick();
   }
 }
 
 std::vector<Between::Question> Between::questions() {
-  const auto open = [this] { main_->lstQMK[frmQMK::open].raiseDoubleClick(); };
+  const auto open = [this] { main_->lstQMK[frmQMK::open].fireDoubleClick(); };
   return {
       {"delete a file", frmQMK::open,
        [this] {
          answer(Answer::yes);
-         main_->mnuDelete.raiseClick();
+         main_->mnuDelete.fireClick();
        }},
       {"rename a file", frmQMK::open,
        [this] {
          type(L"Typed name");
-         main_->mnuRename.raiseClick();
+         main_->mnuRename.fireClick();
        }},
       {"rename a missing file", frmQMK::open,
        [this] {
          takeIfThere(path_);
          look();
          type(L"Typed name");
-         main_->mnuRename.raiseClick();
+         main_->mnuRename.fireClick();
        }},
       {"drop a missing file", frmQMK::open,
        [this, open] {
@@ -132,45 +132,45 @@ std::vector<Between::Question> Between::questions() {
       {"browse", frmQMK::open,
        [this] {
          desktop().fileDialogResults.emplace_front(std::wstring(L"D:\\One.fp3"));
-         main_->cmdBrowse.raiseClick();
+         main_->cmdBrowse.fireClick();
        },
        false},
       {"delete a shortcut", frmQMK::tools,
        [this] {
          answer(Answer::yes);
-         main_->mnuDelete.raiseClick();
+         main_->mnuDelete.fireClick();
        }},
       {"rename a shortcut", frmQMK::tools,
        [this] {
          type(L"Typed name");
-         main_->mnuRename.raiseClick();
+         main_->mnuRename.fireClick();
        }},
       {"create a shortcut", frmQMK::tools,
        [this] {
          desktop().fileDialogResults.emplace_front(std::wstring(L"C:\\Tools\\calc.exe"));
-         main_->mnuCreate.raiseClick();
+         main_->mnuCreate.fireClick();
        },
        false},
       {"delete a web shortcut", frmQMK::web,
        [this] {
          answer(Answer::yes);
-         main_->mnuDelete.raiseClick();
+         main_->mnuDelete.fireClick();
        }},
       {"rename a web shortcut", frmQMK::web,
        [this] {
-         main_->mnuRename.raiseClick();
+         main_->mnuRename.fireClick();
          confirmDialog();
        }},
       {"create a web shortcut", frmQMK::web,
        [this] {
-         main_->mnuCreate.raiseClick();
+         main_->mnuCreate.fireClick();
          confirmDialog();
        },
        false},
       {"exit", frmQMK::tools,
        [this] {
          answer(Answer::no);
-         main_->mnuExit.raiseClick();
+         main_->mnuExit.fireClick();
        },
        false},
   };
@@ -231,25 +231,25 @@ void Between::windowChange() {
       break;
     case 2:
     case 3:
-      main_->lstQMK.at(list).raiseKey({controls::keys::f5});
+      main_->lstQMK.at(list).fireKey({controls::keys::f5});
       break;
     case 4:
-      main_->lstQMK.at(list).raiseColumnClick(1 + static_cast<int>(below(5)));
+      main_->lstQMK.at(list).fireColumnClick(1 + static_cast<int>(below(5)));
       break;
     case 5:
-      (oneIn(2) ? main_->mnuIcon : main_->mnuList).raiseClick();
+      (oneIn(2) ? main_->mnuIcon : main_->mnuList).fireClick();
       break;
     case 6:
       answer(Answer::no);
-      main_->raiseClose(oneIn(2) ? controls::UnloadMode::user : controls::UnloadMode::sessionEnd);
+      main_->fireClose(oneIn(2) ? controls::UnloadMode::user : controls::UnloadMode::sessionEnd);
       break;
     case 7:
-      main_->raiseLayout({900, 600}, oneIn(2) ? 96 : 144);
+      main_->fireLayout({900, 600}, oneIn(2) ? 96 : 144);
       break;
     default: {
       const int tab = main_->TabMain.current();
-      main_->TabMain.raiseSwitch(static_cast<int>(list));
-      main_->TabMain.raiseSwitch(tab);
+      main_->TabMain.fireSwitch(static_cast<int>(list));
+      main_->TabMain.fireSwitch(tab);
       break;
     }
   }
@@ -285,7 +285,7 @@ void Between::meanwhile() {
     // So that the lists show it.
     desktop().advance(1000);
     main_->lstQMK.at(static_cast<std::size_t>(main_->TabMain.current()))
-        .raiseKey({controls::keys::f5});
+        .fireKey({controls::keys::f5});
   }
   boxes_ = kept;
   // The messages so far belong to the actions, not to the question.

@@ -20,7 +20,7 @@ namespace faults {
 [[nodiscard]] std::wstring linkPath(const std::wstring& name);
 
 /// Asks a question, lets other things happen and answers, round by round.
-class Between : public ::desktop::DesktopTest {
+class Between : public ::memory::DesktopTest {
  protected:
   void round(unsigned seed);
   int changes_ = 0;

@@ -16,7 +16,7 @@
 
 namespace faults {
 
-using desktop::desktop;
+using memory::desktop;
 using platform::dialogs::Answer;
 
 std::multiset<std::wstring> itemsOf(const std::wstring& path) {
@@ -122,7 +122,7 @@ void Between::expectListsShowTheirFiles() {
   // Only the catalogue is watched. If it could not be read at one file time, the watch does not try
   // again for that time.
   for (const auto tab : {frmQMK::tools, frmQMK::open, frmQMK::web}) {
-    main_->lstQMK.at(tab).raiseKey({controls::keys::f5});
+    main_->lstQMK.at(tab).fireKey({controls::keys::f5});
   }
   EXPECT_EQ(shown(main_->lstQMK[frmQMK::open], false), itemsOf(catalogueFile));
   EXPECT_EQ(shown(main_->lstQMK[frmQMK::web], true), itemsOf(webListFile));
@@ -141,7 +141,7 @@ void Between::expectListsShowTheirFiles() {
 // --- a round ---
 
 bool Between::selectSome(frmQMK::Tab tab) {
-  main_->TabMain.raiseSwitch(tab);
+  main_->TabMain.fireSwitch(tab);
   controls::ListView& list = main_->lstQMK.at(tab);
   if (list.count() == 0) {
     return false;
@@ -157,10 +157,10 @@ bool Between::selectSome(frmQMK::Tab tab) {
 
 void Between::round(unsigned seed) {
   random_.seed(seed);
-  Bench bench;
-  main_ = &bench.main();
+  Rig rig;
+  main_ = &rig.main();
   layOut();
-  bench.settle();
+  rig.settle();
   main_->tmrFileUpdate.setEnabled(true);
   if (oneIn(2)) {
     desktop().advance(1000);
@@ -186,7 +186,7 @@ void Between::round(unsigned seed) {
     renamed_ = linkPath(L"Shortcut to calc.exe");
   }
   desktop().answers.clear();
-  desktop().onMessage = [this](const ::desktop::Message& message) {
+  desktop().onMessage = [this](const ::memory::Message& message) {
     const bool missed = message.text == L"File does not exists, removing entry";
     if (missed || message.answer != Answer::ok) {
       meanwhile();

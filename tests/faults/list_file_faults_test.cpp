@@ -10,10 +10,10 @@
 namespace faults {
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 using platform::dialogs::Answer;
 
-void nothing(Bench& /*bench*/) {}
+void nothing(Rig& /*rig*/) {}
 
 Texts reported(const Fault& fault) { return {untrapped(fault)}; }
 Texts problemWithSaving(const Fault& fault) { return {trapped(fault)}; }
@@ -79,8 +79,8 @@ bool dataListIsEmpty(const Fault& fault) {
   return fault.now.lists == expected;
 }
 
-void typeWebEntry(Bench& bench, const std::wstring& name, const std::wstring& url) {
-  frmWeb* const dialog = bench.main().webDialog();
+void typeWebEntry(Rig& rig, const std::wstring& name, const std::wstring& url) {
+  frmWeb* const dialog = rig.main().webDialog();
   ASSERT_NE(dialog, nullptr);
   dialog->txtName.acceptTyped(name);
   dialog->txtUrl.acceptTyped(url);
@@ -92,34 +92,34 @@ bool dialogStaysUnlessWritten(const Fault& fault) {
 
 bool dialogIsClosed(const Fault& fault) { return !fault.now.dialogOpen; }
 
-void build(Bench& bench) {
-  Bench::handle([&bench] { modQMKGeneral::BuildCatalogue(bench.main().catalogue); });
+void build(Rig& rig) {
+  Rig::handle([&rig] { modQMKGeneral::BuildCatalogue(rig.main().catalogue); });
 }
 
-void refresh(Bench& bench) {
-  Bench::handle([&bench] { modQMKGeneral::RefreshDataFolderEntries(bench.main().catalogue); });
+void refresh(Rig& rig) {
+  Rig::handle([&rig] { modQMKGeneral::RefreshDataFolderEntries(rig.main().catalogue); });
 }
 
-void addNew(Bench& /*bench*/) { modQMKGeneral::AddOrUpdateCatalogueEntry(L"D:\\New.cw3", L"CW3"); }
+void addNew(Rig& /*rig*/) { modQMKGeneral::AddOrUpdateCatalogueEntry(L"D:\\New.cw3", L"CW3"); }
 
-void leaveStaleFile(Bench& /*bench*/) { desktop().putFile(temporaryFile, "stale"); }
+void leaveStaleFile(Rig& /*rig*/) { desktop().putFile(temporaryFile, "stale"); }
 
-void deleteSelectedFile(Bench& bench) {
+void deleteSelectedFile(Rig& rig) {
   script([] { desktop().answers = {Answer::yes}; });
-  bench.main().mnuDelete.raiseClick();
+  rig.main().mnuDelete.fireClick();
 }
 
-void renameSelectedFile(Bench& bench) {
+void renameSelectedFile(Rig& rig) {
   script([] { desktop().inputAnswers = {L"Afar"}; });
-  bench.main().mnuRename.raiseClick();
+  rig.main().mnuRename.fireClick();
 }
 
-void declineToLocate(Bench& bench) {
+void declineToLocate(Rig& rig) {
   script([] { desktop().answers = {Answer::no}; });
-  bench.main().lstQMK[frmQMK::open].raiseDoubleClick();
+  rig.main().lstQMK[frmQMK::open].fireDoubleClick();
 }
 
-void takeCatalogue(Bench& /*bench*/) { desktop().take(catalogueFile); }
+void takeCatalogue(Rig& /*rig*/) { desktop().take(catalogueFile); }
 
 Texts withQuestion(const std::wstring& question, const Fault& fault) {
   return {question, untrapped(fault)};
@@ -129,8 +129,8 @@ std::vector<Operation> operations() {
   const std::wstring gone =
       L"File does not exist: D:\\Gone.fp3\rIt may have been moved or deleted. Do you wish to "
       L"locate the file yourself? ";
-  const auto selectOne = [](Bench& bench) { bench.select(frmQMK::open, L"One.fp3"); };
-  const auto selectGone = [](Bench& bench) { bench.select(frmQMK::open, L"Gone.fp3"); };
+  const auto selectOne = [](Rig& rig) { rig.select(frmQMK::open, L"One.fp3"); };
+  const auto selectGone = [](Rig& rig) { rig.select(frmQMK::open, L"Gone.fp3"); };
   const auto deletion = [](const Fault& fault) {
     return withQuestion(L"Are your sure you want to delete ONE.FP3", fault);
   };
@@ -142,7 +142,7 @@ std::vector<Operation> operations() {
        .told = reported},
       {.name = "build by showing a missing catalogue",
        .prepare = takeCatalogue,
-       .run = [](Bench& bench) { modQMKGeneral::LoadCatalogueView(bench.main().catalogue); },
+       .run = [](Rig& rig) { modQMKGeneral::LoadCatalogueView(rig.main().catalogue); },
        .told = [](const Fault& fault) { return Texts{catalogueProblem(fault)}; },
        .listsAreRight = dataListIsEmpty},
       {.name = "add", .prepare = nothing, .run = addNew, .told = problemWithSaving},
@@ -157,25 +157,23 @@ std::vector<Operation> operations() {
       {.name = "add while another program writes",
        .prepare = nothing,
        .run =
-           [](Bench& bench) {
+           [](Rig& rig) {
              disturbOnce();
-             addNew(bench);
+             addNew(rig);
            },
        .told = problemWithSaving,
        .addOthersWork = addOthersRecord},
       {.name = "update",
        .prepare = nothing,
        .run =
-           [](Bench& /*bench*/) {
-             modQMKGeneral::AddOrUpdateCatalogueEntry(L"d:\\one.FP3", L"FP3");
-           },
+           [](Rig& /*rig*/) { modQMKGeneral::AddOrUpdateCatalogueEntry(L"d:\\one.FP3", L"FP3"); },
        .told = problemWithSaving},
       {.name = "remove", .prepare = selectOne, .run = deleteSelectedFile, .told = deletion},
       {.name = "remove over a stale temporary file",
        .prepare =
-           [selectOne](Bench& bench) {
-             selectOne(bench);
-             leaveStaleFile(bench);
+           [selectOne](Rig& rig) {
+             selectOne(rig);
+             leaveStaleFile(rig);
            },
        .run = deleteSelectedFile,
        .told = deletion},
@@ -195,9 +193,9 @@ std::vector<Operation> operations() {
        .listsAreRight = listsMayShowNewName},
       {.name = "rename over a stale temporary file",
        .prepare =
-           [selectOne](Bench& bench) {
-             selectOne(bench);
-             leaveStaleFile(bench);
+           [selectOne](Rig& rig) {
+             selectOne(rig);
+             leaveStaleFile(rig);
            },
        .run = renameSelectedFile,
        .told = problemWithSaving,
@@ -212,11 +210,11 @@ std::vector<Operation> operations() {
       {.name = "tick of the watch",
        .prepare = nothing,
        .run =
-           [](Bench& bench) {
-             bench.main().catalogue.lastSeen = 0;
-             bench.main().tmrFileUpdate.setEnabled(true);
-             bench.main().tmrFileUpdate.raiseTimer();
-             bench.main().tmrFileUpdate.setEnabled(false);
+           [](Rig& rig) {
+             rig.main().catalogue.lastSeen = 0;
+             rig.main().tmrFileUpdate.setEnabled(true);
+             rig.main().tmrFileUpdate.fireTimer();
+             rig.main().tmrFileUpdate.setEnabled(false);
            },
        .told =
            [](const Fault& fault) {
@@ -234,38 +232,38 @@ std::vector<Operation> operations() {
            }},
       {.name = "append a web entry",
        .prepare =
-           [](Bench& bench) {
-             bench.select(frmQMK::web, L"Weather");
-             bench.main().mnuCreate.raiseClick();
-             typeWebEntry(bench, L"Storms", L"http://storms.example");
+           [](Rig& rig) {
+             rig.select(frmQMK::web, L"Weather");
+             rig.main().mnuCreate.fireClick();
+             typeWebEntry(rig, L"Storms", L"http://storms.example");
            },
-       .run = [](Bench& bench) { bench.main().webDialog()->cmdOK.raiseClick(); },
+       .run = [](Rig& rig) { rig.main().webDialog()->cmdOK.fireClick(); },
        .told = reported,
        .dialogIsRight = dialogStaysUnlessWritten},
       {.name = "append a web entry to a missing file",
        .prepare =
-           [](Bench& bench) {
-             bench.select(frmQMK::web, L"Weather");
-             bench.main().mnuCreate.raiseClick();
+           [](Rig& rig) {
+             rig.select(frmQMK::web, L"Weather");
+             rig.main().mnuCreate.fireClick();
              desktop().take(webListFile);
-             leaveStaleFile(bench);
+             leaveStaleFile(rig);
            },
-       .run = [](Bench& bench) { bench.main().webDialog()->cmdOK.raiseClick(); },
+       .run = [](Rig& rig) { rig.main().webDialog()->cmdOK.fireClick(); },
        .told = reported,
        .dialogIsRight = dialogStaysUnlessWritten},
       {.name = "save a web entry",
        .prepare =
-           [](Bench& bench) {
-             bench.select(frmQMK::web, L"Weather");
-             bench.main().mnuRename.raiseClick();
-             typeWebEntry(bench, L"Storms", L"http://storms.example");
+           [](Rig& rig) {
+             rig.select(frmQMK::web, L"Weather");
+             rig.main().mnuRename.fireClick();
+             typeWebEntry(rig, L"Storms", L"http://storms.example");
            },
-       .run = [](Bench& bench) { bench.main().webDialog()->cmdOK.raiseClick(); },
+       .run = [](Rig& rig) { rig.main().webDialog()->cmdOK.fireClick(); },
        .told = problemWithSaving,
        .listsAreRight = webListShowsNewName,
        .dialogIsRight = dialogIsClosed},
       {.name = "delete a web entry",
-       .prepare = [](Bench& bench) { bench.select(frmQMK::web, L"Weather"); },
+       .prepare = [](Rig& rig) { rig.select(frmQMK::web, L"Weather"); },
        .run = deleteSelectedFile,
        .told =
            [](const Fault& fault) {

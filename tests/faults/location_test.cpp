@@ -10,10 +10,10 @@
 namespace faults {
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 
 TEST(Location, FollowsTheLoadThroughARecord) {
-  Bench bench;
+  Rig rig;
   // Texts whose conversion always needs memory.
   desktop().putFile(catalogueFile, record("\xE9t\xE9 et hiver",
                                           "D:\\A folder of the survey\\A file of the survey.fp3",
@@ -22,12 +22,12 @@ TEST(Location, FollowsTheLoadThroughARecord) {
   const std::wstring before = L"Problem building QMK file list\rLocation: ";
   for (int n = 1;; ++n) {
     // Each run starts from the same state, so that the allocations are in the same order.
-    modQMKGeneral::LoadCatalogueView(bench.main().catalogue);
+    modQMKGeneral::LoadCatalogueView(rig.main().catalogue);
     desktop().messages.clear();
     failAllocation(n);
     {
       const CountedAllocations counted;
-      modQMKGeneral::LoadCatalogueView(bench.main().catalogue);
+      modQMKGeneral::LoadCatalogueView(rig.main().catalogue);
     }
     if (!allocationFailed()) {
       break;

@@ -14,7 +14,7 @@
 
 namespace faults {
 
-using desktop::desktop;
+using memory::desktop;
 
 bool tellsOfMemory(const std::wstring& message) {
   return message.find(L"Run-time error '7':\r\n\r\nOut of memory") != std::wstring::npos ||
@@ -89,7 +89,7 @@ void checkOutOfMemory(const Operation& operation, const Fault& fault) {
 
 void sweepMemory(const Operation& operation) {
   const auto runFailing = [&operation](int n) {
-    return runWith(operation, [n](Bench& /*bench*/) { failAllocation(n); });
+    return runWith(operation, [n](Rig& /*rig*/) { failAllocation(n); });
   };
   // The first run creates what exists once per program.
   static_cast<void>(runFailing(0));
@@ -163,8 +163,8 @@ void sweepPeers(const Operation& operation) {
     refusal = {.changes = 0, .refuseAt = n};
     return runWith(
         operation,
-        [&](Bench& bench) {
-          for (controls::ListView& list : bench.main().lstQMK) {
+        [&](Rig& rig) {
+          for (controls::ListView& list : rig.main().lstQMK) {
             peers.push_back(std::make_unique<RefusingPeer>(list, refusal));
           }
         },

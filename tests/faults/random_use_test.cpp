@@ -16,10 +16,10 @@
 namespace faults {
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 using platform::dialogs::Answer;
 
-class RandomUse : public ::desktop::DesktopTest {
+class RandomUse : public ::memory::DesktopTest {
  protected:
   void use(unsigned seed, int events);
 
@@ -123,33 +123,33 @@ void RandomUse::command() {
     case 5:
       // Any command, including those that are in no menu.
       if (const auto& row = someCommand(); row.id != ids::mnuExit || oneIn(100)) {
-        main_->commands.item(row.id).raiseClick();
+        main_->commands.item(row.id).fireClick();
       }
       break;
     case 6:
       if (const auto& row = someCommand(); row.key.reach == mainwindow::Reach::window) {
-        main_->raiseKeyDown(row.key.stroke);
+        main_->fireKeyDown(row.key.stroke);
       }
       break;
     case 7:
-      main_->cmdBrowse.raiseClick();
+      main_->cmdBrowse.fireClick();
       break;
     case 8:
     case 9:
-      main_->lstQMK.at(static_cast<std::size_t>(list)).raiseDoubleClick();
+      main_->lstQMK.at(static_cast<std::size_t>(list)).fireDoubleClick();
       break;
     case 10:
       main_->lstQMK.at(static_cast<std::size_t>(list))
-          .raiseColumnClick(1 + static_cast<int>(below(5)));
+          .fireColumnClick(1 + static_cast<int>(below(5)));
       break;
     case 11:
-      main_->lstQMK.at(static_cast<std::size_t>(list)).raiseKey(someCommand().key.stroke);
+      main_->lstQMK.at(static_cast<std::size_t>(list)).fireKey(someCommand().key.stroke);
       break;
     case 12:
-      main_->lstQMK.at(static_cast<std::size_t>(list)).raiseContextMenu(1, 2);
+      main_->lstQMK.at(static_cast<std::size_t>(list)).fireContextMenu(1, 2);
       break;
     default:
-      main_->TabMain.raiseSwitch(static_cast<int>(below(4)));
+      main_->TabMain.fireSwitch(static_cast<int>(below(4)));
       break;
   }
 }
@@ -159,12 +159,12 @@ void RandomUse::dialogs() {
     dialog->txtName.setText(someName());
     dialog->txtUrl.setText(L"http://" + someName());
     if (oneIn(3)) {
-      dialog->cmdCancel.raiseClick();
+      dialog->cmdCancel.fireClick();
     } else {
-      dialog->cmdOK.raiseClick();
+      dialog->cmdOK.fireClick();
     }
   } else if (frmAbout* const box = main_->aboutBox(); box != nullptr && box->loaded()) {
-    box->cmdOK.raiseClick();
+    box->cmdOK.fireClick();
   }
 }
 
@@ -205,10 +205,10 @@ void RandomUse::meanwhile() {
 
 void RandomUse::use(unsigned seed, int events) {
   random_.seed(seed);
-  Bench bench;
-  main_ = &bench.main();
+  Rig rig;
+  main_ = &rig.main();
   main_->tmrFileUpdate.setEnabled(true);
-  desktop().onMessage = [this](const ::desktop::Message&) { meanwhile(); };
+  desktop().onMessage = [this](const ::memory::Message&) { meanwhile(); };
   desktop().onPump = [this] { meanwhile(); };
   for (int n = 0; n < events && main_->loaded(); ++n) {
     prepareAnswers();

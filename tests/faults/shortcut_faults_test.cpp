@@ -9,7 +9,7 @@
 namespace faults {
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 using platform::dialogs::Answer;
 
 Texts reported(const Fault& fault) { return {errorReport(fault)}; }
@@ -20,12 +20,12 @@ Texts reportedAtLast(Fault fault) {
   return reported(fault);
 }
 
-void selectCalc(Bench& bench) { bench.select(frmQMK::tools, L"Calc"); }
+void selectCalc(Rig& rig) { rig.select(frmQMK::tools, L"Calc"); }
 
-void create(Bench& bench) {
-  bench.main().TabMain.raiseSwitch(frmQMK::tools);
+void create(Rig& rig) {
+  rig.main().TabMain.fireSwitch(frmQMK::tools);
   script([] { desktop().fileDialogResults = {L"C:\\Tools\\calc.exe"}; });
-  bench.main().mnuCreate.raiseClick();
+  rig.main().mnuCreate.fireClick();
 }
 
 /// Only a cancelled dialog writes no shortcut. After another failure of the dialog the operation
@@ -50,14 +50,14 @@ bool dialogFailed(const Fault& fault) {
   return true;
 }
 
-void rename(Bench& bench) {
+void rename(Rig& rig) {
   script([] { desktop().inputAnswers = {L"Sums"}; });
-  bench.main().mnuRename.raiseClick();
+  rig.main().mnuRename.fireClick();
 }
 
-void erase(Bench& bench) {
+void erase(Rig& rig) {
   script([] { desktop().answers = {Answer::yes}; });
-  bench.main().mnuDelete.raiseClick();
+  rig.main().mnuDelete.fireClick();
 }
 
 /// Whether memory ran out at a point where errors are ignored.
@@ -77,17 +77,17 @@ bool deletionIsIgnored(const Fault& fault) {
   return true;
 }
 
-void putToolLinks(Bench& bench) {
+void putToolLinks(Rig& rig) {
   platform::shell_links::Link link;
   link.targetPath = L"C:\\Tools\\calc.exe";
   for (const wchar_t* const name : {L"PlotviewX.lnk", L"Plotview.lnk", L"Plotview Browser.lnk",
                                     L"Imagekeep.lnk", L"BrushtallyPC.lnk"}) {
     desktop().putLink(shortcutsFolder + L"\\" + name, link);
   }
-  bench.settle();
+  rig.settle();
 }
 
-void provision(Bench& /*bench*/) { Bench::handle(modSC::ProvisionToolShortcuts); }
+void provision(Rig& /*rig*/) { Rig::handle(modSC::ProvisionToolShortcuts); }
 
 /// A shortcut of the suite's own tools, which is deleted before it is written again.
 bool isToolLink(const std::wstring& path) {
@@ -120,7 +120,7 @@ bool removalIsIgnored(const Fault& fault) {
   return ignored;
 }
 
-void start(Bench& bench) { bench.main().lstQMK[frmQMK::tools].raiseDoubleClick(); }
+void start(Rig& rig) { rig.main().lstQMK[frmQMK::tools].fireDoubleClick(); }
 
 Texts cannotStart(const Fault& fault) {
   if (fault.was(L"read ")) {
@@ -140,7 +140,7 @@ bool dataListIsEmptyAfterReading(const Fault& fault) {
 std::vector<Operation> operations() {
   return {
       {.name = "create",
-       .prepare = [](Bench& /*bench*/) {},
+       .prepare = [](Rig& /*rig*/) {},
        .run = create,
        .told = reported,
        .goesOn = dialogFailed},

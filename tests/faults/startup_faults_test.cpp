@@ -14,7 +14,7 @@
 namespace faults {
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 using modSystem::Gateway;
 
 const std::string example = record("CW3", "C:\\App\\data\\CWIexample.cw3", "11/20/2026");
@@ -53,7 +53,7 @@ Start startWith(const std::function<void()>& inject, bool partly = false) {
     EXPECT_TRUE(gateway->main.tmrFileUpdate.enabled());
     EXPECT_EQ(gateway->main.TabMain.current(), frmQMK::tools);
     if (!partly) {
-      EXPECT_EQ(gateway->main.lstQMK[frmQMK::fresh].count(), 4U);
+      EXPECT_EQ(gateway->main.lstQMK[frmQMK::newFiles].count(), 4U);
     }
     expectNextOperationsWork(gateway->main);
   } else {
@@ -122,7 +122,7 @@ TEST(StartUpFaults, NoCallThatFailsLosesAnythingAndTheStartGoesOnAsFarAsItCan) {
 }
 
 TEST(StartUpFaults, NothingIsLostWhenACallFindsNothingOrMemoryRunsOut) {
-  using LookFault = desktop::Faults::LookFault;
+  using LookFault = memory::Faults::LookFault;
   const State clean = startWith([] {}).fault.now;
   int cases = 0;
   for (const LookFault kind : {LookFault::findsNothing, LookFault::outOfMemory}) {
@@ -179,25 +179,25 @@ TEST(StartUpFaults, NothingIsLostWhenMemoryRunsOutAnywhere) {
 TEST(ClosingFaults, TheWindowClosesWhenMemoryRunsOut) {
   int cases = 0;
   for (int n = 1;; ++n) {
-    Bench bench;
+    Rig rig;
     desktop().answers = {platform::dialogs::Answer::yes};
-    const State old = stateOf(bench.main());
+    const State old = stateOf(rig.main());
     failAllocation(n);
     bool closed = false;
     {
       const CountedAllocations counted;
-      closed = bench.main().raiseClose(controls::UnloadMode::user);
+      closed = rig.main().fireClose(controls::UnloadMode::user);
     }
     const bool failed = allocationFailed();
     failAllocation(0);
-    EXPECT_EQ(stateOf(bench.main()).files, old.files);
-    EXPECT_EQ(bench.main().loaded(), !closed);
+    EXPECT_EQ(stateOf(rig.main()).files, old.files);
+    EXPECT_EQ(rig.main().loaded(), !closed);
     EXPECT_EQ(desktop().errorReports, failed ? std::vector<int>{7} : std::vector<int>{});
     if (!closed) {
       // The question could not be asked.
       EXPECT_TRUE(failed);
       EXPECT_EQ(desktop().answers.size(), 1U);
-      EXPECT_TRUE(bench.main().raiseClose(controls::UnloadMode::user));
+      EXPECT_TRUE(rig.main().fireClose(controls::UnloadMode::user));
     }
     if (!failed || ::testing::Test::HasFailure()) {
       break;
@@ -212,14 +212,14 @@ TEST(ClosingFaults, WhatCannotBeRememberedIsToldAndTheWindowCloses) {
   int cases = 0;
   for (const bool forever : {false, true}) {
     for (int n = 1;; ++n) {
-      Bench bench;
+      Rig rig;
       desktop().answers = {platform::dialogs::Answer::yes};
-      const State old = stateOf(bench.main());
+      const State old = stateOf(rig.main());
       desktop().faults().failCall(n, 75, forever);
-      EXPECT_TRUE(bench.main().unload());
+      EXPECT_TRUE(rig.main().unload());
       desktop().faults().failNothing();
-      EXPECT_FALSE(bench.main().loaded());
-      EXPECT_EQ(stateOf(bench.main()).files, old.files);
+      EXPECT_FALSE(rig.main().loaded());
+      EXPECT_EQ(stateOf(rig.main()).files, old.files);
       if (desktop().faults().failedCalls().empty()) {
         EXPECT_EQ(desktop().errorReports.size(), 0U);
         break;

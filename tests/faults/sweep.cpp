@@ -14,7 +14,7 @@
 
 namespace faults {
 
-using desktop::desktop;
+using memory::desktop;
 using platform::text::toCodePage;
 
 namespace {
@@ -24,19 +24,19 @@ constexpr int mostCalls = 200;
 
 }  // namespace
 
-Fault runWith(const Operation& operation, const std::function<void(Bench&)>& inject,
+Fault runWith(const Operation& operation, const std::function<void(Rig&)>& inject,
               const std::function<void()>& lift) {
   Fault fault;
-  Bench bench;
-  operation.prepare(bench);
+  Rig rig;
+  operation.prepare(rig);
   desktop().clearJournal();
-  fault.old = stateOf(bench.main());
+  fault.old = stateOf(rig.main());
   const int looks = desktop().faults().looks();
-  inject(bench);
+  inject(rig);
   // Run like a command of the user.
   {
     const CountedAllocations counted;
-    platform::dispatch([&] { operation.run(bench); });
+    platform::dispatch([&] { operation.run(rig); });
   }
   fault.allocations = allocations();
   fault.happened = allocationFailed();
@@ -58,14 +58,14 @@ Fault runWith(const Operation& operation, const std::function<void(Bench&)>& inj
     fault.before.assign(journal.begin(),
                         journal.begin() + static_cast<std::ptrdiff_t>(failed.place));
   }
-  fault.now = stateOf(bench.main());
-  EXPECT_TRUE(bench.main().loaded() && bench.main().visible());
-  expectNextOperationsWork(bench.main());
+  fault.now = stateOf(rig.main());
+  EXPECT_TRUE(rig.main().loaded() && rig.main().visible());
+  expectNextOperationsWork(rig.main());
   return fault;
 }
 
 State cleanState(const Operation& operation) {
-  return runWith(operation, [](Bench& /*bench*/) { desktop().faults().failNothing(); }).now;
+  return runWith(operation, [](Rig& /*rig*/) { desktop().faults().failNothing(); }).now;
 }
 
 namespace {
@@ -108,7 +108,7 @@ void check(const Operation& operation, const Fault& fault) {
   }
 }
 
-using LookFault = desktop::Faults::LookFault;
+using LookFault = memory::Faults::LookFault;
 
 using Lines = std::multiset<std::string>;
 
@@ -177,7 +177,7 @@ void sweepCalls(const Operation& operation) {
   for (int n = 1;; ++n) {
     ASSERT_LT(n, mostCalls);
     const Fault probe =
-        runWith(operation, [n](Bench& /*bench*/) { desktop().faults().failCall(n, 57); });
+        runWith(operation, [n](Rig& /*rig*/) { desktop().faults().failCall(n, 57); });
     if (!probe.happened) {
       EXPECT_EQ(probe.now, clean) << "a run without a fault is not like another one";
       break;
@@ -189,7 +189,7 @@ void sweepCalls(const Operation& operation) {
     for (const int number : numbers) {
       for (const bool forever : {false, true}) {
         Fault fault = runWith(
-            operation, [=](Bench& /*bench*/) { desktop().faults().failCall(n, number, forever); });
+            operation, [=](Rig& /*rig*/) { desktop().faults().failCall(n, number, forever); });
         fault.number = number;
         fault.forever = forever;
         fault.clean = clean;
@@ -217,8 +217,8 @@ void sweepLooks(const Operation& operation) {
     for (const bool forever : {false, true}) {
       for (int n = 1;; ++n) {
         ASSERT_LT(n, mostCalls);
-        Fault fault = runWith(
-            operation, [=](Bench& /*bench*/) { desktop().faults().failLook(n, kind, forever); });
+        Fault fault = runWith(operation,
+                              [=](Rig& /*rig*/) { desktop().faults().failLook(n, kind, forever); });
         if (fault.looks < n) {
           break;
         }

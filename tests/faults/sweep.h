@@ -31,9 +31,9 @@ inline const std::wstring shortcutsFolder = L"C:\\Users\\Ann\\Documents\\My QMKE
 
 /// The program's main window on a fresh in-memory desktop with both list files, data files and
 /// shortcuts. The lists are filled.
-class Bench {
+class Rig {
  public:
-  Bench();
+  Rig();
   frmQMK& main() { return *main_; }
   /// Fills the lists again and clears the messages and the journal.
   void settle();
@@ -48,7 +48,7 @@ class Bench {
 /// For what a test itself does to the desktop during an operation. Memory never runs out in it.
 template <class Step>
 void script(Step step) {
-  const desktop::Unfailing own;
+  const memory::Unfailing own;
   step();
 }
 
@@ -101,8 +101,8 @@ struct Fault {
 /// An operation that is swept.
 struct Operation {
   std::string name;
-  std::function<void(Bench&)> prepare;
-  std::function<void(Bench&)> run;
+  std::function<void(Rig&)> prepare;
+  std::function<void(Rig&)> run;
   /// Messages that must be shown when the operation could not be done as requested.
   std::function<Texts(const Fault&)> told = {};
   /// Whether the lists are right in that case. By default they have what they had before, or the
@@ -134,7 +134,7 @@ void sweepPeers(const Operation& operation);
 
 /// One run of an operation on a fresh desktop, between `inject` and `lift`. Memory is counted
 /// meanwhile.
-[[nodiscard]] Fault runWith(const Operation& operation, const std::function<void(Bench&)>& inject,
+[[nodiscard]] Fault runWith(const Operation& operation, const std::function<void(Rig&)>& inject,
                             const std::function<void()>& lift = {});
 /// The state that a run without a fault leaves.
 [[nodiscard]] State cleanState(const Operation& operation);

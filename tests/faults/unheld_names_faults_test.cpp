@@ -9,31 +9,31 @@
 namespace faults {
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 using platform::dialogs::Answer;
 
 const std::wstring beetle = L"\u0416\u0443\u043A";
 const std::wstring file = L"D:\\" + beetle + L".fp3";
 
 /// Creates a data file with such a name, on a volume that has short names, and lists it.
-void list(Bench& bench, const std::string& path) {
+void list(Rig& rig, const std::string& path) {
   desktop().putFile(file, "one");
   desktop().giveShortNames(L"D:");
   desktop().putFile(catalogueFile, desktop().bytesOf(catalogueFile).value_or("") +
                                        record("fp3", path, "5/5/2005"));
-  bench.settle();
+  rig.settle();
 }
 
-void listWithSubstitutes(Bench& bench) {
-  list(bench, "D:\\???.fp3");
-  bench.select(frmQMK::open, L"???.fp3");
+void listWithSubstitutes(Rig& rig) {
+  list(rig, "D:\\???.fp3");
+  rig.select(frmQMK::open, L"???.fp3");
 }
 
-void add(Bench& /*bench*/) { modQMKGeneral::AddOrUpdateCatalogueEntry(file, L"FP3"); }
+void add(Rig& /*rig*/) { modQMKGeneral::AddOrUpdateCatalogueEntry(file, L"FP3"); }
 
-void renameTo(Bench& bench, const std::wstring& name) {
+void renameTo(Rig& rig, const std::wstring& name) {
   desktop().inputAnswers = {name};
-  bench.main().mnuRename.raiseClick();
+  rig.main().mnuRename.fireClick();
 }
 
 Texts problemWithSaving(const Fault& fault) { return {trapped(fault)}; }
@@ -62,7 +62,7 @@ bool listsMayShow(const Fault& fault, const std::wstring& oldName, const std::ws
 std::vector<Operation> operations() {
   return {
       {.name = "add a file in its short form",
-       .prepare = [](Bench& bench) { list(bench, "D:\\Another.fp3"); },
+       .prepare = [](Rig& rig) { list(rig, "D:\\Another.fp3"); },
        .run = add,
        .told = problemWithSaving},
       {.name = "update a record with substitutes",
@@ -72,9 +72,9 @@ std::vector<Operation> operations() {
       {.name = "remove a file behind substitutes",
        .prepare = listWithSubstitutes,
        .run =
-           [](Bench& bench) {
+           [](Rig& rig) {
              desktop().answers = {Answer::yes};
-             bench.main().mnuDelete.raiseClick();
+             rig.main().mnuDelete.fireClick();
            },
        .told =
            [](const Fault& fault) {
@@ -82,17 +82,17 @@ std::vector<Operation> operations() {
            }},
       {.name = "rename a file to a name that has a short form",
        .prepare =
-           [](Bench& bench) {
+           [](Rig& rig) {
              desktop().giveShortNames(L"D:");
-             bench.select(frmQMK::open, L"One.fp3");
+             rig.select(frmQMK::open, L"One.fp3");
            },
-       .run = [](Bench& bench) { renameTo(bench, beetle); },
+       .run = [](Rig& rig) { renameTo(rig, beetle); },
        .told = problemWithSaving,
        .listsAreRight =
            [](const Fault& fault) { return listsMayShow(fault, L"One.fp3", L"___~1.FP3"); }},
       {.name = "rename a file behind substitutes",
        .prepare = listWithSubstitutes,
-       .run = [](Bench& bench) { renameTo(bench, L"Afar"); },
+       .run = [](Rig& rig) { renameTo(rig, L"Afar"); },
        .told = problemWithSaving,
        .listsAreRight =
            [](const Fault& fault) { return listsMayShow(fault, L"???.fp3", L"Afar.FP3"); }},

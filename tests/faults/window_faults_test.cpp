@@ -6,69 +6,67 @@
 namespace faults {
 namespace {
 
-void nothing(Bench& /*bench*/) {}
+void nothing(Rig& /*rig*/) {}
 
-void reload(Bench& bench, frmQMK::Tab tab) {
-  bench.main().lstQMK.at(tab).raiseKey({controls::keys::f5});
-}
+void reload(Rig& rig, frmQMK::Tab tab) { rig.main().lstQMK.at(tab).fireKey({controls::keys::f5}); }
 
 std::vector<Operation> operations() {
-  const auto onWebTab = [](Bench& bench) { bench.select(frmQMK::web, L"Weather"); };
+  const auto onWebTab = [](Rig& rig) { rig.select(frmQMK::web, L"Weather"); };
   return {
       {.name = "reload the tools",
        .prepare = nothing,
-       .run = [](Bench& bench) { reload(bench, frmQMK::tools); }},
+       .run = [](Rig& rig) { reload(rig, frmQMK::tools); }},
       {.name = "reload the data files",
        .prepare = nothing,
-       .run = [](Bench& bench) { reload(bench, frmQMK::open); }},
+       .run = [](Rig& rig) { reload(rig, frmQMK::open); }},
       {.name = "reload the web list",
        .prepare = nothing,
-       .run = [](Bench& bench) { reload(bench, frmQMK::web); }},
+       .run = [](Rig& rig) { reload(rig, frmQMK::web); }},
       {.name = "sort by a column",
        .prepare = nothing,
        .run =
-           [](Bench& bench) {
-             controls::ListView& list = bench.main().lstQMK[frmQMK::open];
-             list.raiseColumnClick(2);
+           [](Rig& rig) {
+             controls::ListView& list = rig.main().lstQMK[frmQMK::open];
+             list.fireColumnClick(2);
              // As the next painting does.
              static_cast<void>(list.cell(0, 0));
            }},
       {.name = "go through the tabs",
        .prepare = nothing,
        .run =
-           [](Bench& bench) {
+           [](Rig& rig) {
              for (const int tab : {1, 2, 3, 0}) {
-               bench.main().TabMain.raiseSwitch(tab);
+               rig.main().TabMain.fireSwitch(tab);
              }
            }},
       {.name = "change the view",
        .prepare = nothing,
        .run =
-           [](Bench& bench) {
-             bench.main().mnuList.raiseClick();
-             bench.main().mnuIcon.raiseClick();
+           [](Rig& rig) {
+             rig.main().mnuList.fireClick();
+             rig.main().mnuIcon.fireClick();
            }},
       {.name = "change the density of the screen",
        .prepare = nothing,
        .run =
-           [](Bench& bench) {
-             bench.main().raiseLayout({1200, 900}, 144);
+           [](Rig& rig) {
+             rig.main().fireLayout({1200, 900}, 144);
            }},
       {.name = "ask for a new web entry",
        .prepare = onWebTab,
-       .run = [](Bench& bench) { bench.main().mnuCreate.raiseClick(); }},
+       .run = [](Rig& rig) { rig.main().mnuCreate.fireClick(); }},
       {.name = "ask for another name of a web entry",
        .prepare = onWebTab,
-       .run = [](Bench& bench) { bench.main().mnuRename.raiseClick(); }},
+       .run = [](Rig& rig) { rig.main().mnuRename.fireClick(); }},
       {.name = "open a web entry",
        .prepare = onWebTab,
-       .run = [](Bench& bench) { bench.main().lstQMK[frmQMK::web].raiseDoubleClick(); }},
+       .run = [](Rig& rig) { rig.main().lstQMK[frmQMK::web].fireDoubleClick(); }},
       {.name = "show the about box",
        .prepare = nothing,
        .run =
-           [](Bench& bench) {
-             bench.main().mnuAbout.raiseClick();
-             if (frmAbout* const box = bench.main().aboutBox(); box != nullptr) {
+           [](Rig& rig) {
+             rig.main().mnuAbout.fireClick();
+             if (frmAbout* const box = rig.main().aboutBox(); box != nullptr) {
                box->unload();
              }
            }},

@@ -95,7 +95,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
   const std::wstring name = fuzz::wide(input.line()) + L".lnk";
   const std::wstring target = fuzz::wide(input.line());
   const std::wstring typed = fuzz::wide(input.rest());
-  if (!::desktop::isName(name)) {
+  if (!::memory::isName(name)) {
     return 0;  // no file can have that name
   }
   fuzz::freshDesktop();

@@ -6,7 +6,7 @@
 
 #include "platform/run_time_error.h"
 
-namespace desktop {
+namespace memory {
 namespace {
 
 /// Characters of the bytes from 0x80 on. Bytes without a meaning become the character with their
@@ -152,4 +152,4 @@ std::wstring fromBytes(std::string_view bytes, int number) {
   return text;
 }
 
-}  // namespace desktop
+}  // namespace memory

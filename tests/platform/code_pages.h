@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace desktop {
+namespace memory {
 
 /// Number of the system's code page: 1252, 1250 or 65001 (which is UTF-8).
 [[nodiscard]] int codePage();
@@ -18,4 +18,4 @@ void setCodePage(int number);
 /// 65001 they become U+FFFD.
 [[nodiscard]] std::wstring fromBytes(std::string_view bytes, int number);
 
-}  // namespace desktop
+}  // namespace memory

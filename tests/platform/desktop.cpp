@@ -11,7 +11,7 @@
 #include "platform/unfailing.h"
 #include "platform/window_record.h"
 
-namespace desktop {
+namespace memory {
 
 using platform::RunTimeError;
 using platform::dialogs::Answer;
@@ -307,4 +307,4 @@ std::optional<platform::registry::Value> Desktop::registryValue(platform::regist
   return found == registry_.end() ? std::nullopt : std::optional(found->second);
 }
 
-}  // namespace desktop
+}  // namespace memory

@@ -28,7 +28,7 @@
 #include "platform/shell_links.h"
 #include "platform/virtual_clock.h"
 
-namespace desktop {
+namespace memory {
 
 /// Thrown by `application::end`. It is not derived from std::exception, so that no code of the
 /// program that traps errors catches it.
@@ -169,7 +169,7 @@ class Desktop {
   // --- text ---
 
   /// The system's code page, in which list files are: 1252 (after the reset), 1250 or 65001.
-  static void setCodePage(int number) { desktop::setCodePage(number); }
+  static void setCodePage(int number) { memory::setCodePage(number); }
 
   // --- time ---
 
@@ -324,4 +324,4 @@ class Desktop {
 /// The desktop of this process.
 Desktop& desktop();
 
-}  // namespace desktop
+}  // namespace memory

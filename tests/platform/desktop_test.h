@@ -9,7 +9,7 @@
 #include "platform/geometry_printing.h"
 #include "platform/text.h"
 
-namespace desktop {
+namespace memory {
 
 /// Resets the desktop before each test and turns mistakes in the script into test failures. A
 /// message box that the test did not read, in particular an error report, makes it fail too.
@@ -29,4 +29,4 @@ class DesktopTest : public ::testing::Test {
   }
 };
 
-}  // namespace desktop
+}  // namespace memory

@@ -4,7 +4,7 @@
 
 #include "platform/run_time_error.h"
 
-namespace desktop {
+namespace memory {
 
 using platform::RunTimeError;
 
@@ -49,4 +49,4 @@ void Faults::attempt(const FailedCall& failing, const std::function<void()>& ope
   operation();
 }
 
-}  // namespace desktop
+}  // namespace memory

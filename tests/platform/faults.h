@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace desktop {
+namespace memory {
 
 class Faults {
  public:
@@ -57,4 +57,4 @@ class Faults {
   bool blindForever_ = false;
 };
 
-}  // namespace desktop
+}  // namespace memory

@@ -6,7 +6,7 @@
 #include "platform/run_time_error.h"
 #include "platform/text.h"
 
-namespace desktop {
+namespace memory {
 
 using platform::text::upper;
 
@@ -201,4 +201,4 @@ bool fits(const std::wstring& name, const std::wstring& pattern) {
   return reached[name.size()];
 }
 
-}  // namespace desktop
+}  // namespace memory

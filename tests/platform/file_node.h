@@ -9,7 +9,7 @@
 #include "platform/file_system.h"
 #include "platform/files.h"
 
-namespace desktop {
+namespace memory {
 
 /// A file, a folder or the root of a drive.
 struct FileSystem::Node {
@@ -77,4 +77,4 @@ struct PathParts {
 /// one, or for none at the end of the name or before a dot. "*.*" matches names without a dot too.
 [[nodiscard]] bool fits(const std::wstring& name, const std::wstring& pattern);
 
-}  // namespace desktop
+}  // namespace memory

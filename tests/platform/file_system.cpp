@@ -8,7 +8,7 @@
 #include "platform/run_time_error.h"
 #include "platform/text.h"
 
-namespace desktop {
+namespace memory {
 
 using platform::raiseAbout;
 using platform::RunTimeError;
@@ -329,4 +329,4 @@ Replaced FileSystem::replace(const std::wstring& from, const std::wstring& to,
   return Replaced::yes;
 }
 
-}  // namespace desktop
+}  // namespace memory

@@ -11,7 +11,7 @@
 
 #include "platform/files.h"
 
-namespace desktop {
+namespace memory {
 
 /// Drives, folders and files.
 ///
@@ -83,4 +83,4 @@ class FileSystem {
   std::optional<std::uint64_t> freeBytes_;
 };
 
-}  // namespace desktop
+}  // namespace memory

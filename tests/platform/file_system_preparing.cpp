@@ -3,7 +3,7 @@
 #include "platform/file_system.h"
 #include "platform/run_time_error.h"
 
-namespace desktop {
+namespace memory {
 
 using platform::RunTimeError;
 namespace error = platform::error;
@@ -89,4 +89,4 @@ void FileSystem::giveShortNames(const std::wstring& drive) {
   }
 }
 
-}  // namespace desktop
+}  // namespace memory

@@ -6,7 +6,7 @@
 
 namespace platform::files {
 
-using desktop::desktop;
+using memory::desktop;
 
 namespace {
 
@@ -125,7 +125,7 @@ void Draft::write(std::string_view bytes) {
     // A full or broken disk fails in the middle of the write.
     if (!reached &&
         (failure.number() == error::diskFull || failure.number() == error::deviceError)) {
-      const ::desktop::Unfailing own;
+      const ::memory::Unfailing own;
       desktop().disk().writeWhole(path, std::string(bytes.substr(0, bytes.size() / 2)));
     }
     throw;

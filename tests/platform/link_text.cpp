@@ -3,7 +3,7 @@
 #include <array>
 #include <string_view>
 
-namespace desktop {
+namespace memory {
 
 using platform::shell_links::Link;
 
@@ -63,4 +63,4 @@ std::optional<Link> linkOf(const std::string& bytes) {
   return link;
 }
 
-}  // namespace desktop
+}  // namespace memory

@@ -6,7 +6,7 @@
 
 #include "platform/shell_links.h"
 
-namespace desktop {
+namespace memory {
 
 /// The bytes of a shortcut file: a first line that marks it, then a line for each property.
 [[nodiscard]] std::string textOf(const platform::shell_links::Link& link);
@@ -14,4 +14,4 @@ namespace desktop {
 /// The shortcut in such a file, nothing for any other file.
 [[nodiscard]] std::optional<platform::shell_links::Link> linkOf(const std::string& bytes);
 
-}  // namespace desktop
+}  // namespace memory

@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <stdexcept>
 
-namespace desktop {
+namespace memory {
 
 NativeScreen& screen() {
   static NativeScreen instance = [] {
@@ -104,12 +104,12 @@ std::size_t NativeScreen::watched() const {
       windows_.begin(), windows_.end(), [](const auto& entry) { return entry.second.watched; }));
 }
 
-}  // namespace desktop
+}  // namespace memory
 
 namespace platform::subclass {
 
 bool watch(WindowHandle window) {
-  auto* const target = desktop::screen().find(window);
+  auto* const target = memory::screen().find(window);
   if (target == nullptr) {
     return false;
   }
@@ -118,7 +118,7 @@ bool watch(WindowHandle window) {
 }
 
 void unwatch(WindowHandle window) {
-  if (auto* const target = desktop::screen().find(window)) {
+  if (auto* const target = memory::screen().find(window)) {
     target->watched = false;
   }
 }
@@ -127,7 +127,7 @@ void unwatch(WindowHandle window) {
 
 namespace platform::native {
 
-using desktop::screen;
+using memory::screen;
 
 namespace {
 

@@ -14,7 +14,7 @@
 #include "platform/native_windows.h"
 #include "platform/subclass.h"
 
-namespace desktop {
+namespace memory {
 
 using platform::native::Edges;
 using platform::native::Point;
@@ -89,4 +89,4 @@ class NativeScreen {
 /// The screen of this process.
 NativeScreen& screen();
 
-}  // namespace desktop
+}  // namespace memory

@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-namespace desktop {
+namespace memory {
 
 /// Items in the order in which they were added. Reading them, or asking for their number, counts as
 /// reading all items that exist at that moment.
@@ -54,4 +54,4 @@ class Record {
   mutable std::size_t lookedAt_ = 0;
 };
 
-}  // namespace desktop
+}  // namespace memory

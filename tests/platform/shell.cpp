@@ -16,7 +16,7 @@
 
 namespace platform {
 
-using desktop::desktop;
+using memory::desktop;
 
 namespace dialogs {
 
@@ -37,7 +37,7 @@ void reportRunTimeError(const RunTimeError& error) {
   desktop().note(L"error " + std::to_wstring(error.number()));
   std::size_t before = 0;
   {
-    const ::desktop::Unfailing own;
+    const ::memory::Unfailing own;
     before = desktop().errorReports.total();
     desktop().errorReports.push_back(error.number());
   }
@@ -99,7 +99,7 @@ void write(const std::wstring& linkPath, const Link& link) {
         if (desktop().linkFailure) {
           throw RunTimeError(*desktop().linkFailure);
         }
-        desktop().disk().writeWhole(linkPath, ::desktop::textOf(link));
+        desktop().disk().writeWhole(linkPath, ::memory::textOf(link));
         desktop().linkWrites.push_back({linkPath, link});
       },
       linkPath);
@@ -120,7 +120,7 @@ namespace browser {
 std::intptr_t open(const std::wstring& address, int showCommand) {
   desktop().note(L"browse " + address);
   {
-    const ::desktop::Unfailing own;
+    const ::memory::Unfailing own;
     desktop().browsed.push_back({address, showCommand});
   }
   return desktop().browserResult;
@@ -133,7 +133,7 @@ namespace help {
 void showClassic(const std::wstring& file, int command) {
   desktop().note(L"classic help " + file);
   {
-    const ::desktop::Unfailing own;
+    const ::memory::Unfailing own;
     desktop().helpShown.push_back({false, file, command});
   }
 }
@@ -141,7 +141,7 @@ void showClassic(const std::wstring& file, int command) {
 void showCompiled(const std::wstring& file) {
   desktop().note(L"compiled help " + file);
   {
-    const ::desktop::Unfailing own;
+    const ::memory::Unfailing own;
     desktop().helpShown.push_back({true, file, 0});
   }
 }
@@ -154,7 +154,7 @@ namespace {
 
 std::optional<Picture> programIcon(const std::wstring& file, int side) {
   {
-    const ::desktop::Unfailing own;
+    const ::memory::Unfailing own;
     desktop().iconsAsked.emplace_back(file, side);
   }
   if (desktop().onIcon) {

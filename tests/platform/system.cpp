@@ -11,7 +11,7 @@
 
 namespace platform {
 
-using desktop::desktop;
+using memory::desktop;
 
 namespace application {
 
@@ -35,7 +35,7 @@ void processPendingMessages() {
 
 void end() {
   desktop().note(L"end");
-  throw ::desktop::ProgramEnded{};
+  throw ::memory::ProgramEnded{};
 }
 
 }  // namespace application
@@ -62,7 +62,7 @@ namespace registry {
 std::optional<Value> query(Root root, const std::wstring& key, const std::wstring& name,
                            std::uint32_t access, std::size_t bufferBytes) {
   {
-    const ::desktop::Unfailing own;
+    const ::memory::Unfailing own;
     desktop().registryQueries.push_back({root, key, name, access, bufferBytes});
   }
   if (desktop().blinded()) {
@@ -80,14 +80,14 @@ std::optional<Value> query(Root root, const std::wstring& key, const std::wstrin
 namespace clock {
 
 std::wstring todayText() {
-  const auto today = ::desktop::dateTime(desktop().now());
+  const auto today = ::memory::dateTime(desktop().now());
   return today ? desktop().formatDate(*today) : L"";
 }
 
 std::vector<std::wstring> dateAndTimeTexts(const std::vector<files::FileTime>& moments) {
   std::vector<std::wstring> texts;
   for (const files::FileTime moment : moments) {
-    const auto local = ::desktop::dateTime(moment);
+    const auto local = ::memory::dateTime(moment);
     texts.push_back(local ? desktop().formatDateAndTime(*local) : L"");
   }
   return texts;

@@ -50,7 +50,7 @@ std::string sortKey(std::wstring_view text) {
 }  // namespace
 
 SortKeys sortKeys(std::size_t count, const std::function<std::wstring_view(std::size_t)>& textAt) {
-  ++desktop::desktop().sorts;
+  ++memory::desktop().sorts;
   SortKeys keys;
   for (std::size_t n = 0; n < count; ++n) {
     keys.bytes += sortKey(textAt(n));
@@ -78,11 +78,9 @@ void fromCodePage(std::string_view bytes, std::wstring& text) {
   if (plain::widen(bytes, text)) {
     return;
   }
-  text = desktop::fromBytes(bytes, desktop::codePage());
+  text = memory::fromBytes(bytes, memory::codePage());
 }
 
-std::string toCodePage(std::wstring_view text) {
-  return desktop::toBytes(text, desktop::codePage());
-}
+std::string toCodePage(std::wstring_view text) { return memory::toBytes(text, memory::codePage()); }
 
 }  // namespace platform::text

@@ -1,7 +1,7 @@
 // Marks allocations of the in-memory desktop itself in tests that let memory run out.
 #pragma once
 
-namespace desktop {
+namespace memory {
 
 /// While an object of this class exists, allocations are the in-memory desktop's own and never
 /// fail. If the desktop failed in the middle of a change of its state, that would say nothing about
@@ -19,4 +19,4 @@ class Unfailing {
   inline static int depth = 0;
 };
 
-}  // namespace desktop
+}  // namespace memory

@@ -6,7 +6,7 @@
 
 #include "platform/unfailing.h"
 
-namespace desktop {
+namespace memory {
 namespace {
 
 constexpr std::uint64_t stepsPerSecond = 10'000'000;
@@ -95,4 +95,4 @@ void VirtualClock::advance(std::int64_t milliseconds) {
   elapsed_ = std::max(elapsed_, end);
 }
 
-}  // namespace desktop
+}  // namespace memory

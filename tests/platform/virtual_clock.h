@@ -8,7 +8,7 @@
 
 #include "platform/files.h"
 
-namespace desktop {
+namespace memory {
 
 /// A moment in local time. The desktop's local time is UTC.
 struct DateTime {
@@ -59,4 +59,4 @@ class VirtualClock {
   std::map<Alarm, Entry> alarms_;
 };
 
-}  // namespace desktop
+}  // namespace memory

@@ -7,7 +7,7 @@
 #include "platform/controls/window.h"
 #include "platform/desktop.h"
 
-namespace desktop {
+namespace memory {
 
 /// Represents the native window: counts what is done to it and runs its timers.
 struct WindowRecord : controls::WindowPeer {
@@ -35,4 +35,4 @@ struct WindowRecord : controls::WindowPeer {
   std::vector<std::unique_ptr<TimerPeer>> timers_;
 };
 
-}  // namespace desktop
+}  // namespace memory

@@ -9,7 +9,7 @@
 #include "platform/unfailing.h"
 #include "platform/window_record.h"
 
-namespace desktop {
+namespace memory {
 
 using controls::Window;
 using controls::WindowKind;
@@ -49,7 +49,7 @@ class WindowRecord::TimerPeer : public controls::Peer {
           timer_->interval(),
           [&owner = owner_, timer = timer_] {
             owner.note(L"tick " + timer->name());
-            timer->raiseTimer();
+            timer->fireTimer();
           },
           true);
     }
@@ -81,7 +81,7 @@ void WindowRecord::show() {
   }
   if (!laidOut_) {
     laidOut_ = true;
-    window_.raiseLayout(window_.clientSize(owner_.dpi), owner_.dpi);
+    window_.fireLayout(window_.clientSize(owner_.dpi), owner_.dpi);
   }
   owner_.bringToFront(window_);
 }
@@ -131,7 +131,7 @@ void Desktop::closeWindow(Window& window) {
 void Desktop::bringToFront(Window& window) {
   if (active_ != &window) {
     active_ = &window;
-    window.raiseActivate();
+    window.fireActivate();
   }
 }
 
@@ -175,32 +175,32 @@ int Desktop::activated(const std::wstring& name) const {
   return found == activatedCounts.end() ? 0 : found->second;
 }
 
-}  // namespace desktop
+}  // namespace memory
 
 namespace platform::windows {
 
 void create(controls::Window& window) {
-  desktop::desktop().call(L"create " + window.name(),
-                          [&window] { desktop::desktop().openWindow(window); });
+  memory::desktop().call(L"create " + window.name(),
+                         [&window] { memory::desktop().openWindow(window); });
 }
 
 void destroy(controls::Window& window) {
   {
     // This function cannot fail.
-    const desktop::Unfailing own;
-    desktop::desktop().note(L"destroy " + window.name());
+    const memory::Unfailing own;
+    memory::desktop().note(L"destroy " + window.name());
   }
-  desktop::desktop().closeWindow(window);
+  memory::desktop().closeWindow(window);
 }
 
 void runModal(controls::Window& window) {
-  desktop::desktop().note(L"modal " + window.name());
-  desktop::desktop().runUntilUnloaded(window);
+  memory::desktop().note(L"modal " + window.name());
+  memory::desktop().runUntilUnloaded(window);
 }
 
 void run(controls::Window& mainWindow) {
-  desktop::desktop().note(L"run " + mainWindow.name());
-  desktop::desktop().runUntilUnloaded(mainWindow);
+  memory::desktop().note(L"run " + mainWindow.name());
+  memory::desktop().runUntilUnloaded(mainWindow);
 }
 
 Size textSize(const std::wstring& text, const Font& font, int dpi) {
@@ -227,6 +227,6 @@ int textHeight(const std::wstring& text, const Font& font, int width, int dpi) {
 
 namespace platform::screens {
 
-std::vector<Rect> workAreas() { return desktop::desktop().workAreas; }
+std::vector<Rect> workAreas() { return memory::desktop().workAreas; }
 
 }  // namespace platform::screens

@@ -70,7 +70,7 @@ void Toolbar::setImages(const ImageList* images) {
   changed(Change::images);
 }
 
-void Toolbar::raiseButtonClick(const std::wstring& key) {
+void Toolbar::fireButtonClick(const std::wstring& key) {
   platform::dispatch([this, &key] {
     // A copy, because the handler may destroy the button that owns the key.
     const std::wstring pressed = key;
@@ -114,7 +114,7 @@ platform::Rect TabControl::displayArea(const platform::Rect& bounds, int dpi) co
           std::max(0, bounds.height - tabs - frame)};
 }
 
-void TabControl::raiseSwitch(int index) {
+void TabControl::fireSwitch(int index) {
   platform::dispatch([this, index] { setCurrent(index); });
 }
 
@@ -128,7 +128,7 @@ MenuItem& MenuItem::add(MenuItem& child) {
   return *this;
 }
 
-void MenuItem::raiseClick() {
+void MenuItem::fireClick() {
   if (enabled()) {
     platform::dispatch(onClick);
   }

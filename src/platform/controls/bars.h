@@ -52,7 +52,7 @@ class Toolbar : public Control {
   void acceptMeasuredHeight(int height) { measuredHeight_ = height; }
 
   std::function<void(const std::wstring& key)> onButtonClick;
-  void raiseButtonClick(const std::wstring& key);
+  void fireButtonClick(const std::wstring& key);
 
  private:
   Button& find(const std::wstring& key);
@@ -82,7 +82,7 @@ class TabControl : public Control {
   /// Called with the old and the new index when the current tab has changed.
   std::function<void(int oldIndex, int newIndex)> onSwitch;
   /// Called by the peer when the user has chosen a tab.
-  void raiseSwitch(int index);
+  void fireSwitch(int index);
 
  private:
   std::vector<std::wstring> captions_;
@@ -100,7 +100,7 @@ class MenuItem : public Control {
   [[nodiscard]] const std::vector<MenuItem*>& children() const { return children_; }
   std::function<void()> onClick;
   /// Called by the peer when the user has chosen the entry. Does nothing while it is disabled.
-  void raiseClick();
+  void fireClick();
 
  private:
   bool checked_ = false;

@@ -245,9 +245,9 @@ void ListView::ensureOrder() const {
   orderStale_ = false;
 }
 
-void ListView::raiseDoubleClick() const { platform::dispatch(onDoubleClick); }
+void ListView::fireDoubleClick() const { platform::dispatch(onDoubleClick); }
 
-void ListView::raiseColumnClick(int index) {
+void ListView::fireColumnClick(int index) {
   platform::dispatch([this, index] {
     if (onColumnClick) {
       onColumnClick(index);
@@ -255,7 +255,7 @@ void ListView::raiseColumnClick(int index) {
   });
 }
 
-void ListView::raiseContextMenu(int x, int y) {
+void ListView::fireContextMenu(int x, int y) {
   platform::dispatch([this, x, y] {
     if (onContextMenu) {
       onContextMenu(x, y);
@@ -263,7 +263,7 @@ void ListView::raiseContextMenu(int x, int y) {
   });
 }
 
-void ListView::raiseKey(const KeyStroke& stroke) {
+void ListView::fireKey(const KeyStroke& stroke) {
   platform::dispatch([this, stroke] {
     if (onKey) {
       onKey(stroke);

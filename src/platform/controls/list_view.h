@@ -165,10 +165,10 @@ class ListView : public Control {
   /// The user asked for the list's menu, with the right mouse button or the context-menu key. The
   /// point, in pixels of the virtual screen, is where the menu belongs.
   std::function<void(int x, int y)> onContextMenu;
-  void raiseDoubleClick() const;
-  void raiseColumnClick(int index);
-  void raiseKey(const KeyStroke& stroke);
-  void raiseContextMenu(int x, int y);
+  void fireDoubleClick() const;
+  void fireColumnClick(int index);
+  void fireKey(const KeyStroke& stroke);
+  void fireContextMenu(int x, int y);
 
  private:
   using Place = std::uint32_t;  // row number in order of adding; sorting does not change it

@@ -26,7 +26,7 @@ class Timer : public Control {
   void setInterval(int milliseconds) { assign(interval_, milliseconds, Change::timer); }
   std::function<void()> onTimer;
   /// One tick, from the native timer or from a test's clock. Calls the handler.
-  void raiseTimer() {
+  void fireTimer() {
     if (enabled()) {
       platform::dispatch(onTimer);
     }
@@ -106,7 +106,7 @@ class CommandButton : public Control {
   bool isDefault = false;
   bool isCancel = false;
   std::function<void()> onClick;
-  void raiseClick() {
+  void fireClick() {
     if (enabled()) {
       platform::dispatch(onClick);
     }
@@ -134,8 +134,8 @@ class CoolButton : public CommandButton {
 
   std::function<void()> onPointerEnter;
   std::function<void()> onPointerLeave;
-  void raisePointerEnter() const { platform::dispatch(onPointerEnter); }
-  void raisePointerLeave() const { platform::dispatch(onPointerLeave); }
+  void firePointerEnter() const { platform::dispatch(onPointerEnter); }
+  void firePointerLeave() const { platform::dispatch(onPointerLeave); }
 
  private:
   std::uint32_t backColor_ = 0xF0F0F0;

@@ -104,29 +104,29 @@ bool Window::unload(UnloadMode mode) {
   return true;
 }
 
-void Window::raiseActivate() {
+void Window::fireActivate() {
   platform::dispatch([this] { Form_Activate(); });
 }
 
-void Window::raiseClick() {
+void Window::fireClick() {
   platform::dispatch([this] { Form_Click(); });
 }
 
-void Window::raiseKeyPress(wchar_t character) {
+void Window::fireKeyPress(wchar_t character) {
   platform::dispatch([this, character] { Form_KeyPress(character); });
 }
 
-bool Window::raiseKeyDown(const KeyStroke& stroke) {
+bool Window::fireKeyDown(const KeyStroke& stroke) {
   bool taken = false;
   const bool succeeded = platform::dispatch([&] { taken = Form_KeyDown(stroke); });
   return taken || !succeeded;
 }
 
-void Window::raiseMenuOpening() {
+void Window::fireMenuOpening() {
   platform::dispatch([this] { Form_MenuOpening(); });
 }
 
-bool Window::raiseClose(UnloadMode mode) {
+bool Window::fireClose(UnloadMode mode) {
   bool closed = false;
   platform::dispatch([&] {
     if (mode == UnloadMode::sessionEnd) {
@@ -140,7 +140,7 @@ bool Window::raiseClose(UnloadMode mode) {
   return closed;
 }
 
-void Window::raiseLayout(platform::Size client, int dpi) {
+void Window::fireLayout(platform::Size client, int dpi) {
   laidOut_ = true;
   platform::dispatch([this, client, dpi] { layout(client, dpi); });
 }

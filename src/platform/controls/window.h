@@ -121,18 +121,18 @@ class Window {
   void attach(WindowPeer* peer) { peer_ = peer; }
   /// The native window cannot be completed: the window is not loaded any more. No handler is asked.
   void giveUp() { dropNative(); }
-  void raiseActivate();
-  void raiseClick();
-  void raiseKeyPress(wchar_t character);
+  void fireActivate();
+  void fireClick();
+  void fireKeyPress(wchar_t character);
   /// A key went down somewhere in the window, before the control with the focus sees it. True when
   /// the window has dealt with it, or failed to.
-  bool raiseKeyDown(const KeyStroke& stroke);
+  bool fireKeyDown(const KeyStroke& stroke);
   /// A menu is about to be shown.
-  void raiseMenuOpening();
+  void fireMenuOpening();
   /// The user or the system wants to close the window; true when it may go (it is unloaded then,
   /// except at the end of a session, when the system ends the program itself).
-  bool raiseClose(UnloadMode mode);
-  void raiseLayout(platform::Size client, int dpi);
+  bool fireClose(UnloadMode mode);
+  void fireLayout(platform::Size client, int dpi);
 
  protected:
   /// Registers a control; the order of the calls is the tab order.

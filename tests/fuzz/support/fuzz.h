@@ -47,7 +47,7 @@ class Input {
 [[nodiscard]] std::string extended(std::string bytes, const std::string& record);
 
 /// The in-memory desktop.
-inline desktop::Desktop& theDesktop() { return desktop::desktop(); }
+inline memory::Desktop& theDesktop() { return memory::desktop(); }
 
 /// A fresh disk with the application folder and an empty shortcuts folder, nothing recorded.
 void freshDesktop();

@@ -8,12 +8,12 @@
 
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 
 class AboutBox : public unit::LoadedMainWindow {
  protected:
   frmAbout& box() {
-    main.mnuAbout.raiseClick();
+    main.mnuAbout.fireClick();
     return *main.aboutBox();
   }
 };
@@ -46,7 +46,7 @@ TEST_F(AboutBox, ALongFolderIsShortenedInItsMiddleAndWholeInTheTip) {
   EXPECT_EQ(loaded.lblPath.toolTip(), whole);
   EXPECT_TRUE(loaded.lblPath.pathEllipsis());
   const platform::Size design = loaded.designSize();
-  loaded.raiseLayout(design, 96);
+  loaded.fireLayout(design, 96);
   EXPECT_LE(loaded.lblPath.bounds().right(), design.width);
 }
 
@@ -106,7 +106,7 @@ TEST_F(AboutBox, OkClosesIt) {
   frmAbout& shown = box();
   EXPECT_TRUE(shown.cmdOK.isDefault);
   EXPECT_TRUE(shown.cmdOK.isCancel);
-  shown.cmdOK.raiseClick();
+  shown.cmdOK.fireClick();
   EXPECT_FALSE(shown.loaded());
   EXPECT_TRUE(box().visible());
 }
@@ -114,7 +114,7 @@ TEST_F(AboutBox, OkClosesIt) {
 TEST_F(AboutBox, NothingInItStartsTheSystemInformation) {
   for (controls::Control* const control : box().controls()) {
     if (auto* const button = dynamic_cast<controls::CommandButton*>(control)) {
-      button->raiseClick();
+      button->fireClick();
     }
   }
   EXPECT_TRUE(desktop().registryQueries.empty());

@@ -12,7 +12,7 @@ using platform::Rect;
 using platform::Size;
 using platform::windows::Font;
 
-class AboutLayout : public desktop::DesktopTest {
+class AboutLayout : public memory::DesktopTest {
  protected:
   AboutLayout() { box.load(); }
   frmAbout box;
@@ -29,7 +29,7 @@ TEST_F(AboutLayout, HasItsDesignedSizeAndFonts) {
 }
 
 TEST_F(AboutLayout, AtTheDesignsDensity) {
-  box.raiseLayout({480, 184}, 96);
+  box.fireLayout({480, 184}, 96);
   EXPECT_EQ(box.Image1.bounds(), (Rect{16, 16, 96, 96}));
   EXPECT_EQ(box.Label1.bounds(), (Rect{128, 16, 336, 16}));
   EXPECT_EQ(box.lblTitle.bounds(), (Rect{128, 34, 250, 23}));
@@ -40,7 +40,7 @@ TEST_F(AboutLayout, AtTheDesignsDensity) {
 }
 
 TEST_F(AboutLayout, AtOneAndAHalf) {
-  box.raiseLayout({720, 276}, 144);
+  box.fireLayout({720, 276}, 144);
   EXPECT_EQ(box.Image1.bounds(), (Rect{24, 24, 144, 144}));
   EXPECT_EQ(box.Label1.bounds(), (Rect{192, 24, 504, 24}));
   EXPECT_EQ(box.lblTitle.bounds(), (Rect{192, 51, 375, 35}));
@@ -51,7 +51,7 @@ TEST_F(AboutLayout, AtOneAndAHalf) {
 }
 
 TEST_F(AboutLayout, InAClientAreaThatIsTooNarrowTheLabelsHaveNoWidthLeft) {
-  box.raiseLayout({100, 184}, 96);
+  box.fireLayout({100, 184}, 96);
   EXPECT_EQ(box.lblVersion.bounds(), (Rect{128, 67, 0, 15}));
 }
 

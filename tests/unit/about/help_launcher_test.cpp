@@ -6,7 +6,7 @@
 
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 
 const std::wstring classicFile = L"C:\\App\\help\\gatewayhelp3.HLP";
 const std::wstring compiledFile = L"C:\\App\\help\\gatewayhelp3.chm";
@@ -14,16 +14,16 @@ const std::wstring compiledFile = L"C:\\App\\help\\gatewayhelp3.chm";
 class HelpLauncher : public unit::LoadedMainWindow {
  protected:
   /// The only help that was opened.
-  static desktop::Help onlyHelp() {
+  static memory::Help onlyHelp() {
     EXPECT_EQ(desktop().helpShown.size(), 1U);
-    return desktop().helpShown.empty() ? desktop::Help{} : desktop().helpShown.front();
+    return desktop().helpShown.empty() ? memory::Help{} : desktop().helpShown.front();
   }
 };
 
 TEST_F(HelpLauncher, TheClassicFileWinsAndShowsItsContents) {
   desktop().putFile(classicFile, "help");
   desktop().putFile(compiledFile, "help");
-  main.mnuHelpContents.raiseClick();
+  main.mnuHelpContents.fireClick();
   const auto help = onlyHelp();
   EXPECT_FALSE(help.compiled);
   EXPECT_EQ(help.file, classicFile);
@@ -34,14 +34,14 @@ TEST_F(HelpLauncher, TheClassicFileWinsAndShowsItsContents) {
 
 TEST_F(HelpLauncher, WithoutAClassicFileTheCompiledOneIsOpened) {
   desktop().putFile(compiledFile, "help");
-  main.mnuHelpContents.raiseClick();
+  main.mnuHelpContents.fireClick();
   const auto help = onlyHelp();
   EXPECT_TRUE(help.compiled);
   EXPECT_EQ(help.file, compiledFile);
 }
 
 TEST_F(HelpLauncher, TheCompiledFileIsNotLookedForAndNothingIsSaidOfAMissingOne) {
-  main.mnuHelpContents.raiseClick();
+  main.mnuHelpContents.fireClick();
   const auto help = onlyHelp();
   EXPECT_TRUE(help.compiled);
   EXPECT_EQ(help.file, compiledFile);
@@ -50,12 +50,12 @@ TEST_F(HelpLauncher, TheCompiledFileIsNotLookedForAndNothingIsSaidOfAMissingOne)
 
 TEST_F(HelpLauncher, AFolderOfTheClassicFilesNameIsNoHelpFile) {
   desktop().putFolder(classicFile);
-  main.mnuHelpContents.raiseClick();
+  main.mnuHelpContents.fireClick();
   EXPECT_TRUE(onlyHelp().compiled);
 }
 
 TEST_F(HelpLauncher, TheToolbarsHelpButtonDoesTheSame) {
-  main.barMain.raiseButtonClick(L"Help");
+  main.barMain.fireButtonClick(L"Help");
   EXPECT_TRUE(onlyHelp().compiled);
 }
 

@@ -5,8 +5,8 @@
 
 namespace {
 
-using desktop::desktop;
-using desktop::Start;
+using memory::desktop;
+using memory::Start;
 using platform::registry::Root;
 using platform::registry::Value;
 
@@ -15,7 +15,7 @@ constexpr const wchar_t* locationKey = L"SOFTWARE\\Microsoft\\Shared Tools Locat
 
 using Starts = std::vector<Start>;
 
-class KeyValue : public ::desktop::DesktopTest {
+class KeyValue : public ::memory::DesktopTest {
  protected:
   static void put(std::uint32_t type, const std::vector<std::uint8_t>& bytes) {
     desktop().setRegistry(Root::localMachine, L"Key", L"Name", Value{type, bytes});
@@ -123,7 +123,7 @@ TEST_F(KeyValue, AMissingKeyOrValueIsNotFound) {
   EXPECT_TRUE(desktop().messages.empty());
 }
 
-class SystemInformation : public ::desktop::DesktopTest {
+class SystemInformation : public ::memory::DesktopTest {
  protected:
   static void expectUnavailable() {
     EXPECT_TRUE(desktop().starts.empty());

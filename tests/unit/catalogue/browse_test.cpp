@@ -5,8 +5,8 @@
 
 namespace {
 
-using desktop::desktop;
-using desktop::Start;
+using memory::desktop;
+using memory::Start;
 using ModQMKgeneral2::ChooseDataFile;
 using unit::record;
 using unit::Texts;
@@ -24,7 +24,7 @@ class Browse : public unit::CatalogueTest {
   /// Clicks the browse button and chooses `path`.
   void choose(const std::wstring& path) {
     desktop().fileDialogResults.emplace_back(path);
-    main.cmdBrowse.raiseClick();
+    main.cmdBrowse.fireClick();
   }
 };
 
@@ -45,7 +45,7 @@ TEST_F(Browse, TheSameInventoryGetsASwitchHereAndNoneOnTheDataTab) {
   putData(L"a.bi3");
   putCatalogue(dataRecord("bi3", "a.bi3"));
   modQMKGeneral::LoadCatalogueView(view);
-  list.raiseDoubleClick();
+  list.fireDoubleClick();
   choose(L"C:\\App\\data\\a.bi3");
   ASSERT_EQ(desktop().starts.size(), 2U);
   EXPECT_EQ(desktop().starts[0].commandLine, L"C:\\App\\brtpc3.exe C:\\App\\data\\a.bi3");
@@ -62,7 +62,7 @@ TEST_F(Browse, AnyOtherExtensionCanNotBeOpened) {
 TEST_F(Browse, CancellingDoesNothing) {
   desktop().fileDialogResults.emplace_back(32755);
   main.cmdBrowse.setTag(L"preset.fp3");
-  main.cmdBrowse.raiseClick();
+  main.cmdBrowse.fireClick();
   EXPECT_TRUE(desktop().starts.empty());
   EXPECT_TRUE(messages().empty());
   EXPECT_EQ(main.cmdBrowse.tag(), L"");
@@ -70,7 +70,7 @@ TEST_F(Browse, CancellingDoesNothing) {
 
 TEST_F(Browse, ADialogThatFailsDoesNothing) {
   desktop().fileDialogResults.emplace_back(20477);
-  main.cmdBrowse.raiseClick();
+  main.cmdBrowse.fireClick();
   EXPECT_TRUE(desktop().starts.empty());
   EXPECT_TRUE(messages().empty());
 }
@@ -78,8 +78,8 @@ TEST_F(Browse, ADialogThatFailsDoesNothing) {
 TEST_F(Browse, TheTagIsThePresetOnceOnly) {
   main.cmdBrowse.setTag(L"plot?1.fp3");
   desktop().fileDialogResults = {32755, 32755};
-  main.cmdBrowse.raiseClick();
-  main.cmdBrowse.raiseClick();
+  main.cmdBrowse.fireClick();
+  main.cmdBrowse.fireClick();
   ASSERT_EQ(desktop().fileDialogs.size(), 2U);
   EXPECT_EQ(desktop().fileDialogs[0].fileName, L"plot?1.fp3");
   EXPECT_EQ(desktop().fileDialogs[1].fileName, L"");
@@ -107,7 +107,7 @@ TEST_F(Browse, AMissingToolIsReported) {
 
 TEST_F(Browse, TheDialogHasItsTitleAndItsFiltersInTheirOrder) {
   desktop().fileDialogResults = {32755};
-  main.cmdBrowse.raiseClick();
+  main.cmdBrowse.fireClick();
   ASSERT_EQ(desktop().fileDialogs.size(), 1U);
   const auto& request = desktop().fileDialogs[0];
   EXPECT_EQ(request.title, L"Open File");
@@ -135,14 +135,14 @@ TEST_F(Browse, TheFolderIsNamedAsItIsStored) {
   desktop().take(L"C:\\App\\data");
   desktop().putFolder(L"C:\\App\\DATA");
   desktop().fileDialogResults = {32755};
-  main.cmdBrowse.raiseClick();
+  main.cmdBrowse.fireClick();
   EXPECT_EQ(desktop().fileDialogs.at(0).initialFolder, L"C:\\App\\DATA");
 }
 
 TEST_F(Browse, WithoutADataFolderTheDialogStartsInTheApplicationFolder) {
   desktop().take(L"C:\\App\\data");
   desktop().fileDialogResults = {32755};
-  main.cmdBrowse.raiseClick();
+  main.cmdBrowse.fireClick();
   EXPECT_EQ(desktop().fileDialogs.at(0).initialFolder, L"C:\\App\\");
 }
 

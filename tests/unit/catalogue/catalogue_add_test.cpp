@@ -5,7 +5,7 @@
 
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 using modQMKGeneral::AddOrUpdateCatalogueEntry;
 using unit::record;
 using unit::Texts;
@@ -91,7 +91,7 @@ TEST_F(CatalogueAdd, APathThatTheCodePageLacksIsFoundAgainAndListedOnce) {
 }
 
 TEST_F(CatalogueAdd, WritesTodayAsTheUserWritesADate) {
-  desktop().formatDate = [](const ::desktop::DateTime& day) {
+  desktop().formatDate = [](const ::memory::DateTime& day) {
     return std::to_wstring(day.year) + L"-" + std::to_wstring(day.month);
   };
   AddOrUpdateCatalogueEntry(L"D:\\New.cw3", L"CW3");

@@ -5,7 +5,7 @@
 
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 using modQMKGeneral::BuildCatalogue;
 using modQMKGeneral::LoadCatalogueView;
 using unit::record;
@@ -76,13 +76,13 @@ TEST_F(CatalogueBuild, WritesTheCodeInLowerCaseAndTheNameAsItIsStored) {
 
 TEST_F(CatalogueBuild, NamesTheDataFolderInLowerCaseHoweverItIsStored) {
   desktop().putFile(L"C:\\App\\DATA\\p.fp3", "", platform::files::normal,
-                    desktop::fileTime({.day = 16}));
+                    memory::fileTime({.day = 16}));
   BuildCatalogue(view);
   EXPECT_EQ(catalogue(), dataRecord("fp3", "p.fp3"));
 }
 
 TEST_F(CatalogueBuild, WritesTheDateAndTimeOfTheLastModificationAsTheUserWritesThem) {
-  desktop().formatDateAndTime = [](const ::desktop::DateTime& moment) {
+  desktop().formatDateAndTime = [](const ::memory::DateTime& moment) {
     return L"day " + std::to_wstring(moment.day) + L" hour " + std::to_wstring(moment.hour);
   };
   putData(L"p.fp3");

@@ -5,7 +5,7 @@
 
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 using modQMKGeneral::RefreshDataFolderEntries;
 using unit::record;
 using unit::Texts;

@@ -5,7 +5,7 @@
 
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 using modQMKGeneral::RemoveCatalogueEntry;
 using unit::record;
 using unit::Texts;

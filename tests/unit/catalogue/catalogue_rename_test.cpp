@@ -6,7 +6,7 @@
 
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 using modQMKGeneral::LoadCatalogueView;
 using modQMKGeneral::RenameCatalogueFile;
 using unit::record;

@@ -9,7 +9,7 @@
 
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 using modQMKGeneral::LoadCatalogueView;
 using unit::record;
 using unit::Texts;
@@ -239,7 +239,7 @@ TEST_F(CatalogueView, AnErrorLeavesTheCatalogueAloneWhateverCallFails) {
 class NewFileItems : public unit::CatalogueTest {};
 
 TEST_F(NewFileItems, AreAddedInTheirOrderWithPictureAndCode) {
-  const controls::ListView& fresh = main.lstQMK[frmQMK::fresh];
+  const controls::ListView& fresh = main.lstQMK[frmQMK::newFiles];
   modQMKGeneral::AddNewFileItems(view);
   ASSERT_EQ(textsOf(fresh), (Texts{L"New Fuel Profile", L"New Planar Intercept",
                                    L"New Plotview Inventory", L"New Canopy Weigh Inventory"}));
@@ -256,7 +256,7 @@ TEST_F(NewFileItems, AreAddedInTheirOrderWithPictureAndCode) {
 TEST_F(NewFileItems, AreAddedToWhatTheListHolds) {
   modQMKGeneral::AddNewFileItems(view);
   modQMKGeneral::AddNewFileItems(view);
-  EXPECT_EQ(main.lstQMK[frmQMK::fresh].count(), 8U);
+  EXPECT_EQ(main.lstQMK[frmQMK::newFiles].count(), 8U);
 }
 
 }  // namespace

@@ -7,7 +7,7 @@
 
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 using modQMKGeneral::LoadCatalogueView;
 using unit::record;
 using unit::Texts;
@@ -121,7 +121,7 @@ TEST_F(CatalogueWatch, KeepsTheSelectionAndDoesNotTouchOtherLists) {
   putCatalogue(b + a + record({"FP3", "C:\\0.fp3", "1"}));
   desktop().advance(1000);
   EXPECT_EQ(list.text(list.selectedItem()), L"b.fp3");
-  EXPECT_EQ(main.lstQMK[frmQMK::fresh].count(), 4U);
+  EXPECT_EQ(main.lstQMK[frmQMK::newFiles].count(), 4U);
 }
 
 TEST_F(CatalogueWatch, AFailedReloadIsReportedOnceNotEverySecond) {
@@ -142,7 +142,7 @@ TEST_F(CatalogueWatch, TicksAreIgnoredWhileItsOwnMessageIsUp) {
   watch(a);
   putCatalogue(b);
   desktop().lock(unit::catalogueFile);
-  desktop().onMessage = [this](const ::desktop::Message&) { main.tmrFileUpdate_Timer(); };
+  desktop().onMessage = [this](const ::memory::Message&) { main.tmrFileUpdate_Timer(); };
   desktop().advance(1000);
   EXPECT_EQ(messages().size(), 1U);
 }

@@ -8,7 +8,7 @@
 namespace {
 
 using namespace std::string_literals;
-using desktop::desktop;
+using memory::desktop;
 using unit::MalformedFile;
 using unit::record;
 using unit::sameBytes;

@@ -7,8 +7,8 @@
 
 namespace {
 
-using desktop::desktop;
-using desktop::Start;
+using memory::desktop;
+using memory::Start;
 using ModQMKgeneral2::EncodePath;
 using ModQMKgeneral2::RunToolCommand;
 using platform::dialogs::Answer;
@@ -30,7 +30,7 @@ class Opening : public unit::CatalogueTest {
     putCatalogue(record({type, path, "1"}));
     modQMKGeneral::LoadCatalogueView(view);
   }
-  void doubleClick(frmQMK::Tab tab) { main.lstQMK.at(tab).raiseDoubleClick(); }
+  void doubleClick(frmQMK::Tab tab) { main.lstQMK.at(tab).fireDoubleClick(); }
   const std::wstring missingQuestionEnd =
       L"\rIt may have been moved or deleted. Do you wish to locate the file yourself? ";
 };
@@ -88,7 +88,7 @@ TEST_F(Opening, ABlankInTheApplicationFolderStaysOneAndTheToolIsNamedExplicitly)
 
 TEST_F(Opening, AnEmptyListOpensNothing) {
   doubleClick(frmQMK::open);
-  doubleClick(frmQMK::fresh);
+  doubleClick(frmQMK::newFiles);
   EXPECT_TRUE(desktop().starts.empty());
   EXPECT_TRUE(messages().empty());
 }
@@ -160,7 +160,7 @@ TEST_F(Opening, ALocatedFileIsOpenedAsTheBrowseButtonDoes) {
 TEST_F(Opening, TheListMayBeReloadedWhileTheQuestionIsUp) {
   listOne("FP3", "D:\\gone.fp3");
   desktop().answers = {Answer::no};
-  desktop().onMessage = [this](const ::desktop::Message&) {
+  desktop().onMessage = [this](const ::memory::Message&) {
     putCatalogue(record({"FP3", "D:\\gone.fp3", "1"}) + record({"FP3", "D:\\0.fp3", "1"}));
     modQMKGeneral::LoadCatalogueView(view);
     list.select(0);
@@ -204,10 +204,10 @@ TEST_F(Opening, DecliningLeavesTheOldOrTheNewCatalogueWhateverCallFails) {
 
 TEST_F(Opening, ANewFileItemStartsTheToolWithNewOrWithTheTypeCode) {
   modQMKGeneral::AddNewFileItems(view);
-  controls::ListView& fresh = main.lstQMK[frmQMK::fresh];
+  controls::ListView& fresh = main.lstQMK[frmQMK::newFiles];
   for (std::size_t index = 0; index < 4; ++index) {
     fresh.select(index);
-    doubleClick(frmQMK::fresh);
+    doubleClick(frmQMK::newFiles);
   }
   EXPECT_EQ(desktop().starts, (Starts{{L"C:\\App\\plv3.exe", L"C:\\App\\plv3.exe #NEW#"},
                                       {L"C:\\App\\brtpc3.exe", L"C:\\App\\brtpc3.exe BI3"},
@@ -217,8 +217,8 @@ TEST_F(Opening, ANewFileItemStartsTheToolWithNewOrWithTheTypeCode) {
 }
 
 TEST_F(Opening, AnUnknownNewFileItemDoesNothing) {
-  main.lstQMK[frmQMK::fresh].add(L"Other", L"", {L"XYZ"});
-  doubleClick(frmQMK::fresh);
+  main.lstQMK[frmQMK::newFiles].add(L"Other", L"", {L"XYZ"});
+  doubleClick(frmQMK::newFiles);
   EXPECT_TRUE(desktop().starts.empty());
 }
 

@@ -9,7 +9,7 @@
 
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 using platform::text::toCodePage;
 using stored_path::forList;
 using stored_path::Forms;
@@ -22,10 +22,10 @@ const std::wstring beetle = L"\u0416\u0443\u043A";
 const std::wstring beech = L"\u0411\u0443\u043A";
 const std::wstring japanese = L"\u65E5\u672C\u8A9E";
 
-class StoredPath : public desktop::DesktopTest {
+class StoredPath : public memory::DesktopTest {
  protected:
   static void put(const std::wstring& path) { desktop().putFile(path, "data"); }
-  static void use(int codePage) { desktop::Desktop::setCodePage(codePage); }
+  static void use(int codePage) { memory::Desktop::setCodePage(codePage); }
 };
 
 TEST_F(StoredPath, ThatTheCodePageHoldsIsWrittenAsItIsAndNothingIsLookedUp) {

@@ -6,7 +6,7 @@
 
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 using unit::record;
 using unit::Texts;
 

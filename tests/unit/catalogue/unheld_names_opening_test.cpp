@@ -7,8 +7,8 @@
 
 namespace {
 
-using desktop::desktop;
-using desktop::Start;
+using memory::desktop;
+using memory::Start;
 using modQMKGeneral::LoadCatalogueView;
 using modQMKGeneral::RenameCatalogueFile;
 using platform::dialogs::Answer;
@@ -83,8 +83,8 @@ TEST_F(OpeningUnheldNames, AChosenFileIsHandedOverInAFormThatTheToolCanRead) {
   put(L"D:\\My Data\\" + beetle + L".fp3");
   desktop().fileDialogResults = {L"C:\\My Data\\" + beetle + L".fp3",
                                  L"D:\\My Data\\" + beetle + L".fp3"};
-  main.cmdBrowse.raiseClick();
-  main.cmdBrowse.raiseClick();
+  main.cmdBrowse.fireClick();
+  main.cmdBrowse.fireClick();
   EXPECT_EQ(desktop().starts,
             (Starts{{L"C:\\App\\plv3.exe", L"C:\\App\\plv3.exe C:\\My?Data\\___~1.FP3"}}));
   EXPECT_EQ(messages(), Texts{L"The tools can not be given this name: D:\\My Data\\" + beetle +
@@ -94,7 +94,7 @@ TEST_F(OpeningUnheldNames, AChosenFileIsHandedOverInAFormThatTheToolCanRead) {
 
 TEST_F(OpeningUnheldNames, AFileOfAnotherKindCannotBeOpenedWhateverItsName) {
   desktop().fileDialogResults = {L"C:\\Data\\" + beetle + L".txt"};
-  main.cmdBrowse.raiseClick();
+  main.cmdBrowse.fireClick();
   EXPECT_EQ(messages(), Texts{L"The file can not be opened"});
 }
 

@@ -7,7 +7,7 @@
 
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 using modQMKGeneral::AddOrUpdateCatalogueEntry;
 using modQMKGeneral::RefreshDataFolderEntries;
 using modQMKGeneral::RemoveCatalogueEntry;
@@ -110,7 +110,7 @@ TEST_F(UnheldNames, OfPlainNamesARefreshAndAnAdditionAskNothingMoreThanBefore) {
 
 TEST_F(UnheldNames, AccentedLettersAreHeldByTheirOwnCodePage) {
   desktop().giveShortNames(L"C:");
-  desktop::Desktop::setCodePage(1250);
+  memory::Desktop::setCodePage(1250);
   const std::wstring folder = L"C:\\P\u0159\u00EDklad";
   moveTo(folder);
   put(folder + L"\\data\\Les \u017Dr.fp3");
@@ -125,7 +125,7 @@ TEST_F(UnheldNames, AccentedLettersAreHeldByTheirOwnCodePage) {
 
 TEST_F(UnheldNames, Utf8HoldsAllOfThem) {
   desktop().giveShortNames(L"C:");
-  desktop::Desktop::setCodePage(65001);
+  memory::Desktop::setCodePage(65001);
   moveTo(suite);
   put(suite + L"\\data\\" + japanese + L".bi3");
   RefreshDataFolderEntries(view);

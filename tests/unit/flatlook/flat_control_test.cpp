@@ -243,7 +243,7 @@ TEST_F(FlatControlTest, AFrameThatLeavesAllCoordinatesIsReportedAsAnOverflow) {
   screen().at(box).rect.right = std::numeric_limits<int>::max();
   screen().at(form).rect = {};
   paint(box);
-  EXPECT_EQ(::desktop::desktop().errorReports, std::vector<int>{6});
+  EXPECT_EQ(::memory::desktop().errorReports, std::vector<int>{6});
   EXPECT_EQ(boxLook(), "");
 }
 

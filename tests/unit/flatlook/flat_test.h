@@ -15,9 +15,9 @@
 
 namespace flatlook::test {
 
-using desktop::Edges;
-using desktop::screen;
-using desktop::WindowHandle;
+using memory::Edges;
+using memory::screen;
+using memory::WindowHandle;
 
 /// System colours that are all different, so that rings can be distinguished.
 inline constexpr std::uint32_t face = 0xD0D1D2;
@@ -26,7 +26,7 @@ inline constexpr std::uint32_t highlight = 0xF0F1F2;
 inline constexpr std::uint32_t background = 0xFFFEFD;
 
 /// A screen with one window, on which the tests put controls.
-class FlatTest : public ::desktop::DesktopTest {
+class FlatTest : public ::memory::DesktopTest {
  protected:
   FlatTest() {
     screen().reset();

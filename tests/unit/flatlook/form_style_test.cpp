@@ -8,9 +8,9 @@
 namespace OC_COLOR {
 namespace {
 
-using desktop::screen;
-using desktop::WindowHandle;
 using flatlook::test::FlatTest;
+using memory::screen;
+using memory::WindowHandle;
 namespace subclass = platform::subclass;
 
 class StyledWindow : public controls::Window {
@@ -143,18 +143,18 @@ TEST_F(FormStyleTest, AWindowWithoutNativeControlsGetsInertObjects) {
 }
 
 TEST_F(FormStyleTest, TheRingStaysFreeWhenTheWindowIsLaidOutAgain) {
-  window.raiseLayout({200, 100}, 96);
+  window.fireLayout({200, 100}, 96);
   ApplyFlatStyle(window);
   EXPECT_EQ(window.box.bounds(), (platform::Rect{11, 11, 48, 18}));
-  window.raiseLayout({300, 100}, 96);
+  window.fireLayout({300, 100}, 96);
   EXPECT_EQ(window.box.bounds(), (platform::Rect{11, 11, 48, 18}));
-  window.raiseLayout({300, 100}, 144);
+  window.fireLayout({300, 100}, 144);
   EXPECT_EQ(window.box.bounds(), (platform::Rect{16, 16, 73, 28}))
       << "The ring is one pixel wide at every density";
 }
 
 TEST_F(FormStyleTest, AWindowThatIsLoadedAgainDoesNotShrinkItsControlsFurther) {
-  window.raiseLayout({200, 100}, 96);
+  window.fireLayout({200, 100}, 96);
   ApplyFlatStyle(window);
   ApplyFlatStyle(window);
   EXPECT_EQ(window.box.bounds(), (platform::Rect{11, 11, 48, 18}));

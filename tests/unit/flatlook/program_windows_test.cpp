@@ -11,7 +11,7 @@
 
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 using OC_COLOR::FlatControls;
 
 std::vector<std::uint32_t> coloursOf(const controls::CoolButton& button) {
@@ -33,17 +33,17 @@ TEST_F(ProgramWindowsTest, TheMainWindowColoursItsBrowseButtonAndAttachesNothing
 }
 
 TEST_F(ProgramWindowsTest, TheBrowseButtonFollowsThePointer) {
-  window.cmdBrowse.raisePointerEnter();
+  window.cmdBrowse.firePointerEnter();
   EXPECT_EQ(coloursOf(window.cmdBrowse), hot);
-  window.cmdBrowse.raisePointerLeave();
+  window.cmdBrowse.firePointerLeave();
   EXPECT_EQ(coloursOf(window.cmdBrowse), idle);
 }
 
 TEST_F(ProgramWindowsTest, AClickOnTheBrowseButtonMakesItIdle) {
   constexpr int cancelled = 32755;
   desktop().fileDialogResults = {cancelled};
-  window.cmdBrowse.raisePointerEnter();
-  window.cmdBrowse.raiseClick();
+  window.cmdBrowse.firePointerEnter();
+  window.cmdBrowse.fireClick();
   EXPECT_EQ(coloursOf(window.cmdBrowse), idle);
   EXPECT_EQ(desktop().fileDialogs.size(), 1U);
 }
@@ -70,11 +70,11 @@ TEST_F(ProgramWindowsTest, TheAboutBoxColoursItsButtonAndAttachesNothing) {
   about.show();
   EXPECT_EQ(FlatControls().size(), before);
   EXPECT_EQ(coloursOf(about.cmdOK), idle);
-  about.cmdOK.raisePointerEnter();
+  about.cmdOK.firePointerEnter();
   EXPECT_EQ(coloursOf(about.cmdOK), hot);
-  about.cmdOK.raisePointerLeave();
+  about.cmdOK.firePointerLeave();
   EXPECT_EQ(coloursOf(about.cmdOK), idle);
-  about.cmdOK.raiseClick();
+  about.cmdOK.fireClick();
   EXPECT_FALSE(about.loaded());
 }
 

@@ -10,10 +10,10 @@
 
 namespace {
 
-using desktop::desktop;
 using list_file::Missing;
 using list_file::Reader;
 using list_file::Record;
+using memory::desktop;
 using platform::files::Replaced;
 
 using Fields = std::vector<std::string>;
@@ -192,7 +192,7 @@ TEST(ListFileEdit, ReplacesWhatItIsToldToAndKeepsTheRest) {
             old);
 }
 
-class ListFileRewrite : public ::desktop::DesktopTest {
+class ListFileRewrite : public ::memory::DesktopTest {
  protected:
   static void rewrite(Missing missing, const std::function<std::string(std::string_view)>& edit) {
     list_file::rewrite(L"C:\\App\\list.txt", L"C:\\App\\list.tmp", missing, edit);

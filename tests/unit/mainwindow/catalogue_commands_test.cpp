@@ -9,7 +9,7 @@
 
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 using platform::dialogs::Answer;
 using platform::dialogs::MessageStyle;
 
@@ -45,7 +45,7 @@ TEST_F(CatalogueCommandsTest, CreateDoesNothing) {
 TEST_F(CatalogueCommandsTest, RenameAsksForTheSelectedFileInUpperCaseWithItsType) {
   list.select(1);
   desktop().inputAnswers = {L""};
-  window.mnuRename.raiseClick();
+  window.mnuRename.fireClick();
   ASSERT_EQ(desktop().inputs.size(), 1U);
   EXPECT_EQ(desktop().inputs.front().prompt,
             L"Rename file  SLOPE.BI3\rType: Planar Intercept Inventory");
@@ -55,7 +55,7 @@ TEST_F(CatalogueCommandsTest, RenameAsksForTheSelectedFileInUpperCaseWithItsType
 
 TEST_F(CatalogueCommandsTest, RenameHandsTheAnswerToTheCatalogue) {
   desktop().inputAnswers = {L"Crest"};
-  window.mnuRename.raiseClick();
+  window.mnuRename.fireClick();
   EXPECT_EQ(desktop().bytesOf(L"C:\\Data\\Crest.fp3"), "ridge");
   EXPECT_FALSE(desktop().has(L"C:\\Data\\Ridge.fp3"));
   EXPECT_NE(catalogue().find("C:\\Data\\Crest.FP3"), std::string::npos);
@@ -65,7 +65,7 @@ TEST_F(CatalogueCommandsTest, RenameHandsTheAnswerToTheCatalogue) {
 TEST_F(CatalogueCommandsTest, CancelledRenameChangesNothing) {
   const std::string before = catalogue();
   desktop().inputAnswers = {L""};
-  window.mnuRename.raiseClick();
+  window.mnuRename.fireClick();
   EXPECT_EQ(catalogue(), before);
   EXPECT_TRUE(desktop().has(L"C:\\Data\\Ridge.fp3"));
   EXPECT_EQ(desktop().journal().size(), 1U);
@@ -73,7 +73,7 @@ TEST_F(CatalogueCommandsTest, CancelledRenameChangesNothing) {
 
 TEST_F(CatalogueCommandsTest, OkWithoutTypingPassesTheBlankOn) {
   desktop().inputAnswers = {std::nullopt};
-  window.mnuRename.raiseClick();
+  window.mnuRename.fireClick();
   EXPECT_EQ(desktop().inputs.front().answer, L" ");
   // The rename makes its own name of the blank; in any case the old name is gone.
   EXPECT_FALSE(desktop().has(L"C:\\Data\\Ridge.fp3"));
@@ -82,7 +82,7 @@ TEST_F(CatalogueCommandsTest, OkWithoutTypingPassesTheBlankOn) {
 
 TEST_F(CatalogueCommandsTest, RenameOfAnEmptyListDoesNothing) {
   list.clear();
-  window.mnuRename.raiseClick();
+  window.mnuRename.fireClick();
   EXPECT_TRUE(desktop().journal().empty());
 }
 
@@ -90,7 +90,7 @@ TEST_F(CatalogueCommandsTest, RenameOfAnEmptyListDoesNothing) {
 
 TEST_F(CatalogueCommandsTest, DeleteAsksForTheSelectedFileInUpperCase) {
   desktop().answers = {Answer::no};
-  window.mnuDelete.raiseClick();
+  window.mnuDelete.fireClick();
   EXPECT_EQ(onlyMessage(), L"Are your sure you want to delete RIDGE.FP3");
   EXPECT_EQ(desktop().messages.front().style, MessageStyle::yesNoWarning);
   EXPECT_EQ(desktop().messages.front().title, platform::application::title);
@@ -99,7 +99,7 @@ TEST_F(CatalogueCommandsTest, DeleteAsksForTheSelectedFileInUpperCase) {
 TEST_F(CatalogueCommandsTest, DeletedWithYesTheEntryAndItsFileGo) {
   list.select(1);
   desktop().answers = {Answer::yes};
-  window.mnuDelete.raiseClick();
+  window.mnuDelete.fireClick();
   EXPECT_EQ(catalogue(), "\"FP3\",\"C:\\Data\\Ridge.fp3\",\"1/2/2026\"\r\n");
   EXPECT_FALSE(desktop().has(L"C:\\Data\\Slope.bi3"));
   EXPECT_TRUE(desktop().has(L"C:\\Data\\Ridge.fp3"));
@@ -108,7 +108,7 @@ TEST_F(CatalogueCommandsTest, DeletedWithYesTheEntryAndItsFileGo) {
 
 TEST_F(CatalogueCommandsTest, TheViewIsReloadedBehindTheDeletion) {
   desktop().answers = {Answer::yes};
-  window.mnuDelete.raiseClick();
+  window.mnuDelete.fireClick();
   ASSERT_EQ(list.count(), 1U);
   EXPECT_EQ(list.text(0), L"Slope.bi3");
   EXPECT_EQ(desktop().journal().back(), std::wstring(L"read ") + catalogueFile);
@@ -117,7 +117,7 @@ TEST_F(CatalogueCommandsTest, TheViewIsReloadedBehindTheDeletion) {
 TEST_F(CatalogueCommandsTest, OnNoNothingHappens) {
   const std::string before = catalogue();
   desktop().answers = {Answer::no};
-  window.mnuDelete.raiseClick();
+  window.mnuDelete.fireClick();
   EXPECT_EQ(catalogue(), before);
   EXPECT_TRUE(desktop().has(L"C:\\Data\\Ridge.fp3"));
   EXPECT_EQ(desktop().journal().size(), 1U);
@@ -125,7 +125,7 @@ TEST_F(CatalogueCommandsTest, OnNoNothingHappens) {
 
 TEST_F(CatalogueCommandsTest, DeleteOfAnEmptyListDoesNothing) {
   list.clear();
-  window.mnuDelete.raiseClick();
+  window.mnuDelete.fireClick();
   EXPECT_TRUE(desktop().journal().empty());
 }
 
@@ -133,7 +133,7 @@ TEST_F(CatalogueCommandsTest,
        TheEntryThatTheQuestionNamedIsDeletedEvenIfTheListIsReloadedMeanwhile) {
   desktop().answers = {Answer::yes};
   desktop().onMessage = [this](const auto& /*message*/) { list.select(1); };
-  window.mnuDelete.raiseClick();
+  window.mnuDelete.fireClick();
   EXPECT_FALSE(desktop().has(L"C:\\Data\\Ridge.fp3"));
   EXPECT_TRUE(desktop().has(L"C:\\Data\\Slope.bi3"));
 }
@@ -141,7 +141,7 @@ TEST_F(CatalogueCommandsTest,
 TEST_F(CatalogueCommandsTest, AMissingCatalogueIsARunTimeErrorAndTheViewStays) {
   desktop().take(catalogueFile);
   desktop().answers = {Answer::yes};
-  window.mnuDelete.raiseClick();
+  window.mnuDelete.fireClick();
   EXPECT_EQ(desktop().errorReports, std::vector<int>{53});
   EXPECT_EQ(list.count(), 2U);
 }

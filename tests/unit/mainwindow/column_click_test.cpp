@@ -12,7 +12,7 @@ namespace {
 using controls::ascending;
 using controls::descending;
 using controls::ListView;
-using desktop::desktop;
+using memory::desktop;
 
 class ColumnClickTest : public MainWindowTest {
  protected:
@@ -39,7 +39,7 @@ class ColumnClickTest : public MainWindowTest {
 using Names = std::vector<std::wstring>;
 
 TEST_F(ColumnClickTest, TheFirstClickOnAnAscendingListSortsDescending) {
-  list.raiseColumnClick(1);
+  list.fireColumnClick(1);
   EXPECT_EQ(list.sortKey(), 0);
   EXPECT_EQ(list.sortOrder(), descending);
   EXPECT_TRUE(list.sorted());
@@ -47,15 +47,15 @@ TEST_F(ColumnClickTest, TheFirstClickOnAnAscendingListSortsDescending) {
 }
 
 TEST_F(ColumnClickTest, TwoClicksOnTheSameHeaderBringTheDirectionBack) {
-  list.raiseColumnClick(1);
-  list.raiseColumnClick(1);
+  list.fireColumnClick(1);
+  list.fireColumnClick(1);
   EXPECT_EQ(list.sortOrder(), ascending);
   EXPECT_EQ(names(), (Names{L"a.fp3", L"b.fp3", L"C.fp3"}));
 }
 
 TEST_F(ColumnClickTest, EachColumnSortsByItsOwnText) {
   for (int column = 1; column <= 5; ++column) {
-    list.raiseColumnClick(column);
+    list.fireColumnClick(column);
     EXPECT_EQ(list.sortKey(), column - 1);
   }
   // The fifth click again sorts descending, by the type codes.
@@ -63,34 +63,34 @@ TEST_F(ColumnClickTest, EachColumnSortsByItsOwnText) {
 }
 
 TEST_F(ColumnClickTest, TheDirectionTogglesAlsoWhenAnotherColumnIsClicked) {
-  list.raiseColumnClick(2);
+  list.fireColumnClick(2);
   EXPECT_EQ(list.sortOrder(), descending);
   EXPECT_EQ(names(), (Names{L"a.fp3", L"b.fp3", L"C.fp3"}));
-  list.raiseColumnClick(3);
+  list.fireColumnClick(3);
   EXPECT_EQ(list.sortOrder(), ascending);
   EXPECT_EQ(names(), (Names{L"C.fp3", L"b.fp3", L"a.fp3"}));
-  list.raiseColumnClick(2);
+  list.fireColumnClick(2);
   EXPECT_EQ(list.sortOrder(), descending);
 }
 
 TEST_F(ColumnClickTest, AnyOrderButAscendingBecomesAscending) {
   list.setSortOrder(7);
-  list.raiseColumnClick(1);
+  list.fireColumnClick(1);
   EXPECT_EQ(list.sortOrder(), ascending);
 }
 
 TEST_F(ColumnClickTest, AnUnsortedListIsSortedByTheClick) {
   list.setSorted(false);
-  list.raiseColumnClick(1);
+  list.fireColumnClick(1);
   EXPECT_TRUE(list.sorted());
 }
 
 TEST_F(ColumnClickTest, AClickOnAnyOtherListSortsTheDataListNotTheClickedOne) {
   addWebEntry(L"Zebra", L"http://z.example");
   addWebEntry(L"Aardvark", L"http://a.example");
-  for (const frmQMK::Tab clicked : {frmQMK::tools, frmQMK::fresh, frmQMK::web}) {
+  for (const frmQMK::Tab clicked : {frmQMK::tools, frmQMK::newFiles, frmQMK::web}) {
     const int before = list.sortOrder();
-    window.lstQMK.at(clicked).raiseColumnClick(2);
+    window.lstQMK.at(clicked).fireColumnClick(2);
     EXPECT_EQ(list.sortKey(), 1);
     EXPECT_NE(list.sortOrder(), before);
     EXPECT_FALSE(window.lstQMK.at(clicked).sorted());
@@ -101,7 +101,7 @@ TEST_F(ColumnClickTest, AClickOnAnyOtherListSortsTheDataListNotTheClickedOne) {
 }
 
 TEST_F(ColumnClickTest, ASortKeyTooLargeForSixteenBitsIsAnOverflow) {
-  list.raiseColumnClick(32769);
+  list.fireColumnClick(32769);
   EXPECT_EQ(desktop().errorReports, std::vector<int>{6});
   EXPECT_EQ(desktop().messages.front().text, L"Run-time error '6':\r\n\r\nOverflow");
   // The steps after the failing one did not happen.
@@ -111,7 +111,7 @@ TEST_F(ColumnClickTest, ASortKeyTooLargeForSixteenBitsIsAnOverflow) {
 }
 
 TEST_F(ColumnClickTest, TheLargestSixteenBitSortKeyIsNone) {
-  list.raiseColumnClick(32768);
+  list.fireColumnClick(32768);
   EXPECT_TRUE(desktop().errorReports.empty());
   EXPECT_EQ(list.sortKey(), 32767);
 }
@@ -119,7 +119,7 @@ TEST_F(ColumnClickTest, TheLargestSixteenBitSortKeyIsNone) {
 TEST_F(ColumnClickTest, TheNextReloadGoesBackToFileNameAscending) {
   desktop().putFile(L"C:\\App\\QMKFileList3.txt",
                     "\"FP3\",\"C:\\x\\b.fp3\",\"1\"\r\n\"FP3\",\"C:\\x\\a.fp3\",\"2\"\r\n");
-  list.raiseColumnClick(4);
+  list.fireColumnClick(4);
   modQMKGeneral::LoadCatalogueView(window.catalogue);
   EXPECT_EQ(list.sortKey(), 0);
   EXPECT_EQ(list.sortOrder(), ascending);
@@ -129,7 +129,7 @@ TEST_F(ColumnClickTest, TheNextReloadGoesBackToFileNameAscending) {
 TEST_F(ColumnClickTest, TheSelectionStaysWithItsEntry) {
   list.select(0);
   ASSERT_EQ(list.text(list.selectedItem()), L"a.fp3");
-  list.raiseColumnClick(1);
+  list.fireColumnClick(1);
   EXPECT_EQ(list.text(list.selectedItem()), L"a.fp3");
 }
 

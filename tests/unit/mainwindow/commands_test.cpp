@@ -14,13 +14,13 @@
 namespace {
 
 using controls::KeyStroke;
-using desktop::desktop;
 using mainwindow::Command;
 using mainwindow::CommandObjects;
 using mainwindow::CommandTable;
 using mainwindow::Menu;
 using mainwindow::Reach;
 using mainwindow::tabOfKey;
+using memory::desktop;
 
 namespace keys = controls::keys;
 
@@ -96,17 +96,17 @@ TEST(TabOfKeyTest, ControlAndTabGoRound) {
 class WindowKeys : public MainWindowTest {};
 
 TEST_F(WindowKeys, F1ShowsTheHelp) {
-  EXPECT_TRUE(window.raiseKeyDown({keys::f1}));
+  EXPECT_TRUE(window.fireKeyDown({keys::f1}));
   EXPECT_EQ(desktop().journal(),
             std::vector<std::wstring>{L"compiled help C:\\App\\help\\gatewayhelp3.chm"});
 }
 
 TEST_F(WindowKeys, TheTabKeysSwitchTheTab) {
-  EXPECT_TRUE(window.raiseKeyDown({'3', true}));
+  EXPECT_TRUE(window.fireKeyDown({'3', true}));
   EXPECT_EQ(window.TabMain.current(), 2);
-  EXPECT_TRUE(window.raiseKeyDown({keys::tab, true}));
+  EXPECT_TRUE(window.fireKeyDown({keys::tab, true}));
   EXPECT_EQ(window.TabMain.current(), 3);
-  EXPECT_TRUE(window.raiseKeyDown({keys::tab, true, true}));
+  EXPECT_TRUE(window.fireKeyDown({keys::tab, true, true}));
   EXPECT_EQ(window.TabMain.current(), 2);
 }
 
@@ -115,7 +115,7 @@ TEST_F(WindowKeys, OthersAreLeftToTheControls) {
   for (const KeyStroke& stroke :
        {KeyStroke{keys::remove}, KeyStroke{keys::f2}, KeyStroke{keys::insert}, KeyStroke{keys::f5},
         KeyStroke{keys::f1, true}, KeyStroke{keys::f1, false, true}, KeyStroke{'A'}, KeyStroke{}}) {
-    EXPECT_FALSE(window.raiseKeyDown(stroke)) << stroke.key;
+    EXPECT_FALSE(window.fireKeyDown(stroke)) << stroke.key;
   }
   EXPECT_EQ(desktop().journal(), std::vector<std::wstring>{});
 }
@@ -127,7 +127,7 @@ TEST_F(WindowKeys, WithOtherKeysHeldAKeyOfAListIsAnotherOne) {
   for (const KeyStroke& stroke :
        {KeyStroke{keys::remove, true}, KeyStroke{keys::remove, false, true},
         KeyStroke{keys::insert, true}, KeyStroke{keys::f5, false, false, true}}) {
-    window.lstQMK[frmQMK::web].raiseKey(stroke);
+    window.lstQMK[frmQMK::web].fireKey(stroke);
   }
   EXPECT_EQ(desktop().journal(), std::vector<std::wstring>{});
 }
@@ -136,7 +136,7 @@ TEST_F(WindowKeys, AKeyWhoseCommandFailsIsTaken) {
   window.TabMain.onSwitch = [](int /*former*/, int /*current*/) {
     throw platform::RunTimeError(platform::error::pathFileAccess);
   };
-  EXPECT_TRUE(window.raiseKeyDown({'2', true}));
+  EXPECT_TRUE(window.fireKeyDown({'2', true}));
   EXPECT_EQ(desktop().errorReports, std::vector<int>{75});
 }
 
@@ -258,8 +258,8 @@ TEST_F(OtherCommands, AKeyRunsAnEnabledCommandForItsList) {
 TEST_F(OtherCommands, AClickRunsItForTheTabInFront) {
   switchTo(2);
   commands.click(L"Timely");
-  commands.item(secret).raiseClick();
-  commands.item(plain).raiseClick();
+  commands.item(secret).fireClick();
+  commands.item(plain).fireClick();
   EXPECT_EQ(ran, (std::vector<int>{2, 2})) << "the disabled entry does nothing";
   commands.click(L"");
   commands.click(L"timely");

@@ -39,7 +39,7 @@ Pairs picturesOf(const controls::ImageList& list) {
   return pairs;
 }
 
-using DesignedWindow = desktop::DesktopTest;
+using DesignedWindow = memory::DesktopTest;
 
 TEST_F(DesignedWindow, OfTheSplash) {
   const frmSplash splash;

@@ -10,7 +10,7 @@
 namespace {
 
 using controls::UnloadMode;
-using desktop::desktop;
+using memory::desktop;
 using platform::dialogs::Answer;
 using platform::dialogs::MessageStyle;
 
@@ -18,7 +18,7 @@ class ExitTest : public MainWindowTest {};
 
 TEST_F(ExitTest, AsksWithAQuestionIconAndAnEmptyTitle) {
   desktop().answers = {Answer::no};
-  window.raiseClose(UnloadMode::user);
+  window.fireClose(UnloadMode::user);
   ASSERT_EQ(desktop().messages.size(), 1U);
   EXPECT_EQ(desktop().messages.front().text, L"Exit Gateway?");
   EXPECT_EQ(desktop().messages.front().style, MessageStyle::yesNoQuestion);
@@ -27,20 +27,20 @@ TEST_F(ExitTest, AsksWithAQuestionIconAndAnEmptyTitle) {
 
 TEST_F(ExitTest, YesClosesTheWindow) {
   desktop().answers = {Answer::yes};
-  EXPECT_TRUE(window.raiseClose(UnloadMode::user));
+  EXPECT_TRUE(window.fireClose(UnloadMode::user));
   EXPECT_FALSE(window.loaded());
 }
 
 TEST_F(ExitTest, NoKeepsTheWindow) {
   desktop().answers = {Answer::no};
-  EXPECT_FALSE(window.raiseClose(UnloadMode::user));
+  EXPECT_FALSE(window.fireClose(UnloadMode::user));
   EXPECT_TRUE(window.loaded());
   EXPECT_TRUE(window.visible());
 }
 
 TEST_F(ExitTest, AnyAnswerButYesKeepsTheWindow) {
   desktop().answers = {Answer::ok};
-  EXPECT_FALSE(window.raiseClose(UnloadMode::user));
+  EXPECT_FALSE(window.fireClose(UnloadMode::user));
   EXPECT_TRUE(window.loaded());
 }
 
@@ -49,12 +49,12 @@ TEST_F(ExitTest, NoLeavesSelectionsAndViewModesAsTheyWere) {
   addDataFile(L"C:\\Data\\", L"b.fp3");
   addWebEntry(L"One", L"http://one.example");
   switchTo(frmQMK::open);
-  window.mnuIcon.raiseClick();
+  window.mnuIcon.fireClick();
   window.lstQMK[frmQMK::open].select(1);
   window.setCaption(L"my title");
   desktop().answers = {Answer::no};
 
-  window.raiseClose(UnloadMode::user);
+  window.fireClose(UnloadMode::user);
 
   const auto& list = window.lstQMK[frmQMK::open];
   EXPECT_EQ(window.TabMain.current(), frmQMK::open);
@@ -68,33 +68,33 @@ TEST_F(ExitTest, NoLeavesSelectionsAndViewModesAsTheyWere) {
 
 TEST_F(ExitTest, TheMenuEntryAsks) {
   desktop().answers = {Answer::no, Answer::yes};
-  window.mnuExit.raiseClick();
+  window.mnuExit.fireClick();
   EXPECT_EQ(onlyMessage(), L"Exit Gateway?");
   EXPECT_TRUE(window.loaded());
-  window.mnuExit.raiseClick();
+  window.mnuExit.fireClick();
   EXPECT_FALSE(window.loaded());
 }
 
 TEST_F(ExitTest, TheToolbarButtonAsks) {
   desktop().answers = {Answer::no, Answer::yes};
-  window.barMain.raiseButtonClick(L"Exit");
+  window.barMain.fireButtonClick(L"Exit");
   EXPECT_EQ(onlyMessage(), L"Exit Gateway?");
   EXPECT_TRUE(window.loaded());
-  window.barMain.raiseButtonClick(L"Exit");
+  window.barMain.fireButtonClick(L"Exit");
   EXPECT_FALSE(window.loaded());
 }
 
 TEST_F(ExitTest, TheShutdownOfTheSystemAsksToo) {
   desktop().answers = {Answer::no, Answer::yes};
-  EXPECT_FALSE(window.raiseClose(UnloadMode::sessionEnd));
+  EXPECT_FALSE(window.fireClose(UnloadMode::sessionEnd));
   EXPECT_EQ(onlyMessage(), L"Exit Gateway?");
-  EXPECT_TRUE(window.raiseClose(UnloadMode::sessionEnd));
+  EXPECT_TRUE(window.fireClose(UnloadMode::sessionEnd));
 }
 
 TEST_F(ExitTest, EveryWishToCloseAsksAgain) {
   desktop().answers = {Answer::no, Answer::no, Answer::no};
   for (int wish = 0; wish < 3; ++wish) {
-    window.raiseClose(UnloadMode::user);
+    window.fireClose(UnloadMode::user);
   }
   EXPECT_EQ(desktop().messages.size(), 3U);
 }
@@ -102,7 +102,7 @@ TEST_F(ExitTest, EveryWishToCloseAsksAgain) {
 TEST_F(ExitTest, TheWatchStopsWithTheWindow) {
   window.tmrFileUpdate.setEnabled(true);
   desktop().answers = {Answer::yes};
-  window.raiseClose(UnloadMode::user);
+  window.fireClose(UnloadMode::user);
   desktop().clearJournal();
   desktop().advance(10'000);
   EXPECT_FALSE(desktop().journalHas(L"tick tmrFileUpdate"));

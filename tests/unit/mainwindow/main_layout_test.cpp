@@ -166,7 +166,7 @@ TEST_F(MainWindowTest, TheControlsStandWhereTheLayoutPutsThem) {
   for (const int dpi : {96, 144}) {
     const Size client{scaled(800, dpi), scaled(600, dpi)};
     window.barMain.acceptMeasuredHeight(scaled(46, dpi));
-    window.raiseLayout(client, dpi);
+    window.fireLayout(client, dpi);
 
     const MainLayout expected =
         layOut(client, dpi, {scaled(46, dpi), [&](const Rect& bounds) {
@@ -176,7 +176,7 @@ TEST_F(MainWindowTest, TheControlsStandWhereTheLayoutPutsThem) {
     EXPECT_EQ(window.TabMain.bounds(), expected.tabs);
     EXPECT_EQ(window.lstQMK[frmQMK::tools].bounds(), expected.list);
     EXPECT_EQ(window.lstQMK[frmQMK::open].bounds(), expected.listOnOpen);
-    EXPECT_EQ(window.lstQMK[frmQMK::fresh].bounds(), expected.list);
+    EXPECT_EQ(window.lstQMK[frmQMK::newFiles].bounds(), expected.list);
     EXPECT_EQ(window.lstQMK[frmQMK::web].bounds(), expected.list);
     EXPECT_EQ(window.cmdBrowse.bounds(), expected.browseButton);
   }

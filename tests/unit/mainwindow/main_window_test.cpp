@@ -13,10 +13,10 @@
 
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 
 /// The window as designed, before its load.
-class DesignedMainWindowTest : public desktop::DesktopTest {
+class DesignedMainWindowTest : public memory::DesktopTest {
  protected:
   DesignedMainWindowTest() { modQMKGeneral::InitUserFolders(); }
   frmQMK window;
@@ -112,7 +112,7 @@ TEST_F(DesignedMainWindowTest, TheLoadRemembersAViewModeForEachList) {
   window.load();
   EXPECT_EQ(window.lstQMK[frmQMK::tools].tag(), L"0");
   EXPECT_EQ(window.lstQMK[frmQMK::open].tag(), L"3");
-  EXPECT_EQ(window.lstQMK[frmQMK::fresh].tag(), L"0");
+  EXPECT_EQ(window.lstQMK[frmQMK::newFiles].tag(), L"0");
   EXPECT_EQ(window.lstQMK[frmQMK::web].tag(), L"3");
 }
 
@@ -165,7 +165,7 @@ TEST_F(MainWindowTest, TheOpenListHasFiveColumnsTheLastOfZeroWidthUnderHeaders) 
 }
 
 TEST_F(MainWindowTest, TheNewListHasTwoColumnsUnderHiddenHeaders) {
-  const auto& list = window.lstQMK[frmQMK::fresh];
+  const auto& list = window.lstQMK[frmQMK::newFiles];
   EXPECT_EQ(columnsOf(list), (Columns{{L"Name", 5000}, {L"File Type", 0}}));
   EXPECT_TRUE(list.headersHidden());
 }
@@ -179,8 +179,8 @@ TEST_F(MainWindowTest, TheWebListHasTwoColumnsUnderHeaders) {
 TEST_F(MainWindowTest, OpenAndWebShowDetailsToolsAndNewShowIcons) {
   switchTo(frmQMK::open);
   EXPECT_EQ(window.lstQMK[frmQMK::open].view(), controls::reportView);
-  switchTo(frmQMK::fresh);
-  EXPECT_EQ(window.lstQMK[frmQMK::fresh].view(), controls::iconView);
+  switchTo(frmQMK::newFiles);
+  EXPECT_EQ(window.lstQMK[frmQMK::newFiles].view(), controls::iconView);
   switchTo(frmQMK::web);
   EXPECT_EQ(window.lstQMK[frmQMK::web].view(), controls::reportView);
   switchTo(frmQMK::tools);
@@ -245,10 +245,10 @@ TEST_F(MainWindowTest, ItsTitleIsTheProgramsName) {
 
 TEST_F(MainWindowTest, ATitleChangedElsewhereDoesNotSurviveTheNextActivation) {
   window.setCaption(L"something else");
-  window.raiseActivate();
+  window.fireActivate();
   EXPECT_EQ(window.caption(), L"Quillmark Suite 3 Gateway");
   window.setCaption(L"");
-  window.raiseActivate();
+  window.fireActivate();
   EXPECT_EQ(window.caption(), L"Quillmark Suite 3 Gateway");
 }
 

@@ -15,10 +15,10 @@
 namespace {
 
 using controls::Placement;
-using desktop::desktop;
 using mainwindow::broughtOntoScreen;
 using mainwindow::placementFromText;
 using mainwindow::placementText;
+using memory::desktop;
 using platform::Rect;
 
 const std::vector<Rect> twoScreens{{0, 0, 1280, 984}, {1280, 0, 1920, 1040}};
@@ -131,7 +131,7 @@ TEST(Placement, WithoutAnyScreenStaysWhereItIs) {
   EXPECT_EQ(broughtOntoScreen({1, 2, 3, 4}, {}), (Rect{1, 2, 3, 4}));
 }
 
-class RememberedWindow : public desktop::DesktopTest {
+class RememberedWindow : public memory::DesktopTest {
  protected:
   static std::unique_ptr<frmQMK> hidden() {
     modQMKGeneral::InitUserFolders();
@@ -173,7 +173,7 @@ TEST_F(RememberedWindow, ForgetsNothingAndLearnsNothingWhenTheUserStays) {
 TEST_F(RememberedWindow, IsRememberedAtTheEndOfASessionToo) {
   auto window = made();
   desktop().answers.push_back(Answer::yes);
-  EXPECT_TRUE(window->raiseClose(controls::UnloadMode::sessionEnd));
+  EXPECT_TRUE(window->fireClose(controls::UnloadMode::sessionEnd));
   EXPECT_TRUE(desktop().setting(L"General", L"Placement").has_value());
 }
 
@@ -185,7 +185,7 @@ TEST_F(RememberedWindow, IsNotRememberedWhenItNeverHadAPlace) {
     const auto window = hidden();
     window->lstQMK[1].acceptColumnWidth(0, 1111);
     desktop().answers.push_back(Answer::yes);
-    EXPECT_TRUE(window->raiseClose(mode));
+    EXPECT_TRUE(window->fireClose(mode));
     EXPECT_EQ(desktop().setting(L"General", L"Placement"), L"1 2 300 200 96 0");
     EXPECT_EQ(desktop().setting(L"General", L"Columns1"), L"2222 2000 3000 4000 0");
   }
@@ -250,7 +250,7 @@ TEST_F(RememberedWindow, ShowsTheEditCommandsWhereTheUserAsksForThem) {
   window->show();
   for (controls::ListView& list : window->lstQMK) {
     desktop().clearJournal();
-    list.raiseContextMenu(30, 40);
+    list.fireContextMenu(30, 40);
     EXPECT_TRUE(desktop().journalHas(L"menu mnuCreate mnuRename mnuDelete at 30 40"));
   }
 }

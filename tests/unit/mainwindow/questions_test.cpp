@@ -7,16 +7,16 @@
 #include <tuple>
 #include <vector>
 
-#include "unit/support/question_bench.h"
+#include "unit/support/question_rig.h"
 
 namespace {
 
 namespace keys = controls::keys;
 using controls::UnloadMode;
-using desktop::desktop;
+using memory::desktop;
 using platform::dialogs::Answer;
 using unit::answerWith;
-using unit::QuestionBench;
+using unit::QuestionRig;
 using unit::record;
 using unit::shortcuts;
 using unit::Texts;
@@ -26,66 +26,66 @@ struct Question {
   std::string name;
   std::wstring entry;  ///< As the list shows it.
   /// Asks, calls `happen` while the question is open, and confirms it.
-  std::function<void(QuestionBench&)> ask;
+  std::function<void(QuestionRig&)> ask;
   /// Whether the requested change has been made to the entry.
   std::function<bool()> done;
   bool modal = true;
 };
 
-void confirm(QuestionBench& bench, int tab, controls::MenuItem& command) {
-  bench.program().TabMain.raiseSwitch(tab);
+void confirm(QuestionRig& rig, int tab, controls::MenuItem& command) {
+  rig.program().TabMain.fireSwitch(tab);
   desktop().answers.push_front(Answer::yes);
-  command.raiseClick();
+  command.fireClick();
 }
 
 const std::vector<Question>& questions() {
   static const std::vector<Question> all{
       {"RenameFile", L"Birch.bi3",
-       [](QuestionBench& bench) { answerWith(bench, frmQMK::open, L"Beech"); },
+       [](QuestionRig& rig) { answerWith(rig, frmQMK::open, L"Beech"); },
        [] {
-         return !QuestionBench::hasData(L"Birch.bi3") && QuestionBench::hasData(L"Beech.BI3") &&
-                QuestionBench::catalogue().find("Beech.BI3\",\"2/2/2002") != std::string::npos;
+         return !QuestionRig::hasData(L"Birch.bi3") && QuestionRig::hasData(L"Beech.BI3") &&
+                QuestionRig::catalogue().find("Beech.BI3\",\"2/2/2002") != std::string::npos;
        }},
       {"DeleteFile", L"Birch.bi3",
-       [](QuestionBench& bench) { confirm(bench, frmQMK::open, bench.program().mnuDelete); },
+       [](QuestionRig& rig) { confirm(rig, frmQMK::open, rig.program().mnuDelete); },
        [] {
-         return !QuestionBench::hasData(L"Birch.bi3") &&
-                QuestionBench::catalogue().find("Birch") == std::string::npos;
+         return !QuestionRig::hasData(L"Birch.bi3") &&
+                QuestionRig::catalogue().find("Birch") == std::string::npos;
        }},
       {"MissingFile", L"Birch.bi3",
-       [](QuestionBench& bench) {
+       [](QuestionRig& rig) {
          desktop().take(L"D:\\Birch.bi3");
          desktop().answers.push_front(Answer::no);
-         bench.program().lstQMK[frmQMK::open].raiseDoubleClick();
+         rig.program().lstQMK[frmQMK::open].fireDoubleClick();
        },
-       [] { return QuestionBench::catalogue().find("Birch") == std::string::npos; }},
+       [] { return QuestionRig::catalogue().find("Birch") == std::string::npos; }},
       {"RenameShortcut", L"Burner",
-       [](QuestionBench& bench) { answerWith(bench, frmQMK::tools, L"Blower"); },
+       [](QuestionRig& rig) { answerWith(rig, frmQMK::tools, L"Blower"); },
        [] {
-         return !QuestionBench::hasShortcut(L"Burner") &&
+         return !QuestionRig::hasShortcut(L"Burner") &&
                 desktop().has(L"C:\\App\\shortcuts\\Blower.lnk");
        }},
       {"DeleteShortcut", L"Burner",
-       [](QuestionBench& bench) { confirm(bench, frmQMK::tools, bench.program().mnuDelete); },
-       [] { return !QuestionBench::hasShortcut(L"Burner"); }},
+       [](QuestionRig& rig) { confirm(rig, frmQMK::tools, rig.program().mnuDelete); },
+       [] { return !QuestionRig::hasShortcut(L"Burner"); }},
       {"DeleteWebShortcut", L"Barometer",
-       [](QuestionBench& bench) { confirm(bench, frmQMK::web, bench.program().mnuDelete); },
-       [] { return QuestionBench::webList().find("Barometer") == std::string::npos; }},
+       [](QuestionRig& rig) { confirm(rig, frmQMK::web, rig.program().mnuDelete); },
+       [] { return QuestionRig::webList().find("Barometer") == std::string::npos; }},
       {"RenameWebShortcut", L"Barometer",
-       [](QuestionBench& bench) {
-         bench.program().TabMain.raiseSwitch(frmQMK::web);
-         bench.program().mnuRename.raiseClick();
-         frmWeb& dialog = *bench.program().webDialog();
+       [](QuestionRig& rig) {
+         rig.program().TabMain.fireSwitch(frmQMK::web);
+         rig.program().mnuRename.fireClick();
+         frmWeb& dialog = *rig.program().webDialog();
          dialog.txtName.acceptTyped(L"Buoy");
-         bench.happen();
+         rig.happen();
          if (dialog.loaded()) {
-           dialog.cmdOK.raiseClick();
+           dialog.cmdOK.fireClick();
          }
        },
        [] {
-         return QuestionBench::webList().find(record({"Buoy", "http://barometer"})) !=
+         return QuestionRig::webList().find(record({"Buoy", "http://barometer"})) !=
                     std::string::npos &&
-                QuestionBench::webList().find("Barometer") == std::string::npos;
+                QuestionRig::webList().find("Barometer") == std::string::npos;
        },
        false},
   };
@@ -102,24 +102,24 @@ enum class Outcome {
 /// An event while a question is open.
 struct Event {
   std::string name;
-  std::function<void(QuestionBench&)> happen;
+  std::function<void(QuestionRig&)> happen;
   Outcome modal = Outcome::done;     ///< Result for a question in a message or input box.
   Outcome modeless = Outcome::done;  ///< Result for the web shortcut dialog.
 };
 
-void takeEntries(QuestionBench& bench) {
-  bench.putCatalogue(bench.alder + bench.cedar);
-  bench.putWebList(bench.atlas + bench.clock);
+void takeEntries(QuestionRig& rig) {
+  rig.putCatalogue(rig.alder + rig.cedar);
+  rig.putWebList(rig.atlas + rig.clock);
   // Not deleted but moved out of the list's folder.
   desktop().take(shortcuts + L"Burner.lnk");
-  bench.reload();
+  rig.reload();
 }
 
-void putEntriesBack(QuestionBench& bench) {
-  bench.putCatalogue(bench.cedar + bench.birch + bench.alder);
-  bench.putWebList(bench.clock + bench.barometer + bench.atlas);
-  bench.putShortcut(L"Burner");
-  bench.reload();
+void putEntriesBack(QuestionRig& rig) {
+  rig.putCatalogue(rig.cedar + rig.birch + rig.alder);
+  rig.putWebList(rig.clock + rig.barometer + rig.atlas);
+  rig.putShortcut(L"Burner");
+  rig.reload();
 }
 
 void lockLists() {
@@ -134,93 +134,91 @@ void unlockLists() {
 
 const std::vector<Event>& events() {
   static const std::vector<Event> all{
-      {"Nothing", [](QuestionBench& /*bench*/) {}},
+      {"Nothing", [](QuestionRig& /*rig*/) {}},
       {"AReloadWithEntriesBeforeIt",
-       [](QuestionBench& bench) {
-         bench.putCatalogue(record({"bi3", "D:\\Aaa.bi3", "x"}) + bench.cedar + bench.birch +
-                            bench.alder);
-         bench.putWebList(record({"New", "http://new"}) + bench.clock + bench.barometer +
-                          bench.atlas);
-         bench.putShortcut(L"Aaa");
-         bench.reload();
+       [](QuestionRig& rig) {
+         rig.putCatalogue(record({"bi3", "D:\\Aaa.bi3", "x"}) + rig.cedar + rig.birch + rig.alder);
+         rig.putWebList(record({"New", "http://new"}) + rig.clock + rig.barometer + rig.atlas);
+         rig.putShortcut(L"Aaa");
+         rig.reload();
        }},
       {"AReloadThatLeavesOnlyIt",
-       [](QuestionBench& bench) {
-         bench.putCatalogue(bench.birch);
-         bench.putWebList(bench.barometer);
-         bench.reload();
+       [](QuestionRig& rig) {
+         rig.putCatalogue(rig.birch);
+         rig.putWebList(rig.barometer);
+         rig.reload();
        }},
       {"AReloadWithoutIt", takeEntries, Outcome::gone, Outcome::gone},
       {"AReloadWithoutItAndOneWithItAgain",
-       [](QuestionBench& bench) {
-         takeEntries(bench);
-         putEntriesBack(bench);
+       [](QuestionRig& rig) {
+         takeEntries(rig);
+         putEntriesBack(rig);
        }},
       {"AReloadThatFailsAndOneThatWorks",
-       [](QuestionBench& bench) {
+       [](QuestionRig& rig) {
          lockLists();
-         bench.putShortcut(L"Aaa");
-         bench.program().lstQMK[frmQMK::open].raiseKey({keys::f5});
-         bench.reload();
+         rig.putShortcut(L"Aaa");
+         rig.program().lstQMK[frmQMK::open].fireKey({keys::f5});
+         rig.reload();
          unlockLists();
-         bench.program().lstQMK[frmQMK::open].raiseKey({keys::f5});
-         bench.reload();
+         rig.program().lstQMK[frmQMK::open].fireKey({keys::f5});
+         rig.reload();
          desktop().messages.clear();
        }},
       {"TheListsAreEmptied",
-       [](QuestionBench& bench) {
-         bench.putCatalogue("");
-         bench.putWebList("");
+       [](QuestionRig& rig) {
+         rig.putCatalogue("");
+         rig.putWebList("");
          desktop().take(shortcuts + L"Adder.lnk");
-         takeEntries(bench);
-         bench.putCatalogue("");
-         bench.putWebList("");
-         bench.reload();
-         bench.putShortcut(L"Adder");
+         takeEntries(rig);
+         rig.putCatalogue("");
+         rig.putWebList("");
+         rig.reload();
+         rig.putShortcut(L"Adder");
        },
        Outcome::gone, Outcome::gone},
       {"AColumnClick",
-       [](QuestionBench& bench) {
-         bench.program().lstQMK[frmQMK::open].raiseColumnClick(1);
-         bench.program().lstQMK[frmQMK::web].raiseColumnClick(2);
-         bench.program().lstQMK[frmQMK::open].raiseColumnClick(2);
+       [](QuestionRig& rig) {
+         rig.program().lstQMK[frmQMK::open].fireColumnClick(1);
+         rig.program().lstQMK[frmQMK::web].fireColumnClick(2);
+         rig.program().lstQMK[frmQMK::open].fireColumnClick(2);
        }},
       {"AViewMode",
-       [](QuestionBench& bench) {
-         bench.program().mnuIcon.raiseClick();
-         bench.program().mnuList.raiseClick();
+       [](QuestionRig& rig) {
+         rig.program().mnuIcon.fireClick();
+         rig.program().mnuList.fireClick();
        }},
       {"ATabKeyThereAndBack",
-       [](QuestionBench& bench) {
-         const int tab = bench.program().TabMain.current();
-         bench.program().TabMain.raiseSwitch(frmQMK::fresh);
-         bench.program().TabMain.raiseSwitch(tab);
+       [](QuestionRig& rig) {
+         const int tab = rig.program().TabMain.current();
+         rig.program().TabMain.fireSwitch(frmQMK::newFiles);
+         rig.program().TabMain.fireSwitch(tab);
        }},
       {"ACloseThatIsRefused",
-       [](QuestionBench& bench) {
+       [](QuestionRig& rig) {
          desktop().answers = {Answer::no};
-         EXPECT_FALSE(bench.program().raiseClose(UnloadMode::user));
+         EXPECT_FALSE(rig.program().fireClose(UnloadMode::user));
        }},
       // The box was confirmed before its window closed; the dialog closes with the window.
       {"AClose",
-       [](QuestionBench& bench) {
+       [](QuestionRig& rig) {
          desktop().answers = {Answer::yes};
-         EXPECT_TRUE(bench.program().raiseClose(UnloadMode::user));
+         EXPECT_TRUE(rig.program().fireClose(UnloadMode::user));
        },
        Outcome::done, Outcome::lapsed},
       {"AnEndOfTheSessionThatIsRefused",
-       [](QuestionBench& bench) {
+       [](QuestionRig& rig) {
          desktop().answers = {Answer::no};
-         EXPECT_FALSE(bench.program().raiseClose(UnloadMode::sessionEnd));
+         EXPECT_FALSE(rig.program().fireClose(UnloadMode::sessionEnd));
        }},
       {"TheEndOfTheSession",
-       [](QuestionBench& bench) {
+       [](QuestionRig& rig) {
          desktop().answers = {Answer::yes};
-         EXPECT_TRUE(bench.program().raiseClose(UnloadMode::sessionEnd));
+         EXPECT_TRUE(rig.program().fireClose(UnloadMode::sessionEnd));
        }},
       {"AnotherDensity",
-       [](QuestionBench& bench) {
-         bench.program().raiseLayout({1200, 800}, 144);
+       [](QuestionRig& rig) {
+         rig.program().fireLayout({1200, 800}, 144);
        }},
   };
   return all;
@@ -230,7 +228,7 @@ const std::vector<Event>& events() {
 void PrintTo(const Question& question, std::ostream* out) { *out << question.name; }
 void PrintTo(const Event& event, std::ostream* out) { *out << event.name; }
 
-class Questions : public QuestionBench,
+class Questions : public QuestionRig,
                   public ::testing::WithParamInterface<std::tuple<Question, Event>> {};
 
 TEST_P(Questions, ActOnTheEntryThatTheyName) {

@@ -14,7 +14,7 @@
 namespace {
 
 namespace keys = controls::keys;
-using desktop::desktop;
+using memory::desktop;
 using platform::dialogs::Answer;
 
 constexpr const wchar_t* toolQuestion =
@@ -67,7 +67,7 @@ const std::vector<Route>& routes() {
   static const std::vector<Route> all{
       {frmQMK::tools, {L"open file dialog failed 32755"}, {toolPrompt}, {toolQuestion}},
       {frmQMK::open, {}, {filePrompt}, {fileQuestion}},
-      {frmQMK::fresh, {}, {}, {}},
+      {frmQMK::newFiles, {}, {}, {}},
       {frmQMK::web,
        {L"create frmWeb", L"show frmWeb", L"destroy frmWeb"},
        {L"create frmWeb", L"show frmWeb", L"destroy frmWeb"},
@@ -91,7 +91,7 @@ TEST_F(RoutingTest, TheToolbarButtonsRunTheMenuCommands) {
     SCOPED_TRACE(route.tab);
     switchTo(route.tab);
     const auto click = [this](const wchar_t* key) {
-      return refused([this, key] { window.barMain.raiseButtonClick(key); });
+      return refused([this, key] { window.barMain.fireButtonClick(key); });
     };
     EXPECT_EQ(click(L"Create"), route.create);
     EXPECT_EQ(click(L"Rename"), route.rename);
@@ -104,8 +104,7 @@ TEST_F(RoutingTest, DeleteF2AndInsertOnAListRunTheMenuCommands) {
     SCOPED_TRACE(route.tab);
     switchTo(route.tab);
     const auto press = [&](int key) {
-      return refused(
-          [&] { window.lstQMK.at(static_cast<std::size_t>(route.tab)).raiseKey({key}); });
+      return refused([&] { window.lstQMK.at(static_cast<std::size_t>(route.tab)).fireKey({key}); });
     };
     EXPECT_EQ(press(keys::insert), route.create);
     EXPECT_EQ(press(keys::f2), route.rename);
@@ -118,7 +117,7 @@ TEST_F(RoutingTest, KeysDoNothingWhereTheirCommandIsDisabled) {
   window.mnuRename.setEnabled(false);
   window.mnuDelete.setEnabled(false);
   for (const int key : {keys::insert, keys::f2, keys::remove}) {
-    EXPECT_EQ(refused([&] { window.lstQMK[frmQMK::tools].raiseKey({key}); }), Journal{});
+    EXPECT_EQ(refused([&] { window.lstQMK[frmQMK::tools].fireKey({key}); }), Journal{});
   }
 }
 
@@ -142,13 +141,13 @@ TEST_F(RoutingTest, ACaptionThatDiffersOnlyInLetterCaseIsNoCommand) {
 }
 
 TEST_F(RoutingTest, ExitAndHelpAndTheViewModesAreReachedFromTheToolbar) {
-  EXPECT_EQ(refused([this] { window.barMain.raiseButtonClick(L"Exit"); }),
+  EXPECT_EQ(refused([this] { window.barMain.fireButtonClick(L"Exit"); }),
             Journal{L"message Exit Gateway?"});
-  EXPECT_EQ(refused([this] { window.barMain.raiseButtonClick(L"Help"); }),
+  EXPECT_EQ(refused([this] { window.barMain.fireButtonClick(L"Help"); }),
             Journal{L"compiled help C:\\App\\help\\gatewayhelp3.chm"});
-  window.barMain.raiseButtonClick(L"List");
+  window.barMain.fireButtonClick(L"List");
   EXPECT_EQ(window.lstQMK[frmQMK::tools].view(), controls::reportView);
-  window.barMain.raiseButtonClick(L"Icon");
+  window.barMain.fireButtonClick(L"Icon");
   EXPECT_EQ(window.lstQMK[frmQMK::tools].view(), controls::iconView);
 }
 
@@ -165,7 +164,7 @@ TEST_F(RoutingTest, AKeyThatDiffersOnlyInLetterCaseDoesNothing) {
 
 TEST_F(RoutingTest, F5ReloadsTheShortcuts) {
   desktop().putLink(modQMKGeneral::ShortCutsFolder + L"\\More.lnk", linkTo(L"C:\\m.exe"));
-  window.lstQMK[frmQMK::tools].raiseKey({keys::f5});
+  window.lstQMK[frmQMK::tools].fireKey({keys::f5});
   EXPECT_EQ(window.lstQMK[frmQMK::tools].count(), 2U);
 }
 
@@ -173,7 +172,7 @@ TEST_F(RoutingTest, F5ReloadsTheDataFiles) {
   desktop().putFile(L"C:\\App\\QMKFileList3.txt",
                     "\"FP3\",\"C:\\x\\b.fp3\",\"1\"\r\n\"FP3\",\"C:\\x\\c.fp3\",\"2\"\r\n");
   switchTo(frmQMK::open);
-  window.lstQMK[frmQMK::open].raiseKey({keys::f5});
+  window.lstQMK[frmQMK::open].fireKey({keys::f5});
   ASSERT_EQ(window.lstQMK[frmQMK::open].count(), 2U);
   EXPECT_EQ(window.lstQMK[frmQMK::open].text(0), L"b.fp3");
 }
@@ -181,14 +180,14 @@ TEST_F(RoutingTest, F5ReloadsTheDataFiles) {
 TEST_F(RoutingTest, F5ReloadsTheWebShortcuts) {
   desktop().putFile(L"C:\\App\\QMKWebList.txt", "\"One\",\"u\"\r\n\"Two\",\"v\"\r\n");
   switchTo(frmQMK::web);
-  window.lstQMK[frmQMK::web].raiseKey({keys::f5});
+  window.lstQMK[frmQMK::web].fireKey({keys::f5});
   EXPECT_EQ(window.lstQMK[frmQMK::web].count(), 2U);
 }
 
 TEST_F(RoutingTest, F5LeavesTheNewFilesAsTheyAre) {
-  switchTo(frmQMK::fresh);
-  window.lstQMK[frmQMK::fresh].raiseKey({keys::f5});
-  EXPECT_EQ(window.lstQMK[frmQMK::fresh].count(), 4U);
+  switchTo(frmQMK::newFiles);
+  window.lstQMK[frmQMK::newFiles].fireKey({keys::f5});
+  EXPECT_EQ(window.lstQMK[frmQMK::newFiles].count(), 4U);
 }
 
 // --- double-clicks ---
@@ -199,12 +198,12 @@ TEST_F(RoutingTest, ADoubleClickOpensWhatItsOwnListHolds) {
   desktop().putFile(L"C:\\Data\\a.fp3", "profile");
   desktop().putFile(L"C:\\App\\QMKFileList3.txt", "\"FP3\",\"C:\\Data\\a.fp3\",\"1\"\r\n");
 
-  window.lstQMK[frmQMK::tools].raiseDoubleClick();
-  window.lstQMK[frmQMK::open].raiseDoubleClick();
-  window.lstQMK[frmQMK::fresh].raiseDoubleClick();
-  window.lstQMK[frmQMK::web].raiseDoubleClick();
+  window.lstQMK[frmQMK::tools].fireDoubleClick();
+  window.lstQMK[frmQMK::open].fireDoubleClick();
+  window.lstQMK[frmQMK::newFiles].fireDoubleClick();
+  window.lstQMK[frmQMK::web].fireDoubleClick();
 
-  const std::vector<desktop::Start> expected{
+  const std::vector<memory::Start> expected{
       {L"C:\\n.exe", L"C:\\n.exe"},
       {L"C:\\App\\plv3.exe", L"C:\\App\\plv3.exe C:\\Data\\a.fp3"},
       {L"C:\\App\\plv3.exe", L"C:\\App\\plv3.exe #NEW#"}};
@@ -217,7 +216,7 @@ TEST_F(RoutingTest, ADoubleClickOpensWhatItsOwnListHolds) {
 TEST_F(RoutingTest, ADoubleClickOnAnEmptyListDoesNothing) {
   for (auto& list : window.lstQMK) {
     list.clear();
-    list.raiseDoubleClick();
+    list.fireDoubleClick();
   }
   EXPECT_TRUE(desktop().journal().empty());
 }
@@ -225,25 +224,25 @@ TEST_F(RoutingTest, ADoubleClickOnAnEmptyListDoesNothing) {
 // --- the Help menu ---
 
 TEST_F(RoutingTest, WebBasedSupportOpensTheHomePage) {
-  window.mnuWeb.raiseClick();
+  window.mnuWeb.fireClick();
   ASSERT_EQ(desktop().browsed.size(), 1U);
   EXPECT_EQ(desktop().browsed.front().address, configuration::homePage);
 }
 
 TEST_F(RoutingTest, HelpContentsOpensTheHelp) {
   desktop().putFile(L"C:\\App\\help\\gatewayhelp3.HLP", "help");
-  window.mnuHelpContents.raiseClick();
+  window.mnuHelpContents.fireClick();
   EXPECT_TRUE(desktop().journalHas(L"classic help C:\\App\\help\\gatewayhelp3.HLP"));
 }
 
 TEST_F(RoutingTest, AboutShowsTheAboutBoxAndTheNextTimeBringsItForward) {
-  window.mnuAbout.raiseClick();
+  window.mnuAbout.fireClick();
   EXPECT_EQ(desktop().shown(L"frmAbout"), 1);
-  window.mnuAbout.raiseClick();
+  window.mnuAbout.fireClick();
   EXPECT_EQ(desktop().shown(L"frmAbout"), 1);
   EXPECT_EQ(desktop().activated(L"frmAbout"), 1);
   window.aboutBox()->unload();
-  window.mnuAbout.raiseClick();
+  window.mnuAbout.fireClick();
   EXPECT_EQ(desktop().shown(L"frmAbout"), 2);
 }
 
@@ -251,7 +250,7 @@ TEST_F(RoutingTest, AboutShowsTheAboutBoxAndTheNextTimeBringsItForward) {
 
 TEST_F(RoutingTest, TheBrowseButtonAsksForADataFile) {
   switchTo(frmQMK::open);
-  EXPECT_EQ(refused([this] { window.cmdBrowse.raiseClick(); }),
+  EXPECT_EQ(refused([this] { window.cmdBrowse.fireClick(); }),
             Journal{L"open file dialog failed 32755"});
 }
 

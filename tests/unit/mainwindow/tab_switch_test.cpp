@@ -12,7 +12,7 @@
 
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 
 constexpr std::size_t tabCount = 4;
 constexpr std::array<const char*, tabCount> tabNames{"Tools", "Open", "New", "Web"};
@@ -192,10 +192,10 @@ TEST_P(TabPairTest, EveryCellIsAsTheTableSaysBehindAnyThirdTab) {
 TEST_P(TabPairTest, ViewModesChosenOnBothAreFoundAgain) {
   for (const bool report : {true, false}) {
     go(from);
-    (report ? window.mnuList : window.mnuIcon).raiseClick();
+    (report ? window.mnuList : window.mnuIcon).fireClick();
     expected.chooseView(report);
     go(to);
-    (report ? window.mnuIcon : window.mnuList).raiseClick();
+    (report ? window.mnuIcon : window.mnuList).fireClick();
     expected.chooseView(!report);
     EXPECT_EQ(shown(), expected);
     go(from);
@@ -236,9 +236,9 @@ TEST_F(TabSwitchTest, LongWalksWithViewCommandsInBetweenFollowTheTable) {
       } else {
         const bool report = choice % 2 == 0;
         if (choice < 6) {
-          (report ? window.mnuList : window.mnuIcon).raiseClick();
+          (report ? window.mnuList : window.mnuIcon).fireClick();
         } else {
-          window.barMain.raiseButtonClick(report ? L"List" : L"Icon");
+          window.barMain.fireButtonClick(report ? L"List" : L"Icon");
         }
         expected.chooseView(report);
       }
@@ -252,7 +252,7 @@ TEST_F(TabSwitchTest, LongWalksWithViewCommandsInBetweenFollowTheTable) {
 TEST_F(TabSwitchTest, NewDisablesTheCommandsButKeepsTheCreateToolTipOfTools) {
   switchTo(frmQMK::web);
   switchTo(frmQMK::tools);
-  switchTo(frmQMK::fresh);
+  switchTo(frmQMK::newFiles);
   for (const wchar_t* const key : {L"Create", L"Rename", L"Delete"}) {
     EXPECT_FALSE(window.barMain.button(key).enabled);
   }
@@ -264,14 +264,14 @@ TEST_F(TabSwitchTest, NewDisablesTheCommandsButKeepsTheCreateToolTipOfTools) {
 
 TEST_F(TabSwitchTest, NewKeepsTheCreateToolTipOfWeb) {
   switchTo(frmQMK::web);
-  switchTo(frmQMK::fresh);
+  switchTo(frmQMK::newFiles);
   EXPECT_EQ(window.barMain.button(L"Create").toolTip, L"Create web shortcut");
 }
 
 TEST_F(TabSwitchTest, FromOpenToNewTheEditCaptionsChangeAndTheCreateToolTipStays) {
   switchTo(frmQMK::web);
   switchTo(frmQMK::open);
-  switchTo(frmQMK::fresh);
+  switchTo(frmQMK::newFiles);
   EXPECT_EQ(window.mnuRename.caption(), L"Rename");
   EXPECT_EQ(window.mnuDelete.caption(), L"Delete");
   EXPECT_EQ(window.barMain.button(L"Create").toolTip, L"Create web shortcut");
@@ -280,7 +280,7 @@ TEST_F(TabSwitchTest, FromOpenToNewTheEditCaptionsChangeAndTheCreateToolTipStays
 
 TEST_F(TabSwitchTest, WebShowsItsReportEvenIfIconsWereChosenThereLast) {
   switchTo(frmQMK::web);
-  window.mnuIcon.raiseClick();
+  window.mnuIcon.fireClick();
   ASSERT_EQ(window.lstQMK[frmQMK::web].view(), controls::iconView);
 
   switchTo(frmQMK::tools);
@@ -296,7 +296,7 @@ TEST_F(TabSwitchTest, WebShowsItsReportEvenIfIconsWereChosenThereLast) {
 
 TEST_F(TabSwitchTest, ATabFindsItsOwnModeAgainBehindWeb) {
   switchTo(frmQMK::open);
-  window.mnuIcon.raiseClick();
+  window.mnuIcon.fireClick();
   switchTo(frmQMK::web);
   switchTo(frmQMK::open);
   EXPECT_EQ(window.lstQMK[frmQMK::open].view(), controls::iconView);
@@ -314,9 +314,9 @@ TEST_F(TabSwitchTest, AListWhoseTagWasNeverSetShowsIcons) {
 }
 
 TEST_F(TabSwitchTest, AnyViewButIconsCountsAsList) {
-  window.lstQMK[frmQMK::fresh].setTag(L"2");
-  switchTo(frmQMK::fresh);
-  EXPECT_EQ(window.lstQMK[frmQMK::fresh].view(), 2);
+  window.lstQMK[frmQMK::newFiles].setTag(L"2");
+  switchTo(frmQMK::newFiles);
+  EXPECT_EQ(window.lstQMK[frmQMK::newFiles].view(), 2);
   EXPECT_TRUE(window.mnuList.checked());
   EXPECT_EQ(window.barMain.button(L"List").value, 1);
 }

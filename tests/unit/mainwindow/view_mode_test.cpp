@@ -20,7 +20,7 @@ class ViewModeTest : public MainWindowTest {
 TEST_F(ViewModeTest, ListViewGivesTheReportWithItsColumnsOnEveryTab) {
   for (int tab = 0; tab < 4; ++tab) {
     switchTo(tab);
-    window.mnuList.raiseClick();
+    window.mnuList.fireClick();
     const auto& list = window.lstQMK.at(static_cast<std::size_t>(tab));
     EXPECT_EQ(list.view(), 3);
     EXPECT_EQ(list.tag(), L"3");
@@ -31,8 +31,8 @@ TEST_F(ViewModeTest, ListViewGivesTheReportWithItsColumnsOnEveryTab) {
 TEST_F(ViewModeTest, IconViewGivesLargeIconsOnEveryTab) {
   for (int tab = 0; tab < 4; ++tab) {
     switchTo(tab);
-    window.mnuList.raiseClick();
-    window.mnuIcon.raiseClick();
+    window.mnuList.fireClick();
+    window.mnuIcon.fireClick();
     const auto& list = window.lstQMK.at(static_cast<std::size_t>(tab));
     EXPECT_EQ(list.view(), 0);
     EXPECT_EQ(list.tag(), L"0");
@@ -42,39 +42,39 @@ TEST_F(ViewModeTest, IconViewGivesLargeIconsOnEveryTab) {
 
 TEST_F(ViewModeTest, OnlyTheListInFrontIsTouched) {
   switchTo(frmQMK::open);
-  window.mnuIcon.raiseClick();
+  window.mnuIcon.fireClick();
   switchTo(frmQMK::tools);
-  window.mnuList.raiseClick();
+  window.mnuList.fireClick();
   EXPECT_EQ(window.lstQMK[frmQMK::tools].view(), 3);
   EXPECT_EQ(window.lstQMK[frmQMK::open].view(), 0);
   EXPECT_EQ(window.lstQMK[frmQMK::open].tag(), L"0");
-  EXPECT_EQ(window.lstQMK[frmQMK::fresh].tag(), L"0");
+  EXPECT_EQ(window.lstQMK[frmQMK::newFiles].tag(), L"0");
   EXPECT_EQ(window.lstQMK[frmQMK::web].tag(), L"3");
 }
 
 TEST_F(ViewModeTest, AModeChosenTwiceStays) {
-  window.mnuList.raiseClick();
-  window.mnuList.raiseClick();
+  window.mnuList.fireClick();
+  window.mnuList.fireClick();
   EXPECT_EQ(window.lstQMK[frmQMK::tools].view(), 3);
   EXPECT_EQ(marks(), "list checked, List pressed");
 }
 
 TEST_F(ViewModeTest, PressingOneButtonReleasesTheOther) {
-  window.barMain.raiseButtonClick(L"List");
+  window.barMain.fireButtonClick(L"List");
   EXPECT_EQ(window.barMain.button(L"List").value, 1);
   EXPECT_EQ(window.barMain.button(L"Icon").value, 0);
-  window.barMain.raiseButtonClick(L"Icon");
+  window.barMain.fireButtonClick(L"Icon");
   EXPECT_EQ(window.barMain.button(L"List").value, 0);
   EXPECT_EQ(window.barMain.button(L"Icon").value, 1);
 }
 
 TEST_F(ViewModeTest, TheModeIsRememberedPerTab) {
-  switchTo(frmQMK::fresh);
-  window.mnuList.raiseClick();
+  switchTo(frmQMK::newFiles);
+  window.mnuList.fireClick();
   switchTo(frmQMK::open);
-  window.mnuIcon.raiseClick();
-  switchTo(frmQMK::fresh);
-  EXPECT_EQ(window.lstQMK[frmQMK::fresh].view(), 3);
+  window.mnuIcon.fireClick();
+  switchTo(frmQMK::newFiles);
+  EXPECT_EQ(window.lstQMK[frmQMK::newFiles].view(), 3);
   EXPECT_EQ(marks(), "list checked, List pressed");
   switchTo(frmQMK::open);
   EXPECT_EQ(window.lstQMK[frmQMK::open].view(), 0);

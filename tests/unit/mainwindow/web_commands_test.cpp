@@ -9,7 +9,7 @@
 
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 using platform::dialogs::Answer;
 using platform::dialogs::MessageStyle;
 
@@ -35,7 +35,7 @@ class WebCommandsTest : public MainWindowTest {
 
 TEST_F(WebCommandsTest, CreateShowsTheDialogWithoutBeingModal) {
   ASSERT_EQ(window.webDialog(), nullptr);
-  window.mnuCreate.raiseClick();
+  window.mnuCreate.fireClick();
   ASSERT_NE(window.webDialog(), nullptr);
   EXPECT_TRUE(dialog().visible());
   EXPECT_EQ(dialog().cmdOK.caption(), L"Create");
@@ -44,23 +44,23 @@ TEST_F(WebCommandsTest, CreateShowsTheDialogWithoutBeingModal) {
 }
 
 TEST_F(WebCommandsTest, CreateBeginsWithTheDialogsOwnTexts) {
-  window.mnuCreate.raiseClick();
+  window.mnuCreate.fireClick();
   EXPECT_EQ(dialog().txtName.text(), L"New Web Short Cut");
   EXPECT_EQ(dialog().txtUrl.text(), L"http://");
 }
 
 TEST_F(WebCommandsTest, CreateNeedsNoSelectedItem) {
   list.clear();
-  window.mnuCreate.raiseClick();
+  window.mnuCreate.fireClick();
   EXPECT_TRUE(dialog().visible());
   EXPECT_TRUE(desktop().messages.empty());
 }
 
 TEST_F(WebCommandsTest, AConfirmedCreateAddsTheEntry) {
-  window.mnuCreate.raiseClick();
+  window.mnuCreate.fireClick();
   dialog().txtName.acceptTyped(L"News");
   dialog().txtUrl.acceptTyped(L"http://news.example");
-  dialog().cmdOK.raiseClick();
+  dialog().cmdOK.fireClick();
   EXPECT_FALSE(dialog().loaded());
   ASSERT_EQ(list.count(), 3U);
   EXPECT_EQ(list.text(2), L"News");
@@ -70,7 +70,7 @@ TEST_F(WebCommandsTest, AConfirmedCreateAddsTheEntry) {
 
 TEST_F(WebCommandsTest, RenameShowsTheSelectedEntryInTheDialog) {
   list.select(1);
-  window.mnuRename.raiseClick();
+  window.mnuRename.fireClick();
   EXPECT_TRUE(dialog().visible());
   EXPECT_EQ(dialog().caption(), L"Rename Web Shortcut");
   EXPECT_EQ(dialog().cmdOK.caption(), L"Rename");
@@ -81,9 +81,9 @@ TEST_F(WebCommandsTest, RenameShowsTheSelectedEntryInTheDialog) {
 
 TEST_F(WebCommandsTest, AConfirmedRenameChangesTheEntry) {
   list.select(1);
-  window.mnuRename.raiseClick();
+  window.mnuRename.fireClick();
   dialog().txtName.acceptTyped(L"Charts");
-  dialog().cmdOK.raiseClick();
+  dialog().cmdOK.fireClick();
   EXPECT_EQ(desktop().bytesOf(webFile),
             "\"Weather\",\"http://weather.example\"\r\n"
             "\"Charts\",\"http://maps.example\"\r\n");
@@ -91,7 +91,7 @@ TEST_F(WebCommandsTest, AConfirmedRenameChangesTheEntry) {
 
 TEST_F(WebCommandsTest, RenameWithoutASelectedItemIsARunTimeErrorAndTheProgramGoesOn) {
   list.clear();
-  window.mnuRename.raiseClick();
+  window.mnuRename.fireClick();
   EXPECT_EQ(desktop().errorReports, std::vector<int>{91});
   EXPECT_EQ(onlyMessage(),
             L"Run-time error '91':\r\n\r\nObject variable or With block variable not set");
@@ -102,17 +102,17 @@ TEST_F(WebCommandsTest, RenameWithoutASelectedItemIsARunTimeErrorAndTheProgramGo
 // --- the dialog is one and the same while it is open ---
 
 TEST_F(WebCommandsTest, TheOpenDialogTakesItsNewRoleAndComesForward) {
-  window.mnuCreate.raiseClick();
+  window.mnuCreate.fireClick();
   const frmWeb* const first = window.webDialog();
 
-  window.mnuRename.raiseClick();
+  window.mnuRename.fireClick();
   EXPECT_EQ(window.webDialog(), first);
   EXPECT_EQ(dialog().cmdOK.caption(), L"Rename");
   EXPECT_EQ(dialog().caption(), L"Rename Web Shortcut");
   EXPECT_EQ(dialog().txtName.text(), L"Weather");
   EXPECT_EQ(desktop().activated(L"frmWeb"), 1);
 
-  window.mnuCreate.raiseClick();
+  window.mnuCreate.fireClick();
   EXPECT_EQ(window.webDialog(), first);
   EXPECT_EQ(dialog().cmdOK.caption(), L"Create");
   EXPECT_EQ(dialog().caption(), L"Create a Web Short Cut");
@@ -120,11 +120,11 @@ TEST_F(WebCommandsTest, TheOpenDialogTakesItsNewRoleAndComesForward) {
 }
 
 TEST_F(WebCommandsTest, AClosedDialogBeginsAfresh) {
-  window.mnuRename.raiseClick();
-  dialog().cmdCancel.raiseClick();
+  window.mnuRename.fireClick();
+  dialog().cmdCancel.fireClick();
   ASSERT_FALSE(dialog().loaded());
 
-  window.mnuCreate.raiseClick();
+  window.mnuCreate.fireClick();
 
   EXPECT_TRUE(dialog().visible());
   EXPECT_EQ(dialog().caption(), L"Create a Web Short Cut");
@@ -137,7 +137,7 @@ TEST_F(WebCommandsTest, AClosedDialogBeginsAfresh) {
 TEST_F(WebCommandsTest, DeleteAsksForTheSelectedEntryInUpperCase) {
   list.select(1);
   desktop().answers = {Answer::no};
-  window.mnuDelete.raiseClick();
+  window.mnuDelete.fireClick();
   EXPECT_EQ(onlyMessage(), L"Are your sure you want to delete MAPS");
   EXPECT_EQ(desktop().messages.front().style, MessageStyle::yesNoWarning);
   EXPECT_EQ(desktop().messages.front().title, platform::application::title);
@@ -145,14 +145,14 @@ TEST_F(WebCommandsTest, DeleteAsksForTheSelectedEntryInUpperCase) {
 
 TEST_F(WebCommandsTest, OnNoTheEntryStays) {
   desktop().answers = {Answer::no};
-  window.mnuDelete.raiseClick();
+  window.mnuDelete.fireClick();
   EXPECT_EQ(list.count(), 2U);
   EXPECT_EQ(desktop().journal().size(), 1U);
 }
 
 TEST_F(WebCommandsTest, OnYesTheEntryGoes) {
   desktop().answers = {Answer::yes};
-  window.mnuDelete.raiseClick();
+  window.mnuDelete.fireClick();
   EXPECT_EQ(desktop().bytesOf(webFile), "\"Maps\",\"http://maps.example\"\r\n");
   ASSERT_EQ(list.count(), 1U);
   EXPECT_EQ(list.text(0), L"Maps");
@@ -160,7 +160,7 @@ TEST_F(WebCommandsTest, OnYesTheEntryGoes) {
 
 TEST_F(WebCommandsTest, DeleteWithoutASelectedItemIsARunTimeErrorAndTheProgramGoesOn) {
   list.clear();
-  window.mnuDelete.raiseClick();
+  window.mnuDelete.fireClick();
   EXPECT_EQ(desktop().errorReports, std::vector<int>{91});
   EXPECT_EQ(desktop().messages.size(), 1U);
   EXPECT_TRUE(window.loaded());

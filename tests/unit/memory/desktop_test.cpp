@@ -15,7 +15,7 @@
 #include "platform/windows.h"
 #include "unit/support/error_number.h"
 
-namespace desktop {
+namespace memory {
 namespace {
 
 namespace files = platform::files;
@@ -290,4 +290,4 @@ TEST_F(MemoryDesktopTest, TextIsAsWideAsItHasCharacters) {
 }
 
 }  // namespace
-}  // namespace desktop
+}  // namespace memory

@@ -14,9 +14,9 @@
 namespace platform::files {
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 
-class MemoryFilesTest : public ::desktop::DesktopTest {
+class MemoryFilesTest : public ::memory::DesktopTest {
  protected:
   MemoryFilesTest() {
     desktop().putFile(file, "old");
@@ -233,7 +233,7 @@ TEST_F(MemoryFilesTest, AWriteBearsTheDateOfTheClock) {
   Draft draft(file);
   desktop().setNow({2030, 1, 2, 3, 4, 5, 0});
   draft.write("");
-  EXPECT_EQ(modifiedTime(file), ::desktop::fileTime({2030, 1, 2, 3, 4, 5, 0}));
+  EXPECT_EQ(modifiedTime(file), ::memory::fileTime({2030, 1, 2, 3, 4, 5, 0}));
 }
 
 TEST_F(MemoryFilesTest, ReplacesAFileThatIsStillTheSame) {

@@ -12,10 +12,10 @@
 namespace platform::files {
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 using Names = std::vector<std::wstring>;
 
-class MemoryNamesTest : public ::desktop::DesktopTest {
+class MemoryNamesTest : public ::memory::DesktopTest {
  protected:
   static Names found(const std::wstring& pattern, unsigned attributes = normal) {
     Names names;
@@ -196,7 +196,7 @@ TEST_F(MemoryNamesTest, EveryEntryComesWithItsDate) {
 }
 
 TEST(Wildcards, FitAsTheSystemFitsThem) {
-  using ::desktop::fits;
+  using ::memory::fits;
   EXPECT_TRUE(fits(L"A.TXT", L"*"));
   EXPECT_TRUE(fits(L"A.TXT", L"*.*"));
   EXPECT_TRUE(fits(L"NODOT", L"*.*"));

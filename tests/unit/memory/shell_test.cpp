@@ -22,11 +22,11 @@
 namespace platform {
 namespace {
 
-using desktop::desktop;
 using dialogs::Answer;
 using dialogs::MessageStyle;
+using memory::desktop;
 
-class MemoryShellTest : public ::desktop::DesktopTest {
+class MemoryShellTest : public ::memory::DesktopTest {
  protected:
   /// Collects the reported mistakes, for tests that make them on purpose.
   void expectMistakes() {
@@ -65,9 +65,7 @@ TEST_F(MemoryShellTest, WhatIsUnscriptedIsAMistakeOfTheTest) {
 
 TEST_F(MemoryShellTest, ThingsHappenWhileAMessageIsUp) {
   std::vector<std::wstring> seen;
-  desktop().onMessage = [&seen](const ::desktop::Message& message) {
-    seen.push_back(message.text);
-  };
+  desktop().onMessage = [&seen](const ::memory::Message& message) { seen.push_back(message.text); };
   dialogs::showMessage(L"text");
   EXPECT_EQ(seen, std::vector<std::wstring>{L"text"});
   EXPECT_EQ(desktop().messages.size(), 1U);
@@ -130,7 +128,7 @@ TEST_F(MemoryShellTest, StartsProgramsOnly) {
   desktop().putFile(L"C:\\App\\text.exe", "text");
   processes::start(L"c:\\app\\TOOL.exe", L"tool.exe C:\\My?Data");
   EXPECT_EQ(desktop().starts,
-            (std::vector<::desktop::Start>{{L"c:\\app\\TOOL.exe", L"tool.exe C:\\My?Data"}}));
+            (std::vector<::memory::Start>{{L"c:\\app\\TOOL.exe", L"tool.exe C:\\My?Data"}}));
   EXPECT_EQ(errorNumberOf([] { processes::start(L"C:\\App\\gone.exe", L""); }), 53);
   EXPECT_EQ(errorNumberOf([] { processes::start(L"C:\\Nowhere\\tool.exe", L""); }), 53);
   EXPECT_EQ(errorNumberOf([] { processes::start(L"C:\\App\\text.exe", L""); }), 5);
@@ -240,7 +238,7 @@ TEST_F(MemoryShellTest, TheProgramsFactsCanBeSet) {
   EXPECT_NE(application::copyright(), L"");
   desktop().previousInstance = true;
   EXPECT_TRUE(application::previousInstance());
-  EXPECT_THROW(application::end(), ::desktop::ProgramEnded);
+  EXPECT_THROW(application::end(), ::memory::ProgramEnded);
   EXPECT_TRUE(desktop().journalHas(L"end"));
 }
 

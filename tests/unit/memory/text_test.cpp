@@ -48,9 +48,9 @@ TEST(MemoryText, WhatTheCodePageLacksIsAQuestionMarkAndNoLookAlike) {
 }
 
 /// Texts in another code page than the usual one.
-class MemoryCodePage : public ::desktop::DesktopTest {
+class MemoryCodePage : public ::memory::DesktopTest {
  protected:
-  static void use(int number) { ::desktop::Desktop::setCodePage(number); }
+  static void use(int number) { ::memory::Desktop::setCodePage(number); }
   static std::string everyByte() {
     std::string bytes;
     for (int byte = 0; byte < 256; ++byte) {
@@ -61,11 +61,11 @@ class MemoryCodePage : public ::desktop::DesktopTest {
 };
 
 TEST_F(MemoryCodePage, IsThatOfWesternEuropeAtFirst) {
-  EXPECT_EQ(::desktop::codePage(), 1252);
+  EXPECT_EQ(::memory::codePage(), 1252);
   EXPECT_EQ(toCodePage(L"\u00E9\u0159"), "\xE9?");
   use(1250);
-  ::desktop::desktop().reset();
-  EXPECT_EQ(::desktop::codePage(), 1252);
+  ::memory::desktop().reset();
+  EXPECT_EQ(::memory::codePage(), 1252);
 }
 
 TEST_F(MemoryCodePage, OfCentralEuropeHasItsOwnUpperHalf) {
@@ -98,7 +98,7 @@ TEST_F(MemoryCodePage, BrokenUtf8IsReplaced) {
 
 TEST_F(MemoryCodePage, AnotherOneIsNotKnown) {
   EXPECT_EQ(errorNumberOf([] { use(932); }), 5);
-  EXPECT_EQ(::desktop::codePage(), 1252);
+  EXPECT_EQ(::memory::codePage(), 1252);
 }
 
 TEST_F(MemoryCodePage, FitsWhatIsReadBackAsItWas) {

@@ -12,9 +12,9 @@
 namespace platform {
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 
-class DispatcherTest : public ::desktop::DesktopTest {};
+class DispatcherTest : public ::memory::DesktopTest {};
 
 TEST_F(DispatcherTest, AHandlerThatEndsWellShowsNothing) {
   int runs = 0;
@@ -50,7 +50,7 @@ TEST_F(DispatcherTest, RunningOutOfMemoryIsErrorSeven) {
 }
 
 TEST_F(DispatcherTest, AReportForWhichThereIsNoMemoryGivesWayToTheReportAboutThat) {
-  desktop().onMessage = [](const ::desktop::Message& /*message*/) {
+  desktop().onMessage = [](const ::memory::Message& /*message*/) {
     desktop().onMessage = nullptr;
     throw std::bad_alloc();
   };
@@ -59,7 +59,7 @@ TEST_F(DispatcherTest, AReportForWhichThereIsNoMemoryGivesWayToTheReportAboutTha
 }
 
 TEST_F(DispatcherTest, WhatIsNoFailureOfTheProgramPassesThrough) {
-  EXPECT_THROW(dispatch([] { application::end(); }), ::desktop::ProgramEnded);
+  EXPECT_THROW(dispatch([] { application::end(); }), ::memory::ProgramEnded);
   EXPECT_THROW(dispatch([] { throw std::logic_error("a mistake in the code"); }), std::logic_error);
   EXPECT_TRUE(desktop().messages.empty());
 }

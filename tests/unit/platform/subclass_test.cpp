@@ -13,7 +13,7 @@
 namespace platform::subclass {
 namespace {
 
-using desktop::screen;
+using memory::screen;
 using Events = std::vector<std::string>;
 
 constexpr unsigned first = 100;
@@ -273,7 +273,7 @@ TEST_F(SubclassTest, AFailingHandlerIsReportedAndTheMessageGoesOn) {
   attachMessage(listener, window, first);
   listener.onMessage = [] { throw RunTimeError(error::overflow); };
   EXPECT_EQ(screen().send(window, first), 42);
-  EXPECT_EQ(desktop::desktop().errorReports, std::vector<int>{6});
+  EXPECT_EQ(memory::desktop().errorReports, std::vector<int>{6});
   EXPECT_EQ(take(), (Events{"it 100", "own 100"}));
   detachMessage(listener, window, first);
 }

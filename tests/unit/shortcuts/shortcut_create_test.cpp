@@ -9,7 +9,7 @@
 
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 using Texts = std::vector<std::wstring>;
 
 class ShortcutCreateTest : public ShortcutsTest {
@@ -21,7 +21,7 @@ class ShortcutCreateTest : public ShortcutsTest {
 
   void create(const std::wstring& program) {
     desktop().fileDialogResults = {program};
-    window.mnuCreate.raiseClick();
+    window.mnuCreate.fireClick();
   }
 };
 
@@ -129,7 +129,7 @@ TEST_F(ShortcutCreateTest, AChosenFileNeedNotExist) {
 TEST_F(ShortcutCreateTest, CancelledNoShortcutIsWrittenAndTheListIsReloaded) {
   putUnlisted();
   desktop().fileDialogResults = {32755};
-  window.mnuCreate.raiseClick();
+  window.mnuCreate.fireClick();
   EXPECT_TRUE(desktop().linkWrites.empty());
   EXPECT_TRUE(desktop().messages.empty());
   EXPECT_TRUE(reloaded());
@@ -137,7 +137,7 @@ TEST_F(ShortcutCreateTest, CancelledNoShortcutIsWrittenAndTheListIsReloaded) {
 
 TEST_F(ShortcutCreateTest, AnyOtherErrorOfTheDialogGoesOnWithoutAPath) {
   desktop().fileDialogResults = {20477};
-  window.mnuCreate.raiseClick();
+  window.mnuCreate.fireClick();
   ASSERT_EQ(desktop().linkWrites.size(), 1U);
   EXPECT_EQ(desktop().linkWrites.front().path, pathOf(L"Shortcut to .lnk"));
   EXPECT_EQ(desktop().linkWrites.front().link.targetPath, L"");

@@ -9,7 +9,7 @@
 
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 using platform::dialogs::Answer;
 using platform::dialogs::MessageStyle;
 using Texts = std::vector<std::wstring>;
@@ -36,7 +36,7 @@ class ShortcutDeleteTest : public ShortcutsTest {
 
 TEST_F(ShortcutDeleteTest, AsksWithTheWholeFileNameInUpperCase) {
   desktop().answers = {Answer::no};
-  window.mnuDelete.raiseClick();
+  window.mnuDelete.fireClick();
   EXPECT_EQ(onlyMessage(),
             L"Are your sure you want to delete the shortcut: SHORTCUT TO CALC.EXE.LNK");
   EXPECT_EQ(desktop().messages.front().style, MessageStyle::yesNoWarning);
@@ -45,7 +45,7 @@ TEST_F(ShortcutDeleteTest, AsksWithTheWholeFileNameInUpperCase) {
 
 TEST_F(ShortcutDeleteTest, OnYesTheShortcutGoesAndTheListIsReloaded) {
   putUnlisted();
-  window.mnuDelete.raiseClick();
+  window.mnuDelete.fireClick();
   EXPECT_FALSE(desktop().has(file));
   EXPECT_EQ(listed(), (Texts{L"Other", L"Unlisted"}));
 }
@@ -53,7 +53,7 @@ TEST_F(ShortcutDeleteTest, OnYesTheShortcutGoesAndTheListIsReloaded) {
 TEST_F(ShortcutDeleteTest, OnNoTheShortcutStaysAndTheListIsNotReloaded) {
   putUnlisted();
   desktop().answers = {Answer::no};
-  window.mnuDelete.raiseClick();
+  window.mnuDelete.fireClick();
   EXPECT_TRUE(desktop().has(file));
   EXPECT_FALSE(reloaded());
   EXPECT_EQ(desktop().journal().size(), 1U);
@@ -62,7 +62,7 @@ TEST_F(ShortcutDeleteTest, OnNoTheShortcutStaysAndTheListIsNotReloaded) {
 TEST_F(ShortcutDeleteTest, AShortcutWhoseFileIsMissingMustBeSelectedAfresh) {
   putUnlisted();
   desktop().take(file);
-  window.mnuDelete.raiseClick();
+  window.mnuDelete.fireClick();
   EXPECT_EQ(onlyMessage(), L"Please select shortcut");
   EXPECT_EQ(desktop().messages.front().style, MessageStyle::information);
   EXPECT_EQ(desktop().messages.front().title, platform::application::title);
@@ -75,7 +75,7 @@ TEST_F(ShortcutDeleteTest, TheToolsOwnShortcutsCannotBeDeletedInAnyLetterCase) {
                                     L"modelhouse.LNK", L"UNITSHIFT.LNK", L"pLoTvIeW.lnk"}) {
     desktop().messages.clear();
     choose(name);
-    window.mnuDelete.raiseClick();
+    window.mnuDelete.fireClick();
     EXPECT_EQ(onlyMessage(), L"Sorry, you can't delete this shortcut")
         << ::testing::PrintToString(name);
     EXPECT_EQ(desktop().messages.front().style, MessageStyle::information);
@@ -87,7 +87,7 @@ TEST_F(ShortcutDeleteTest, TheToolsOwnShortcutsCannotBeDeletedInAnyLetterCase) {
 TEST_F(ShortcutDeleteTest, AProtectedShortcutDoesNotReloadTheList) {
   choose(L"Imagekeep.lnk");
   putUnlisted();
-  window.mnuDelete.raiseClick();
+  window.mnuDelete.fireClick();
   EXPECT_EQ(onlyMessage(), L"Sorry, you can't delete this shortcut");
   EXPECT_FALSE(reloaded());
 }
@@ -97,9 +97,9 @@ TEST_F(ShortcutDeleteTest, SprawlMayBeDeletedThoughNotRenamed) {
     desktop().messages.clear();
     desktop().answers = {Answer::yes};
     choose(name);
-    window.mnuRename.raiseClick();
+    window.mnuRename.fireClick();
     EXPECT_EQ(onlyMessage(), L"Sorry, you can't rename this shortcut");
-    window.mnuDelete.raiseClick();
+    window.mnuDelete.fireClick();
     EXPECT_EQ(desktop().messages.back().text,
               L"Are your sure you want to delete the shortcut: SPRAWL.LNK");
     EXPECT_FALSE(desktop().has(pathOf(name)));
@@ -111,7 +111,7 @@ TEST_F(ShortcutDeleteTest, ObsoleteNamesOfTheToolsMayBeDeleted) {
        {L"PlotviewX.lnk", L"Plotview Browser.lnk", L"CanopyWeigh.lnk"}) {
     desktop().answers = {Answer::yes};
     choose(name);
-    window.mnuDelete.raiseClick();
+    window.mnuDelete.fireClick();
     EXPECT_FALSE(desktop().has(pathOf(name))) << ::testing::PrintToString(name);
   }
 }
@@ -119,7 +119,7 @@ TEST_F(ShortcutDeleteTest, ObsoleteNamesOfTheToolsMayBeDeleted) {
 TEST_F(ShortcutDeleteTest, ADeletionThatFailsIsIgnoredAndTheListIsReloaded) {
   putUnlisted();
   desktop().lock(file);
-  window.mnuDelete.raiseClick();
+  window.mnuDelete.fireClick();
   EXPECT_TRUE(desktop().journalHas(L"remove " + file + L" failed 70"));
   EXPECT_EQ(desktop().messages.size(), 1U);
   EXPECT_TRUE(desktop().errorReports.empty());
@@ -129,7 +129,7 @@ TEST_F(ShortcutDeleteTest, ADeletionThatFailsIsIgnoredAndTheListIsReloaded) {
 TEST_F(ShortcutDeleteTest, AFileThatVanishesDuringTheQuestionIsLeftAtThat) {
   putUnlisted();
   desktop().onMessage = [this](const auto& /*message*/) { desktop().take(file); };
-  window.mnuDelete.raiseClick();
+  window.mnuDelete.fireClick();
   EXPECT_EQ(linesBeginning(L"remove"), 0U);
   EXPECT_EQ(desktop().messages.size(), 1U);
   EXPECT_FALSE(reloaded());
@@ -137,14 +137,14 @@ TEST_F(ShortcutDeleteTest, AFileThatVanishesDuringTheQuestionIsLeftAtThat) {
 
 TEST_F(ShortcutDeleteTest, TheItemSelectedBehindTheQuestionIsDeleted) {
   desktop().onMessage = [this](const auto& /*message*/) { select(L"Other"); };
-  window.mnuDelete.raiseClick();
+  window.mnuDelete.fireClick();
   EXPECT_TRUE(desktop().has(file));
   EXPECT_FALSE(desktop().has(pathOf(L"Other.lnk")));
 }
 
 TEST_F(ShortcutDeleteTest, WithoutASelectedItemTheCommandEndsWithTheReportAndTheProgramGoesOn) {
   list.clear();
-  window.mnuDelete.raiseClick();
+  window.mnuDelete.fireClick();
   EXPECT_EQ(desktop().errorReports, std::vector<int>{91});
   EXPECT_EQ(desktop().messages.size(), 1U);
   EXPECT_TRUE(window.loaded());

@@ -9,8 +9,8 @@
 
 namespace {
 
-using desktop::desktop;
-using ShortcutFileTest = desktop::DesktopTest;
+using memory::desktop;
+using ShortcutFileTest = memory::DesktopTest;
 
 constexpr const wchar_t* file = L"C:\\Any.lnk";
 

@@ -14,7 +14,7 @@
 
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 using modSC::LoadShortcutList;
 using Texts = std::vector<std::wstring>;
 
@@ -235,7 +235,7 @@ TEST_F(ShortcutListTest, AScreenOfAnotherDensityGetsItsIconsDrawnAfresh) {
   LoadShortcutList(window.shortcuts);
   list.select(1);
 
-  window.raiseLayout({1200, 800}, 144);
+  window.fireLayout({1200, 800}, 144);
 
   EXPECT_EQ(sizeOf(0, L"Notes.lnk"), (platform::Size{48, 48}));
   EXPECT_EQ(sizeOf(1, L"Dead.lnk"), (platform::Size{24, 24}));
@@ -249,7 +249,7 @@ TEST_F(ShortcutListTest, AResizeAloneDrawsNoIcons) {
   putShortcut(L"Notes.lnk");
   LoadShortcutList(window.shortcuts);
   desktop().iconsAsked.clear();
-  window.raiseLayout({1200, 800}, 96);
+  window.fireLayout({1200, 800}, 96);
   EXPECT_TRUE(desktop().iconsAsked.empty());
 }
 
@@ -257,13 +257,13 @@ TEST_F(ShortcutListTest, AResizeAloneDrawsNoIcons) {
 
 TEST_F(ShortcutListTest, ARebuildShowsLargeIconsWhateverTheUserChose) {
   putShortcut(L"Notes.lnk");
-  window.mnuList.raiseClick();
+  window.mnuList.fireClick();
   LoadShortcutList(window.shortcuts);
   EXPECT_EQ(list.view(), controls::iconView);
 }
 
 TEST_F(ShortcutListTest, ARebuildLeavesTagMenuAndToolbarAsTheyAre) {
-  window.mnuList.raiseClick();
+  window.mnuList.fireClick();
   LoadShortcutList(window.shortcuts);
   EXPECT_EQ(list.tag(), L"3");
   EXPECT_TRUE(window.mnuList.checked());
@@ -286,9 +286,9 @@ TEST_F(ShortcutListTest, AFailureStopsTheRebuildAndTheItemsAddedBeforeItStay) {
   for (int n = 1; n <= all; ++n) {
     SCOPED_TRACE(n);
     desktop().errorReports.clear();
-    window.mnuList.raiseClick();
-    desktop().faults().failLook(n, desktop::Faults::LookFault::outOfMemory);
-    list.raiseKey({controls::keys::f5});
+    window.mnuList.fireClick();
+    desktop().faults().failLook(n, memory::Faults::LookFault::outOfMemory);
+    list.fireKey({controls::keys::f5});
     const auto before = static_cast<std::size_t>(std::max(0, n - 1 - searches) / looksPerShortcut);
     const Texts names{L"One", L"Two", L"Three", L"Four"};
     EXPECT_EQ(listed(), Texts(names.begin(), names.begin() + static_cast<std::ptrdiff_t>(before)));

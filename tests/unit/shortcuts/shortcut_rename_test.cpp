@@ -9,7 +9,7 @@
 
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 using platform::dialogs::MessageStyle;
 using Texts = std::vector<std::wstring>;
 
@@ -27,7 +27,7 @@ class ShortcutRenameTest : public ShortcutsTest {
 
   void rename(const std::optional<std::wstring>& answer) {
     desktop().inputAnswers = {answer};
-    window.mnuRename.raiseClick();
+    window.mnuRename.fireClick();
   }
 };
 
@@ -143,7 +143,7 @@ TEST_F(ShortcutRenameTest, CancelledNothingIsChangedAndTheListIsReloaded) {
 TEST_F(ShortcutRenameTest, AShortcutWhoseFileIsMissingMustBeSelectedAfresh) {
   putUnlisted();
   desktop().take(pathOf(L"Foo.lnk"));
-  window.mnuRename.raiseClick();
+  window.mnuRename.fireClick();
   EXPECT_EQ(onlyMessage(), L"Please select shortcut");
   EXPECT_EQ(desktop().messages.front().style, MessageStyle::information);
   EXPECT_EQ(desktop().messages.front().title, platform::application::title);
@@ -161,7 +161,7 @@ TEST_F(ShortcutRenameTest, TheToolsOwnShortcutsCannotBeRenamedInAnyLetterCase) {
     load();
     const std::wstring file(name);
     select(file.substr(0, file.find(L'.')));
-    window.mnuRename.raiseClick();
+    window.mnuRename.fireClick();
     EXPECT_EQ(onlyMessage(), L"Sorry, you can't rename this shortcut")
         << ::testing::PrintToString(name);
     EXPECT_EQ(desktop().messages.front().style, MessageStyle::information);
@@ -176,7 +176,7 @@ TEST_F(ShortcutRenameTest, AProtectedShortcutDoesNotReloadTheList) {
   load();
   select(L"Sprawl");
   putUnlisted();
-  window.mnuRename.raiseClick();
+  window.mnuRename.fireClick();
   EXPECT_EQ(onlyMessage(), L"Sorry, you can't rename this shortcut");
   EXPECT_FALSE(reloaded());
 }
@@ -198,7 +198,7 @@ TEST_F(ShortcutRenameTest, OtherShortcutsOfTheToolsMayBeRenamed) {
 
 TEST_F(ShortcutRenameTest, WithoutASelectedItemTheCommandEndsWithTheReportAndTheProgramGoesOn) {
   list.clear();
-  window.mnuRename.raiseClick();
+  window.mnuRename.fireClick();
   EXPECT_EQ(desktop().errorReports, std::vector<int>{91});
   EXPECT_EQ(onlyMessage(),
             L"Run-time error '91':\r\n\r\nObject variable or With block variable not set");

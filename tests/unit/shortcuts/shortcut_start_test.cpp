@@ -8,7 +8,7 @@
 
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 
 class ShortcutStartTest : public ShortcutsTest {
  protected:
@@ -23,8 +23,8 @@ class ShortcutStartTest : public ShortcutsTest {
 };
 
 TEST_F(ShortcutStartTest, ADoubleClickStartsTheTargetUnquotedAndWithoutArguments) {
-  list.raiseDoubleClick();
-  const std::vector<desktop::Start> expected{
+  list.fireDoubleClick();
+  const std::vector<memory::Start> expected{
       {L"C:\\Program Files\\My Tool\\tool.exe", L"C:\\Program Files\\My Tool\\tool.exe"}};
   EXPECT_EQ(desktop().starts, expected);
   EXPECT_TRUE(desktop().messages.empty());
@@ -35,21 +35,21 @@ TEST_F(ShortcutStartTest, TheSelectedShortcutIsStarted) {
   putShortcut(L"Other.lnk", L"C:\\other.exe");
   load();
   select(L"Other");
-  list.raiseDoubleClick();
+  list.fireDoubleClick();
   ASSERT_EQ(desktop().starts.size(), 1U);
   EXPECT_EQ(desktop().starts.front().executable, L"C:\\other.exe");
 }
 
 TEST_F(ShortcutStartTest, TheTargetIsTheOneReadWhenTheListWasFilled) {
   putShortcut(L"Tool.lnk", L"C:\\changed.exe");
-  list.raiseDoubleClick();
+  list.fireDoubleClick();
   ASSERT_EQ(desktop().starts.size(), 1U);
   EXPECT_EQ(desktop().starts.front().executable, L"C:\\Program Files\\My Tool\\tool.exe");
 }
 
 TEST_F(ShortcutStartTest, TheCatalogueViewIsReloadedBehindIt) {
   desktop().putFile(L"C:\\App\\QMKFileList3.txt", "\"FP3\",\"C:\\x\\a.fp3\",\"1\"\r\n");
-  list.raiseDoubleClick();
+  list.fireDoubleClick();
   EXPECT_EQ(window.lstQMK[frmQMK::open].count(), 1U);
   ASSERT_EQ(desktop().journal().size(), 2U);
   EXPECT_EQ(desktop().journal()[0], L"start C:\\Program Files\\My Tool\\tool.exe");
@@ -60,7 +60,7 @@ TEST_F(ShortcutStartTest, ATargetThatIsNoProgramIsToldWithItsNumber) {
   desktop().putFile(L"C:\\readme.txt", "text");
   putShortcut(L"Tool.lnk", L"C:\\readme.txt");
   load();
-  list.raiseDoubleClick();
+  list.fireDoubleClick();
   EXPECT_EQ(onlyMessage(),
             L"Can't start application\r5-Invalid procedure call or argument\rPath: C:\\readme.txt");
   EXPECT_EQ(desktop().messages.front().style, platform::dialogs::MessageStyle::critical);
@@ -69,7 +69,7 @@ TEST_F(ShortcutStartTest, ATargetThatIsNoProgramIsToldWithItsNumber) {
 
 TEST_F(ShortcutStartTest, AMissingTargetIsToldWithItsNumber) {
   desktop().take(L"C:\\Program Files\\My Tool\\tool.exe");
-  list.raiseDoubleClick();
+  list.fireDoubleClick();
   EXPECT_EQ(onlyMessage(),
             L"Can't start application\r53-File not found\r"
             L"Path: C:\\Program Files\\My Tool\\tool.exe");
@@ -78,14 +78,14 @@ TEST_F(ShortcutStartTest, AMissingTargetIsToldWithItsNumber) {
 TEST_F(ShortcutStartTest, AShortcutWithoutATargetIsToldWithItsNumber) {
   desktop().putFile(pathOf(L"Tool.lnk"), "no shortcut");
   load();
-  list.raiseDoubleClick();
+  list.fireDoubleClick();
   EXPECT_EQ(onlyMessage(),
             L"Can't start application\r5-Invalid procedure call or argument\rPath: ");
 }
 
 TEST_F(ShortcutStartTest, AnEmptyListStartsNothing) {
   list.clear();
-  list.raiseDoubleClick();
+  list.fireDoubleClick();
   EXPECT_TRUE(desktop().journal().empty());
 }
 

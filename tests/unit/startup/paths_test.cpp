@@ -12,7 +12,7 @@
 
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 using modQMKGeneral::AppFolder;
 using modQMKGeneral::EnsureFolder;
 using modQMKGeneral::InitUserFolders;
@@ -21,7 +21,7 @@ using modQMKGeneral::UserFolder;
 using smodFolders::GetSpecialFolder;
 using SmodMisc::CanonicalPath;
 
-class PathsTest : public desktop::DesktopTest {
+class PathsTest : public memory::DesktopTest {
  protected:
   PathsTest() {
     UserFolder.clear();

@@ -17,7 +17,7 @@
 
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 using modSC::ProvisionToolShortcuts;
 using Names = std::vector<std::wstring>;
 
@@ -38,7 +38,7 @@ constexpr std::array table{
     ToolRow{L"Unitshift.lnk", L"unishift3.exe", nullptr},
 };
 
-class ProvisioningTest : public desktop::DesktopTest {
+class ProvisioningTest : public memory::DesktopTest {
  protected:
   ProvisioningTest() {
     modQMKGeneral::InitUserFolders();

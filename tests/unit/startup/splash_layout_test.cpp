@@ -13,7 +13,7 @@ using platform::Rect;
 using platform::Size;
 using platform::windows::Font;
 
-class SplashLayout : public desktop::DesktopTest {
+class SplashLayout : public memory::DesktopTest {
  protected:
   SplashLayout() {
     modQMKGeneral::InitUserFolders();
@@ -38,7 +38,7 @@ TEST_F(SplashLayout, HasItsDesignedSizeFontsAndColours) {
 }
 
 TEST_F(SplashLayout, AtTheDesignsDensity) {
-  splash.raiseLayout({480, 300}, 96);
+  splash.fireLayout({480, 300}, 96);
   EXPECT_EQ(splash.lblSuite.bounds(), (Rect{24, 20, 300, 16}));
   EXPECT_EQ(splash.lblGateway.bounds(), (Rect{24, 36, 119, 36}));
   EXPECT_EQ(splash.lblTM.bounds(), (Rect{144, 40, 9, 15}));
@@ -47,7 +47,7 @@ TEST_F(SplashLayout, AtTheDesignsDensity) {
 }
 
 TEST_F(SplashLayout, AtTwiceTheDensity) {
-  splash.raiseLayout({960, 600}, 192);
+  splash.fireLayout({960, 600}, 192);
   EXPECT_EQ(splash.lblSuite.bounds(), (Rect{48, 40, 600, 32}));
   EXPECT_EQ(splash.lblGateway.bounds(), (Rect{48, 72, 238, 72}));
   EXPECT_EQ(splash.lblTM.bounds(), (Rect{288, 80, 18, 30}));
@@ -57,7 +57,7 @@ TEST_F(SplashLayout, AtTwiceTheDensity) {
 
 TEST_F(SplashLayout, ALabelWithoutATextHasItsHeightAllTheSame) {
   splash.lblCopyRight.setCaption(L"");
-  splash.raiseLayout({480, 300}, 96);
+  splash.fireLayout({480, 300}, 96);
   EXPECT_EQ(splash.lblCopyRight.bounds(), (Rect{24, 273, 432, 15}));
 }
 

@@ -14,14 +14,14 @@
 
 namespace {
 
-using desktop::desktop;
-using desktop::ProgramEnded;
+using memory::desktop;
+using memory::ProgramEnded;
 
 constexpr int fadeSteps = 24;
 constexpr int fadeStep = 25;
 constexpr int fadeTime = fadeSteps * fadeStep;
 
-class SplashTest : public desktop::DesktopTest {
+class SplashTest : public memory::DesktopTest {
  protected:
   SplashTest() {
     modQMKGeneral::InitUserFolders();
@@ -179,7 +179,7 @@ TEST_F(SplashTest, ASecondCopySaysSoAndEndsAtOnce) {
   EXPECT_THROW(splash.load(), ProgramEnded);
 
   ASSERT_EQ(desktop().messages.size(), 1U);
-  const desktop::Message& message = desktop().messages.front();
+  const memory::Message& message = desktop().messages.front();
   EXPECT_EQ(message.text, L"Error: you already have Quillmark Running");
   EXPECT_EQ(message.style, platform::dialogs::MessageStyle::critical);
   EXPECT_EQ(message.title, platform::application::title);
@@ -234,7 +234,7 @@ TEST_F(SplashTest, IsModalUntilItHasFadedOut) {
 
 TEST_F(SplashTest, FadesInTwentyFourStepsOfTenEvery25Milliseconds) {
   splash.show();
-  splash.raiseClick();
+  splash.fireClick();
   for (int level = 240; level > 10; level -= 10) {
     desktop().advance(fadeStep - 1);
     EXPECT_EQ(opacity(), level == 240 ? 255 : level + 10);
@@ -250,7 +250,7 @@ TEST_F(SplashTest, FadesInTwentyFourStepsOfTenEvery25Milliseconds) {
 
 TEST_F(SplashTest, AClickAtOnceEndsItAfterPointSixSeconds) {
   splash.show();
-  splash.raiseClick();
+  splash.fireClick();
   EXPECT_TRUE(splash.loaded());
   EXPECT_EQ(timeUntilGone(), fadeTime);
 }
@@ -259,7 +259,7 @@ TEST_F(SplashTest, AnyKeyEndsItAfterPointSixSeconds) {
   for (const wchar_t key : {L' ', L'a', L'\r', L'\x1B', L'\u00E9'}) {
     frmSplash another;
     another.show();
-    another.raiseKeyPress(key);
+    another.fireKeyPress(key);
     desktop().advance(fadeTime - 1);
     EXPECT_TRUE(another.loaded()) << static_cast<int>(key);
     desktop().advance(1);
@@ -270,29 +270,29 @@ TEST_F(SplashTest, AnyKeyEndsItAfterPointSixSeconds) {
 TEST_F(SplashTest, AClickInBetweenStartsTheFadeThere) {
   splash.show();
   desktop().advance(1234);
-  splash.raiseClick();
+  splash.fireClick();
   EXPECT_EQ(timeUntilGone(), fadeTime);
 }
 
 TEST_F(SplashTest, TwoRapidClicksNeitherRestartTheFadeNorSpeedItUp) {
   splash.show();
-  splash.raiseClick();
-  splash.raiseClick();
+  splash.fireClick();
+  splash.fireClick();
   desktop().advance(5 * fadeStep);
   EXPECT_EQ(opacity(), 200);
-  splash.raiseClick();
+  splash.fireClick();
   EXPECT_EQ(opacity(), 200);
   EXPECT_EQ(timeUntilGone(), fadeTime - 5 * fadeStep);
 }
 
 TEST_F(SplashTest, ClicksAndKeysAtEveryStepChangeNothing) {
   splash.show();
-  splash.raiseClick();
+  splash.fireClick();
   for (int step = 1; step < fadeSteps; ++step) {
     desktop().advance(fadeStep);
     EXPECT_EQ(opacity(), 250 - 10 * step);
-    splash.raiseClick();
-    splash.raiseKeyPress(L'x');
+    splash.fireClick();
+    splash.fireKeyPress(L'x');
     EXPECT_TRUE(splash.loaded());
   }
   EXPECT_EQ(timeUntilGone(), fadeStep);
@@ -301,13 +301,13 @@ TEST_F(SplashTest, ClicksAndKeysAtEveryStepChangeNothing) {
 TEST_F(SplashTest, TheThirdSecondDoesNotDisturbAFadeThatAClickBegan) {
   splash.show();
   desktop().advance(2800);
-  splash.raiseClick();
+  splash.fireClick();
   EXPECT_EQ(timeUntilGone(), fadeTime);
 }
 
 TEST_F(SplashTest, AnyOtherWishToCloseItStartsTheFadeToo) {
   splash.show();
-  EXPECT_FALSE(splash.raiseClose(controls::UnloadMode::user));
+  EXPECT_FALSE(splash.fireClose(controls::UnloadMode::user));
   EXPECT_TRUE(splash.loaded());
   EXPECT_EQ(timeUntilGone(), fadeTime);
 }
@@ -331,7 +331,7 @@ TEST_F(SplashTest, LabelsStandInsideThePictureAndApart) {
     const platform::Size design = splash.designSize();
     const platform::Size client{platform::scaled(design.width, dpi),
                                 platform::scaled(design.height, dpi)};
-    splash.raiseLayout(client, dpi);
+    splash.fireLayout(client, dpi);
     std::vector<platform::Rect> places;
     for (const controls::Control* const label : splash.controls()) {
       const platform::Rect& place = label->bounds();

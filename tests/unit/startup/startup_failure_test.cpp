@@ -13,7 +13,7 @@
 
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 using modSystem::Gateway;
 
 class StartupFailureTest : public StartupTest {
@@ -129,7 +129,7 @@ TEST_F(StartupFailureTest, ALockedToolShortcutIsReportedAndTheStartGoesOn) {
                 shortcutsFolder + L"\\Plotview Browser.lnk");
   EXPECT_EQ(desktop().shown(L"frmSplash"), 0);
   EXPECT_TRUE(gateway->main.visible());
-  EXPECT_EQ(list(frmQMK::fresh).count(), 4U);
+  EXPECT_EQ(list(frmQMK::newFiles).count(), 4U);
   EXPECT_TRUE(gateway->main.tmrFileUpdate.enabled());
 }
 
@@ -144,7 +144,7 @@ TEST_F(StartupFailureTest, ASettingThatCannotBeWrittenIsReportedAndTheListsAreSt
   ASSERT_LE(n, all);
   EXPECT_TRUE(started);
   EXPECT_EQ(desktop().errorReports, std::vector<int>{75});
-  EXPECT_EQ(list(frmQMK::fresh).count(), 4U);
+  EXPECT_EQ(list(frmQMK::newFiles).count(), 4U);
   EXPECT_EQ(list(frmQMK::web).count(), 1U);
   EXPECT_TRUE(gateway->main.tmrFileUpdate.enabled());
 }
@@ -161,7 +161,7 @@ TEST_F(StartupFailureTest, ACatalogueThatCannotBeReadIsReportedAndTheNextStepsSt
   EXPECT_EQ(desktop().messages.front().text,
             L"Problem building QMK file list\rLocation: 2\r70-Permission denied");
   EXPECT_EQ(desktop().errorReports, std::vector<int>{70});
-  EXPECT_EQ(list(frmQMK::fresh).count(), 4U);
+  EXPECT_EQ(list(frmQMK::newFiles).count(), 4U);
   EXPECT_EQ(list(frmQMK::tools).count(), 1U);
   EXPECT_EQ(list(frmQMK::web).count(), 1U);
   EXPECT_TRUE(gateway->main.tmrFileUpdate.enabled());
@@ -180,7 +180,7 @@ TEST_F(StartupFailureTest, AnErrorInAnyCallBehindTheMainWindowIsToldAndTheStartG
     EXPECT_TRUE(started);
     EXPECT_FALSE(desktop().messages.empty());
     EXPECT_EQ(desktop().pumps, 5);
-    EXPECT_EQ(list(frmQMK::fresh).count(), 4U);
+    EXPECT_EQ(list(frmQMK::newFiles).count(), 4U);
     EXPECT_EQ(list(frmQMK::tools).count(), 1U);
     EXPECT_EQ(gateway->main.TabMain.current(), frmQMK::tools);
     EXPECT_TRUE(gateway->main.tmrFileUpdate.enabled());

@@ -12,8 +12,8 @@
 
 namespace {
 
-using desktop::desktop;
-using desktop::ProgramEnded;
+using memory::desktop;
+using memory::ProgramEnded;
 
 // --- the order of the steps ---
 
@@ -77,7 +77,7 @@ TEST_F(StartupTest, EachPassOfTheWindowSystemSeesWhatTheStepsBeforeItDid) {
     EXPECT_TRUE(main.loaded());
     moments.push_back({gateway->splash.loaded(), main.visible(),
                        list(frmQMK::open).columns().size(), list(frmQMK::tools).count(),
-                       list(frmQMK::open).count(), list(frmQMK::fresh).count(),
+                       list(frmQMK::open).count(), list(frmQMK::newFiles).count(),
                        list(frmQMK::web).count(), main.tmrFileUpdate.enabled()});
   };
 
@@ -124,7 +124,7 @@ TEST_F(StartupTest, TheMainWindowComesThreePointSixSecondsBehindTheSplash) {
 }
 
 TEST_F(StartupTest, AClickOnTheSplashAtOnceBringsTheMainWindowAfterPointSixSeconds) {
-  desktop().at(0, [this] { gateway->splash.raiseClick(); });
+  desktop().at(0, [this] { gateway->splash.fireClick(); });
   EXPECT_TRUE(gateway->start());
   EXPECT_EQ(desktop().clock().elapsed(), 600);
 }
@@ -133,7 +133,7 @@ TEST_F(StartupTest, ToolsIsInFrontAtTheEndWhateverTheUserChoseMeanwhile) {
   desktop().onPump = [this] {
     // The last pass comes after the step that makes Tools the current tab.
     if (gateway->main.visible() && desktop().pumps < 5) {
-      gateway->main.TabMain.raiseSwitch(frmQMK::web);
+      gateway->main.TabMain.fireSwitch(frmQMK::web);
     }
   };
   EXPECT_TRUE(gateway->start());
@@ -152,7 +152,7 @@ TEST_F(StartupTest, TheListsAreFilledFromTheirSources) {
   ASSERT_EQ(list(frmQMK::open).count(), 2U);
   EXPECT_EQ(list(frmQMK::open).text(0), L"CWIexample.cw3");
   EXPECT_EQ(list(frmQMK::open).text(1), L"Ridge.fp3");
-  EXPECT_EQ(list(frmQMK::fresh).count(), 4U);
+  EXPECT_EQ(list(frmQMK::newFiles).count(), 4U);
   ASSERT_EQ(list(frmQMK::web).count(), 1U);
   EXPECT_EQ(list(frmQMK::web).text(0), L"Weather");
 }
@@ -161,12 +161,12 @@ TEST_F(StartupTest, AWindowThatTheUserClosesMeanwhileGetsNoFurtherSteps) {
   desktop().answers = {platform::dialogs::Answer::yes};
   desktop().onPump = [this] {
     if (gateway->main.visible()) {
-      gateway->main.raiseClose(controls::UnloadMode::user);
+      gateway->main.fireClose(controls::UnloadMode::user);
     }
   };
   EXPECT_TRUE(gateway->start());
   EXPECT_FALSE(gateway->main.loaded());
-  EXPECT_EQ(list(frmQMK::fresh).count(), 0U);
+  EXPECT_EQ(list(frmQMK::newFiles).count(), 0U);
   EXPECT_FALSE(desktop().setting(L"General", L"CWIExample"));
   EXPECT_FALSE(gateway->main.tmrFileUpdate.enabled());
 }
@@ -249,7 +249,7 @@ TEST_F(StartupTest, TheProgramRunsUntilTheMainWindowIsClosed) {
   desktop().answers = {platform::dialogs::Answer::no, platform::dialogs::Answer::yes};
   for (const int moment : {5000, 7000}) {
     desktop().at(moment,
-                 [] { desktop().window(L"frmQMK")->raiseClose(controls::UnloadMode::user); });
+                 [] { desktop().window(L"frmQMK")->fireClose(controls::UnloadMode::user); });
   }
   EXPECT_EQ(modSystem::Main(), 0);
   EXPECT_EQ(desktop().clock().elapsed(), 7000);

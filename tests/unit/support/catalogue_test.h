@@ -17,15 +17,15 @@ class CatalogueTest : public LoadedMainWindow {
  protected:
   /// Writes the catalogue as another program would.
   static void putCatalogue(const std::string& bytes) {
-    desktop::desktop().putFile(catalogueFile, bytes);
+    memory::desktop().putFile(catalogueFile, bytes);
   }
   /// Contents of the catalogue, "(none)" when it does not exist.
   [[nodiscard]] static std::string catalogue() { return bytesOf(catalogueFile); }
 
   /// A data file of the data folder, last modified on 16 November 2026 at 2:30:15 PM.
   static void putData(const std::wstring& name) {
-    desktop::desktop().putFile(L"C:\\App\\data\\" + name, "data", platform::files::normal,
-                               desktop::fileTime({.day = 16}));
+    memory::desktop().putFile(L"C:\\App\\data\\" + name, "data", platform::files::normal,
+                              memory::fileTime({.day = 16}));
   }
   /// Its record as the build writes it.
   [[nodiscard]] static std::string dataRecord(const std::string& type, const std::string& name) {

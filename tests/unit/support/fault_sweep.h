@@ -39,18 +39,18 @@ inline void sweepFaults(int calls, const Sweep& sweep) {
     bool happened = true;
     for (int n = 1; happened; ++n) {
       ASSERT_LT(n, mostCalls);
-      desktop::desktop().faults().failNothing();
+      memory::desktop().faults().failNothing();
       sweep.prepare();
-      desktop::desktop().clearJournal();
-      desktop::desktop().messages.clear();
-      desktop::desktop().faults().failCall(n, number);
-      const int before = desktop::desktop().faults().calls();
+      memory::desktop().clearJournal();
+      memory::desktop().messages.clear();
+      memory::desktop().faults().failCall(n, number);
+      const int before = memory::desktop().faults().calls();
       sweep.operation();
-      happened = desktop::desktop().faults().calls() - before >= n;
-      desktop::desktop().faults().failNothing();
+      happened = memory::desktop().faults().calls() - before >= n;
+      memory::desktop().faults().failNothing();
       Fault fault{happened, number, L""};
       const std::wstring mark = L" failed " + std::to_wstring(number);
-      for (const std::wstring& line : desktop::desktop().journal()) {
+      for (const std::wstring& line : memory::desktop().journal()) {
         if (line.ends_with(mark)) {
           fault.call = line;
         }

@@ -28,7 +28,7 @@ inline std::string record(std::initializer_list<std::string> fields) {
 
 /// Bytes of a file, "(none)" when there is none.
 inline std::string bytesOf(const std::wstring& path) {
-  return desktop::desktop().bytesOf(path).value_or("(none)");
+  return memory::desktop().bytesOf(path).value_or("(none)");
 }
 
 /// For EXPECT_PRED_FORMAT2: whether two files hold the same bytes. Some have megabytes, so a

@@ -16,7 +16,7 @@ class LoadedMainWindow : public MainWindowTest {
   /// Texts of the messages that were shown, in order.
   [[nodiscard]] static Texts messages() {
     Texts texts;
-    for (const desktop::Message& message : desktop::desktop().messages) {
+    for (const memory::Message& message : memory::desktop().messages) {
       texts.push_back(message.text);
     }
     return texts;
@@ -44,10 +44,10 @@ class LoadedMainWindow : public MainWindowTest {
 
   /// Calls `action`, like another program, just before the next replacement of a list file.
   static void atNextReplacement(const std::function<void()>& action) {
-    desktop::desktop().onReplace = [action] {
+    memory::desktop().onReplace = [action] {
       // A copy, because resetting the callback destroys the function that is running.
       const auto once = action;
-      desktop::desktop().onReplace = nullptr;
+      memory::desktop().onReplace = nullptr;
       once();
     };
   }

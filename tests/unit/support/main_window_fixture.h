@@ -10,7 +10,7 @@
 
 /// The folders exist; the main window is loaded, set up and shown; the watch timer is off. The
 /// journal begins after that.
-class MainWindowTest : public desktop::DesktopTest {
+class MainWindowTest : public memory::DesktopTest {
  protected:
   MainWindowTest() {
     modQMKGeneral::InitUserFolders();
@@ -18,11 +18,11 @@ class MainWindowTest : public desktop::DesktopTest {
     window.load();
     window.SetupMainWindow();
     window.show();
-    desktop::desktop().clearJournal();
+    memory::desktop().clearJournal();
   }
 
   /// The user clicks a tab.
-  void switchTo(int tab) { window.TabMain.raiseSwitch(tab); }
+  void switchTo(int tab) { window.TabMain.fireSwitch(tab); }
 
   /// Adds a data file to the Open list, whose columns are date, label, folder and type.
   void addDataFile(const std::wstring& folder, const std::wstring& name,
@@ -37,7 +37,7 @@ class MainWindowTest : public desktop::DesktopTest {
 
   /// The only message that was shown, as text.
   static std::wstring onlyMessage() {
-    const auto& messages = desktop::desktop().messages;
+    const auto& messages = memory::desktop().messages;
     return messages.size() == 1 ? messages.front().text
                                 : std::to_wstring(messages.size()) + L" messages";
   }

@@ -19,13 +19,13 @@ class ShortcutsTest : public MainWindowTest {
   /// Puts a shortcut into the shortcuts folder, to a program that need not exist.
   static void putShortcut(const std::wstring& fileName,
                           const std::wstring& target = L"C:\\Tools\\tool.exe") {
-    desktop::desktop().putLink(pathOf(fileName), linkTo(target));
+    memory::desktop().putLink(pathOf(fileName), linkTo(target));
   }
 
   /// Fills the list from the folder; the journal begins after that.
   void load() {
     modSC::LoadShortcutList(window.shortcuts);
-    desktop::desktop().clearJournal();
+    memory::desktop().clearJournal();
   }
 
   /// Selects the item of that text.

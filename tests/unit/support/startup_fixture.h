@@ -7,7 +7,7 @@
 #include "platform/desktop_test.h"
 #include "startup/startup.h"
 
-class StartupTest : public desktop::DesktopTest {
+class StartupTest : public memory::DesktopTest {
  protected:
   static constexpr const wchar_t* userFolder = L"C:\\Users\\Ann\\Documents\\My QMKExtra3";
   static constexpr const wchar_t* shortcutsFolder =
@@ -17,11 +17,11 @@ class StartupTest : public desktop::DesktopTest {
   StartupTest() { prepareDisk(); }
 
   static void prepareDisk() {
-    desktop::desktop().putFile(L"C:\\App\\data\\CWIexample.cw3", "example");
-    desktop::desktop().putFile(L"C:\\App\\data\\Ridge.fp3", "profile");
-    desktop::desktop().putFile(L"C:\\App\\QMKWebList.txt",
-                               "\"Weather\",\"http://weather.example\"\r\n");
-    desktop::desktop().putProgram(L"C:\\App\\plv3.exe");
+    memory::desktop().putFile(L"C:\\App\\data\\CWIexample.cw3", "example");
+    memory::desktop().putFile(L"C:\\App\\data\\Ridge.fp3", "profile");
+    memory::desktop().putFile(L"C:\\App\\QMKWebList.txt",
+                              "\"Weather\",\"http://weather.example\"\r\n");
+    memory::desktop().putProgram(L"C:\\App\\plv3.exe");
   }
 
   controls::ListView& list(frmQMK::Tab tab) { return gateway->main.lstQMK.at(tab); }

@@ -18,29 +18,28 @@ inline const std::wstring suite = L"C:\\" + beetle + L" Suite";
 class UnheldNamesTest : public unit::CatalogueTest {
  protected:
   static void put(const std::wstring& path) {
-    desktop::desktop().putFile(path, "data", platform::files::normal,
-                               desktop::fileTime({.day = 16}));
+    memory::desktop().putFile(path, "data", platform::files::normal, memory::fileTime({.day = 16}));
   }
   /// Moves the application to a folder of that name, with an empty catalogue.
   static void moveTo(const std::wstring& folder) {
-    desktop::desktop().applicationFolder = folder;
-    desktop::desktop().putFolder(folder + L"\\data");
-    desktop::desktop().putFile(listFile(), "");
+    memory::desktop().applicationFolder = folder;
+    memory::desktop().putFolder(folder + L"\\data");
+    memory::desktop().putFile(listFile(), "");
     for (const wchar_t* const tool : {L"plv3.exe", L"brtpc3.exe"}) {
-      desktop::desktop().putProgram(folder + L"\\" + tool);
+      memory::desktop().putProgram(folder + L"\\" + tool);
     }
   }
   /// The catalogue in that folder, and its contents.
   [[nodiscard]] static std::wstring listFile() {
-    return desktop::desktop().applicationFolder + L"\\QMKFileList3.txt";
+    return memory::desktop().applicationFolder + L"\\QMKFileList3.txt";
   }
   [[nodiscard]] static std::string moved() { return bytesOf(listFile()); }
   /// Writes the catalogue and shows it.
   void show(const std::string& bytes) {
-    desktop::desktop().putFile(listFile(), bytes);
+    memory::desktop().putFile(listFile(), bytes);
     modQMKGeneral::LoadCatalogueView(view);
   }
-  void doubleClick() { list.raiseDoubleClick(); }
+  void doubleClick() { list.fireDoubleClick(); }
 };
 
 }  // namespace unit

@@ -15,11 +15,11 @@ class WebTest : public LoadedMainWindow {
  protected:
   WebTest() {
     main.TabMain.setCurrent(frmQMK::web);
-    desktop::desktop().clearJournal();
+    memory::desktop().clearJournal();
   }
 
   static void putWebList(const std::string& bytes) {
-    desktop::desktop().putFile(webListFile, bytes);
+    memory::desktop().putFile(webListFile, bytes);
   }
   /// Contents of the web list file, "(none)" when it does not exist.
   [[nodiscard]] static std::string webList() { return bytesOf(webListFile); }

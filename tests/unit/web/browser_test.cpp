@@ -7,7 +7,7 @@
 
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 using smodBrowser::OpenURL;
 using unit::record;
 
@@ -31,20 +31,20 @@ TEST_F(Browser, AWebEntryIsOpenedByItsAddressWithShowCommandZero) {
   putWebList(record({"One", "http://one/"}) + record({"Two", "http://two/"}));
   modQMKGeneral::LoadWebList(web);
   list.select(1);
-  list.raiseDoubleClick();
+  list.fireDoubleClick();
   ASSERT_EQ(desktop().browsed.size(), 1U);
   EXPECT_EQ(desktop().browsed[0].address, L"http://two/");
   EXPECT_EQ(desktop().browsed[0].showCommand, 0);
 }
 
 TEST_F(Browser, AnEmptyWebListOpensNothing) {
-  list.raiseDoubleClick();
+  list.fireDoubleClick();
   EXPECT_TRUE(desktop().browsed.empty());
   EXPECT_TRUE(messages().empty());
 }
 
 TEST_F(Browser, WebBasedSupportOpensTheHomePageWithShowCommandZero) {
-  main.mnuWeb.raiseClick();
+  main.mnuWeb.fireClick();
   ASSERT_EQ(desktop().browsed.size(), 1U);
   EXPECT_EQ(desktop().browsed[0].address, configuration::homePage);
   EXPECT_EQ(desktop().browsed[0].showCommand, 0);
@@ -54,8 +54,8 @@ TEST_F(Browser, AFailureShowsNothingInEitherPlace) {
   desktop().browserResult = 31;
   putWebList(record({"One", "nonsense"}));
   modQMKGeneral::LoadWebList(web);
-  list.raiseDoubleClick();
-  main.mnuWeb.raiseClick();
+  list.fireDoubleClick();
+  main.mnuWeb.fireClick();
   EXPECT_EQ(desktop().browsed.size(), 2U);
   EXPECT_TRUE(messages().empty());
 }
@@ -63,7 +63,7 @@ TEST_F(Browser, AFailureShowsNothingInEitherPlace) {
 TEST_F(Browser, AnAddressThatNamesAProgramGoesToTheShellAsItStandsAndIsNeverStarted) {
   putWebList(record({"Odd", "C:\\Windows\\cmd.exe /c echo & x"}));
   modQMKGeneral::LoadWebList(web);
-  list.raiseDoubleClick();
+  list.fireDoubleClick();
   ASSERT_EQ(desktop().browsed.size(), 1U);
   EXPECT_EQ(desktop().browsed[0].address, L"C:\\Windows\\cmd.exe /c echo & x");
   EXPECT_TRUE(desktop().starts.empty());

@@ -24,7 +24,7 @@ TEST_F(WebDialogLayout, HasItsDesignedSizeAndTheSystemsFont) {
 }
 
 TEST_F(WebDialogLayout, AtTheDesignsDensity) {
-  dialog.raiseLayout({420, 124}, 96);
+  dialog.fireLayout({420, 124}, 96);
   EXPECT_EQ(dialog.Label1.bounds(), (Rect{12, 13, 48, 15}));
   EXPECT_EQ(dialog.txtName.bounds(), (Rect{64, 12, 344, 19}));
   EXPECT_EQ(dialog.Label2.bounds(), (Rect{12, 44, 48, 15}));
@@ -34,7 +34,7 @@ TEST_F(WebDialogLayout, AtTheDesignsDensity) {
 }
 
 TEST_F(WebDialogLayout, AtTwiceTheDensity) {
-  dialog.raiseLayout({840, 248}, 192);
+  dialog.fireLayout({840, 248}, 192);
   EXPECT_EQ(dialog.Label1.bounds(), (Rect{24, 25, 96, 30}));
   EXPECT_EQ(dialog.txtName.bounds(), (Rect{128, 24, 688, 34}));
   EXPECT_EQ(dialog.Label2.bounds(), (Rect{24, 83, 96, 30}));
@@ -44,7 +44,7 @@ TEST_F(WebDialogLayout, AtTwiceTheDensity) {
 }
 
 TEST_F(WebDialogLayout, InAClientAreaThatIsTooNarrowTheFieldsHaveNoWidthLeft) {
-  dialog.raiseLayout({60, 124}, 96);
+  dialog.fireLayout({60, 124}, 96);
   EXPECT_EQ(dialog.txtName.bounds(), (Rect{64, 12, 0, 19}));
 }
 

@@ -9,7 +9,7 @@
 
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 using unit::record;
 using unit::Texts;
 
@@ -21,11 +21,11 @@ class WebDialog : public unit::WebTest {
   }
   /// The dialog as the Create command or the Rename command shows it.
   frmWeb& showForCreate() {
-    main.mnuCreate.raiseClick();
+    main.mnuCreate.fireClick();
     return *main.webDialog();
   }
   frmWeb& showForRename() {
-    main.mnuRename.raiseClick();
+    main.mnuRename.fireClick();
     return *main.webDialog();
   }
   const std::string one = record({"One", "http://one/"});
@@ -85,7 +85,7 @@ TEST_F(WebDialog, ForRenameShowsTheSelectedEntry) {
 
 TEST_F(WebDialog, CreateAndOkWithoutEditsAddsTheInitialTexts) {
   frmWeb& dialog = showForCreate();
-  dialog.cmdOK.raiseClick();
+  dialog.cmdOK.fireClick();
   EXPECT_EQ(webList(), one + two + record({"New Web Short Cut", "http://"}));
   EXPECT_EQ(names(), (Texts{L"One", L"Two", L"New Web Short Cut"}));
   EXPECT_FALSE(dialog.loaded());
@@ -95,7 +95,7 @@ TEST_F(WebDialog, CreateAddsWhatWasTyped) {
   frmWeb& dialog = showForCreate();
   dialog.txtName.acceptTyped(L" \u00E9, b ");
   dialog.txtUrl.acceptTyped(L"not an address");
-  dialog.cmdOK.raiseClick();
+  dialog.cmdOK.fireClick();
   EXPECT_EQ(webList(), one + two + record({" \xE9, b ", "not an address"}));
 }
 
@@ -104,7 +104,7 @@ TEST_F(WebDialog, RenameChangesTheSelectedEntry) {
   frmWeb& dialog = showForRename();
   dialog.txtName.acceptTyped(L"Uno");
   dialog.txtUrl.acceptTyped(L"http://uno/");
-  dialog.cmdOK.raiseClick();
+  dialog.cmdOK.fireClick();
   EXPECT_EQ(webList(), record({"Uno", "http://uno/"}) + two);
   EXPECT_FALSE(dialog.loaded());
 }
@@ -113,7 +113,7 @@ TEST_F(WebDialog, RenameWithTheNameClearedStoresAnEmptyName) {
   list.select(0);
   frmWeb& dialog = showForRename();
   dialog.txtName.acceptTyped(L"");
-  dialog.cmdOK.raiseClick();
+  dialog.cmdOK.fireClick();
   EXPECT_EQ(webList(), record({"", "http://one/"}) + two);
   EXPECT_EQ(names(), (Texts{L"", L"Two"}));
 }
@@ -122,16 +122,16 @@ TEST_F(WebDialog, RenameChangesWhateverIsSelectedWhenOkIsPressed) {
   list.select(0);
   frmWeb& dialog = showForRename();
   list.select(1);
-  dialog.cmdOK.raiseClick();
+  dialog.cmdOK.fireClick();
   EXPECT_EQ(webList(), one + record({"One", "http://one/"}));
 }
 
 TEST_F(WebDialog, RenameWritesTheListOfTheTabThatIsInFrontWhenOkIsPressed) {
   frmWeb& dialog = showForRename();
   modQMKGeneral::AddNewFileItems(main.catalogue);
-  main.TabMain.setCurrent(frmQMK::fresh);
-  main.lstQMK[frmQMK::fresh].select(1);
-  dialog.cmdOK.raiseClick();
+  main.TabMain.setCurrent(frmQMK::newFiles);
+  main.lstQMK[frmQMK::newFiles].select(1);
+  dialog.cmdOK.fireClick();
   EXPECT_EQ(webList(), record({"New Fuel Profile", "FP3"}) + record({"One", "http://one/"}) +
                            record({"New Plotview Inventory", "BS3"}) +
                            record({"New Canopy Weigh Inventory", "CW3"}));
@@ -142,7 +142,7 @@ TEST_F(WebDialog, AnyOtherCaptionDoesNothingAndTheDialogStays) {
   dialog.show();
   for (const wchar_t* const caption : {L"", L"create", L"RENAME", L"OK"}) {
     dialog.cmdOK.setCaption(caption);
-    dialog.cmdOK.raiseClick();
+    dialog.cmdOK.fireClick();
   }
   EXPECT_TRUE(dialog.loaded());
   EXPECT_EQ(webList(), one + two);
@@ -153,7 +153,7 @@ TEST_F(WebDialog, CancelChangesNothingAndTheNextShowingStartsAfresh) {
   frmWeb& dialog = showForCreate();
   dialog.txtName.acceptTyped(L"typed");
   dialog.txtUrl.acceptTyped(L"typed");
-  dialog.cmdCancel.raiseClick();
+  dialog.cmdCancel.fireClick();
   EXPECT_FALSE(dialog.loaded());
   EXPECT_EQ(webList(), one + two);
   const frmWeb& next = showForCreate();
@@ -164,7 +164,7 @@ TEST_F(WebDialog, CancelChangesNothingAndTheNextShowingStartsAfresh) {
 TEST_F(WebDialog, ClosingItChangesNothingAndTheNextShowingStartsAfresh) {
   frmWeb& dialog = showForRename();
   dialog.txtName.acceptTyped(L"typed");
-  EXPECT_TRUE(dialog.raiseClose(controls::UnloadMode::user));
+  EXPECT_TRUE(dialog.fireClose(controls::UnloadMode::user));
   EXPECT_EQ(webList(), one + two);
   const frmWeb& next = showForCreate();
   EXPECT_EQ(next.caption(), L"Create a Web Short Cut");
@@ -191,7 +191,7 @@ TEST_F(WebDialog, AskingAgainWhileItIsOpenBringsItForwardWithItsNewRole) {
 TEST_F(WebDialog, AnErrorOfTheAppendIsReportedAndTheDialogStays) {
   frmWeb& dialog = showForCreate();
   desktop().setReadOnly(unit::webListFile);
-  dialog.cmdOK.raiseClick();
+  dialog.cmdOK.fireClick();
   EXPECT_EQ(desktop().errorReports, std::vector<int>{75});
   EXPECT_TRUE(dialog.loaded());
   EXPECT_EQ(webList(), one + two);
@@ -200,7 +200,7 @@ TEST_F(WebDialog, AnErrorOfTheAppendIsReportedAndTheDialogStays) {
 TEST_F(WebDialog, ASaveReportsItsErrorItselfAndTheDialogGoes) {
   frmWeb& dialog = showForRename();
   desktop().setReadOnly(unit::webListFile);
-  dialog.cmdOK.raiseClick();
+  dialog.cmdOK.fireClick();
   EXPECT_TRUE(desktop().errorReports.empty());
   EXPECT_EQ(messages(), Texts{L"Problem saving to QMK list\r75-Path/File access error"});
   EXPECT_FALSE(dialog.loaded());
@@ -220,7 +220,7 @@ TEST_F(WebDialog, ItsPartsLieApartAndInsideAtEveryDensity) {
     frmWeb dialog(web);
     const platform::Size client{platform::scaled(dialog.designSize().width, dpi),
                                 platform::scaled(dialog.designSize().height, dpi)};
-    dialog.raiseLayout(client, dpi);
+    dialog.fireLayout(client, dpi);
     const auto& controls = dialog.controls();
     for (std::size_t i = 0; i < controls.size(); ++i) {
       const platform::Rect& a = controls[i]->bounds();

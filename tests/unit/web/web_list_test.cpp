@@ -7,7 +7,7 @@
 
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 using modQMKGeneral::AppendWebEntry;
 using modQMKGeneral::DeleteWebEntry;
 using modQMKGeneral::LoadWebList;

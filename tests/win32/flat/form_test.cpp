@@ -140,7 +140,7 @@ TEST_F(FormTest, TheRingSurvivesANewLayout) {
   SetFocus(handle(window.name));
   RECT client{};
   GetClientRect(handle(), &client);
-  window.raiseLayout({client.right, client.bottom}, platform::win32::dpiOf(handle()));
+  window.fireLayout({client.right, client.bottom}, platform::win32::dpiOf(handle()));
   RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
   EXPECT_TRUE(nameHasRing(Colours::shadow, Colours::highlight));
 }

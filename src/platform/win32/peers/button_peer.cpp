@@ -24,7 +24,7 @@ void ButtonPeer::command(int /*id*/, WORD code) {
   // The second click of a double-click is a click too; owner-drawn buttons report it with another
   // code.
   if (code == BN_CLICKED || code == BN_DOUBLECLICKED) {
-    button_.raiseClick();
+    button_.fireClick();
   }
 }
 
@@ -33,7 +33,7 @@ std::optional<LRESULT> ButtonPeer::message(UINT message, WPARAM first, LPARAM se
   // down counts as one click.
   if (message == WM_KEYDOWN && first == VK_RETURN && host().isFrame()) {
     if ((HIWORD(second) & KF_REPEAT) == 0) {
-      button_.raiseClick();
+      button_.fireClick();
     }
     return 0;
   }

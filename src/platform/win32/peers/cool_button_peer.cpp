@@ -72,7 +72,7 @@ std::optional<LRESULT> CoolButtonPeer::message(UINT message, WPARAM first, LPARA
     trackPointer();
   } else if (message == WM_MOUSELEAVE && pointerInside_) {
     pointerInside_ = false;
-    button_.raisePointerLeave();
+    button_.firePointerLeave();
   } else if (message == WM_ERASEBKGND) {
     return TRUE;
   }
@@ -90,7 +90,7 @@ void CoolButtonPeer::trackPointer() {
   // Without the notification of its end, the highlighting must not begin.
   if (TrackMouseEvent(&request) != 0) {
     pointerInside_ = true;
-    button_.raisePointerEnter();
+    button_.firePointerEnter();
   }
 }
 

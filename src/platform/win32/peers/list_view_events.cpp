@@ -42,10 +42,10 @@ std::optional<LRESULT> ListViewPeer::notification(NMHDR& header) {
     case static_cast<int>(LVN_ODFINDITEMW):
       return search(reinterpret_cast<const NMLVFINDITEMW&>(header));
     case static_cast<int>(LVN_COLUMNCLICK):
-      list_.raiseColumnClick(reinterpret_cast<const NMLISTVIEW&>(header).iSubItem + 1);
+      list_.fireColumnClick(reinterpret_cast<const NMLISTVIEW&>(header).iSubItem + 1);
       return 0;
     case static_cast<int>(LVN_KEYDOWN):
-      list_.raiseKey(strokeOf(reinterpret_cast<const NMLVKEYDOWN&>(header).wVKey));
+      list_.fireKey(strokeOf(reinterpret_cast<const NMLVKEYDOWN&>(header).wVKey));
       return 0;
     case static_cast<int>(NM_CLICK):
     case static_cast<int>(NM_RCLICK):
@@ -58,10 +58,10 @@ std::optional<LRESULT> ListViewPeer::notification(NMHDR& header) {
     case static_cast<int>(NM_DBLCLK):
       // Wherever the click was, it acts on the selected item.
       showSelection();
-      list_.raiseDoubleClick();
+      list_.fireDoubleClick();
       return 0;
     case static_cast<int>(NM_RETURN):
-      list_.raiseDoubleClick();
+      list_.fireDoubleClick();
       return 0;
     case static_cast<int>(NM_CUSTOMDRAW):
       return markUnfocused(reinterpret_cast<const NMLVCUSTOMDRAW&>(header));
@@ -224,7 +224,7 @@ LRESULT ListViewPeer::contextMenu(LPARAM where) {
     // A click on the headers is not for the list's menu.
     return 0;
   }
-  list_.raiseContextMenu(static_cast<int>(point.x), static_cast<int>(point.y));
+  list_.fireContextMenu(static_cast<int>(point.x), static_cast<int>(point.y));
   return 0;
 }
 

@@ -75,7 +75,7 @@ std::optional<LRESULT> TabPeer::notification(NMHDR& header) {
   if (header.hwndFrom != window() || header.code != static_cast<UINT>(TCN_SELCHANGE)) {
     return std::nullopt;
   }
-  tab_.raiseSwitch(static_cast<int>(send(TCM_GETCURSEL)));
+  tab_.fireSwitch(static_cast<int>(send(TCM_GETCURSEL)));
   if (!detached()) {
     // The native tab shows what the handler left, even if it failed or chose another tab.
     send(TCM_SETCURSEL, static_cast<WPARAM>(tab_.current()));

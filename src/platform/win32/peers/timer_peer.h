@@ -16,7 +16,7 @@ class TimerPeer final : public controls::Peer {
   /// Stops the native timer and detaches from the timer object.
   void detach();
   [[nodiscard]] UINT_PTR id() const { return id_; }
-  void tick() { timer_.raiseTimer(); }
+  void tick() { timer_.fireTimer(); }
 
  private:
   void stop();

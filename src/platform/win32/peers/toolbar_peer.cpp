@@ -130,7 +130,7 @@ void ToolbarPeer::press(int command) {
   if (button == nullptr || !button->enabled) {
     return;
   }
-  toolbar_.raiseButtonClick(button->key);
+  toolbar_.fireButtonClick(button->key);
   if (!detached()) {
     // The native button changed its state itself. The state that the handler left is shown instead.
     showStates();

@@ -20,7 +20,7 @@ bool WindowPeer::preTranslate(MSG& message) {
     focus_.step(held(VK_SHIFT));
     return true;
   }
-  return window_->raiseKeyDown(strokeOf(message.wParam));
+  return window_->fireKeyDown(strokeOf(message.wParam));
 }
 
 }  // namespace platform::win32

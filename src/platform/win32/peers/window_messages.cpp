@@ -52,7 +52,7 @@ std::optional<LRESULT> WindowPeer::handle(UINT message, WPARAM first, LPARAM sec
       close();
       return 0;
     case WM_QUERYENDSESSION:
-      return window_->raiseClose(UnloadMode::sessionEnd) ? TRUE : FALSE;
+      return window_->fireClose(UnloadMode::sessionEnd) ? TRUE : FALSE;
     case WM_ACTIVATE:
       activated(LOWORD(first) != WA_INACTIVE);
       return std::nullopt;
@@ -84,7 +84,7 @@ std::optional<LRESULT> WindowPeer::handle(UINT message, WPARAM first, LPARAM sec
       }
       return std::nullopt;
     case WM_INITMENU:
-      window_->raiseMenuOpening();
+      window_->fireMenuOpening();
       return std::nullopt;
     case WM_SYSCOLORCHANGE:
       forwardToControls(message, first, second);
@@ -145,11 +145,11 @@ std::optional<LRESULT> WindowPeer::handleBare(UINT message, WPARAM first) {
       if (pressed_) {
         pressed_ = false;
         ReleaseCapture();
-        window_->raiseClick();
+        window_->fireClick();
       }
       return 0;
     case WM_CHAR:
-      window_->raiseKeyPress(static_cast<wchar_t>(first));
+      window_->fireKeyPress(static_cast<wchar_t>(first));
       return 0;
     case WM_ERASEBKGND:
       if (backgroundBrush_) {
@@ -174,7 +174,7 @@ void WindowPeer::forwardToControls(UINT message, WPARAM first, LPARAM second) {
 
 void WindowPeer::activated(bool active) {
   if (active) {
-    window_->raiseActivate();
+    window_->fireActivate();
   } else if (kind_ == WindowKind::frame) {
     focus_.remember();
   }
@@ -227,7 +227,7 @@ void WindowPeer::command(int id, WORD code, HWND source) {
   if (NativeControl* const control = source == nullptr ? nullptr : find(source)) {
     control->command(id, code);
   } else if (controls::MenuItem* const item = menuItem(id)) {
-    item->raiseClick();
+    item->fireClick();
   } else if (kind_ == WindowKind::dialog && (id == IDOK || id == IDCANCEL)) {
     answerDialogKey(id);
   }
@@ -246,7 +246,7 @@ void WindowPeer::answerDialogKey(int id) {
     }
     auto& button = static_cast<controls::CommandButton&>(*control);
     if (id == IDOK ? button.isDefault : button.isCancel) {
-      button.raiseClick();
+      button.fireClick();
       return;
     }
   }
@@ -279,7 +279,7 @@ void WindowPeer::close() {
     return;
   }
   closing_ = true;
-  window_->raiseClose(UnloadMode::user);
+  window_->fireClose(UnloadMode::user);
   closing_ = false;
 }
 

@@ -96,7 +96,7 @@ void WindowPeer::layout() {
   RECT client{};
   GetClientRect(window(), &client);
   moving_ = BeginDeferWindowPos(static_cast<int>(controls_.size()));
-  window_->raiseLayout({static_cast<int>(client.right), static_cast<int>(client.bottom)}, dpi_);
+  window_->fireLayout({static_cast<int>(client.right), static_cast<int>(client.bottom)}, dpi_);
   if (moving_ != nullptr) {
     EndDeferWindowPos(std::exchange(moving_, nullptr));
   }

@@ -29,8 +29,8 @@ inline constexpr UINT layoutMessage = WM_APP + 1;
 /// as soon as none of its messages is being handled.
 class WindowPeer final : public controls::WindowPeer {
  public:
-  /// Creates the hidden native window with all controls and attaches the peers. Raises 7; nothing
-  /// is attached then.
+  /// Creates the hidden native window with all controls and attaches the peers. Raises
+  /// `error::outOfMemory`; nothing is attached then.
   explicit WindowPeer(controls::Window& window);
   WindowPeer(const WindowPeer&) = delete;
   WindowPeer& operator=(const WindowPeer&) = delete;

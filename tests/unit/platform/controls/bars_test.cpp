@@ -12,7 +12,7 @@
 namespace controls {
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 
 Toolbar::Button command(const std::wstring& key) {
   Toolbar::Button button;
@@ -26,7 +26,7 @@ Toolbar::Button check(const std::wstring& key) {
   return button;
 }
 
-class ToolbarTest : public ::desktop::DesktopTest {
+class ToolbarTest : public ::memory::DesktopTest {
  protected:
   ToolbarTest() {
     bar.addButton(command(L"Delete"));
@@ -112,19 +112,19 @@ TEST_F(ToolbarTest, TellsItsPeerOnlyOfNewValues) {
 
 TEST_F(ToolbarTest, AClickGivesTheKey) {
   std::vector<std::wstring> clicked;
-  bar.raiseButtonClick(L"Exit");
+  bar.fireButtonClick(L"Exit");
   bar.onButtonClick = [&clicked](const std::wstring& key) { clicked.push_back(key); };
-  bar.raiseButtonClick(L"Exit");
+  bar.fireButtonClick(L"Exit");
   EXPECT_EQ(clicked, std::vector<std::wstring>{L"Exit"});
 }
 
 TEST_F(ToolbarTest, AnErrorOfAClickIsReported) {
   bar.onButtonClick = [](const std::wstring&) { throw platform::RunTimeError(91); };
-  bar.raiseButtonClick(L"Exit");
+  bar.fireButtonClick(L"Exit");
   EXPECT_EQ(desktop().errorReports, std::vector<int>{91});
 }
 
-class TabControlTest : public ::desktop::DesktopTest {
+class TabControlTest : public ::memory::DesktopTest {
  protected:
   TabControlTest() {
     for (const auto* const caption : {L"Tools", L"Open", L"New"}) {
@@ -147,8 +147,8 @@ TEST_F(TabControlTest, TellsOfASwitchOnlyWhenTheTabChanges) {
   EXPECT_TRUE(switches.empty());
   tabs.setCurrent(2);
   tabs.setCurrent(2);
-  tabs.raiseSwitch(1);
-  tabs.raiseSwitch(1);
+  tabs.fireSwitch(1);
+  tabs.fireSwitch(1);
   EXPECT_EQ(switches, (std::vector<std::pair<int, int>>{{0, 2}, {2, 1}}));
 }
 
@@ -170,7 +170,7 @@ TEST_F(TabControlTest, RaisesForATabThatIsNotThere) {
 
 TEST_F(TabControlTest, AnErrorOfTheUsersSwitchIsReported) {
   tabs.onSwitch = [](int, int) { throw platform::RunTimeError(53); };
-  tabs.raiseSwitch(1);
+  tabs.fireSwitch(1);
   EXPECT_EQ(desktop().errorReports, std::vector<int>{53});
   EXPECT_EQ(tabs.current(), 1);
 }
@@ -196,16 +196,16 @@ TEST_F(TabControlTest, ThePeersMeasureGoesBeforeTheEstimate) {
   EXPECT_EQ(tabs.displayArea({10, 0, 0, 0}, 96), (platform::Rect{11, 2, 3, 4}));
 }
 
-class MenuTest : public ::desktop::DesktopTest {};
+class MenuTest : public ::memory::DesktopTest {};
 
 TEST_F(MenuTest, ADisabledEntryDoesNothing) {
   int clicks = 0;
   MenuItem entry(L"mnuExit", 1, L"E&xit");
   entry.onClick = [&clicks] { ++clicks; };
-  entry.raiseClick();
+  entry.fireClick();
   EXPECT_EQ(clicks, 1);
   entry.setEnabled(false);
-  entry.raiseClick();
+  entry.fireClick();
   EXPECT_EQ(clicks, 1);
 }
 

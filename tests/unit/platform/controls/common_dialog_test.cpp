@@ -8,9 +8,9 @@
 namespace controls {
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 
-class CommonDialogTest : public ::desktop::DesktopTest {
+class CommonDialogTest : public ::memory::DesktopTest {
  protected:
   CommonDialogTest() {
     dialog.initDir = L"C:\\App\\Data";

@@ -14,7 +14,7 @@ using platform::Rect;
 using platform::scaled;
 using platform::Size;
 
-class InputBoxTest : public desktop::DesktopTest {
+class InputBoxTest : public memory::DesktopTest {
  protected:
   InputBox box{L"Rename shortcut Notes", L"  ", L" "};
 };
@@ -39,27 +39,27 @@ TEST_F(InputBoxTest, ShowsWhatItWasGiven) {
 TEST_F(InputBoxTest, OkAnswersWithTheText) {
   box.show();
   box.edit.acceptTyped(L"New name");
-  box.ok.raiseClick();
+  box.ok.fireClick();
   EXPECT_FALSE(box.loaded());
   EXPECT_EQ(box.answer(), L"New name");
 }
 
 TEST_F(InputBoxTest, TheDefaultAnswerCanBeConfirmed) {
   box.show();
-  box.ok.raiseClick();
+  box.ok.fireClick();
   EXPECT_EQ(box.answer(), L" ");
 }
 
 TEST_F(InputBoxTest, CancelAndTheCloseBoxAnswerNothing) {
   box.show();
   box.edit.acceptTyped(L"New name");
-  box.cancel.raiseClick();
+  box.cancel.fireClick();
   EXPECT_FALSE(box.loaded());
   EXPECT_EQ(box.answer(), L"");
 
   InputBox other(L"Prompt", L"Title", L"Answer");
   other.show();
-  EXPECT_TRUE(other.raiseClose(controls::UnloadMode::user));
+  EXPECT_TRUE(other.fireClose(controls::UnloadMode::user));
   EXPECT_EQ(other.answer(), L"");
 }
 
@@ -68,7 +68,7 @@ TEST_F(InputBoxTest, ItsPartsStandBelowOneAnotherAtEveryDensity) {
     SCOPED_TRACE(dpi);
     const Size client = box.clientSize(dpi);
     EXPECT_EQ(client.width, scaled(360, dpi));
-    box.raiseLayout(client, dpi);
+    box.fireLayout(client, dpi);
     const int edge = scaled(12, dpi);
     const int inner = client.width - 2 * edge;
     const int line = platform::windows::textSize(L"X", {}, dpi).height;

@@ -17,7 +17,7 @@
 namespace controls {
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 using platform::RunTimeError;
 using Texts = std::vector<std::wstring>;
 
@@ -36,7 +36,7 @@ class RefusingPeer : public ListViewPeer {
   ListView& list_;
 };
 
-class ListRebuildTest : public ::desktop::DesktopTest {
+class ListRebuildTest : public ::memory::DesktopTest {
  protected:
   void addAll(const Texts& texts) {
     for (const auto& text : texts) {

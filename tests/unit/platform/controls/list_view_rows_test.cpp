@@ -10,10 +10,10 @@
 namespace controls {
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 using Texts = std::vector<std::wstring>;
 
-class ListViewRows : public ::desktop::DesktopTest {
+class ListViewRows : public ::memory::DesktopTest {
  protected:
   /// Everything that an item holds, its icon first.
   [[nodiscard]] Texts row(std::size_t index, std::size_t subItems) const {

@@ -14,10 +14,10 @@
 namespace controls {
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 using Texts = std::vector<std::wstring>;
 
-class ListViewTest : public ::desktop::DesktopTest {
+class ListViewTest : public ::memory::DesktopTest {
  protected:
   void addAll(const Texts& texts) {
     for (const auto& text : texts) {
@@ -271,9 +271,9 @@ TEST_F(ListViewTest, AnUpdateTellsOnceAtItsEnd) {
 }
 
 TEST_F(ListViewTest, HandlersAreOptionalAndTheirErrorsReported) {
-  list.raiseDoubleClick();
-  list.raiseColumnClick(1);
-  list.raiseKey({controls::keys::remove});
+  list.fireDoubleClick();
+  list.fireColumnClick(1);
+  list.fireKey({controls::keys::remove});
   EXPECT_TRUE(desktop().messages.empty());
 
   int column = 0;
@@ -281,9 +281,9 @@ TEST_F(ListViewTest, HandlersAreOptionalAndTheirErrorsReported) {
   list.onColumnClick = [&column](int clicked) { column = clicked; };
   list.onKey = [&key](const controls::KeyStroke& pressed) { key = pressed; };
   list.onDoubleClick = [this] { static_cast<void>(list.selectedItem()); };
-  list.raiseColumnClick(3);
-  list.raiseKey({controls::keys::f2, true});
-  list.raiseDoubleClick();
+  list.fireColumnClick(3);
+  list.fireKey({controls::keys::f2, true});
+  list.fireDoubleClick();
   EXPECT_EQ(column, 3);
   EXPECT_EQ(key, (controls::KeyStroke{controls::keys::f2, true}));
   EXPECT_EQ(desktop().errorReports, std::vector<int>{91});

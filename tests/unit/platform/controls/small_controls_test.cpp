@@ -12,9 +12,9 @@
 namespace controls {
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 
-class SmallControlsTest : public ::desktop::DesktopTest {};
+class SmallControlsTest : public ::memory::DesktopTest {};
 
 TEST_F(SmallControlsTest, EveryPropertyTellsThePeerOnce) {
   Label label(L"lblTest", 7);
@@ -67,29 +67,29 @@ TEST_F(SmallControlsTest, TypedTextIsNotSentBack) {
 TEST_F(SmallControlsTest, ADisabledButtonIsNotClicked) {
   CommandButton button(L"cmdTest", 1);
   int clicks = 0;
-  button.raiseClick();
+  button.fireClick();
   button.onClick = [&clicks] { ++clicks; };
-  button.raiseClick();
+  button.fireClick();
   button.setEnabled(false);
-  button.raiseClick();
+  button.fireClick();
   EXPECT_EQ(clicks, 1);
 }
 
 TEST_F(SmallControlsTest, AnErrorOfAClickIsReported) {
   CommandButton button(L"cmdTest", 1);
   button.onClick = [] { throw platform::RunTimeError(13); };
-  button.raiseClick();
+  button.fireClick();
   EXPECT_EQ(desktop().errorReports, std::vector<int>{13});
 }
 
 TEST_F(SmallControlsTest, ACoolButtonTellsWhenThePointerComesAndGoes) {
   CoolButton button(L"cmdBrowse", 1);
   std::vector<int> events;
-  button.raisePointerEnter();
+  button.firePointerEnter();
   button.onPointerEnter = [&events] { events.push_back(1); };
   button.onPointerLeave = [&events] { events.push_back(2); };
-  button.raisePointerEnter();
-  button.raisePointerLeave();
+  button.firePointerEnter();
+  button.firePointerLeave();
   EXPECT_EQ(events, (std::vector<int>{1, 2}));
 
   RecordingPeer peer(button);
@@ -108,10 +108,10 @@ TEST_F(SmallControlsTest, ADisabledTimerDoesNotTick) {
   Timer timer(L"tmrTest", 1, 1000, false);
   int ticks = 0;
   timer.onTimer = [&ticks] { ++ticks; };
-  timer.raiseTimer();
+  timer.fireTimer();
   EXPECT_EQ(ticks, 0);
   timer.setEnabled(true);
-  timer.raiseTimer();
+  timer.fireTimer();
   EXPECT_EQ(ticks, 1);
 }
 

@@ -14,7 +14,7 @@
 namespace controls {
 namespace {
 
-using desktop::desktop;
+using memory::desktop;
 using Events = std::vector<std::wstring>;
 
 /// Records its events, and refuses or fails on request.
@@ -71,7 +71,7 @@ class TestWindow : public Window {
   }
 };
 
-class WindowTest : public ::desktop::DesktopTest {
+class WindowTest : public ::memory::DesktopTest {
  protected:
   TestWindow window;
 };
@@ -218,7 +218,7 @@ TEST_F(WindowTest, ARefusedUnloadKeepsTheWindow) {
 TEST_F(WindowTest, AFailingUnloadKeepsTheWindowAndIsReported) {
   window.show();
   window.failUnloadWith = 57;
-  EXPECT_FALSE(window.raiseClose(UnloadMode::user));
+  EXPECT_FALSE(window.fireClose(UnloadMode::user));
   EXPECT_EQ(desktop().errorReports, std::vector<int>{57});
   EXPECT_TRUE(window.loaded());
 }
@@ -226,7 +226,7 @@ TEST_F(WindowTest, AFailingUnloadKeepsTheWindowAndIsReported) {
 TEST_F(WindowTest, TheUserClosesIt) {
   window.show();
   window.take();
-  EXPECT_TRUE(window.raiseClose(UnloadMode::user));
+  EXPECT_TRUE(window.fireClose(UnloadMode::user));
   EXPECT_EQ(window.take(), (Events{L"query 0", L"unload"}));
   EXPECT_FALSE(window.loaded());
 }
@@ -234,11 +234,11 @@ TEST_F(WindowTest, TheUserClosesIt) {
 TEST_F(WindowTest, TheEndOfASessionAsksAndLeavesTheWindowAlone) {
   window.show();
   window.take();
-  EXPECT_TRUE(window.raiseClose(UnloadMode::sessionEnd));
+  EXPECT_TRUE(window.fireClose(UnloadMode::sessionEnd));
   EXPECT_EQ(window.take(), Events{L"query 2"});
   EXPECT_TRUE(window.loaded());
   window.refuseQuery = true;
-  EXPECT_FALSE(window.raiseClose(UnloadMode::sessionEnd));
+  EXPECT_FALSE(window.fireClose(UnloadMode::sessionEnd));
 }
 
 TEST_F(WindowTest, CanBeLoadedAgain) {
@@ -259,7 +259,7 @@ TEST_F(WindowTest, TakesItsNativeWindowAlong) {
 }
 
 TEST_F(WindowTest, ShownModallyItReturnsWhenItIsUnloaded) {
-  desktop().at(500, [this] { window.raiseClose(UnloadMode::user); });
+  desktop().at(500, [this] { window.fireClose(UnloadMode::user); });
   window.showModal();
   EXPECT_FALSE(window.loaded());
   EXPECT_EQ(desktop().clock().elapsed(), 500);
@@ -269,9 +269,9 @@ TEST_F(WindowTest, ShownModallyItReturnsWhenItIsUnloaded) {
 TEST_F(WindowTest, HandsClicksAndKeysOn) {
   window.show();
   window.take();
-  window.raiseClick();
-  window.raiseKeyPress(L'\u00E9');
-  window.raiseActivate();
+  window.fireClick();
+  window.fireKeyPress(L'\u00E9');
+  window.fireActivate();
   EXPECT_EQ(window.take(), (Events{L"click", L"activate"}));
   EXPECT_EQ(window.pressed, L'\u00E9');
 }

@@ -14,15 +14,15 @@
 namespace unit {
 
 namespace keys = controls::keys;
-using desktop::desktop;
+using memory::desktop;
 using platform::dialogs::Answer;
 
 inline const std::wstring shortcuts = L"C:\\Users\\Ann\\Documents\\My QMKExtra3\\ShortCuts\\";
 
 /// Three entries in each list; the middle one is selected and asked about.
-class QuestionBench : public LoadedMainWindow {
+class QuestionRig : public LoadedMainWindow {
  protected:
-  QuestionBench() {
+  QuestionRig() {
     for (const wchar_t* const name : {L"Alder.bi3", L"Birch.bi3", L"Cedar.bi3"}) {
       desktop().putFile(L"D:\\" + std::wstring(name), "data");
     }
@@ -75,8 +75,8 @@ class QuestionBench : public LoadedMainWindow {
   /// The watch ticks, and the user reloads the lists that are not watched.
   void reload() {
     desktop().advance(1000);
-    main.lstQMK[frmQMK::tools].raiseKey({keys::f5});
-    main.lstQMK[frmQMK::web].raiseKey({keys::f5});
+    main.lstQMK[frmQMK::tools].fireKey({keys::f5});
+    main.lstQMK[frmQMK::web].fireKey({keys::f5});
   }
   /// Texts of the messages that are not questions.
   static Texts told() {
@@ -98,10 +98,10 @@ class QuestionBench : public LoadedMainWindow {
 };
 
 /// Renames the selected entry of a tab whose rename uses an input box.
-inline void answerWith(QuestionBench& bench, int tab, const std::wstring& name) {
-  bench.program().TabMain.raiseSwitch(tab);
+inline void answerWith(QuestionRig& rig, int tab, const std::wstring& name) {
+  rig.program().TabMain.fireSwitch(tab);
   desktop().inputAnswers = {name};
-  bench.program().mnuRename.raiseClick();
+  rig.program().mnuRename.fireClick();
 }
 
 }  // namespace unit

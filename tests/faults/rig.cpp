@@ -18,7 +18,7 @@
 
 namespace faults {
 
-using desktop::desktop;
+using memory::desktop;
 
 std::string record(const std::string& first, const std::string& second) {
   return '"' + first + "\",\"" + second + "\"\r\n";
@@ -79,7 +79,7 @@ const ::testing::Environment* const printsFigures =
 
 }  // namespace
 
-Bench::Bench() {
+Rig::Rig() {
   desktop().reset();
   desktop().onMistake = [](const std::string& what) { ADD_FAILURE() << what; };
   layOutDisk();
@@ -92,7 +92,7 @@ Bench::Bench() {
   settle();
 }
 
-void Bench::settle() {
+void Rig::settle() {
   modQMKGeneral::LoadCatalogueView(main_->catalogue);
   modSC::LoadShortcutList(main_->shortcuts);
   modQMKGeneral::LoadWebList(main_->webList);
@@ -100,8 +100,8 @@ void Bench::settle() {
   desktop().errorReports.clear();
 }
 
-void Bench::select(frmQMK::Tab tab, const std::wstring& text) {
-  main_->TabMain.raiseSwitch(tab);
+void Rig::select(frmQMK::Tab tab, const std::wstring& text) {
+  main_->TabMain.fireSwitch(tab);
   controls::ListView& list = main_->lstQMK.at(tab);
   for (std::size_t i = 0; i < list.count(); ++i) {
     if (list.text(i) == text) {
@@ -112,7 +112,7 @@ void Bench::select(frmQMK::Tab tab, const std::wstring& text) {
   ADD_FAILURE() << "no such item";
 }
 
-void Bench::handle(const std::function<void()>& step) { platform::dispatch(step); }
+void Rig::handle(const std::function<void()>& step) { platform::dispatch(step); }
 
 std::string State::file(const std::wstring& path) const {
   const auto found = files.find(path);
@@ -145,7 +145,7 @@ State stateOf(const frmQMK& main) {
     }
     state.lists.push_back(items);
   }
-  for (const desktop::Message& message : desktop().messages) {
+  for (const memory::Message& message : desktop().messages) {
     state.messages.push_back(message.text);
   }
   const frmWeb* const dialog = main.webDialog();
@@ -253,12 +253,12 @@ void expectNextOperationsWork(frmQMK& main) {
   EXPECT_EQ(desktop().bytesOf(catalogueFile).value_or("(none)"),
             catalogue + record("CW3", "D:\\Next.cw3", "11/20/2026"));
   const std::string webList = desktop().bytesOf(webListFile).value_or("");
-  Bench::handle([&] { modQMKGeneral::AppendWebEntry(main.webList, L"Next", L"http://next"); });
+  Rig::handle([&] { modQMKGeneral::AppendWebEntry(main.webList, L"Next", L"http://next"); });
   EXPECT_EQ(desktop().bytesOf(webListFile).value_or("(none)"),
             webList + record("Next", "http://next"));
   EXPECT_FALSE(desktop().has(temporaryFile));
-  Bench::handle([&] { modQMKGeneral::LoadCatalogueView(main.catalogue); });
-  Bench::handle([&] { modSC::LoadShortcutList(main.shortcuts); });
+  Rig::handle([&] { modQMKGeneral::LoadCatalogueView(main.catalogue); });
+  Rig::handle([&] { modSC::LoadShortcutList(main.shortcuts); });
   const auto shows = [](const controls::ListView& list, const std::wstring& text) {
     for (std::size_t i = 0; i < list.count(); ++i) {
       if (list.text(i) == text) {

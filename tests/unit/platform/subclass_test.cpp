@@ -251,11 +251,12 @@ TEST_F(SubclassTest, AWindowDestroyedByItsOwnHandlingIsNotHeardOfAgain) {
   const WindowHandle going = window;
   Events& journal = events;
   screen().at(window).procedure = nullptr;
-  const auto result = deliver(window, first, 0, 0, [going, &journal]() -> std::intptr_t {
-    journal.emplace_back("own");
-    screen().destroy(going);
-    return 9;
-  });
+  const auto result =
+      deliver(window, first, 0, 0, [going, &journal](unsigned, std::uintptr_t, std::intptr_t) {
+        journal.emplace_back("own");
+        screen().destroy(going);
+        return std::intptr_t{9};
+      });
   EXPECT_EQ(result, 9);
   EXPECT_EQ(take(), (Events{"own", "after gone"}));
 }

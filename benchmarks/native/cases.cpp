@@ -26,7 +26,7 @@ void require(bool held) {
 
 void putCatalogue(std::size_t records) {
   desktop::desktop().reset();
-  desktop::desktop().putFile(modQMKGeneral::CatalogueFile(), catalogueText(records));
+  desktop::desktop().putFile(modQMKGeneral::cataloguePath(), catalogueText(records));
 }
 
 std::shared_ptr<CatalogueLists> loadedView(std::size_t records) {

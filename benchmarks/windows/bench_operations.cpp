@@ -25,7 +25,7 @@ namespace {
 using bench::Pair;
 using bench::Table;
 using controls::ListView;
-using modQMKGeneral::CatalogueFile;
+using modQMKGeneral::cataloguePath;
 
 constexpr std::size_t manyRecords = 100000;
 constexpr int manyFiles = 10000;
@@ -36,13 +36,13 @@ std::wstring copyPath() { return platform::application::folder() + L"\\copy.tmp"
 double copyOnce() {
   DeleteFileW(copyPath().c_str());
   return bench::timed([] {
-    const bench::Bytes bytes = bench::readFile(CatalogueFile().c_str());
+    const bench::Bytes bytes = bench::readFile(cataloguePath().c_str());
     bench::writeFlushed(copyPath(), bytes.view());
   });
 }
 
 void writeCatalogue(std::size_t records) {
-  bench::writeFlushed(CatalogueFile(), bench::catalogueText(records));
+  bench::writeFlushed(cataloguePath(), bench::catalogueText(records));
 }
 
 void measureAddAndRemove(const Table& table) {
@@ -123,7 +123,7 @@ void measureRefresh(const Table& table) {
     if (view.dataList.count() != manyFiles + elsewhere) {
       bench::giveUp("the refresh lacks files");
     }
-    const bench::Bytes bytes = bench::readFile(CatalogueFile().c_str());
+    const bench::Bytes bytes = bench::readFile(cataloguePath().c_str());
     const Pair pair = Pair::inTurns(table.runs(9), refresh,
                                     [&] { return enumerateAndWrite(folder, bytes.view()); });
     table.printRatio("refresh.10k", pair, 1.5);
@@ -186,17 +186,17 @@ void measureTick(const Table& table) {
     constexpr int ticks = 2000;
     writeCatalogue(usualRecords);
     bench::CatalogueLists view;
-    modQMKGeneral::WatchCatalogue(view.catalogue);
+    modQMKGeneral::watchCatalogue(view.catalogue);
     if (view.dataList.count() != usualRecords) {
       bench::giveUp("the first tick did not load");
     }
-    const std::wstring path = CatalogueFile();
+    const std::wstring path = cataloguePath();
     const Pair pair = Pair::inTurns(
         table.runs(15),
         [&view] {
           return bench::timed([&view] {
             for (int n = 0; n < ticks; ++n) {
-              modQMKGeneral::WatchCatalogue(view.catalogue);
+              modQMKGeneral::watchCatalogue(view.catalogue);
             }
           });
         },

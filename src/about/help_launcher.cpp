@@ -6,7 +6,7 @@
 
 namespace modQMKGeneral {
 
-void ShowHelpContents(controls::CommonDialog& dialog) {
+void showHelpContents(controls::CommonDialog& dialog) {
   const std::wstring classic = AppFolder() + L"\\help\\gatewayhelp3.HLP";
   if (platform::files::fileExists(classic)) {
     dialog.helpFile = classic;

@@ -7,6 +7,6 @@ namespace modQMKGeneral {
 
 /// Opens the classic help file of the "help" folder at its contents, or the compiled one when there
 /// is no classic file. When both are missing, nothing is shown.
-void ShowHelpContents(controls::CommonDialog& dialog);
+void showHelpContents(controls::CommonDialog& dialog);
 
 }  // namespace modQMKGeneral

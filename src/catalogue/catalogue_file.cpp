@@ -155,35 +155,35 @@ std::string withEntry(std::string old, const AddedPath& path, const std::wstring
 
 }  // namespace
 
-std::wstring CatalogueFile() { return AppFolder() + L"\\QMKFileList3.txt"; }
+std::wstring cataloguePath() { return AppFolder() + L"\\QMKFileList3.txt"; }
 
-void AppendDataFolderRecords() {
-  list_file::rewrite(CatalogueFile(), TemporaryFile(), Missing::isEmpty, [](std::string bytes) {
+void appendDataFolderRecords() {
+  list_file::rewrite(cataloguePath(), temporaryPath(), Missing::isEmpty, [](std::string bytes) {
     appendDataFolder(bytes);
     return bytes;
   });
 }
 
 void BuildCatalogue(CatalogueView& view) {
-  AppendDataFolderRecords();
+  appendDataFolderRecords();
   LoadCatalogueView(view);
 }
 
 void AddOrUpdateCatalogueEntry(const std::wstring& path, const std::wstring& typeCode) {
   const auto failure = platform::trapped([&] {
     const Missing missing =
-        files::fileExists(CatalogueFile()) ? Missing::isError : Missing::isEmpty;
+        files::fileExists(cataloguePath()) ? Missing::isError : Missing::isEmpty;
     const AddedPath added(path);
-    list_file::rewrite(CatalogueFile(), TemporaryFile(), missing,
+    list_file::rewrite(cataloguePath(), temporaryPath(), missing,
                        [&](std::string old) { return withEntry(std::move(old), added, typeCode); });
   });
   if (failure) {
-    ShowListFileProblem(L"Problem saving to QMK list", *failure);
+    showListFileProblem(L"Problem saving to QMK list", *failure);
   }
 }
 
-void DropCatalogueEntry(const std::wstring& path) {
-  list_file::rewrite(CatalogueFile(), TemporaryFile(), Missing::isError, [&path](std::string old) {
+void dropCatalogueEntry(const std::wstring& path) {
+  list_file::rewrite(cataloguePath(), temporaryPath(), Missing::isError, [&path](std::string old) {
     return list_file::filtered(std::move(old), [&path](const Record& record) {
       return !record.has(pathField) ||
              !platform::text::codePageEquals(record.fields.at(pathField), path);
@@ -194,7 +194,7 @@ void DropCatalogueEntry(const std::wstring& path) {
 void RemoveCatalogueEntry(const std::wstring& path) {
   // A path that may mean several files raises an error here, before the entry is dropped.
   const std::optional<std::wstring> file = stored_path::realFile(path);
-  DropCatalogueEntry(path);
+  dropCatalogueEntry(path);
   if (file && files::fileExists(*file)) {
     files::remove(*file);
   }
@@ -205,7 +205,7 @@ void RefreshDataFolderEntries(CatalogueView& view) {
   // One replacement does both the dropping and the building. So the catalogue is never without the
   // data folder's entries, not even for a moment.
   list_file::rewrite(
-      CatalogueFile(), TemporaryFile(), Missing::isError, [&dataFolder](std::string old) {
+      cataloguePath(), temporaryPath(), Missing::isError, [&dataFolder](std::string old) {
         std::string bytes = list_file::filtered(
             std::move(old),
             [&dataFolder](const Record& record) { return !dataFolder.holds(record); });

@@ -8,7 +8,7 @@
 namespace modQMKGeneral {
 
 /// Path of the catalogue file.
-[[nodiscard]] std::wstring CatalogueFile();
+[[nodiscard]] std::wstring cataloguePath();
 
 /// Appends one record per data file of the data folder to the catalogue (which is created when it
 /// is missing), then reloads the view. Errors go to the caller. No command calls it: the load of
@@ -17,7 +17,7 @@ namespace modQMKGeneral {
 void BuildCatalogue(CatalogueView& view);
 
 /// The same without the reload, for the load of the view itself.
-void AppendDataFolderRecords();
+void appendDataFolderRecords();
 
 /// Sets today's date in the record of `path`, or appends a record with that type code. Paths
 /// compare without regard to case. A path that the code page cannot hold is recognised in each of
@@ -31,7 +31,7 @@ void AddOrUpdateCatalogueEntry(const std::wstring& path, const std::wstring& typ
 void RemoveCatalogueEntry(const std::wstring& path);
 
 /// The same for a missing data file: drops only its records, even if the file exists again by now.
-void DropCatalogueEntry(const std::wstring& path);
+void dropCatalogueEntry(const std::wstring& path);
 
 /// Replaces the records of the data folder by what the folder holds now. They follow the records of
 /// files elsewhere. Then reloads the view. Errors go to the caller (`error::fileNotFound`: no

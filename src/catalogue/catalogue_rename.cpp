@@ -79,7 +79,7 @@ void saveRenamed(CatalogueView& view, std::size_t selected, const std::wstring& 
     if (item) {
       view.dataList.setText(*item, newName);
     }
-    if (list_file::replaceAll(CatalogueFile(), TemporaryFile(), recordsOf(view.dataList),
+    if (list_file::replaceAll(cataloguePath(), temporaryPath(), recordsOf(view.dataList),
                               view.shown) == files::Replaced::yes) {
       LoadCatalogueView(view);
       return;
@@ -99,7 +99,7 @@ void saveRenamed(CatalogueView& view, std::size_t selected, const std::wstring& 
 }
 
 void rename(CatalogueView& view, const std::wstring& newName) {
-  list_file::discardStale(TemporaryFile());
+  list_file::discardStale(temporaryPath());
   const std::size_t selected = view.dataList.selectedItem();
   const DataEntry entry = dataEntry(view.dataList, selected);
   const std::wstring name = withExtension(newName, entry.type);
@@ -108,7 +108,7 @@ void rename(CatalogueView& view, const std::wstring& newName) {
   if (!file) {
     platform::dialogs::showMessage(L"File does not exists, removing entry",
                                    platform::dialogs::MessageStyle::critical);
-    DropCatalogueEntry(oldPath);
+    dropCatalogueEntry(oldPath);
     return;
   }
   const std::wstring realFolder = file->substr(0, file->rfind(L'\\') + 1);
@@ -122,7 +122,7 @@ void rename(CatalogueView& view, const std::wstring& newName) {
 void RenameCatalogueFile(CatalogueView& view, const std::wstring& newName) {
   const auto failure = platform::trapped([&] { rename(view, newName); });
   if (failure) {
-    ShowListFileProblem(L"Problem saving to QMK list", *failure);
+    showListFileProblem(L"Problem saving to QMK list", *failure);
   }
 }
 

@@ -71,10 +71,10 @@ void addRecords(ListView& list, std::string_view bytes, Location& location) {
     list.add(name, {}, {});
     try {
       record.text(0, type);
-      // An unknown type has no picture and no label.
+      // Stages "4" to "6" test for the types, which cannot fail: no message would name them. An
+      // unknown type has no picture and no label.
       const DataType* const known = typeOfCode(type);
       const DataType& shown = known == nullptr ? unknown : *known;
-      location = shown.location;
       location = L"7";
       record.text(2, date);
       list.completeLast(shown.picture, {date, shown.label, folder, type});
@@ -91,13 +91,13 @@ void fill(CatalogueView& view, Location& location) {
   view.shown = {};
   setUpList(view, location);
   location = L"2";
-  if (!files::fileExists(CatalogueFile())) {
-    AppendDataFolderRecords();
-    if (!files::fileExists(CatalogueFile())) {
+  if (!files::fileExists(cataloguePath())) {
+    appendDataFolderRecords();
+    if (!files::fileExists(cataloguePath())) {
       return;
     }
   }
-  const files::Contents contents = files::readWhole(CatalogueFile());
+  const files::Contents contents = files::readWhole(cataloguePath());
   addRecords(view.dataList, contents.bytes, location);
   view.shown = contents.stamp;
   location = L"8";
@@ -110,7 +110,7 @@ void LoadCatalogueView(CatalogueView& view) {
   const auto failure = platform::trapped(
       [&] { view.dataList.rebuild(data_column::entry, [&] { fill(view, location); }); });
   if (failure) {
-    ShowListFileProblem(std::wstring(L"Problem building QMK file list\rLocation: ") + location,
+    showListFileProblem(std::wstring(L"Problem building QMK file list\rLocation: ") + location,
                         *failure);
   }
 }
@@ -125,11 +125,11 @@ void AddNewFileItems(CatalogueView& view) {
   });
 }
 
-void WatchCatalogue(CatalogueView& view) {
+void watchCatalogue(CatalogueView& view) {
   if (view.ticking) {
     return;
   }
-  const auto modified = files::modifiedTime(CatalogueFile());
+  const auto modified = files::modifiedTime(cataloguePath());
   if (!modified || *modified == view.lastSeen) {
     return;
   }
@@ -148,7 +148,7 @@ void WatchCatalogue(CatalogueView& view) {
   if (view.shown.present) {
     view.lastSeen = view.shown.modified;
   } else {
-    view.lastSeen = files::modifiedTime(CatalogueFile()).value_or(view.lastSeen);
+    view.lastSeen = files::modifiedTime(cataloguePath()).value_or(view.lastSeen);
   }
 }
 

@@ -44,6 +44,6 @@ void AddNewFileItems(CatalogueView& view);
 
 /// One tick of the watch: reloads the view when the catalogue file's modification time differs from
 /// the last one seen. Does nothing while the file is missing.
-void WatchCatalogue(CatalogueView& view);
+void watchCatalogue(CatalogueView& view);
 
 }  // namespace modQMKGeneral

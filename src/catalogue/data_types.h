@@ -28,8 +28,6 @@ struct DataType {
   std::wstring_view newFile;  ///< Item of the New tab.
   /// Argument that asks the tool for a new file; when empty, the type code as listed is used.
   std::wstring_view newFileRequest;
-  /// Stage of the view's load, for the failure message, when the type has been determined.
-  const wchar_t* location = L"6";
 };
 
 /// The types in the order of searches, filters and the New tab.

@@ -43,33 +43,33 @@ std::optional<std::wstring> pathForTools(const std::wstring& file) {
 
 void recoverMissingFile(Opening& opening, const controls::ItemKey& key, const DataEntry& entry) {
   const std::wstring question =
-      L"File does not exist: " + EncodePath(entry.folder) + EncodePath(entry.name) +
+      L"File does not exist: " + encodePath(entry.folder) + encodePath(entry.name) +
       L"\rIt may have been moved or deleted. Do you wish to locate the file yourself? ";
   if (dialogs::showMessage(question, dialogs::MessageStyle::yesNoWarning) == dialogs::Answer::yes) {
     // The dialog takes the question marks as wildcards and lists every name that matches.
-    opening.cmdBrowse.setTag(EncodePath(entry.name));
+    opening.cmdBrowse.setTag(encodePath(entry.name));
     opening.clickBrowse();
   } else if (controls::findAgain(opening.view.dataList, key)) {
     // The user was asked about a missing file. If the file exists again by now, it is not deleted.
-    modQMKGeneral::DropCatalogueEntry(entry.path());
+    modQMKGeneral::dropCatalogueEntry(entry.path());
     modQMKGeneral::LoadCatalogueView(opening.view);
   }
 }
 
 }  // namespace
 
-std::wstring EncodePath(std::wstring path) {
+std::wstring encodePath(std::wstring path) {
   std::replace(path.begin(), path.end(), L' ', L'?');
   return path;
 }
 
 void RunToolCommand(modQMKGeneral::CatalogueView& view, const ToolCommand& command) {
-  if (StartTool(command)) {
+  if (startTool(command)) {
     modQMKGeneral::LoadCatalogueView(view);
   }
 }
 
-void OpenSelectedDataFile(Opening& opening) {
+void openSelectedDataFile(Opening& opening) {
   const controls::ListView& list = opening.view.dataList;
   if (list.count() == 0) {
     return;
@@ -82,12 +82,12 @@ void OpenSelectedDataFile(Opening& opening) {
     recoverMissingFile(opening, modQMKGeneral::selectedKey(list), entry);
   } else if (type != nullptr) {
     if (const auto path = pathForTools(*file)) {
-      RunToolCommand(opening.view, {toolOf(*type), L" " + EncodePath(*path)});
+      RunToolCommand(opening.view, {toolOf(*type), L" " + encodePath(*path)});
     }
   }
 }
 
-void StartNewFile(Opening& opening) {
+void startNewFile(Opening& opening) {
   const controls::ListView& list = opening.view.newFiles;
   if (list.count() == 0) {
     return;
@@ -100,7 +100,7 @@ void StartNewFile(Opening& opening) {
   }
 }
 
-void BrowseForDataFile(Opening& opening) {
+void browseForDataFile(Opening& opening) {
   std::wstring path;
   const int failure = ChooseDataFile(opening.diaCommon, opening.cmdBrowse.tag(), path);
   opening.cmdBrowse.setTag(L"");
@@ -113,7 +113,7 @@ void BrowseForDataFile(Opening& opening) {
     dialogs::showMessage(L"The file can not be opened");
   } else if (const auto handed = pathForTools(path)) {
     RunToolCommand(opening.view,
-                   {toolOf(*type), std::wstring(type->browseSwitch) + EncodePath(*handed)});
+                   {toolOf(*type), std::wstring(type->browseSwitch) + encodePath(*handed)});
   }
 }
 

@@ -24,20 +24,20 @@ struct Opening {
 void RunToolCommand(modQMKGeneral::CatalogueView& view, const ToolCommand& command);
 
 /// The path in the form that a tool expects: never quoted, every blank replaced by a question mark.
-[[nodiscard]] std::wstring EncodePath(std::wstring path);
+[[nodiscard]] std::wstring encodePath(std::wstring path);
 
 /// Double-click on the Open tab: opens the selected data file in its tool. If the file is missing,
 /// offers to locate it, and drops its entry when the user declines. A file whose path the tools
 /// cannot read is not opened; a message names the characters that are the reason. Raises
 /// `error::badFileName` when the entry may mean several files.
-void OpenSelectedDataFile(Opening& opening);
+void openSelectedDataFile(Opening& opening);
 
 /// Double-click on the New tab: starts the tool of the selected item's type on a new file.
-void StartNewFile(Opening& opening);
+void startNewFile(Opening& opening);
 
 /// The browse button: the user chooses a data file, which is opened in its tool if the tool can
 /// read its path.
-void BrowseForDataFile(Opening& opening);
+void browseForDataFile(Opening& opening);
 
 /// Shows the open dialog with `preset` as the file name. Returns 0 when a file was chosen (`path`
 /// is then its full path), `error::cancelled` when the user cancelled (`path` is unchanged),

@@ -6,7 +6,7 @@
 
 namespace ModQMKgeneral2 {
 
-bool StartTool(const ToolCommand& command) {
+bool startTool(const ToolCommand& command) {
   const auto failure = platform::trapped(
       [&command] { platform::processes::start(command.executable, command.text()); });
   if (failure) {

@@ -16,6 +16,6 @@ struct ToolCommand {
 
 /// Starts a program in a normal, focused window without waiting for it. If it cannot be started,
 /// shows "Can't start application" and returns false. Reloading the lists is left to the caller.
-[[nodiscard]] bool StartTool(const ToolCommand& command);
+[[nodiscard]] bool startTool(const ToolCommand& command);
 
 }  // namespace ModQMKgeneral2

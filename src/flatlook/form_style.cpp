@@ -58,6 +58,6 @@ void SetButtonHot(controls::CoolButton& button) { colour(button, hotColours); }
 
 void SetButtonIdle(controls::CoolButton& button) { colour(button, idleColours); }
 
-void SetButtonIdleAfterClick(controls::CoolButton& button) { colour(button, idleColours); }
+void setButtonIdleAfterClick(controls::CoolButton& button) { colour(button, idleColours); }
 
 }  // namespace OC_COLOR

@@ -32,6 +32,6 @@ void SetButtonHot(controls::CoolButton& button);
 void SetButtonIdle(controls::CoolButton& button);
 /// Colours for a button that was clicked. The click opens a window on top of it, so there is no
 /// notification that the pointer leaves.
-void SetButtonIdleAfterClick(controls::CoolButton& button);
+void setButtonIdleAfterClick(controls::CoolButton& button);
 
 }  // namespace OC_COLOR

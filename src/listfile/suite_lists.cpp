@@ -5,9 +5,9 @@
 
 namespace modQMKGeneral {
 
-std::wstring TemporaryFile() { return AppFolder() + L"\\qmklist.tmp"; }
+std::wstring temporaryPath() { return AppFolder() + L"\\qmklist.tmp"; }
 
-void ShowListFileProblem(const std::wstring& sentence, const platform::RunTimeError& failure) {
+void showListFileProblem(const std::wstring& sentence, const platform::RunTimeError& failure) {
   platform::dialogs::showMessage(sentence + L"\r" + failure.numberAndDescription());
 }
 

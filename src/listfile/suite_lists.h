@@ -8,9 +8,9 @@
 namespace modQMKGeneral {
 
 /// Path of the temporary file that every rewrite of a list file uses.
-[[nodiscard]] std::wstring TemporaryFile();
+[[nodiscard]] std::wstring temporaryPath();
 
 /// Shows `sentence`, a line break, and the error's number and description.
-void ShowListFileProblem(const std::wstring& sentence, const platform::RunTimeError& failure);
+void showListFileProblem(const std::wstring& sentence, const platform::RunTimeError& failure);
 
 }  // namespace modQMKGeneral

@@ -103,7 +103,7 @@ void frmQMK::lstQMK_ColumnClick(int /*index*/, int column) {
 void frmQMK::mnuCreate_Click() {
   const std::wstring caption = currentCaption();
   if (caption == L"Tools") {
-    modSC::CreateShortcut(shortcuts);
+    modSC::createShortcut(shortcuts);
   } else if (caption == L"Web") {
     createWebShortcut();
   }
@@ -112,7 +112,7 @@ void frmQMK::mnuCreate_Click() {
 void frmQMK::mnuRename_Click() {
   const std::wstring caption = currentCaption();
   if (caption == L"Tools") {
-    modSC::RenameShortcut(shortcuts);
+    modSC::renameShortcut(shortcuts);
   } else if (caption == L"Open") {
     renameCatalogueEntry();
   } else if (caption == L"Web") {
@@ -123,7 +123,7 @@ void frmQMK::mnuRename_Click() {
 void frmQMK::mnuDelete_Click() {
   const std::wstring caption = currentCaption();
   if (caption == L"Tools") {
-    modSC::DeleteShortcut(shortcuts);
+    modSC::deleteShortcut(shortcuts);
   } else if (caption == L"Open") {
     deleteCatalogueEntry();
   } else if (caption == L"Web") {
@@ -208,16 +208,16 @@ void frmQMK::deleteWebShortcut() {
 void frmQMK::lstQMK_DblClick(int index) {
   switch (index) {
     case tools:
-      if (modSC::StartSelectedShortcut(shortcuts)) {
+      if (modSC::startSelectedShortcut(shortcuts)) {
         // A tool that starts may write the catalogue.
         modQMKGeneral::LoadCatalogueView(catalogue);
       }
       break;
     case open:
-      ModQMKgeneral2::OpenSelectedDataFile(opening);
+      ModQMKgeneral2::openSelectedDataFile(opening);
       break;
     case newFiles:
-      ModQMKgeneral2::StartNewFile(opening);
+      ModQMKgeneral2::startNewFile(opening);
       break;
     case web:
       if (lstQMK[web].count() > 0) {
@@ -255,15 +255,15 @@ void frmQMK::reloadList(int index) {
 }
 
 void frmQMK::cmdBrowse_Click() {
-  OC_COLOR::SetButtonIdleAfterClick(cmdBrowse);
-  ModQMKgeneral2::BrowseForDataFile(opening);
+  OC_COLOR::setButtonIdleAfterClick(cmdBrowse);
+  ModQMKgeneral2::browseForDataFile(opening);
 }
 
-void frmQMK::tmrFileUpdate_Timer() { modQMKGeneral::WatchCatalogue(catalogue); }
+void frmQMK::tmrFileUpdate_Timer() { modQMKGeneral::watchCatalogue(catalogue); }
 
 void frmQMK::mnuExit_Click() { unload(); }
 
-void frmQMK::mnuHelpContents_Click() { modQMKGeneral::ShowHelpContents(diaCommon); }
+void frmQMK::mnuHelpContents_Click() { modQMKGeneral::showHelpContents(diaCommon); }
 
 void frmQMK::mnuWeb_Click() {
   smodBrowser::OpenURL(configuration::homePage, smodBrowser::showCommand);

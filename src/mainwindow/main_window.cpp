@@ -130,7 +130,7 @@ void frmQMK::Form_Load() {
 }
 
 void frmQMK::SetupMainWindow() {
-  modQMKGeneral::EnsureFolder(modQMKGeneral::ShortCutsFolder);
+  modQMKGeneral::ensureFolder(modQMKGeneral::ShortCutsFolder);
 
   lstQMK[open].addColumn(L"Recently Used Files", 1500);
   lstQMK[open].addColumn(L"Last Modified", 2000);
@@ -190,6 +190,6 @@ void frmQMK::layout(platform::Size client, int dpi) {
   cmdBrowse.setBounds(places.browseButton);
   if (shortcuts.dpi != dpi) {
     shortcuts.dpi = dpi;
-    modSC::RedrawShortcutIcons(shortcuts);
+    modSC::redrawShortcutIcons(shortcuts);
   }
 }

@@ -97,7 +97,7 @@ void BrowseForProgram(controls::CommonDialog& dialog, int& errorNumber, std::wst
   }
 }
 
-void CreateShortcut(ShortcutList& shortcuts) {
+void createShortcut(ShortcutList& shortcuts) {
   int errorNumber = 0;
   std::wstring program;
   BrowseForProgram(shortcuts.diaCommon, errorNumber, program);
@@ -117,7 +117,7 @@ void CreateShortcut(ShortcutList& shortcuts) {
   LoadShortcutList(shortcuts);
 }
 
-void RenameShortcut(ShortcutList& shortcuts) {
+void renameShortcut(ShortcutList& shortcuts) {
   const auto selected =
       changeable(shortcuts, protectedFromRenaming, L"Sorry, you can't rename this shortcut");
   if (!selected) {
@@ -141,7 +141,7 @@ void RenameShortcut(ShortcutList& shortcuts) {
   LoadShortcutList(shortcuts);
 }
 
-void DeleteShortcut(ShortcutList& shortcuts) {
+void deleteShortcut(ShortcutList& shortcuts) {
   const auto selected =
       changeable(shortcuts, protectedFromDeleting, L"Sorry, you can't delete this shortcut");
   if (!selected) {
@@ -160,7 +160,7 @@ void DeleteShortcut(ShortcutList& shortcuts) {
     return;
   }
   // If the shortcut could not be deleted, the reload lists it again.
-  RemoveIgnoringErrors(doomed);
+  removeIgnoringErrors(doomed);
   LoadShortcutList(shortcuts);
 }
 

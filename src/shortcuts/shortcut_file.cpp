@@ -6,7 +6,7 @@
 
 namespace modSC {
 
-void RemoveIgnoringErrors(const std::wstring& path) {
+void removeIgnoringErrors(const std::wstring& path) {
   static_cast<void>(platform::trapped([&path] { platform::files::remove(path); }));
 }
 

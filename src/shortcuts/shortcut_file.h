@@ -19,6 +19,6 @@ void GetShortcutTarget(const std::wstring& linkPath, std::wstring& target);
 inline constexpr int startMaximised = 3;
 
 /// Deletes a file and ignores all errors.
-void RemoveIgnoringErrors(const std::wstring& path);
+void removeIgnoringErrors(const std::wstring& path);
 
 }  // namespace modSC

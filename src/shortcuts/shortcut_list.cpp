@@ -77,7 +77,7 @@ void LoadShortcutList(ShortcutList& shortcuts) {
   });
 }
 
-void RedrawShortcutIcons(ShortcutList& shortcuts) {
+void redrawShortcutIcons(ShortcutList& shortcuts) {
   if (shortcuts.list.count() == 0) {
     return;
   }
@@ -89,13 +89,13 @@ void RedrawShortcutIcons(ShortcutList& shortcuts) {
   attachImages(shortcuts);
 }
 
-bool StartSelectedShortcut(const ShortcutList& shortcuts) {
+bool startSelectedShortcut(const ShortcutList& shortcuts) {
   if (shortcuts.list.count() == 0) {
     return false;
   }
   const std::wstring target =
       shortcuts.list.subItem(shortcuts.list.selectedItem(), shortcut_column::target);
-  return ModQMKgeneral2::StartTool({target, L""});
+  return ModQMKgeneral2::startTool({target, L""});
 }
 
 }  // namespace modSC

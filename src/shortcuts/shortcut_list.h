@@ -36,11 +36,11 @@ struct ShortcutList {
 void LoadShortcutList(ShortcutList& shortcuts);
 
 /// Draws the icons of all listed shortcuts again, after `dpi` has changed.
-void RedrawShortcutIcons(ShortcutList& shortcuts);
+void redrawShortcutIcons(ShortcutList& shortcuts);
 
 /// Double-click on the Tools tab: starts the target of the selected shortcut, without the
 /// shortcut's arguments. Returns false when nothing was started.
-[[nodiscard]] bool StartSelectedShortcut(const ShortcutList& shortcuts);
+[[nodiscard]] bool startSelectedShortcut(const ShortcutList& shortcuts);
 
 /// Shows the open dialog for a program. On success `errorNumber` is 0 and `path` is the chosen
 /// file. Otherwise `errorNumber` is the number of the error (`error::cancelled` when the user
@@ -48,13 +48,13 @@ void RedrawShortcutIcons(ShortcutList& shortcuts);
 void BrowseForProgram(controls::CommonDialog& dialog, int& errorNumber, std::wstring& path);
 
 /// Create on the Tools tab: creates a shortcut to a program that the user chooses.
-void CreateShortcut(ShortcutList& shortcuts);
+void createShortcut(ShortcutList& shortcuts);
 
 /// Rename on the Tools tab. Raises `error::objectNotSet` without a selected item, and what the copy
 /// raises.
-void RenameShortcut(ShortcutList& shortcuts);
+void renameShortcut(ShortcutList& shortcuts);
 
 /// Delete on the Tools tab. Raises `error::objectNotSet` without a selected item.
-void DeleteShortcut(ShortcutList& shortcuts);
+void deleteShortcut(ShortcutList& shortcuts);
 
 }  // namespace modSC

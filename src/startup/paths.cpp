@@ -16,7 +16,7 @@ std::wstring ShortCutsFolder;
 
 std::wstring AppFolder() { return platform::application::folder(); }
 
-void EnsureFolder(const std::wstring& path) {
+void ensureFolder(const std::wstring& path) {
   if (!files::folderExists(path)) {
     files::makeFolder(path);
   }
@@ -29,9 +29,9 @@ void InitUserFolders() {
     documents.pop_back();
   }
   UserFolder = documents + L"\\My QMKExtra3";
-  EnsureFolder(UserFolder);
+  ensureFolder(UserFolder);
   ShortCutsFolder = UserFolder + L"\\ShortCuts";
-  EnsureFolder(ShortCutsFolder);
+  ensureFolder(ShortCutsFolder);
 }
 
 }  // namespace modQMKGeneral

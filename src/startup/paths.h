@@ -20,7 +20,7 @@ void InitUserFolders();
 
 /// Creates a folder unless a directory search finds one of that name. Raises
 /// `error::pathFileAccess` or `error::pathNotFound`.
-void EnsureFolder(const std::wstring& path);
+void ensureFolder(const std::wstring& path);
 
 }  // namespace modQMKGeneral
 

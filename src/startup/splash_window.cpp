@@ -79,8 +79,8 @@ void frmSplash::Form_Load() {
                                    platform::dialogs::MessageStyle::critical);
     application::end();
   }
-  modQMKGeneral::EnsureFolder(modQMKGeneral::ShortCutsFolder);
-  modQMKGeneral::EnsureFolder(modQMKGeneral::AppFolder() + L"\\PhotoImages");
+  modQMKGeneral::ensureFolder(modQMKGeneral::ShortCutsFolder);
+  modQMKGeneral::ensureFolder(modQMKGeneral::AppFolder() + L"\\PhotoImages");
   foldersReady_ = true;
   modSC::ProvisionToolShortcuts();
 

@@ -48,10 +48,10 @@ void removeObsoleteShortcuts(const Folders& folders) {
   // the tools from getting theirs.
   const std::wstring oldest = folders.shortcuts + L"\\PlotviewX.lnk";
   if (files::fileExists(oldest)) {
-    RemoveIgnoringErrors(oldest);
+    removeIgnoringErrors(oldest);
   }
-  RemoveIgnoringErrors(ShortCutsFolder + L"\\Plotview.lnk");
-  RemoveIgnoringErrors(ShortCutsFolder + L"\\Canopy Weigh.lnk");
+  removeIgnoringErrors(ShortCutsFolder + L"\\Plotview.lnk");
+  removeIgnoringErrors(ShortCutsFolder + L"\\Canopy Weigh.lnk");
 }
 
 void provision(const Tool& tool, const Folders& folders) {

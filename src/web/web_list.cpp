@@ -40,10 +40,10 @@ void fill(WebList& web) {
   web.list().clear();
   web.list().setImages(&web.largeImages, &web.smallImages);
   web.list().setView(controls::reportView);
-  if (!files::fileExists(WebListFile())) {
+  if (!files::fileExists(webListPath())) {
     return;
   }
-  const files::Contents contents = files::readWhole(WebListFile());
+  const files::Contents contents = files::readWhole(webListPath());
   Reader reader(contents.bytes);
   for (Record record; reader.next(record);) {
     if (record.has(0)) {
@@ -54,17 +54,17 @@ void fill(WebList& web) {
 
 }  // namespace
 
-std::wstring WebListFile() { return AppFolder() + L"\\QMKWebList.txt"; }
+std::wstring webListPath() { return AppFolder() + L"\\QMKWebList.txt"; }
 
 void LoadWebList(WebList& web) {
   const auto failure = trapped([&web] { web.list().rebuild(webEntry, [&web] { fill(web); }); });
   if (failure) {
-    ShowListFileProblem(L"Problem reading Web file list", *failure);
+    showListFileProblem(L"Problem reading Web file list", *failure);
   }
 }
 
 void AppendWebEntry(WebList& web, const std::wstring& name, const std::wstring& url) {
-  list_file::rewrite(WebListFile(), TemporaryFile(), Missing::isEmpty, [&](std::string bytes) {
+  list_file::rewrite(webListPath(), temporaryPath(), Missing::isEmpty, [&](std::string bytes) {
     list_file::append(bytes, recordOf(name, url));
     return bytes;
   });
@@ -87,17 +87,17 @@ bool SaveWebList(WebList& web, const std::wstring& name, const std::wstring& url
   });
   const auto failure = trapped([&web, &list] {
     // The file gets the contents of the list, whatever the file contains.
-    list_file::overwrite(WebListFile(), TemporaryFile(), recordsOf(list));
+    list_file::overwrite(webListPath(), temporaryPath(), recordsOf(list));
     LoadWebList(web);
   });
   if (failure) {
-    ShowListFileProblem(L"Problem saving to QMK list", *failure);
+    showListFileProblem(L"Problem saving to QMK list", *failure);
   }
   return true;
 }
 
 void DeleteWebEntry(WebList& web, const std::wstring& name) {
-  list_file::rewrite(WebListFile(), TemporaryFile(), Missing::isError, [&](std::string old) {
+  list_file::rewrite(webListPath(), temporaryPath(), Missing::isError, [&](std::string old) {
     return list_file::filtered(std::move(old), [&name](const Record& record) {
       return !record.has(0) || record.text(0) != name;
     });

@@ -26,7 +26,7 @@ struct WebList {
   [[nodiscard]] controls::ListView& list() const { return lists[3]; }
 };
 
-[[nodiscard]] std::wstring WebListFile();
+[[nodiscard]] std::wstring webListPath();
 
 /// Refills the Web tab's list from the file; a missing file gives an empty list. Errors are trapped
 /// and shown as "Problem reading Web file list"; the items read so far stay.

@@ -78,7 +78,7 @@ void open(Lists& lists, const std::wstring& type, const std::wstring& path) {
   const std::wstring code = upper(type);
   const bool known = code == L"FP3" || code == L"CW3" || code == L"BI3" || code == L"BS3";
   theDesktop().answers = {Answer::yes};
-  platform::dispatch([&lists] { ModQMKgeneral2::OpenSelectedDataFile(lists.opening); });
+  platform::dispatch([&lists] { ModQMKgeneral2::openSelectedDataFile(lists.opening); });
   require(there || theDesktop().starts.empty(), "no tool is started on a file that is gone");
   require(there == lists.cmdBrowse.tag().empty() || path.substr(behind).empty() ||
               !theDesktop().errorReports.empty(),
@@ -93,7 +93,7 @@ void open(Lists& lists, const std::wstring& type, const std::wstring& path) {
 
 void browse(Lists& lists, const std::wstring& path) {
   theDesktop().fileDialogResults = {path};
-  platform::dispatch([&lists] { ModQMKgeneral2::BrowseForDataFile(lists.opening); });
+  platform::dispatch([&lists] { ModQMKgeneral2::browseForDataFile(lists.opening); });
   const bool shortName = !path.empty() && path.size() < 4;
   require(theDesktop().errorReports.size() == (shortName ? 1 : 0), "only a short name is refused");
   require(theDesktop().starts.size() + theDesktop().messages.size() == 1,

@@ -115,7 +115,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
       break;
     case 'C':
       theDesktop().fileDialogResults = {target};
-      platform::dispatch([&lists] { modSC::CreateShortcut(lists.shortcuts); });
+      platform::dispatch([&lists] { modSC::createShortcut(lists.shortcuts); });
       require(linkFiles().size() <= count + 1, "creating makes at most one shortcut");
       require(theDesktop().errorReports.size() + theDesktop().linkWrites.size() == 1,
               "creating writes a shortcut or tells why not");
@@ -123,7 +123,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     case 'R':
       selectFile(lists, name);
       theDesktop().inputAnswers = {typed};
-      platform::dispatch([&lists] { modSC::RenameShortcut(lists.shortcuts); });
+      platform::dispatch([&lists] { modSC::renameShortcut(lists.shortcuts); });
       require(theDesktop().has(inFolder(name)) ||
                   theDesktop().bytesOf(L"C:\\App\\shortcuts\\" + typed + L".lnk") == old,
               "a shortcut that is renamed is in the one place or in the other");
@@ -131,14 +131,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     case 'D':
       selectFile(lists, name);
       theDesktop().answers = {platform::dialogs::Answer::yes};
-      platform::dispatch([&lists] { modSC::DeleteShortcut(lists.shortcuts); });
+      platform::dispatch([&lists] { modSC::deleteShortcut(lists.shortcuts); });
       require(linkFiles().size() + 1 >= count, "deleting takes at most one shortcut away");
       require(theDesktop().errorReports.empty(), "deleting raises nothing");
       break;
     default:
       selectFile(lists, name);
       bool started = false;
-      platform::dispatch([&] { started = modSC::StartSelectedShortcut(lists.shortcuts); });
+      platform::dispatch([&] { started = modSC::startSelectedShortcut(lists.shortcuts); });
       require(started != theDesktop().starts.empty(), "it knows whether one was started");
       require(theDesktop().starts.size() <= 1, "a double-click starts one program");
       for (const auto& start : theDesktop().starts) {

@@ -112,7 +112,7 @@ TEST_F(CatalogueAdd, LeavesTheReloadToTheWatch) {
   modQMKGeneral::LoadCatalogueView(view);
   AddOrUpdateCatalogueEntry(L"D:\\New.cw3", L"CW3");
   EXPECT_EQ(list.count(), 0U);
-  modQMKGeneral::WatchCatalogue(view);
+  modQMKGeneral::watchCatalogue(view);
   EXPECT_EQ(rows(), Texts{L"New.cw3"});
 }
 

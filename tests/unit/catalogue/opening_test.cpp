@@ -9,7 +9,7 @@ namespace {
 
 using memory::desktop;
 using memory::Start;
-using ModQMKgeneral2::EncodePath;
+using ModQMKgeneral2::encodePath;
 using ModQMKgeneral2::RunToolCommand;
 using platform::dialogs::Answer;
 using platform::dialogs::MessageStyle;
@@ -36,10 +36,10 @@ class Opening : public unit::CatalogueTest {
 };
 
 TEST(EncodePath, ReplacesEveryBlankByAQuestionMarkAndQuotesNothing) {
-  EXPECT_EQ(EncodePath(L"C:\\My Data\\plot 1.fp3"), L"C:\\My?Data\\plot?1.fp3");
-  EXPECT_EQ(EncodePath(L"  "), L"??");
-  EXPECT_EQ(EncodePath(L""), L"");
-  EXPECT_EQ(EncodePath(L"C:\\a,\t\u00A0b.fp3"), L"C:\\a,\t\u00A0b.fp3");
+  EXPECT_EQ(encodePath(L"C:\\My Data\\plot 1.fp3"), L"C:\\My?Data\\plot?1.fp3");
+  EXPECT_EQ(encodePath(L"  "), L"??");
+  EXPECT_EQ(encodePath(L""), L"");
+  EXPECT_EQ(encodePath(L"C:\\a,\t\u00A0b.fp3"), L"C:\\a,\t\u00A0b.fp3");
 }
 
 TEST_F(Opening, TheDataTabGivesEachToolTheFileAndNothingElse) {

@@ -173,7 +173,7 @@ TEST(ButtonColoursTest, TheFourColoursFollowThePointer) {
   SetButtonIdle(button);
   EXPECT_EQ(colours(), idle);
   SetButtonHot(button);
-  SetButtonIdleAfterClick(button);
+  setButtonIdleAfterClick(button);
   EXPECT_EQ(colours(), idle);
 }
 

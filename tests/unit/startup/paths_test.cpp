@@ -14,7 +14,7 @@ namespace {
 
 using memory::desktop;
 using modQMKGeneral::AppFolder;
-using modQMKGeneral::EnsureFolder;
+using modQMKGeneral::ensureFolder;
 using modQMKGeneral::InitUserFolders;
 using modQMKGeneral::ShortCutsFolder;
 using modQMKGeneral::UserFolder;
@@ -114,17 +114,17 @@ TEST_F(PathsTest, ADocumentsFolderInADrivesRootGivesNoDoubledBackslash) {
 }
 
 TEST_F(PathsTest, AVanishedFolderIsMadeAgainAndAnExistingOneIsLeftAlone) {
-  EnsureFolder(L"C:\\App\\PhotoImages");
-  EnsureFolder(L"C:\\App\\PhotoImages");
+  ensureFolder(L"C:\\App\\PhotoImages");
+  ensureFolder(L"C:\\App\\PhotoImages");
   EXPECT_EQ(linesBeginning(L"make folder"), 1U);
 
   desktop().take(L"C:\\App\\PhotoImages");
-  EnsureFolder(L"C:\\App\\PhotoImages");
+  ensureFolder(L"C:\\App\\PhotoImages");
   EXPECT_EQ(linesBeginning(L"make folder"), 2U);
 }
 
 TEST_F(PathsTest, FoldersAreMadeOneLevelAtATime) {
-  EXPECT_EQ(errorNumberOf([] { EnsureFolder(L"C:\\App\\one\\two"); }), 76);
+  EXPECT_EQ(errorNumberOf([] { ensureFolder(L"C:\\App\\one\\two"); }), 76);
   EXPECT_FALSE(desktop().has(L"C:\\App\\one"));
 }
 

@@ -25,8 +25,8 @@ void require(bool held) {
 }
 
 void putCatalogue(std::size_t records) {
-  desktop::desktop().reset();
-  desktop::desktop().putFile(modQMKGeneral::cataloguePath(), catalogueText(records));
+  memory::desktop().reset();
+  memory::desktop().putFile(modQMKGeneral::cataloguePath(), catalogueText(records));
 }
 
 std::shared_ptr<CatalogueLists> loadedView(std::size_t records) {

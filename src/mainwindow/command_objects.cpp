@@ -52,7 +52,7 @@ CommandObjects::CommandObjects(frmQMK& form, controls::Toolbar& toolbar, const C
   }
 }
 
-const CommandObjects::Object& CommandObjects::find(int id) const {
+CommandObjects::Object& CommandObjects::find(int id) {
   const auto found = std::find_if(objects_.begin(), objects_.end(),
                                   [id](const Object& object) { return object.command.id == id; });
   if (found == objects_.end()) {
@@ -61,7 +61,7 @@ const CommandObjects::Object& CommandObjects::find(int id) const {
   return *found;
 }
 
-std::vector<const CommandObjects::Object*> CommandObjects::buttons() const {
+std::vector<const CommandObjects::Object*> CommandObjects::buttons() {
   std::vector<const Object*> objects;
   for (const int id : table_.toolbar) {
     if (id != 0) {
@@ -71,7 +71,7 @@ std::vector<const CommandObjects::Object*> CommandObjects::buttons() const {
   return objects;
 }
 
-controls::MenuItem& CommandObjects::item(int id) { return const_cast<Object&>(find(id)).item; }
+controls::MenuItem& CommandObjects::item(int id) { return find(id).item; }
 
 controls::MenuItem& CommandObjects::menu(Menu which) {
   return menus_.at(static_cast<std::size_t>(which));
@@ -81,7 +81,7 @@ const controls::MenuItem& CommandObjects::contextMenu(int tab) const {
   return contextMenus_.at(static_cast<std::size_t>(tab));
 }
 
-void CommandObjects::addPictures(controls::ImageList& images) const {
+void CommandObjects::addPictures(controls::ImageList& images) {
   for (const Object* const object : buttons()) {
     images.addResource(object->command.button.image, object->command.button.resource);
   }

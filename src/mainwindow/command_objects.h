@@ -28,7 +28,7 @@ class CommandObjects {
   [[nodiscard]] const controls::MenuItem& contextMenu(int tab) const;
 
   /// Adds the pictures of all buttons to a list.
-  void addPictures(controls::ImageList& images) const;
+  void addPictures(controls::ImageList& images);
   /// Adds the buttons to the toolbar, bare.
   void addButtons();
   /// Gives the buttons their pictures, and then their captions.
@@ -58,9 +58,9 @@ class CommandObjects {
     bool allowed;  // by the tab in front
   };
 
-  [[nodiscard]] const Object& find(int id) const;
+  Object& find(int id);
   /// The commands of the toolbar in its order.
-  [[nodiscard]] std::vector<const Object*> buttons() const;
+  [[nodiscard]] std::vector<const Object*> buttons();
   void showEnabled(Object& object);
 
   frmQMK& form_;

@@ -281,4 +281,32 @@ TEST_F(OtherCommands, AnUnknownIdIsAnError) {
   }
 }
 
+// --- what a window is told of ---
+
+class ToldWindow : public controls::Window {
+ public:
+  ToldWindow() : Window(L"frmTold", controls::WindowKind::frame) {}
+  int openings = 0;
+
+ protected:
+  void Form_MenuOpening() override {
+    ++openings;
+    throw platform::RunTimeError(platform::error::pathFileAccess);
+  }
+};
+
+class ToldWindowTest : public memory::DesktopTest {};
+
+TEST_F(ToldWindowTest, IsToldOfAMenuAboutToOpenAndItsErrorsAreReported) {
+  ToldWindow window;
+  window.fireMenuOpening();
+  EXPECT_EQ(window.openings, 1);
+  EXPECT_EQ(desktop().errorReports, std::vector<int>{75});
+}
+
+TEST_F(ToldWindowTest, TakesNoKeysUnlessItSaysSo) {
+  ToldWindow window;
+  EXPECT_FALSE(window.fireKeyDown({keys::f1}));
+}
+
 }  // namespace

@@ -58,6 +58,20 @@ std::wstring GetSpecialFolder(int folderId) {
 }  // namespace smodFolders
 
 namespace SmodMisc {
+namespace {
+
+/// Length of the part of a path that no folder lists: the drive, or the server and its share.
+/// `npos` for a network path without a share.
+std::size_t rootLength(const std::wstring& path) {
+  constexpr std::size_t prefix = 2;  // "C:" or the two backslashes of a network path
+  if (!path.starts_with(L"\\\\")) {
+    return prefix;
+  }
+  const std::size_t server = path.find(L'\\', prefix);
+  return server == std::wstring::npos ? server : path.find(L'\\', server + 1);
+}
+
+}  // namespace
 
 std::wstring CanonicalPath(const std::wstring& path) {
   if (path.empty()) {
@@ -68,10 +82,13 @@ std::wstring CanonicalPath(const std::wstring& path) {
     scanned.pop_back();
   }
   scanned += L'\\';
-  constexpr std::size_t behindDrive = 3;
+  const std::size_t root = rootLength(scanned);
+  if (root == std::wstring::npos) {
+    return L"";
+  }
   constexpr unsigned everything = files::hidden | files::system | files::directory;
   std::wstring found;
-  for (std::size_t separator = scanned.find(L'\\', behindDrive); separator != std::wstring::npos;
+  for (std::size_t separator = scanned.find(L'\\', root + 1); separator != std::wstring::npos;
        separator = scanned.find(L'\\', separator + 1)) {
     const std::wstring name = files::findFirst(scanned.substr(0, separator), everything);
     if (name.empty()) {
@@ -79,7 +96,7 @@ std::wstring CanonicalPath(const std::wstring& path) {
     }
     found += L'\\' + name;
   }
-  return scanned.substr(0, 2) + found;
+  return scanned.substr(0, root) + found;
 }
 
 void SplitPath(const std::wstring& path, std::wstring& name, std::wstring& folder) {

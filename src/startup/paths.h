@@ -35,7 +35,8 @@ namespace SmodMisc {
 
 /// The path with every component spelled as on the disk (long name, letter case) and without a
 /// trailing backslash; "" when it is empty or a component does not exist. The first two characters
-/// are taken as the drive, so network paths are not supported.
+/// are taken as the drive and stay as they are, as do the server and the share of a network path
+/// (companies redirect the documents folder to one); a network path without a share gives "".
 [[nodiscard]] std::wstring CanonicalPath(const std::wstring& path);
 
 /// Splits at the last backslash: `name` is the part after it, `folder` the part up to and including

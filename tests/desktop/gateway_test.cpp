@@ -8,10 +8,10 @@ void GatewayTest::expectNoMessageLeft() const {
   }
 }
 
-void GatewayTest::useFolder(const std::wstring& name) {
+void GatewayTest::useFolder(const std::wstring& name, GatewayApp::Documents documents) {
   expectNoMessageLeft();
   app.reset();  // the old profile must be restored first
-  app = std::make_unique<GatewayApp>(name);
+  app = std::make_unique<GatewayApp>(name, documents);
 }
 
 void GatewayTest::TearDown() {

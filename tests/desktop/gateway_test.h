@@ -48,7 +48,8 @@ inline const std::vector<int> yesAndNo{IDYES, IDNO};
 class GatewayTest : public ::testing::Test {
  protected:
   /// Replaces the application folder by a fresh one of another name.
-  void useFolder(const std::wstring& name);
+  void useFolder(const std::wstring& name,
+                 GatewayApp::Documents documents = GatewayApp::Documents::local);
   void TearDown() override;
   /// For tests that end while the program is still busy. An open message box fails even these.
   void endedOnPurpose() { endedOnPurpose_ = true; }

@@ -10,7 +10,10 @@ namespace harness {
 namespace {
 
 /// The form of a path that has no limit of length.
-std::wstring unlimited(const std::wstring& path) { return L"\\\\?\\" + path; }
+std::wstring unlimited(const std::wstring& path) {
+  const bool network = path.starts_with(L"\\\\");
+  return network ? L"\\\\?\\UNC\\" + path.substr(2) : L"\\\\?\\" + path;
+}
 
 class File {
  public:
@@ -70,6 +73,10 @@ TestFolder::TestFolder() {
 }
 
 TestFolder::~TestFolder() { removeTree(path_); }
+
+std::wstring networkPath(const std::wstring& path) {
+  return L"\\\\localhost\\" + path.substr(0, 1) + L"$" + path.substr(2);
+}
 
 void makeFolder(const std::wstring& path) {
   if (isFolder(path)) {

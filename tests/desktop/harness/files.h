@@ -24,6 +24,10 @@ class TestFolder {
   std::wstring path_;
 };
 
+/// The name by which a path of a local drive can be reached over the network: the share that the
+/// system makes of each drive. (tools/wine-env makes the one of drive C for Wine.)
+[[nodiscard]] std::wstring networkPath(const std::wstring& path);
+
 /// Creates a folder and its parents.
 void makeFolder(const std::wstring& path);
 [[nodiscard]] bool exists(const std::wstring& path);

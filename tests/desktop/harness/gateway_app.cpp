@@ -25,9 +25,12 @@ HWND required(HWND window, const char* what) {
 
 }  // namespace
 
-GatewayApp::GatewayApp(const std::wstring& folderName)
-    : folder_(root_.path() + L"\\" + folderName), profile_(root_.path() + L"\\Documents") {
-  makeFolder(documents());
+GatewayApp::GatewayApp(const std::wstring& folderName, Documents documents)
+    : folder_(root_.path() + L"\\" + folderName),
+      documents_((documents == Documents::onShare ? networkPath(root_.path()) : root_.path()) +
+                 L"\\Documents"),
+      profile_(documents_) {
+  makeFolder(documents_);
   makeFolder(folder_ + L"\\data");
   copyFile(gatewayExecutable(), folder_ + L"\\gateway3.exe");
   // Tools record their start and end at once; a test that needs a tool to stay open changes this.

@@ -35,8 +35,13 @@ enum Tab { tools = 0, open = 1, newFile = 2, web = 3 };
 class GatewayApp {
  public:
   /// Creates an application folder of that name with the program in it, an empty documents folder
+  /// How the documents folder is named: by the drive's letter, or as part of a share. (Wine gives a
+  /// program on a share a false path of itself, so the application folder is always local.)
+  enum class Documents { local, onShare };
+
   /// and empty settings.
-  explicit GatewayApp(const std::wstring& folderName = L"Suite");
+  explicit GatewayApp(const std::wstring& folderName = L"Suite",
+                      Documents documents = Documents::local);
   GatewayApp(const GatewayApp&) = delete;
   GatewayApp& operator=(const GatewayApp&) = delete;
   ~GatewayApp();
@@ -47,7 +52,7 @@ class GatewayApp {
   [[nodiscard]] const std::wstring& folder() const { return folder_; }
   /// Folder of the test, which contains the application folder.
   [[nodiscard]] const std::wstring& testFolder() const { return root_.path(); }
-  [[nodiscard]] std::wstring documents() const { return root_.path() + L"\\Documents"; }
+  [[nodiscard]] const std::wstring& documents() const { return documents_; }
   [[nodiscard]] std::wstring userFolder() const { return documents() + L"\\My QMKExtra3"; }
   [[nodiscard]] std::wstring shortCutsFolder() const { return userFolder() + L"\\ShortCuts"; }
   [[nodiscard]] std::wstring cataloguePath() const { return folder_ + L"\\QMKFileList3.txt"; }
@@ -132,6 +137,7 @@ class GatewayApp {
   TestFolder root_;
   std::wstring folder_;
   TestProfile profile_;
+  std::wstring documents_;
   Job job_;
   std::unique_ptr<Process> process_;
   HWND main_ = nullptr;

@@ -205,9 +205,31 @@ TEST_F(CanonicalPathTest, AnyMissingComponentGivesNothing) {
   EXPECT_EQ(CanonicalPath(L"C:\\App\\Missing\\"), L"");
 }
 
-TEST_F(CanonicalPathTest, ANetworkPathIsNotSupported) {
+TEST_F(CanonicalPathTest, ServerAndShareOfANetworkPathStayAsTheyWereWritten) {
+  desktop().putFolder(L"\\\\server\\share\\App\\Inner");
+  EXPECT_EQ(CanonicalPath(L"\\\\Server\\SHARE\\app\\INNER"), L"\\\\Server\\SHARE\\App\\Inner");
+  EXPECT_EQ(CanonicalPath(L"\\\\server\\share\\app\\"), L"\\\\server\\share\\App");
+  EXPECT_EQ(CanonicalPath(L"\\\\server\\share\\"), L"\\\\server\\share");
+  EXPECT_EQ(CanonicalPath(L"\\\\server\\share"), L"\\\\server\\share");
+}
+
+TEST_F(CanonicalPathTest, ANetworkPathWithoutAShareOrWithAMissingComponentGivesNothing) {
   desktop().putFolder(L"\\\\server\\share\\App");
-  EXPECT_NE(CanonicalPath(L"\\\\server\\share\\App"), L"\\\\server\\share\\App");
+  for (const wchar_t* const path : {L"\\\\server\\share\\Missing", L"\\\\server\\other\\App",
+                                    L"\\\\server\\", L"\\\\server", L"\\\\"}) {
+    EXPECT_EQ(CanonicalPath(path), L"") << ::testing::PrintToString(path);
+  }
+}
+
+TEST_F(PathsTest, DocumentsOnANetworkPathHaveTheirUserFolderThere) {
+  desktop().putFolder(L"\\\\server\\home\\ann");
+  desktop().documents = L"\\\\server\\home\\ann";
+
+  InitUserFolders();
+
+  EXPECT_EQ(ShortCutsFolder, L"\\\\server\\home\\ann\\My QMKExtra3\\ShortCuts");
+  EXPECT_TRUE(desktop().has(ShortCutsFolder));
+  EXPECT_EQ(CanonicalPath(ShortCutsFolder), ShortCutsFolder);
 }
 
 // --- splitting ---

@@ -69,6 +69,23 @@ class ProvisioningTest : public memory::DesktopTest {
 
 // --- a fresh install ---
 
+TEST_F(ProvisioningTest, ProgramsAndDocumentsOnANetworkPathGetTheirShortcutsToo) {
+  desktop().putProgram(L"\\\\server\\suite\\App\\plv3.exe");
+  desktop().putFolder(L"\\\\server\\home\\ann");
+  desktop().applicationFolder = L"\\\\server\\suite\\App";
+  desktop().documents = L"\\\\server\\home\\ann";
+  modQMKGeneral::InitUserFolders();
+
+  ProvisionToolShortcuts();
+
+  EXPECT_EQ(shortcuts(), (Names{L"Plotview Browser.lnk"}));
+  const auto link =
+      desktop().linkAt(L"\\\\server\\home\\ann\\My QMKExtra3\\ShortCuts\\Plotview Browser.lnk");
+  ASSERT_TRUE(link);
+  EXPECT_EQ(link->targetPath, L"\\\\server\\suite\\App\\plv3.exe");
+  EXPECT_EQ(link->workingDirectory, L"\\\\server\\suite\\App");
+}
+
 TEST_F(ProvisioningTest, AFreshInstallGetsSixShortcutsInTheOrderOfTheTable) {
   installAll();
   ProvisionToolShortcuts();

@@ -37,6 +37,17 @@ std::optional<std::wstring> nativePath(const std::wstring& path) {
   return LR"(\\?\)" + full;
 }
 
+std::wstring ordinaryPath(std::wstring path) {
+  constexpr std::wstring_view extended = LR"(\\?\)";
+  constexpr std::wstring_view extendedShare = LR"(\\?\UNC\)";
+  if (beginsWith(path, extendedShare)) return LR"(\\)" + path.substr(extendedShare.size());
+  const std::size_t colon = extended.size() + 1;
+  if (beginsWith(path, extended) && path.size() > colon && path[colon] == L':') {
+    path.erase(0, extended.size());
+  }
+  return path;
+}
+
 std::wstring requiredPath(const std::wstring& path) {
   std::optional<std::wstring> native = nativePath(path);
   if (!native) raiseAbout(path, error::badFileName);

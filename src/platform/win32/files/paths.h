@@ -16,6 +16,10 @@ namespace platform::win32 {
 /// The same, but raises `error::badFileName` instead of returning nothing.
 [[nodiscard]] std::wstring requiredPath(const std::wstring& path);
 
+/// The path without the prefix of the extended form, which must not appear in texts and file names:
+/// "\\\\?\\C:\\App" gives "C:\\App", "\\\\?\\UNC\\server\\share" gives "\\\\server\\share".
+[[nodiscard]] std::wstring ordinaryPath(std::wstring path);
+
 /// Whether a function that reads text up to its first NUL would cut it off.
 [[nodiscard]] inline bool hasEmbeddedNul(const std::wstring& text) {
   return text.find(L'\0') != std::wstring::npos;

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <vector>
 
+#include "platform/win32/files/paths.h"
 #include "platform/win32/handles.h"
 #include "platform/win32/shell/script_link.h"
 #include "platform/win32/system/application_start.h"
@@ -88,12 +89,7 @@ std::wstring executablePath() {
 }  // namespace
 
 std::wstring folder() {
-  std::wstring path = executablePath();
-  // The extended form of a path must not appear in texts and file names.
-  constexpr std::wstring_view extended = LR"(\\?\)";
-  if (path.starts_with(extended) && path.substr(extended.size() + 1, 1) == L":") {
-    path.erase(0, extended.size());
-  }
+  const std::wstring path = win32::ordinaryPath(executablePath());
   return path.substr(0, path.find_last_of(L'\\'));
 }
 

@@ -21,9 +21,7 @@ void frmQMK::restorePlace() {
     return;
   }
   // The screens may have been rearranged, or changed their dpi, since then.
-  placement->normal = mainwindow::broughtOntoScreen(
-      mainwindow::scaledAboutCentre(placement->normal, placement->dpi, peer()->placement().dpi),
-      platform::screens::workAreas());
+  placement->normal = mainwindow::placeToday(*placement, platform::screens::all());
   peer()->place(*placement);
 }
 

@@ -102,6 +102,22 @@ Rect broughtOntoScreen(const Rect& rect, const std::vector<Rect>& workAreas) {
   return placed;
 }
 
+Rect placeToday(const Placement& remembered,
+                const std::vector<platform::screens::Screen>& screens) {
+  const Rect& rect = remembered.normal;
+  const auto screen =
+      std::max_element(screens.begin(), screens.end(), [&rect](const auto& a, const auto& b) {
+        return sharedArea(rect, a.workArea) < sharedArea(rect, b.workArea);
+      });
+  if (screen == screens.end()) {
+    return rect;
+  }
+  // Only that screen: a window that is wider in its density must not slip onto the next one, where
+  // it would be scaled once more.
+  return broughtOntoScreen(scaledAboutCentre(rect, remembered.dpi, screen->dpi),
+                           {screen->workArea});
+}
+
 std::wstring columnWidthsText(const ListView& list) {
   std::wstring text;
   for (const ListView::Column& column : list.columns()) {

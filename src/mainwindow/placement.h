@@ -9,6 +9,7 @@
 #include "platform/controls/list_view.h"
 #include "platform/controls/window.h"
 #include "platform/geometry.h"
+#include "platform/screens.h"
 
 namespace mainwindow {
 
@@ -27,6 +28,12 @@ namespace mainwindow {
 /// area: the one with which it shares the largest area, or the first one.
 [[nodiscard]] platform::Rect broughtOntoScreen(const platform::Rect& rect,
                                                const std::vector<platform::Rect>& workAreas);
+
+/// Where a remembered window goes on the screens of today: onto the screen that it was on, or else
+/// the first one, with its size in the density of that screen. Without a screen it stays where it
+/// was. Raises `error::overflow` when a coordinate does not fit.
+[[nodiscard]] platform::Rect placeToday(const controls::Placement& remembered,
+                                        const std::vector<platform::screens::Screen>& screens);
 
 /// Widths of a list's columns in twips, separated by blanks.
 [[nodiscard]] std::wstring columnWidthsText(const controls::ListView& list);

@@ -7,8 +7,13 @@
 
 namespace platform::screens {
 
-/// Work areas of all screens (without task bars), in pixels of the virtual screen, the primary
-/// screen's first. There is always at least one.
-[[nodiscard]] std::vector<Rect> workAreas();
+struct Screen {
+  Rect workArea;        ///< Without task bars, in pixels of the virtual screen.
+  int dpi = designDpi;  ///< Dots per inch of this screen; those of the others may differ.
+  bool operator==(const Screen&) const = default;
+};
+
+/// All screens, the primary one first. There is always at least one.
+[[nodiscard]] std::vector<Screen> all();
 
 }  // namespace platform::screens

@@ -36,6 +36,15 @@ void checkPlacement(const std::wstring& text, int dpi) {
                       [&placed](const Rect& area) { return lies(placed, area); }),
           "a window is brought back onto a screen");
   require(mainwindow::broughtOntoScreen(placed, areas) == placed, "and then stays there");
+  const std::vector<platform::screens::Screen> screens{{.workArea = areas[0], .dpi = dpi},
+                                                       {.workArea = areas[1], .dpi = 192}};
+  const Rect today = mainwindow::placeToday(*placement, screens);
+  const auto on = std::find_if(screens.begin(), screens.end(), [&today](const auto& screen) {
+    return lies(today, screen.workArea);
+  });
+  require(on != screens.end(), "a window comes back onto one of the screens");
+  require(mainwindow::placeToday({.normal = today, .dpi = on->dpi}, screens) == today,
+          "and has the same size at the next start");
 }
 
 void checkWidths(const std::wstring& text) {

@@ -99,7 +99,9 @@ void Desktop::reset() {
   version = {3, 0, 0};
   copyright = L"Copyright \u00A9 2026 Quillmark";
   previousInstance = false;
-  workAreas = {{0, 0, 1280, 984}};
+  elevated.clear();
+  elevatedStarts.clear();
+  screens = {{.workArea = {0, 0, 1280, 984}, .dpi = platform::designDpi}};
   onPump = nullptr;
   pumps = 0;
   settings_.clear();

@@ -26,6 +26,7 @@
 #include "platform/record.h"
 #include "platform/registry.h"
 #include "platform/shell_links.h"
+#include "platform/screens.h"
 #include "platform/virtual_clock.h"
 
 namespace memory {
@@ -255,8 +256,8 @@ class Desktop {
 
   // --- windows ---
 
-  /// Work areas of the screens, the primary screen's first.
-  std::vector<platform::Rect> workAreas;
+  /// The screens, the primary one first.
+  std::vector<platform::screens::Screen> screens;
   /// Dots per inch of the screen on which windows appear.
   int dpi = platform::designDpi;
   /// Windows that have a native window, the oldest first.

@@ -227,6 +227,6 @@ int textHeight(const std::wstring& text, const Font& font, int width, int dpi) {
 
 namespace platform::screens {
 
-std::vector<Rect> workAreas() { return memory::desktop().workAreas; }
+std::vector<Screen> all() { return memory::desktop().screens; }
 
 }  // namespace platform::screens

@@ -26,6 +26,19 @@ int dpiOf(HWND window) {
   return systemDpi();
 }
 
+int dpiOfScreen(HMONITOR screen) {
+  // A window that is not on the screen yet cannot tell: until it is moved it has the density of the
+  // primary screen.
+  using Call = HRESULT WINAPI(HMONITOR, int, UINT*, UINT*);
+  static Call* const call = systemFunction<Call>(L"shcore.dll", "GetDpiForMonitor");
+  constexpr int effective = 0;
+  UINT across = 0;
+  UINT down = 0;
+  return call != nullptr && SUCCEEDED(call(screen, effective, &across, &down)) && down != 0
+             ? static_cast<int>(down)
+             : systemDpi();
+}
+
 NONCLIENTMETRICSW nonClientMetrics(int dpi) {
   using Call = BOOL WINAPI(UINT, UINT, void*, UINT, UINT);
   static Call* const call = systemFunction<Call>(L"user32.dll", "SystemParametersInfoForDpi");

@@ -9,6 +9,10 @@ namespace platform::win32 {
 /// Dots per inch at which `window` is shown.
 [[nodiscard]] int dpiOf(HWND window);
 
+/// Dots per inch of a screen; those of the primary one for a null handle, and where the system
+/// gives all screens the same.
+[[nodiscard]] int dpiOfScreen(HMONITOR screen);
+
 /// The system's metrics and fonts of title bars and menus, at `dpi`.
 [[nodiscard]] NONCLIENTMETRICSW nonClientMetrics(int dpi);
 

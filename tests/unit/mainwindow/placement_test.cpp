@@ -131,6 +131,42 @@ TEST(Placement, WithoutAnyScreenStaysWhereItIs) {
   EXPECT_EQ(broughtOntoScreen({1, 2, 3, 4}, {}), (Rect{1, 2, 3, 4}));
 }
 
+const std::vector<platform::screens::Screen> mixedScreens{
+    {.workArea = {0, 0, 1280, 984}, .dpi = 96}, {.workArea = {1280, 0, 3840, 2100}, .dpi = 192}};
+
+Rect today(const Rect& normal, int dpi) {
+  return mainwindow::placeToday({.normal = normal, .dpi = dpi}, mixedScreens);
+}
+
+TEST(Placement, TakesTheDensityOfItsScreenAndNotOfThePrimaryOne) {
+  EXPECT_EQ(today({1400, 100, 1600, 1200}, 192), (Rect{1400, 100, 1600, 1200}));
+  EXPECT_EQ(today({1500, 200, 800, 600}, 96), (Rect{1280, 0, 1600, 1200}))
+      << "the screen has become a denser one since then";
+  EXPECT_EQ(today({100, 100, 800, 600}, 96), (Rect{100, 100, 800, 600}));
+  EXPECT_EQ(today({200, 100, 800, 600}, 192), (Rect{400, 250, 400, 300}));
+}
+
+TEST(Placement, NeitherGrowsNorShrinksFromStartToStart) {
+  for (const Rect& first : {Rect{1400, 100, 1600, 1200}, Rect{900, 100, 800, 600},
+                            Rect{1279, 0, 3000, 2000}, Rect{-500, -500, 700, 500}}) {
+    for (const int dpi : {96, 192}) {
+      const Rect once = today(first, dpi);
+      const int there = once.left < 1280 ? 96 : 192;
+      EXPECT_EQ(today(once, there), once);
+    }
+  }
+}
+
+TEST(Placement, WiderInADenserScreenItStaysOnThatScreen) {
+  EXPECT_EQ(today({1290, 100, 900, 600}, 96), (Rect{1280, 0, 1800, 1200}));
+  EXPECT_EQ(today({4000, 1900, 1000, 700}, 96), (Rect{3120, 700, 2000, 1400}));
+}
+
+TEST(Placement, OnNoScreenOfTodayGoesToTheFirstAndTakesItsDensity) {
+  EXPECT_EQ(today({9000, 9000, 1000, 800}, 192), (Rect{780, 584, 500, 400}));
+  EXPECT_EQ(mainwindow::placeToday({.normal = {1, 2, 3, 4}, .dpi = 192}, {}), (Rect{1, 2, 3, 4}));
+}
+
 class RememberedWindow : public memory::DesktopTest {
  protected:
   static std::unique_ptr<frmQMK> hidden() {
@@ -192,10 +228,17 @@ TEST_F(RememberedWindow, IsNotRememberedWhenItNeverHadAPlace) {
 }
 
 TEST_F(RememberedWindow, IsScaledToTheDensityOfTheScreen) {
-  desktop().dpi = 192;
+  desktop().screens.front().dpi = 192;
   desktop().setSetting(L"General", L"Placement", L"300 200 500 300 96 0");
   const auto window = made();
   EXPECT_EQ(window->peer()->placement().normal, (Rect{50, 50, 1000, 600}));
+}
+
+TEST_F(RememberedWindow, OnASecondScreenKeepsItsSizeThere) {
+  desktop().screens = mixedScreens;
+  desktop().setSetting(L"General", L"Placement", L"1400 100 1600 1200 192 0");
+  const auto window = made();
+  EXPECT_EQ(window->peer()->placement().normal, (Rect{1400, 100, 1600, 1200}));
 }
 
 TEST_F(RememberedWindow, OffScreenIsBroughtBack) {

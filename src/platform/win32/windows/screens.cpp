@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include "platform/win32/dpi.h"
 #include "platform/win32/monitors.h"
 #include "platform/win32/parameters.h"
 
@@ -9,25 +10,26 @@ namespace platform::screens {
 namespace {
 
 // A named function: on 32-bit Windows a lambda does not have the calling convention of a callback.
-BOOL CALLBACK addWorkArea(HMONITOR monitor, HDC /*dc*/, RECT* /*bounds*/, LPARAM found) {
-  auto& list = *win32::pointerFrom<std::vector<Rect>>(found);
+BOOL CALLBACK addScreen(HMONITOR monitor, HDC /*dc*/, RECT* /*bounds*/, LPARAM found) {
+  auto& list = *win32::pointerFrom<std::vector<Screen>>(found);
   const MONITORINFO facts = win32::monitorFacts(monitor);
   const bool primary = (facts.dwFlags & MONITORINFOF_PRIMARY) != 0;
-  list.insert(primary ? list.begin() : list.end(), win32::rectOf(facts.rcWork));
+  list.insert(primary ? list.begin() : list.end(),
+              {.workArea = win32::rectOf(facts.rcWork), .dpi = win32::dpiOfScreen(monitor)});
   return TRUE;
 }
 
 }  // namespace
 
-std::vector<Rect> workAreas() {
-  std::vector<Rect> areas;
-  EnumDisplayMonitors(nullptr, nullptr, addWorkArea, win32::parameterFrom(&areas));
-  if (areas.empty()) {
+std::vector<Screen> all() {
+  std::vector<Screen> screens;
+  EnumDisplayMonitors(nullptr, nullptr, addScreen, win32::parameterFrom(&screens));
+  if (screens.empty()) {
     RECT area{};
     SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
-    areas.push_back(win32::rectOf(area));
+    screens.push_back({.workArea = win32::rectOf(area), .dpi = win32::dpiOfScreen(nullptr)});
   }
-  return areas;
+  return screens;
 }
 
 }  // namespace platform::screens

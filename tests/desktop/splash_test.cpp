@@ -1,4 +1,6 @@
 // The splash window: its look, and the three ways in which it closes.
+#include <utility>
+
 #include "gateway_test.h"
 
 namespace desktop_tests {
@@ -163,6 +165,72 @@ TEST_F(Splash, ASecondClickNeitherSpeedsNorRestartsTheFade) {
   click();
   expectOneFade(watchFade(), 120);
   EXPECT_GE(untilMain(clicked), fadeMs - clockSlackMs);
+}
+
+class SplashAmongOthers : public GatewayTest {};
+
+/// A window of another program that notes whether it was ever the active one.
+class OtherProgram {
+ public:
+  OtherProgram() {
+    WNDCLASSW windowClass{};
+    windowClass.lpfnWndProc = note;
+    windowClass.hInstance = GetModuleHandleW(nullptr);
+    windowClass.lpszClassName = L"OtherProgram";
+    RegisterClassW(&windowClass);
+    activated() = false;
+    window_ = CreateWindowExW(0, L"OtherProgram", L"Other program", WS_OVERLAPPEDWINDOW, 0, 0, 300,
+                              200, nullptr, nullptr, windowClass.hInstance, nullptr);
+    ShowWindow(window_, SW_SHOW);
+    harness::waitUntil("the other program is in front", [this] {
+      static_cast<void>(hasBeenActivated());
+      return GetForegroundWindow() == window_;
+    });
+  }
+  OtherProgram(const OtherProgram&) = delete;
+  OtherProgram& operator=(const OtherProgram&) = delete;
+  ~OtherProgram() { DestroyWindow(window_); }
+
+  /// Whether it has been active since the last question.
+  [[nodiscard]] static bool hasBeenActivated() {
+    MSG message{};
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) {
+      DispatchMessageW(&message);
+    }
+    return std::exchange(activated(), false);
+  }
+
+ private:
+  static bool& activated() {
+    static bool value = false;
+    return value;
+  }
+  static LRESULT CALLBACK note(HWND window, UINT message, WPARAM first, LPARAM second) {
+    if (message == WM_ACTIVATE && LOWORD(first) != WA_INACTIVE) {
+      activated() = true;
+    }
+    return DefWindowProcW(window, message, first, second);
+  }
+  HWND window_;
+};
+
+TEST_F(SplashAmongOthers, LeavesItsPlaceInFrontOfThemToTheMainWindow) {
+  GatewayApp::skipExample();
+  const OtherProgram other;
+  app->start();
+  HWND const splash = app->waitForSplash();
+  ASSERT_TRUE(eventually([] { return GetForegroundWindow(); }, splash));
+  static_cast<void>(OtherProgram::hasBeenActivated());
+  bool wentToOther = false;
+  HWND main = nullptr;
+  harness::waitUntil("the main window is shown", [&] {
+    main = harness::visibleWindow(app->processId(), L"frmQMK");
+    wentToOther = OtherProgram::hasBeenActivated() || wentToOther;
+    return main != nullptr;
+  });
+  EXPECT_TRUE(eventually([] { return GetForegroundWindow(); }, main));
+  EXPECT_FALSE(OtherProgram::hasBeenActivated() || wentToOther);
+  app->waitForMain();
 }
 
 }  // namespace

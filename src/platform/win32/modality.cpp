@@ -41,7 +41,10 @@ bool canOwn(HWND window) {
 }  // namespace
 
 HWND dialogOwner() {
-  if (HWND active = GetActiveWindow(); active != nullptr) return active;
+  // The main window may be the active one before it is shown.
+  if (HWND active = GetActiveWindow(); active != nullptr && IsWindowVisible(active) != 0) {
+    return active;
+  }
   for (HWND window : enabledWindows()) {
     if (canOwn(window)) return window;
   }

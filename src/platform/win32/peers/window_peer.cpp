@@ -40,7 +40,19 @@ void WindowPeer::detach() {
   }
   window.attach(nullptr);
   if (handle_) {
+    keepForeground();
     ShowWindow(this->window(), SW_HIDE);
+  }
+}
+
+void WindowPeer::keepForeground() const {
+  // When the splash goes, the frame is not shown yet. The system would make a window of another
+  // program the foremost one, and refuse to give that place to the frame afterwards.
+  if (kind_ != WindowKind::bare || GetForegroundWindow() != window()) {
+    return;
+  }
+  if (const WindowPeer* const frame = framePeer(); frame != nullptr) {
+    SetForegroundWindow(frame->window());
   }
 }
 

@@ -112,6 +112,8 @@ class WindowPeer final : public controls::WindowPeer {
 
   // window_peer.cpp
   void layout();
+  /// Before the splash goes: leaves the place in front of other programs to the frame.
+  void keepForeground() const;
   void refreshFonts();
 
   // window_messages.cpp

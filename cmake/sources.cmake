@@ -3,6 +3,8 @@
 set(platform_sources
   src/platform/code_page.cpp
   src/platform/dispatcher.cpp
+  src/platform/error_report.cpp
+  src/platform/processes.cpp
   src/platform/run_time_error.cpp
   src/platform/subclass.cpp
   src/platform/controls/bars.cpp

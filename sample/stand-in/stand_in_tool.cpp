@@ -3,8 +3,9 @@
 // names. It opens nothing: it writes down how it was started, and shows it.
 //
 // Log: "standin.log" beside the exe, or in the temporary folder where that one cannot be written.
-// One line in UTF-8 for each start: raw command line, tab, working folder, tab, show state. The
-// show state is the number that the starter asked for, or "default" when it asked for none.
+// One line in UTF-8 for each start: raw command line, tab, working folder, tab, show state, tab,
+// error mode. The show state is the number that the starter asked for, or "default" when it asked
+// for none; the error mode is the number with which the process begins.
 //
 // The window goes away when a file "standin.quit" appears in the log's folder, or after the number
 // of milliseconds in the environment variable QMK_STANDIN_MS; 0 there means that no window is
@@ -32,6 +33,7 @@ struct Start {
   std::wstring commandLine;
   std::wstring workingFolder;
   std::wstring showState;
+  std::wstring errorMode;
 };
 
 std::wstring quitFile;  // the window procedure looks for it
@@ -53,6 +55,7 @@ Start received() {
   GetStartupInfoW(&info);
   start.showState = (info.dwFlags & STARTF_USESHOWWINDOW) != 0 ? std::to_wstring(info.wShowWindow)
                                                                : std::wstring(L"default");
+  start.errorMode = std::to_wstring(GetErrorMode());
   return start;
 }
 
@@ -82,8 +85,9 @@ bool append(const std::wstring& path, const std::string& line) {
 
 /// Writes the line; the result is the folder of the log, with its trailing backslash.
 std::wstring writeLog(const std::wstring& exeFolder, const Start& start) {
-  const std::string line =
-      utf8(start.commandLine + L"\t" + start.workingFolder + L"\t" + start.showState) + "\n";
+  const std::string line = utf8(start.commandLine + L"\t" + start.workingFolder + L"\t" +
+                                start.showState + L"\t" + start.errorMode) +
+                           "\n";
   if (append(exeFolder + L"standin.log", line)) {
     return exeFolder;
   }

@@ -2,6 +2,7 @@
 #include <set>
 #include <tuple>
 
+#include "harness/paths.h"
 #include "shortcut_test.h"
 
 namespace desktop_tests {
@@ -31,6 +32,7 @@ class ToolsList : public ShortcutTest {
     const ToolStart start = app->waitForToolStart(count);
     EXPECT_EQ(start.commandLine, commandLine);
     EXPECT_EQ(start.showState, L"1") << "a normal window";
+    EXPECT_EQ(start.errorMode, L"0") << "the system's default, not the program's own";
   }
 };
 
@@ -55,6 +57,20 @@ TEST_F(ToolsList, ShowsTheNameUpToItsFirstDotAndKeepsTheFile) {
     images.insert(list().image(row));
   }
   EXPECT_EQ(images.size(), 4U) << "two shortcuts share a picture";
+}
+
+TEST_F(ToolsList, ShowsTheIconOfAProgramOnAShareSoonAfterTheList) {
+  const std::wstring program = app->testFolder() + L"\\own.exe";
+  harness::copyFile(harness::standInExecutable(), program);
+  addLink(L"Far.lnk", harness::networkPath(program));
+  addLink(L"Dead.lnk", LR"(\\nowhere\share\dead.exe)");
+  app->startToMain();
+  ASSERT_TRUE(eventually([&] { return list().count(); }, 2));
+  select(L"Far");
+  select(L"Dead");
+  EXPECT_TRUE(eventually([&] { return coloursOfIcon(L"Far"); }, Gt(3U)));
+  select(L"Far");
+  EXPECT_TRUE(eventually([&] { return coloursOfIcon(L"Dead"); }, 1U));
 }
 
 TEST_F(ToolsList, ShowsTheIconOfAProgramAndABlankOneWithoutAny) {

@@ -213,7 +213,7 @@ std::vector<int> errorsOf(const std::wstring& call) {
       {L"replace ", {53, 75, 70, 57}},
       {L"show ", {7}},
       {L"open file dialog", {32755, 20477, 7}},
-      {L"start ", {53, 5, 70, 75, 57}},
+      {L"start ", {53, 5, 70, 75, 57}},  // "start elevated " too
       {L"link ", {429, 70, 75, 76, 61, 57}},
       {L"setting ", {75}},
   };

@@ -158,7 +158,8 @@ class Desktop {
   /// "replace P -> Q" (with " (changed)" when it was refused), "setting S\K = V", "link P", "start
   /// E", "browse A", "classic help F", "compiled help F", "message T", "error N", "input P", "open
   /// file dialog", "create W", "show W", "activate W", "menu M at X Y", "destroy W", "modal W",
-  /// "run W", "tick T", "pump", "end". Calls that only look are not in it; a call that failed is,
+  /// "run W", "tick T", "pump", "end", "start elevated E", "close help", "wait of W: T",
+  /// "wait of W is over". Calls that only look are not in it; a call that failed is,
   /// with " failed N" behind it.
   [[nodiscard]] const std::vector<std::wstring>& journal() const { return journal_; }
   /// Whether the journal has that line.
@@ -215,6 +216,10 @@ class Desktop {
   std::vector<LinkWrite> linkWrites;
   /// Number of the error that every write of a shortcut raises.
   std::optional<int> linkFailure;
+  /// Programs that run with an administrator's rights only, and whether the user gives them.
+  std::map<std::wstring, bool> elevated;
+  /// Programs that the shell started with these rights; the command line without the program.
+  std::vector<Start> elevatedStarts;
   std::intptr_t browserResult = 42;
   std::vector<Browse> browsed;
   std::vector<Help> helpShown;

@@ -70,7 +70,8 @@ std::wstring openFile(const OpenFileRequest& request) {
 
 namespace processes {
 
-void start(const std::wstring& executable, const std::wstring& commandLine) {
+Started startAsIs(const std::wstring& executable, const std::wstring& commandLine) {
+  Started result = Started::yes;
   desktop().call(
       L"start " + executable,
       [&] {
@@ -88,9 +89,34 @@ void start(const std::wstring& executable, const std::wstring& commandLine) {
       executable);
 }
 
+        if (desktop().elevated.contains(executable)) {
+          result = Started::needsElevation;
+          desktop().amend(L" (needs elevation)");
+          return;
+        }
 }  // namespace processes
 
 namespace shell_links {
+  return result;
+}
+
+bool startElevated(const std::wstring& executable, const std::wstring& arguments) {
+  bool agreed = false;
+  desktop().call(
+      L"start elevated " + executable,
+      [&] {
+        const auto known = desktop().elevated.find(executable);
+        if (known == desktop().elevated.end()) {
+          desktop().mistake("A program is started elevated that does not need it");
+          return;
+        }
+        agreed = known->second;
+        if (agreed) {
+          desktop().elevatedStarts.push_back({executable, arguments});
+        }
+      },
+      executable);
+  return agreed;
 
 void write(const std::wstring& linkPath, const Link& link) {
   desktop().call(

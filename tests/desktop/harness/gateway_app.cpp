@@ -208,8 +208,9 @@ std::vector<ToolStart> GatewayApp::toolStarts() const {
     const std::wstring line = text.substr(begin, end - begin);
     const std::size_t first = line.find(L'\t');
     const std::size_t second = line.find(L'\t', first + 1);
+    const std::size_t third = line.find(L'\t', second + 1);
     starts.push_back({line.substr(0, first), line.substr(first + 1, second - first - 1),
-                      line.substr(second + 1)});
+                      line.substr(second + 1, third - second - 1), line.substr(third + 1)});
   }
   return starts;
 }

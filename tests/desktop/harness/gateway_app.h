@@ -27,6 +27,7 @@ struct ToolStart {
   std::wstring commandLine;
   std::wstring workingFolder;
   std::wstring showState;
+  std::wstring errorMode;
 };
 
 /// Index of a tab and of its list.
@@ -34,11 +35,11 @@ enum Tab { tools = 0, open = 1, newFile = 2, web = 3 };
 
 class GatewayApp {
  public:
-  /// Creates an application folder of that name with the program in it, an empty documents folder
   /// How the documents folder is named: by the drive's letter, or as part of a share. (Wine gives a
   /// program on a share a false path of itself, so the application folder is always local.)
   enum class Documents { local, onShare };
 
+  /// Creates an application folder of that name with the program in it, an empty documents folder
   /// and empty settings.
   explicit GatewayApp(const std::wstring& folderName = L"Suite",
                       Documents documents = Documents::local);
@@ -136,8 +137,8 @@ class GatewayApp {
                                    DWORD process) const;
   TestFolder root_;
   std::wstring folder_;
-  TestProfile profile_;
   std::wstring documents_;
+  TestProfile profile_;
   Job job_;
   std::unique_ptr<Process> process_;
   HWND main_ = nullptr;

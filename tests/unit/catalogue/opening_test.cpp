@@ -42,6 +42,23 @@ TEST(EncodePath, ReplacesEveryBlankByAQuestionMarkAndQuotesNothing) {
   EXPECT_EQ(encodePath(L"C:\\a,\t\u00A0b.fp3"), L"C:\\a,\t\u00A0b.fp3");
 }
 
+TEST_F(Opening, AToolThatNeedsAnAdministratorGetsTheSameFile) {
+  desktop().elevated[L"C:\\App\\plv3.exe"] = true;
+  putData(L"a b.fp3");
+  listOne("FP3", "C:\\App\\data\\a b.fp3");
+  doubleClick(frmQMK::open);
+  EXPECT_EQ(desktop().elevatedStarts, (Starts{{L"C:\\App\\plv3.exe", L"C:\\App\\data\\a?b.fp3"}}));
+}
+
+TEST_F(Opening, AUserWhoRefusesTheRightsOfAnAdministratorIsToldThatTheToolCannotBeStarted) {
+  desktop().elevated[L"C:\\App\\plv3.exe"] = false;
+  putData(L"a.fp3");
+  listOne("FP3", "C:\\App\\data\\a.fp3");
+  doubleClick(frmQMK::open);
+  EXPECT_EQ(messages(), Texts{L"Can't start application\r5-Invalid procedure call or argument\r"
+                              L"Path: C:\\App\\plv3.exe C:\\App\\data\\a.fp3"});
+}
+
 TEST_F(Opening, TheDataTabGivesEachToolTheFileAndNothingElse) {
   struct Case {
     const char* type;

@@ -84,7 +84,8 @@ set(win32_common_sources
   src/platform/win32/dpi.cpp
   src/platform/win32/errors.cpp
   src/platform/win32/fonts.cpp
-  src/platform/win32/modality.cpp)
+  src/platform/win32/modality.cpp
+  src/platform/win32/system_library.cpp)
 set(win32_files_sources
   src/platform/win32/files/draft.cpp
   src/platform/win32/files/file_contents.cpp
@@ -113,6 +114,7 @@ set(win32_system_sources
 set(win32_peers_sources
   src/platform/win32/peers/button_peer.cpp
   src/platform/win32/peers/control_peers.cpp
+  src/platform/win32/system/stack_guard.cpp
   src/platform/win32/peers/cool_button_peer.cpp
   src/platform/win32/peers/focus_keeper.cpp
   src/platform/win32/peers/image_peer.cpp

@@ -2,13 +2,15 @@
 #include <windows.h>
 
 #include "platform/win32/system/application_start.h"
+#include "platform/win32/system_library.h"
 #include "startup/startup.h"
 
 int WINAPI wWinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, PWSTR /*commandLine*/,
                     int /*showCommand*/) {
-  // Must be the first call: libraries are loaded from the system's folder only, never from the
-  // current folder, which a shortcut or a document may have set.
-  SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
+  // Must be the first calls. A shortcut may name a card reader without a card: that is an answer,
+  // and no reason for the system to put up a box of its own.
+  SetErrorMode(SEM_FAILCRITICALERRORS);
+  platform::win32::searchSystemFolderOnly();
   const platform::win32::ApplicationStart ready;
   return modSystem::Main();
 }

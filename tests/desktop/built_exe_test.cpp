@@ -76,6 +76,25 @@ class BuiltExe : public ::testing::Test {
     return names;
   }
 
+  /// Names of all imported functions.
+  [[nodiscard]] std::vector<std::string> importedFunctions() const {
+    std::vector<std::string> names;
+    std::size_t offset = offsetOf(
+        headers_.OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT].VirtualAddress);
+    for (auto entry = read<IMAGE_IMPORT_DESCRIPTOR>(offset); entry.Name != 0;
+         entry = read<IMAGE_IMPORT_DESCRIPTOR>(offset += sizeof(IMAGE_IMPORT_DESCRIPTOR))) {
+      std::size_t place = offsetOf(entry.OriginalFirstThunk);
+      for (auto thunk = read<IMAGE_THUNK_DATA>(place); thunk.u1.AddressOfData != 0;
+           thunk = read<IMAGE_THUNK_DATA>(place += sizeof(IMAGE_THUNK_DATA))) {
+        if (!IMAGE_SNAP_BY_ORDINAL(thunk.u1.Ordinal)) {
+          names.emplace_back(bytes_.c_str() + offsetOf(static_cast<DWORD>(thunk.u1.AddressOfData)) +
+                             offsetof(IMAGE_IMPORT_BY_NAME, Name));
+        }
+      }
+    }
+    return names;
+  }
+
   [[nodiscard]] std::string resource(WORD type, WORD id) const {
     HRSRC const found = FindResourceW(module_, MAKEINTRESOURCEW(id), MAKEINTRESOURCEW(type));
     if (found == nullptr) {
@@ -147,6 +166,27 @@ TEST_F(BuiltExe, ImportsOnlyLibrariesOfWindows) {
   EXPECT_GE(imported.size(), 3U);
   for (const std::string& name : imported) {
     EXPECT_THAT(windowsOwn, ::testing::Contains(name));
+  }
+}
+
+TEST_F(BuiltExe, ImportsNoFunctionThatAnOldWindowsLacks) {
+  const std::vector<std::string> imported = importedFunctions();
+  EXPECT_THAT(imported, ::testing::Contains("CreateFileW"));
+  for (const char* const name :
+       {"SetDefaultDllDirectories", "GetDpiForWindow", "GetDpiForMonitor", "GetSystemMetricsForDpi",
+        "SystemParametersInfoForDpi", "AdjustWindowRectExForDpi", "SetDialogDpiChangeBehavior"}) {
+    EXPECT_THAT(imported, ::testing::Not(::testing::Contains(name)));
+  }
+}
+
+// The system's random numbers come from libraries that it loads by their bare names, and the
+// stack protector asks for a random number before the program can restrict where they are searched.
+TEST_F(BuiltExe, ImportsNothingThatLoadsLibrariesByTheirBareNames) {
+  for (const std::string& name : importedFunctions()) {
+    for (const char* const beginning :
+         {"CryptAcquireContext", "CryptGenRandom", "SystemFunction036", "BCrypt"}) {
+      EXPECT_THAT(name, ::testing::Not(::testing::StartsWith(beginning)));
+    }
   }
 }
 

@@ -165,12 +165,13 @@ TEST_F(Security, NoPlantedLibraryIsLoaded) {
   ASSERT_GT(names.size(), 10U);
   EXPECT_EQ(app_.close(), 0U);
   // Libraries that the program or the system might search for.
-  names.insert({L"version.dll",       L"uxtheme.dll",       L"dwmapi.dll",    L"hhctrl.ocx",
-                L"propsys.dll",       L"comctl32.dll",      L"cryptbase.dll", L"profapi.dll",
-                L"netapi32.dll",      L"mpr.dll",           L"wshom.ocx",     L"scrrun.dll",
-                L"apphelp.dll",       L"ntmarta.dll",       L"edputil.dll",   L"urlmon.dll",
-                L"wininet.dll",       L"mscoree.dll",       L"shdocvw.dll",   L"browseui.dll",
-                L"explorerframe.dll", L"windowscodecs.dll", L"linkinfo.dll",  L"winspool.drv"});
+  names.insert({L"version.dll", L"uxtheme.dll", L"dwmapi.dll", L"hhctrl.ocx", L"propsys.dll",
+                L"comctl32.dll", L"cryptbase.dll", L"profapi.dll", L"netapi32.dll", L"mpr.dll",
+                L"wshom.ocx", L"scrrun.dll", L"apphelp.dll", L"ntmarta.dll", L"edputil.dll",
+                L"urlmon.dll", L"wininet.dll", L"mscoree.dll", L"shdocvw.dll", L"browseui.dll",
+                L"explorerframe.dll", L"windowscodecs.dll", L"linkinfo.dll", L"winspool.drv",
+                // What the system loads for whoever asks it for random numbers.
+                L"cryptsp.dll", L"rsaenh.dll", L"bcrypt.dll", L"bcryptprimitives.dll"});
   std::erase_if(names, [](const std::wstring& name) { return neverLookedFor().contains(name); });
   int planted = 0;
   const std::wstring log = app_.testFolder() + L"\\planted.log";

@@ -44,4 +44,26 @@ template <class Attempt>
   return result;
 }
 
+/// Calls `attempt`, which returns a Windows error code, again and again for about a second while
+/// somebody else is busy with the file. A program that synchronises or scans a folder opens what
+/// changes there, and some deny access (5) instead of sharing (32). A name whose file is being
+/// deleted but still open somewhere is denied, too, until that is closed. Refusals that last, like
+/// the protection of a read-only file, are to be checked before.
+template <class Attempt>
+[[nodiscard]] DWORD whileBusy(Attempt attempt) {
+  /// Missing from the compiler's headers.
+  constexpr DWORD deletePending = 303;
+  constexpr DWORD patienceMilliseconds = 1000;
+  constexpr DWORD pauseMilliseconds = 20;
+  const DWORD begin = GetTickCount();
+  DWORD result = attempt();
+  while ((result == ERROR_SHARING_VIOLATION || result == ERROR_LOCK_VIOLATION ||
+          result == ERROR_ACCESS_DENIED || result == deletePending) &&
+         GetTickCount() - begin < patienceMilliseconds) {
+    Sleep(pauseMilliseconds);
+    result = attempt();
+  }
+  return result;
+}
+
 }  // namespace platform::win32

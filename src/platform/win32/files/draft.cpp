@@ -33,6 +33,17 @@ bool isAlreadyThere(DWORD error) {
 /// What a draft can neither be nor replace: a file that must not be written to, and a folder.
 constexpr DWORD protectedKinds = FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY;
 
+/// Whether a name belongs to a file that was deleted but is still open somewhere. It is listed
+/// until it is closed, and nothing else about it can be asked.
+bool isBeingDeleted(const std::wstring& native) {
+  if (GetFileAttributesW(native.c_str()) != INVALID_FILE_ATTRIBUTES ||
+      GetLastError() != ERROR_ACCESS_DENIED) {
+    return false;
+  }
+  WIN32_FIND_DATAW found{};
+  return static_cast<bool>(win32::FindHandle(FindFirstFileW(native.c_str(), &found)));
+}
+
 /// Creates the file, replacing a stale one that nobody has open.
 DWORD createAnew(const std::wstring& native, FileHandle& file) {
   const auto create = [&] {
@@ -45,11 +56,16 @@ DWORD createAnew(const std::wstring& native, FileHandle& file) {
   if (isAlreadyThere(result)) {
     win32::refuseProtected(GetFileAttributesW(native.c_str()), protectedKinds);
     const DWORD removal = outcome(DeleteFileW(native.c_str()));
-    if (removal != ERROR_SUCCESS && removal != ERROR_FILE_NOT_FOUND) return removal;
+    if (removal != ERROR_SUCCESS && removal != ERROR_FILE_NOT_FOUND) {
+      return removal == ERROR_ACCESS_DENIED && isBeingDeleted(native) ? ERROR_SHARING_VIOLATION
+                                                                      : removal;
+    }
     result = create();
   }
-  // Another program was faster and is using the file now.
-  return isAlreadyThere(result) ? ERROR_SHARING_VIOLATION : result;
+  // Another program was faster and is using the file now, or still has the one of the last time.
+  return isAlreadyThere(result) || (result == ERROR_ACCESS_DENIED && isBeingDeleted(native))
+             ? ERROR_SHARING_VIOLATION
+             : result;
 }
 
 /// Renames the open file.
@@ -135,7 +151,7 @@ void Draft::State::create() {
 
 void Draft::State::createFile() {
   // Longer than for other files, because the wait is for a whole rewrite of a list.
-  constexpr DWORD patienceMilliseconds = 500;
+  constexpr DWORD patienceMilliseconds = 1000;
   constexpr DWORD longestPauseMilliseconds = 8;
   const DWORD begin = GetTickCount();
   DWORD result = createAnew(native, file);

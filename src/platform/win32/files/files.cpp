@@ -183,7 +183,8 @@ void remove(const std::wstring& path) {
   concerning(path, [&path] {
     const std::wstring native = requiredPath(path);
     win32::refuseProtected(existingAttributes(native));
-    const DWORD result = whileShared([&native] { return outcome(DeleteFileW(native.c_str())); });
+    const DWORD result =
+        win32::whileBusy([&native] { return outcome(DeleteFileW(native.c_str())); });
     if (result != ERROR_SUCCESS) raise(result, {{ERROR_PATH_NOT_FOUND, error::fileNotFound}});
   });
 }

@@ -36,11 +36,16 @@ bool isGarbled(const std::wstring& target) { return target.find(L'?') != std::ws
 void writeFile(const std::wstring& linkPath, const Link& link) {
   win32::refuseProtected(GetFileAttributesW(win32::requiredPath(linkPath).c_str()));
   if (scriptingKeeps(linkPath, link) && win32::script_link::write(linkPath, link)) return;
-  bool created = false;
-  const HRESULT result = win32::link_object::write(linkPath, link, created);
-  if (SUCCEEDED(result)) return;
-  if (!created) throw RunTimeError(error::cannotCreateObject);
-  win32::raise(win32::systemErrorOf(result), {{ERROR_FILE_NOT_FOUND, error::pathNotFound}});
+  // The scripting object does not tell why it failed, so only this way is tried again.
+  const DWORD result = win32::whileBusy([&] {
+    bool created = false;
+    const HRESULT saved = win32::link_object::write(linkPath, link, created);
+    if (!created) throw RunTimeError(error::cannotCreateObject);
+    return SUCCEEDED(saved) ? ERROR_SUCCESS : win32::systemErrorOf(saved);
+  });
+  if (result != ERROR_SUCCESS) {
+    win32::raise(result, {{ERROR_FILE_NOT_FOUND, error::pathNotFound}});
+  }
 }
 
 }  // namespace

@@ -56,6 +56,10 @@ struct Entry {
 /// `error::badFileName` (no file can have that name), `error::diskFull`.
 [[nodiscard]] std::wstring shortNameOfNew(const std::wstring& path);
 
+/// Whether files can be made in a folder: false only if the system refuses it. A file is made there
+/// for a moment and is gone again before the call returns.
+[[nodiscard]] bool mayWriteTo(const std::wstring& folder);
+
 /// Whether a normal file (not hidden, not system) of that path is found.
 [[nodiscard]] bool fileExists(const std::wstring& path);
 

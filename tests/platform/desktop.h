@@ -140,6 +140,8 @@ class Desktop {
   void lock(const std::wstring& path);
   void unlock(const std::wstring& path);
   /// Gives a file or folder the short name that is the last component of `shortPath`.
+  /// Lets nothing be made, changed or deleted in a folder.
+  void protect(const std::wstring& folder) { disk_->setProtected(folder, true); }
   void alias(const std::wstring& shortPath, const std::wstring& longPath);
   /// Makes the volume of a drive ("C:") one that has short names: from now on everything on it
   /// whose name is not in 8.3 form has a short name ("___SUI~1"). Without this, only `alias`

@@ -75,6 +75,13 @@ FileSystem::Node& FileSystem::Node::add(const std::wstring& newName) {
   return *children.back();
 }
 
+FileSystem::Node& FileSystem::Node::make(const std::wstring& newName) {
+  if (isProtected) {
+    throw platform::RunTimeError(platform::error::pathFileAccess);
+  }
+  return add(newName);
+}
+
 void FileSystem::Node::adopt(std::unique_ptr<Node> node) {
   node->parent = this;
   children.push_back(std::move(node));
@@ -104,7 +111,7 @@ bool FileSystem::Node::matches(const std::wstring& pattern) const {
 }
 
 void FileSystem::Node::refuseDeletion() const {
-  if (folder || readOnly) {
+  if (folder || readOnly || parent->isProtected) {
     throw platform::RunTimeError(platform::error::pathFileAccess);
   }
   if (locked) {

@@ -20,6 +20,7 @@ struct FileSystem::Node {
   bool hidden = false;
   bool system = false;
   bool locked = false;
+  bool isProtected = false;  ///< A folder in which nothing may be made, changed or deleted.
   std::string bytes;
   platform::files::FileTime modified = 0;
   bool givesShortNames = false;  ///< For the root of a drive.
@@ -33,6 +34,8 @@ struct FileSystem::Node {
   /// The entry of that long or short name, nullptr when there is none.
   [[nodiscard]] Node* child(const std::wstring& wanted) const;
   Node& add(const std::wstring& newName);
+  /// Adds an entry for the program, which raises `error::pathFileAccess` in a protected folder.
+  Node& make(const std::wstring& newName);
   void adopt(std::unique_ptr<Node> node);
   /// Removes an entry and returns it.
   std::unique_ptr<Node> drop(const Node& node);

@@ -165,10 +165,15 @@ std::wstring FileSystem::shortNameOfNew(const std::wstring& path) {
   if (place.folder == nullptr || place.failure != error::fileNotFound) {
     throw RunTimeError(place.failure);
   }
-  const Node& made = place.folder->add(place.name);
+  const Node& made = place.folder->make(place.name);
   std::wstring name = made.shortName;
   place.folder->drop(made);
   return name;
+}
+
+bool FileSystem::mayWriteTo(const std::wstring& folder) const {
+  const Node* const node = locate(folder).node;
+  return node == nullptr || !node->isProtected;
 }
 
 void FileSystem::makeFolder(const std::wstring& path) {
@@ -179,7 +184,7 @@ void FileSystem::makeFolder(const std::wstring& path) {
   if (place.folder == nullptr || place.failure != error::fileNotFound) {
     throw RunTimeError(place.failure);
   }
-  Node& made = place.folder->add(place.name);
+  Node& made = place.folder->make(place.name);
   made.folder = true;
   made.modified = stampTime();
 }
@@ -235,7 +240,7 @@ void FileSystem::copy(const std::wstring& from, const std::wstring& to) {
     if (target.folder == nullptr || target.failure != error::fileNotFound) {
       raiseAbout(to, target.failure);
     }
-    target.node = &target.folder->add(target.name);
+    target.node = &target.folder->make(target.name);
     target.node->id = ++lastId_;
   } else {
     platform::concerning(to, [&target] {
@@ -286,7 +291,7 @@ void FileSystem::writeWhole(const std::wstring& path, const std::string& bytes) 
     if (place.failure != error::fileNotFound) {
       throw RunTimeError(place.failure);
     }
-    place.node = &place.folder->add(place.name);
+    place.node = &place.folder->make(place.name);
     place.node->id = ++lastId_;
   } else {
     place.node->refuseDeletion();

@@ -42,6 +42,7 @@ class FileSystem {
   void setHidden(const std::wstring& path, bool hidden);
   void setModified(const std::wstring& path, FileTime modified);
   void setLocked(const std::wstring& path, bool locked);
+  void setProtected(const std::wstring& folder, bool isProtected);
   void alias(const std::wstring& shortPath, const std::wstring& longPath);
   void giveShortNames(const std::wstring& drive);
   /// Free space on the disk in bytes; nothing means no limit. A write that needs more raises
@@ -54,6 +55,7 @@ class FileSystem {
                                                            unsigned attributes) const;
   [[nodiscard]] std::optional<platform::files::Entry> entryAt(const std::wstring& path) const;
   [[nodiscard]] std::wstring shortNameOfNew(const std::wstring& path);
+  [[nodiscard]] bool mayWriteTo(const std::wstring& folder) const;
   void makeFolder(const std::wstring& path);
   void remove(const std::wstring& path);
   void rename(const std::wstring& from, const std::wstring& to);

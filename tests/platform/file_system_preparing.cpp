@@ -71,6 +71,10 @@ void FileSystem::setLocked(const std::wstring& path, bool locked) {
   existing(path).locked = locked;
 }
 
+void FileSystem::setProtected(const std::wstring& folder, bool isProtected) {
+  existing(folder).isProtected = isProtected;
+}
+
 void FileSystem::alias(const std::wstring& shortPath, const std::wstring& longPath) {
   existing(longPath).shortName = shortPath.substr(shortPath.find_last_of(L'\\') + 1);
 }

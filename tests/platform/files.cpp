@@ -48,6 +48,8 @@ std::wstring shortNameOfNew(const std::wstring& path) {
   return name;
 }
 
+bool mayWriteTo(const std::wstring& folder) { return desktop().disk().mayWriteTo(folder); }
+
 std::optional<FileTime> modifiedTime(const std::wstring& path) {
   const auto found = search(path);
   return found.empty() ? std::nullopt : std::optional(found.front().modified);

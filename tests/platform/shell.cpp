@@ -8,6 +8,8 @@
 #include "platform/dialogs.h"
 #include "platform/help.h"
 #include "platform/link_text.h"
+#include "platform/dispatcher.h"
+#include "platform/error_report.h"
 #include "platform/pictures.h"
 #include "platform/processes.h"
 #include "platform/run_time_error.h"
@@ -41,7 +43,8 @@ void reportRunTimeError(const RunTimeError& error) {
     before = desktop().errorReports.total();
     desktop().errorReports.push_back(error.number());
   }
-  desktop().show({error.report(), MessageStyle::critical, application::title, Answer::ok, before});
+  desktop().show(
+      {reportText(error), MessageStyle::critical, application::title, Answer::ok, before});
 }
 
 std::wstring openFile(const OpenFileRequest& request) {

@@ -1,5 +1,3 @@
-#include <iostream>
-#include "platform/text.h"
 // Which failures end a start, and which do not.
 #include <gtest/gtest.h>
 
@@ -15,6 +13,11 @@ namespace {
 
 using memory::desktop;
 using modSystem::Gateway;
+
+constexpr const wchar_t* protectedFolderAdvice =
+    L"\r\n\r\nThe program may not write to its own folder:\r\n\r\nC:\\App\r\n\r\nAsk for the right "
+    L"to "
+    L"change files in this folder, or install the program in a folder of your own.";
 
 class StartupFailureTest : public StartupTest {
  protected:
@@ -114,7 +117,35 @@ TEST_F(StartupFailureTest, AMainWindowWhosePartsCannotBeMadeBehindTheSplashEndsT
   EXPECT_TRUE(desktop().windows().empty());
 }
 
+TEST_F(StartupFailureTest, AProgramFolderThatMayNotBeWrittenToIsToldWithWhatToDo) {
+  desktop().protect(L"C:\\App");
+
+  EXPECT_FALSE(gateway->start());
+
+  EXPECT_EQ(desktop().errorReports, std::vector<int>{75});
+  ASSERT_EQ(desktop().messages.size(), 1U);
+  EXPECT_EQ(desktop().messages.front().text,
+            std::wstring(L"Run-time error '75':\r\n\r\nPath/File access error\r\n\r\n"
+                         L"C:\\App\\PhotoImages") +
+                protectedFolderAdvice);
+}
+
 // --- failures that the start survives ---
+
+TEST_F(StartupFailureTest, EveryStartInAProtectedFolderTellsOnceWhatToDoAndGoesOn) {
+  desktop().putFolder(L"C:\\App\\PhotoImages");
+  desktop().setSetting(L"General", L"CWIExample", L"True");
+  desktop().putFile(catalogueFile, "\"FP3\",\"C:\\x\\a.fp3\",\"1\"\r\n");
+  desktop().protect(L"C:\\App");
+
+  EXPECT_TRUE(gateway->start());
+
+  EXPECT_EQ(desktop().errorReports, std::vector<int>{75});
+  ASSERT_EQ(desktop().messages.size(), 1U);
+  EXPECT_TRUE(desktop().messages.front().text.ends_with(protectedFolderAdvice));
+  EXPECT_EQ(list(frmQMK::open).count(), 1U);
+  EXPECT_EQ(list(frmQMK::tools).count(), 1U);
+}
 
 TEST_F(StartupFailureTest, ALockedToolShortcutIsReportedAndTheStartGoesOn) {
   desktop().putFile(std::wstring(shortcutsFolder) + L"\\Plotview Browser.lnk", "no shortcut");

@@ -94,6 +94,15 @@ bool isAboutTarget(DWORD systemError) {
   return std::find(reasons.begin(), reasons.end(), systemError) != reasons.end();
 }
 
+/// A new file that is gone as soon as the handle is closed; an empty handle (see the thread's last
+/// error) when it cannot be made.
+win32::FileHandle madeForAMoment(const std::wstring& native) {
+  constexpr DWORD shared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  return win32::FileHandle(CreateFileW(
+      native.c_str(), GENERIC_WRITE | DELETE, shared, nullptr, CREATE_NEW,
+      FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr));
+}
+
 }  // namespace
 
 std::vector<Entry> search(const std::wstring& pattern, unsigned attributes) {
@@ -145,15 +154,18 @@ std::optional<Entry> entryAt(const std::wstring& path) {
 
 std::wstring shortNameOfNew(const std::wstring& path) {
   return concerning(path, [&path] {
-    const std::wstring native = requiredPath(path);
-    constexpr DWORD shared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-    const win32::FileHandle made(CreateFileW(
-        native.c_str(), GENERIC_WRITE | DELETE, shared, nullptr, CREATE_NEW,
-        FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr));
+    const win32::FileHandle made = madeForAMoment(requiredPath(path));
     if (!made) raise(GetLastError());
     const std::optional<Entry> entry = entryAt(path);
     return entry ? entry->shortName : std::wstring();
   });
+}
+
+bool mayWriteTo(const std::wstring& folder) {
+  const std::optional<std::wstring> native = win32::nativePath(folder + L"\\gateway3.tmp");
+  if (!native || madeForAMoment(*native)) return true;
+  const DWORD reason = GetLastError();
+  return reason != ERROR_ACCESS_DENIED && reason != ERROR_WRITE_PROTECT;
 }
 
 std::wstring findFirst(const std::wstring& pattern, unsigned attributes) {

@@ -2,6 +2,7 @@
 
 #include "platform/application.h"
 #include "platform/dialogs.h"
+#include "platform/error_report.h"
 #include "platform/win32/modality.h"
 
 namespace platform::dialogs {
@@ -37,7 +38,7 @@ Answer showMessage(const std::wstring& text, MessageStyle style, const std::wstr
 }
 
 void reportRunTimeError(const RunTimeError& error) {
-  showMessage(error.report(), MessageStyle::critical);
+  showMessage(reportText(error), MessageStyle::critical);
 }
 
 }  // namespace platform::dialogs

@@ -108,6 +108,7 @@ set(win32_system_sources
   src/platform/win32/system/application.cpp
   src/platform/win32/system/clock.cpp
   src/platform/win32/system/registry.cpp
+  src/platform/win32/system/background.cpp
   src/platform/win32/system/settings.cpp
   src/platform/win32/system/sort_keys.cpp
   src/platform/win32/system/text.cpp)

@@ -1,6 +1,7 @@
 // The system's help viewers.
 #pragma once
 
+#include <functional>
 #include <string>
 
 namespace platform::help {
@@ -9,11 +10,16 @@ namespace platform::help {
 inline constexpr int contents = 3;
 
 /// Sends a help command for a classic help file to the viewer, without waiting for it. Ignored
-/// while the viewer is still busy with the previous request. The viewer itself reports failures.
-void showClassic(const std::wstring& file, int command);
+/// while the viewer is still busy with the previous request. The viewer itself reports failures;
+/// `refused` is called later, on this thread, if the system has no viewer for such files any more.
+void showClassic(const std::wstring& file, int command, std::function<void()> refused);
 
-/// Opens a compiled help file at its default topic. Shows nothing when the file or the viewer is
-/// missing.
-void showCompiled(const std::wstring& file);
+/// Opens a compiled help file at its default topic. False when nothing is shown because the file or
+/// the viewer is missing.
+[[nodiscard]] bool showCompiled(const std::wstring& file);
+
+/// Closes the windows of compiled help. They belong to this process, and its end does not wait for
+/// them.
+void close();
 
 }  // namespace platform::help

@@ -91,6 +91,10 @@ void Desktop::reset() {
   browserResult = 42;
   browsed.clear();
   helpShown.clear();
+  classicHelp = true;
+  compiledHelp = true;
+  slowDrives.clear();
+  backgroundMilliseconds = 0;
   documents = L"C:\\Users\\Ann\\Documents";
   icons_.clear();
   onIcon = nullptr;

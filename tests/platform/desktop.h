@@ -226,6 +226,13 @@ class Desktop {
   std::vector<Browse> browsed;
   std::vector<Help> helpShown;
   /// Documents folder as the shell reports it; nothing when the shell has none.
+  /// Whether the system has a viewer for classic help, and shows compiled help.
+  bool classicHelp = true;
+  bool compiledHelp = true;
+  /// Drives ("E:") that may be slow, as network paths always are.
+  std::set<std::wstring> slowDrives;
+  /// How long work in the background takes.
+  int backgroundMilliseconds = 0;
   std::optional<std::wstring> documents;
   /// Gives a program file an icon: a square of one colour, 0xAARRGGBB.
   void setIcon(const std::wstring& program, std::uint32_t colour);

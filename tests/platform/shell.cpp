@@ -1,15 +1,17 @@
 // Dialogs and the shell: shortcuts, starting programs, browsing, help, icons.
 #include <algorithm>
 #include <cstddef>
+#include <functional>
 #include <optional>
+#include <utility>
 
 #include "platform/browser.h"
 #include "platform/desktop.h"
 #include "platform/dialogs.h"
-#include "platform/help.h"
-#include "platform/link_text.h"
 #include "platform/dispatcher.h"
 #include "platform/error_report.h"
+#include "platform/help.h"
+#include "platform/link_text.h"
 #include "platform/pictures.h"
 #include "platform/processes.h"
 #include "platform/run_time_error.h"
@@ -87,19 +89,14 @@ Started startAsIs(const std::wstring& executable, const std::wstring& commandLin
         if (!desktop().bytesOf(executable).value_or("").starts_with("MZ")) {
           throw RunTimeError(error::invalidCall);
         }
-        desktop().starts.push_back({executable, commandLine});
-      },
-      executable);
-}
-
         if (desktop().elevated.contains(executable)) {
           result = Started::needsElevation;
           desktop().amend(L" (needs elevation)");
           return;
         }
-}  // namespace processes
-
-namespace shell_links {
+        desktop().starts.push_back({executable, commandLine});
+      },
+      executable);
   return result;
 }
 
@@ -120,6 +117,11 @@ bool startElevated(const std::wstring& executable, const std::wstring& arguments
       },
       executable);
   return agreed;
+}
+
+}  // namespace processes
+
+namespace shell_links {
 
 void write(const std::wstring& linkPath, const Link& link) {
   desktop().call(
@@ -159,21 +161,26 @@ std::intptr_t open(const std::wstring& address, int showCommand) {
 
 namespace help {
 
-void showClassic(const std::wstring& file, int command) {
+void showClassic(const std::wstring& file, int command, std::function<void()> refused) {
   desktop().note(L"classic help " + file);
-  {
-    const ::memory::Unfailing own;
+  const ::memory::Unfailing own;
+  if (desktop().classicHelp) {
     desktop().helpShown.push_back({false, file, command});
+  } else {
+    desktop().at(0, [refused = std::move(refused)] { dispatch(refused); });
   }
 }
 
-void showCompiled(const std::wstring& file) {
+bool showCompiled(const std::wstring& file) {
   desktop().note(L"compiled help " + file);
-  {
-    const ::memory::Unfailing own;
+  const ::memory::Unfailing own;
+  if (desktop().compiledHelp) {
     desktop().helpShown.push_back({true, file, 0});
   }
+  return desktop().compiledHelp;
 }
+
+void close() { desktop().note(L"close help"); }
 
 }  // namespace help
 

@@ -1,14 +1,20 @@
 // Facts about the program, settings, registry, clock and special folders.
+#include <functional>
 #include <optional>
+#include <utility>
 
 #include "platform/application.h"
+#include "platform/background.h"
 #include "platform/clock.h"
 #include "platform/desktop.h"
 #include "platform/folders.h"
+#include "platform/dispatcher.h"
+#include "platform/drives.h"
 #include "platform/registry.h"
 #include "platform/settings.h"
 #include "platform/unfailing.h"
 
+#include "platform/trap.h"
 namespace platform {
 
 using memory::desktop;
@@ -78,6 +84,43 @@ std::optional<Value> query(Root root, const std::wstring& key, const std::wstrin
 }  // namespace registry
 
 namespace clock {
+
+namespace session {
+
+void explainWait(const controls::Window& window, const std::wstring& reason) {
+  const ::memory::Unfailing own;
+  desktop().note(L"wait of " + window.name() + L": " + reason);
+}
+
+void waitIsOver(const controls::Window& window) {
+  const ::memory::Unfailing own;
+  desktop().note(L"wait of " + window.name() + L" is over");
+}
+
+}  // namespace session
+
+namespace drives {
+
+bool mayBeSlow(const std::wstring& path) {
+  return path.starts_with(L"\\\\") || desktop().slowDrives.contains(path.substr(0, 2));
+}
+
+}  // namespace drives
+
+namespace background {
+
+bool run(std::function<void()> work, std::function<void()> done) {
+  if (desktop().blinded()) {
+    return false;
+  }
+  desktop().at(desktop().backgroundMilliseconds, [work = std::move(work), done = std::move(done)] {
+    static_cast<void>(trapped(work));
+    dispatch(done);
+  });
+  return true;
+}
+
+}  // namespace background
 
 std::wstring todayText() {
   const auto today = ::memory::dateTime(desktop().now());

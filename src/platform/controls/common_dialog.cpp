@@ -1,5 +1,7 @@
 #include "platform/controls/common_dialog.h"
 
+#include <utility>
+
 #include "platform/dialogs.h"
 #include "platform/help.h"
 
@@ -15,6 +17,8 @@ void CommonDialog::showOpen() {
   }
 }
 
-void CommonDialog::showHelp() const { platform::help::showClassic(helpFile, helpCommand); }
+void CommonDialog::showHelp(std::function<void()> refused) const {
+  platform::help::showClassic(helpFile, helpCommand, std::move(refused));
+}
 
 }  // namespace controls

@@ -1,6 +1,7 @@
 // The common dialog of a window: open a file, show classic help.
 #pragma once
 
+#include <functional>
 #include <string>
 
 namespace controls {
@@ -21,8 +22,9 @@ class CommonDialog {
   /// the user cancels and `cancelError` is set; without it the preset stays. Raises the dialog's
   /// own errors in any case.
   void showOpen();
-  /// Opens `helpFile` with `helpCommand` in the classic help viewer.
-  void showHelp() const;
+  /// Opens `helpFile` with `helpCommand` in the classic help viewer. `refused` is called later if
+  /// the system has no such viewer any more.
+  void showHelp(std::function<void()> refused) const;
 };
 
 }  // namespace controls

@@ -59,4 +59,47 @@ TEST_F(HelpLauncher, TheToolbarsHelpButtonDoesTheSame) {
   EXPECT_TRUE(onlyHelp().compiled);
 }
 
+// --- where the system shows a kind of help no more ---
+
+const std::wstring handbookFile = L"C:\\App\\help\\gateway-handbook.html";
+
+TEST_F(HelpLauncher, WithoutAViewerForClassicHelpTheCompiledOneIsOpened) {
+  desktop().putFile(classicFile, "help");
+  desktop().putFile(handbookFile, "handbook");
+  desktop().classicHelp = false;
+  main.mnuHelpContents.fireClick();
+  EXPECT_TRUE(desktop().helpShown.empty()) << "the viewer is not waited for";
+  desktop().advance(0);
+  EXPECT_TRUE(onlyHelp().compiled);
+  EXPECT_EQ(onlyHelp().file, compiledFile);
+  EXPECT_TRUE(desktop().browsed.empty());
+}
+
+TEST_F(HelpLauncher, WithoutAnyViewerTheInstalledHandbookIsOpened) {
+  desktop().putFile(classicFile, "help");
+  desktop().putFile(handbookFile, "handbook");
+  desktop().classicHelp = false;
+  desktop().compiledHelp = false;
+  main.mnuHelpContents.fireClick();
+  desktop().advance(0);
+  ASSERT_EQ(desktop().browsed.size(), 1U);
+  EXPECT_EQ(desktop().browsed.front().address, handbookFile);
+  EXPECT_EQ(desktop().browsed.front().showCommand, 1);
+}
+
+TEST_F(HelpLauncher, WithoutAClassicFileTheHandbookTakesThePlaceOfACompiledOneThatIsNotShown) {
+  desktop().putFile(handbookFile, "handbook");
+  desktop().compiledHelp = false;
+  main.mnuHelpContents.fireClick();
+  EXPECT_TRUE(desktop().journalHas(L"compiled help " + compiledFile));
+  ASSERT_EQ(desktop().browsed.size(), 1U);
+}
+
+TEST_F(HelpLauncher, WithoutAHandbookNothingIsOpenedAndNothingIsSaid) {
+  desktop().compiledHelp = false;
+  main.mnuHelpContents.fireClick();
+  EXPECT_TRUE(desktop().browsed.empty());
+  EXPECT_TRUE(messages().empty());
+}
+
 }  // namespace

@@ -186,8 +186,8 @@ TEST_F(MemoryShellTest, AShortcutIsSavedLikeAnyFile) {
 TEST_F(MemoryShellTest, BrowsingAndHelpAreRecorded) {
   desktop().browserResult = 31;
   EXPECT_EQ(browser::open(L"http://example.com", 1), 31);
-  help::showClassic(L"a.hlp", help::contents);
-  help::showCompiled(L"a.chm");
+  help::showClassic(L"a.hlp", help::contents, [] { FAIL() << "nothing refused"; });
+  EXPECT_TRUE(help::showCompiled(L"a.chm"));
   EXPECT_EQ(desktop().browsed.front().address, L"http://example.com");
   EXPECT_EQ(desktop().browsed.front().showCommand, 1);
   ASSERT_EQ(desktop().helpShown.size(), 2U);

@@ -52,11 +52,21 @@ TEST_F(CommonDialogTest, AFailureIsAnErrorInAnyCase) {
 TEST_F(CommonDialogTest, ShowsClassicHelp) {
   dialog.helpFile = L"C:\\App\\help.hlp";
   dialog.helpCommand = 3;
-  dialog.showHelp();
+  dialog.showHelp([] { FAIL() << "nothing refused"; });
+  desktop().advance(0);
   ASSERT_EQ(desktop().helpShown.size(), 1U);
   EXPECT_FALSE(desktop().helpShown.front().compiled);
   EXPECT_EQ(desktop().helpShown.front().file, L"C:\\App\\help.hlp");
   EXPECT_EQ(desktop().helpShown.front().command, 3);
+}
+
+TEST_F(CommonDialogTest, PassesOnThatTheSystemHasNoClassicHelp) {
+  desktop().classicHelp = false;
+  int refusals = 0;
+  dialog.showHelp([&refusals] { ++refusals; });
+  EXPECT_EQ(refusals, 0) << "only later";
+  desktop().advance(0);
+  EXPECT_EQ(refusals, 1);
 }
 
 }  // namespace

@@ -41,7 +41,8 @@ set(catalogue_sources
 set(shortcuts_sources
   src/shortcuts/shortcut_edit.cpp
   src/shortcuts/shortcut_file.cpp
-  src/shortcuts/shortcut_list.cpp)
+  src/shortcuts/shortcut_list.cpp
+  src/shortcuts/slow_icons.cpp)
 set(web_sources
   src/web/browser.cpp
   src/web/web_dialog.cpp
@@ -88,6 +89,7 @@ set(win32_common_sources
   src/platform/win32/system_library.cpp)
 set(win32_files_sources
   src/platform/win32/files/draft.cpp
+  src/platform/win32/files/drives.cpp
   src/platform/win32/files/file_contents.cpp
   src/platform/win32/files/files.cpp
   src/platform/win32/files/open_files.cpp
@@ -106,16 +108,17 @@ set(win32_shell_sources
   src/platform/win32/shell/shell_links.cpp)
 set(win32_system_sources
   src/platform/win32/system/application.cpp
+  src/platform/win32/system/background.cpp
   src/platform/win32/system/clock.cpp
   src/platform/win32/system/registry.cpp
-  src/platform/win32/system/background.cpp
+  src/platform/win32/system/session.cpp
   src/platform/win32/system/settings.cpp
   src/platform/win32/system/sort_keys.cpp
+  src/platform/win32/system/stack_guard.cpp
   src/platform/win32/system/text.cpp)
 set(win32_peers_sources
   src/platform/win32/peers/button_peer.cpp
   src/platform/win32/peers/control_peers.cpp
-  src/platform/win32/system/stack_guard.cpp
   src/platform/win32/peers/cool_button_peer.cpp
   src/platform/win32/peers/focus_keeper.cpp
   src/platform/win32/peers/image_peer.cpp

@@ -14,6 +14,8 @@ namespace modSC {
 
 using modQMKGeneral::ShortCutsFolder;
 using platform::Picture;
+using platform::pictures::Icons;
+using platform::pictures::Sizes;
 
 namespace files = platform::files;
 
@@ -34,23 +36,43 @@ Picture drawn(controls::PictureBox& surface, const std::optional<Picture>& icon,
 }
 
 void clearImages(ShortcutList& shortcuts) {
+  shortcuts.slowIcons.forget();
   for (std::size_t i = 0; i < iconSides.size(); ++i) {
     shortcuts.imgShortCut.at(i).clear();
     shortcuts.imgShortCut.at(i).setImageSize({iconSides.at(i), iconSides.at(i)});
   }
 }
 
+void attachImages(ShortcutList& shortcuts) {
+  shortcuts.list.setImages(shortcuts.imgShortCut.data(), &shortcuts.imgShortCut[1]);
+}
+
+/// Replaces the blank images of a shortcut by the icons that have been read.
+void showSlowIcons(ShortcutList& shortcuts, const std::wstring& key, const Icons& icons,
+                   const Sizes& sides) {
+  for (std::size_t i = 0; i < icons.size(); ++i) {
+    if (icons.at(i)) {
+      shortcuts.imgShortCut.at(i).replace(key,
+                                          drawn(shortcuts.picShortCuts, icons.at(i), sides.at(i)));
+    }
+  }
+  attachImages(shortcuts);
+}
+
 void addImages(ShortcutList& shortcuts, const std::wstring& key, const std::wstring& target) {
-  const platform::pictures::Sizes sides{platform::scaled(iconSides.front(), shortcuts.dpi),
-                                        platform::scaled(iconSides.back(), shortcuts.dpi)};
-  const platform::pictures::Icons icons = platform::pictures::programIcons(target, sides);
+  const Sizes sides{platform::scaled(iconSides.front(), shortcuts.dpi),
+                    platform::scaled(iconSides.back(), shortcuts.dpi)};
+  const bool later = shortcuts.slowIcons.mustWaitFor(target);
+  const Icons icons = later ? Icons{} : platform::pictures::programIcons(target, sides);
   for (std::size_t i = 0; i < sides.size(); ++i) {
     shortcuts.imgShortCut.at(i).add(key, drawn(shortcuts.picShortCuts, icons.at(i), sides.at(i)));
   }
-}
-
-void attachImages(ShortcutList& shortcuts) {
-  shortcuts.list.setImages(shortcuts.imgShortCut.data(), &shortcuts.imgShortCut[1]);
+  if (later) {
+    shortcuts.slowIcons.ask(key, target, sides,
+                            [&shortcuts, sides](const std::wstring& shortcut, const Icons& read) {
+                              showSlowIcons(shortcuts, shortcut, read, sides);
+                            });
+  }
 }
 
 void addShortcut(ShortcutList& shortcuts, const std::wstring& fileName) {

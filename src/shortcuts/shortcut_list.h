@@ -9,6 +9,7 @@
 #include "platform/controls/common_dialog.h"
 #include "platform/controls/image_list.h"
 #include "platform/controls/list_view.h"
+#include "shortcuts/slow_icons.h"
 
 namespace modSC {
 
@@ -29,10 +30,13 @@ struct ShortcutList {
   controls::CommonDialog& diaCommon;
   /// Dots per inch that the icons are drawn for.
   int dpi = 96;
+  /// Icons that come after the list is shown.
+  SlowIcons slowIcons{};
 };
 
-/// Rebuilds the list and both image lists from the shortcuts folder, and shows large icons. An
-/// error stops the rebuild and goes to the caller; the items added before it stay.
+/// Rebuilds the list and both image lists from the shortcuts folder, and shows large icons. Icons
+/// of programs on network drives and removable ones are blank at first. An error stops the rebuild
+/// and goes to the caller; the items added before it stay.
 void LoadShortcutList(ShortcutList& shortcuts);
 
 /// Draws the icons of all listed shortcuts again, after `dpi` has changed.

@@ -6,6 +6,8 @@
 namespace faults {
 namespace {
 
+using memory::desktop;
+
 void nothing(Rig& /*rig*/) {}
 
 void reload(Rig& rig, frmQMK::Tab tab) { rig.main().lstQMK.at(tab).fireKey({controls::keys::f5}); }
@@ -16,6 +18,21 @@ std::vector<Operation> operations() {
       {.name = "reload the tools",
        .prepare = nothing,
        .run = [](Rig& rig) { reload(rig, frmQMK::tools); }},
+      {.name = "reload the tools with one on a share",
+       .prepare =
+           [](Rig& rig) {
+             platform::shell_links::Link link;
+             link.targetPath = L"\\\\server\\tools\\far.exe";
+             desktop().putProgram(link.targetPath);
+             desktop().setIcon(link.targetPath, 0xFF0000FF);
+             desktop().putLink(shortcutsFolder + L"\\Far.lnk", link);
+             rig.settle();
+           },
+       .run =
+           [](Rig& rig) {
+             reload(rig, frmQMK::tools);
+             desktop().advance(0);
+           }},
       {.name = "reload the data files",
        .prepare = nothing,
        .run = [](Rig& rig) { reload(rig, frmQMK::open); }},
@@ -61,6 +78,26 @@ std::vector<Operation> operations() {
       {.name = "open a web entry",
        .prepare = onWebTab,
        .run = [](Rig& rig) { rig.main().lstQMK[frmQMK::web].fireDoubleClick(); }},
+      {.name = "ask for help that no viewer shows",
+       .prepare =
+           [](Rig& /*rig*/) {
+             desktop().putFile(L"C:\\App\\help\\gatewayhelp3.HLP", "help");
+             desktop().putFile(L"C:\\App\\help\\gateway-handbook.html", "handbook");
+             desktop().classicHelp = false;
+             desktop().compiledHelp = false;
+           },
+       .run =
+           [](Rig& rig) {
+             rig.main().mnuHelpContents.fireClick();
+             desktop().advance(0);
+           }},
+      {.name = "refuse the end of the session",
+       .prepare = nothing,
+       .run =
+           [](Rig& rig) {
+             script([] { desktop().answers = {platform::dialogs::Answer::no}; });
+             rig.main().fireClose(controls::UnloadMode::sessionEnd);
+           }},
       {.name = "show the about box",
        .prepare = nothing,
        .run =

@@ -11,6 +11,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <utility>
 #include <variant>
@@ -25,8 +26,8 @@
 #include "platform/geometry.h"
 #include "platform/record.h"
 #include "platform/registry.h"
-#include "platform/shell_links.h"
 #include "platform/screens.h"
+#include "platform/shell_links.h"
 #include "platform/virtual_clock.h"
 
 namespace memory {
@@ -139,9 +140,9 @@ class Desktop {
   /// While a file is locked, every operation on it raises `error::permissionDenied`.
   void lock(const std::wstring& path);
   void unlock(const std::wstring& path);
-  /// Gives a file or folder the short name that is the last component of `shortPath`.
   /// Lets nothing be made, changed or deleted in a folder.
   void protect(const std::wstring& folder) { disk_->setProtected(folder, true); }
+  /// Gives a file or folder the short name that is the last component of `shortPath`.
   void alias(const std::wstring& shortPath, const std::wstring& longPath);
   /// Makes the volume of a drive ("C:") one that has short names: from now on everything on it
   /// whose name is not in 8.3 form has a short name ("___SUI~1"). Without this, only `alias`
@@ -215,17 +216,16 @@ class Desktop {
   // --- other programs, the shell ---
 
   std::vector<Start> starts;
-  std::vector<LinkWrite> linkWrites;
-  /// Number of the error that every write of a shortcut raises.
-  std::optional<int> linkFailure;
   /// Programs that run with an administrator's rights only, and whether the user gives them.
   std::map<std::wstring, bool> elevated;
   /// Programs that the shell started with these rights; the command line without the program.
   std::vector<Start> elevatedStarts;
+  std::vector<LinkWrite> linkWrites;
+  /// Number of the error that every write of a shortcut raises.
+  std::optional<int> linkFailure;
   std::intptr_t browserResult = 42;
   std::vector<Browse> browsed;
   std::vector<Help> helpShown;
-  /// Documents folder as the shell reports it; nothing when the shell has none.
   /// Whether the system has a viewer for classic help, and shows compiled help.
   bool classicHelp = true;
   bool compiledHelp = true;
@@ -233,6 +233,7 @@ class Desktop {
   std::set<std::wstring> slowDrives;
   /// How long work in the background takes.
   int backgroundMilliseconds = 0;
+  /// Documents folder as the shell reports it; nothing when the shell has none.
   std::optional<std::wstring> documents;
   /// Gives a program file an icon: a square of one colour, 0xAARRGGBB.
   void setIcon(const std::wstring& program, std::uint32_t colour);

@@ -6,15 +6,17 @@
 #include "platform/application.h"
 #include "platform/background.h"
 #include "platform/clock.h"
+#include "platform/controls/window.h"
 #include "platform/desktop.h"
-#include "platform/folders.h"
 #include "platform/dispatcher.h"
 #include "platform/drives.h"
+#include "platform/folders.h"
 #include "platform/registry.h"
+#include "platform/session.h"
 #include "platform/settings.h"
+#include "platform/trap.h"
 #include "platform/unfailing.h"
 
-#include "platform/trap.h"
 namespace platform {
 
 using memory::desktop;
@@ -83,8 +85,6 @@ std::optional<Value> query(Root root, const std::wstring& key, const std::wstrin
 
 }  // namespace registry
 
-namespace clock {
-
 namespace session {
 
 void explainWait(const controls::Window& window, const std::wstring& reason) {
@@ -121,6 +121,8 @@ bool run(std::function<void()> work, std::function<void()> done) {
 }
 
 }  // namespace background
+
+namespace clock {
 
 std::wstring todayText() {
   const auto today = ::memory::dateTime(desktop().now());

@@ -30,6 +30,13 @@ void ImageList::addResource(std::wstring key, std::wstring resource) {
   insert({std::move(key), std::move(resource), {}});
 }
 
+void ImageList::replace(const std::wstring& key, Picture picture) {
+  if (const auto index = indexOf(key)) {
+    images_[*index] = {key, L"", std::move(picture)};
+    ++revision_;
+  }
+}
+
 void ImageList::insert(Image image) {
   if (indexOf(image.key)) {
     throw platform::RunTimeError(platform::error::keyNotUnique);

@@ -30,6 +30,9 @@ class ImageList {
   void clear();
   /// Adds a picture. Raises `error::keyNotUnique` when the key exists already (exact comparison).
   void add(std::wstring key, platform::Picture picture);
+  /// Puts another picture in the place of the one with this key; without such a key nothing
+  /// changes.
+  void replace(const std::wstring& key, platform::Picture picture);
   void addResource(std::wstring key, std::wstring resource);
   /// Position of a key, nothing when it is unknown or "".
   [[nodiscard]] std::optional<std::size_t> indexOf(const std::wstring& key) const;

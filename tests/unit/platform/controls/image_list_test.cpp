@@ -34,6 +34,28 @@ TEST(ImageList, FindsPicturesByTheirExactKey) {
   EXPECT_EQ(list.images()[1].resource, L"WEB_ICON");
 }
 
+TEST(ImageList, ReplacesAPictureInItsPlace) {
+  ImageList list;
+  list.add(L"tool", filled(1, 1, red));
+  list.addResource(L"Web", L"WEB_ICON");
+  const unsigned before = list.revision();
+  list.replace(L"Web", filled(2, 2, red));
+  EXPECT_NE(list.revision(), before);
+  EXPECT_EQ(list.indexOf(L"Web"), std::optional<std::size_t>(1));
+  EXPECT_EQ(list.images()[1].resource, L"");
+  EXPECT_EQ(list.images()[1].picture, filled(2, 2, red));
+  EXPECT_EQ(list.images()[0].picture, filled(1, 1, red));
+}
+
+TEST(ImageList, ReplacesNothingWithoutTheKey) {
+  ImageList list;
+  list.add(L"tool", filled(1, 1, red));
+  const unsigned before = list.revision();
+  list.replace(L"other", filled(2, 2, red));
+  EXPECT_EQ(list.revision(), before);
+  EXPECT_EQ(list.images().size(), 1U);
+}
+
 TEST(ImageList, RefusesAKeyTwice) {
   ImageList list;
   list.add(L"tool", filled(1, 1, red));

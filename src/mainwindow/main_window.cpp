@@ -1,12 +1,16 @@
 // Construction of the main window, its load and its end.
 #include "mainwindow/main_window.h"
 
+#include <utility>
+
 #include "flatlook/form_style.h"
 #include "mainwindow/control_ids.h"
 #include "mainwindow/main_layout.h"
 #include "platform/application.h"
 #include "platform/dialogs.h"
 #include "platform/dispatcher.h"
+#include "platform/help.h"
+#include "platform/session.h"
 #include "startup/paths.h"
 
 using controls::ListView;
@@ -157,15 +161,48 @@ void frmQMK::Form_Activate() { setCaption(platform::application::title); }
 
 void frmQMK::Form_MenuOpening() { commands.refresh(); }
 
-void frmQMK::Form_QueryUnload(bool& cancel, controls::UnloadMode /*mode*/) {
+bool frmQMK::mayExit() {
   using platform::dialogs::Answer;
   using platform::dialogs::MessageStyle;
-  cancel = platform::dialogs::showMessage(L"Exit Gateway?", MessageStyle::yesNoQuestion, L"") !=
-           Answer::yes;
+  struct Asking {
+    explicit Asking(frmQMK& asked) : form(asked) { form.askingToExit_ = true; }
+    Asking(const Asking&) = delete;
+    Asking& operator=(const Asking&) = delete;
+    ~Asking() {
+      form.askingToExit_ = false;
+      if (std::exchange(form.sessionWaits_, false)) {
+        platform::session::waitIsOver(form);
+      }
+    }
+    frmQMK& form;
+  };
+  const Asking asking(*this);
+  return platform::dialogs::showMessage(L"Exit Gateway?", MessageStyle::yesNoQuestion, L"") ==
+         Answer::yes;
+}
+
+void frmQMK::Form_QueryUnload(bool& cancel, controls::UnloadMode mode) {
+  // A second copy only says that it is one, and ends.
+  if (mode == controls::UnloadMode::forced || platform::application::previousInstance()) {
+    return;
+  }
+  if (mode == controls::UnloadMode::sessionEnd) {
+    sessionWaits_ = true;
+    platform::session::explainWait(*this, L"The question \"Exit Gateway?\" waits for an answer.");
+  }
+  // The system asks again while the question is up, and may ask while the user is being asked.
+  cancel = askingToExit_ || !mayExit();
   if (!cancel) {
     // A failure to save these settings must not keep the window open.
     platform::dispatch([this] { remember(); });
   }
+}
+
+void frmQMK::Form_SessionEnd() {
+  // Once more, because nobody may have been asked. Every list file is whole at any moment.
+  platform::dispatch([this] { remember(); });
+  platform::help::close();
+  platform::application::end();
 }
 
 void frmQMK::Form_Unload(bool& /*cancel*/) {
@@ -175,6 +212,7 @@ void frmQMK::Form_Unload(bool& /*cancel*/) {
   if (frmAbout_) {
     frmAbout_->unload();
   }
+  platform::help::close();
 }
 
 void frmQMK::layout(platform::Size client, int dpi) {

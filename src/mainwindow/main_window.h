@@ -95,6 +95,7 @@ class frmQMK : public controls::Window {
   void Form_MenuOpening() override;
   void Form_QueryUnload(bool& cancel, controls::UnloadMode mode) override;
   void Form_Unload(bool& cancel) override;
+  void Form_SessionEnd() override;
   void layout(platform::Size client, int dpi) override;
 
  private:
@@ -102,6 +103,8 @@ class frmQMK : public controls::Window {
   void restorePlace();
   void restoreColumnWidths();
   void remember() const;
+  /// Asks whether the program is to end.
+  [[nodiscard]] bool mayExit();
   void buildLists();
   void connect();
   void showViewMode(bool report);
@@ -115,6 +118,8 @@ class frmQMK : public controls::Window {
   void renameWebShortcut();
   void deleteWebShortcut();
 
+  bool askingToExit_ = false;
+  bool sessionWaits_ = false;  // the end of the session waits for that answer
   std::unique_ptr<frmWeb> frmWeb_;
   std::unique_ptr<frmAbout> frmAbout_;
 };

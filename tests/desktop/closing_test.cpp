@@ -97,5 +97,48 @@ TEST_F(Closing, EndOfSessionAsksAndYesAgrees) {
   endedOnPurpose();
 }
 
+// --- queries of the system that nobody can answer ---
+
+TEST_F(Closing, ASessionThatMustEndIsNotAsked) {
+  app->startToMain();
+  for (const LPARAM reason : {LPARAM{ENDSESSION_CRITICAL}, LPARAM{ENDSESSION_CLOSEAPP}}) {
+    EXPECT_TRUE(harness::EndOfSession(app->main(), reason).mayEnd());
+    EXPECT_FALSE(app->dialogShown());
+  }
+  harness::post(app->main(), WM_ENDSESSION, FALSE, ENDSESSION_CRITICAL);
+  app->selectTab(Tab::web);
+  EXPECT_TRUE(app->running()) << "another program has refused";
+}
+
+TEST_F(Closing, TheEndOfTheSessionEndsTheProgramAndKeepsItsPlace) {
+  app->startToMain();
+  GatewayApp::skipExample();
+  harness::TestProfile::removeSetting(L"Placement");
+  harness::post(app->main(), WM_ENDSESSION, TRUE, ENDSESSION_CLOSEAPP);
+  EXPECT_EQ(app->waitForExit(), 0U);
+  EXPECT_TRUE(harness::TestProfile::setting(L"Placement").has_value());
+  endedOnPurpose();
+}
+
+TEST_F(Closing, ASecondQueryStacksNoSecondQuestion) {
+  app->startToMain();
+  const harness::EndOfSession first(app->main());
+  const harness::MessageBoxReader box = app->waitForMessage();
+  EXPECT_FALSE(harness::EndOfSession(app->main()).mayEnd()) << "the first is not answered yet";
+  EXPECT_EQ(app->messagesShown(), std::vector<std::wstring>{L"Exit Gateway?"});
+  box.answer(IDNO);
+  EXPECT_FALSE(first.mayEnd());
+  EXPECT_TRUE(app->running());
+}
+
+TEST_F(Closing, TheSessionEndsWithTheQuestionUp) {
+  app->startToMain();
+  harness::post(app->main(), WM_CLOSE);
+  static_cast<void>(app->waitForMessage());
+  harness::post(app->main(), WM_ENDSESSION, TRUE, ENDSESSION_CRITICAL);
+  EXPECT_EQ(app->waitForExit(), 0U);
+  endedOnPurpose();
+}
+
 }  // namespace
 }  // namespace desktop_tests

@@ -129,7 +129,7 @@ void Window::fireMenuOpening() {
 bool Window::fireClose(UnloadMode mode) {
   bool closed = false;
   platform::dispatch([&] {
-    if (mode == UnloadMode::sessionEnd) {
+    if (mode == UnloadMode::sessionEnd || mode == UnloadMode::forced) {
       bool cancel = false;
       Form_QueryUnload(cancel, mode);
       closed = !cancel;
@@ -138,6 +138,10 @@ bool Window::fireClose(UnloadMode mode) {
     }
   });
   return closed;
+}
+
+void Window::fireSessionEnd() {
+  platform::dispatch([this] { Form_SessionEnd(); });
 }
 
 void Window::fireLayout(platform::Size client, int dpi) {

@@ -16,8 +16,9 @@
 
 namespace controls {
 
-/// Why a window is asked to close.
-enum class UnloadMode { user = 0, code = 1, sessionEnd = 2 };
+/// Why a window is asked to close. `forced`: the session must end, or the system's restart manager
+/// ends the program to replace its files; nobody can be asked.
+enum class UnloadMode { user = 0, code = 1, sessionEnd = 2, forced = 3 };
 
 /// What kind of native window a window object gets.
 enum class WindowKind {
@@ -129,9 +130,11 @@ class Window {
   bool fireKeyDown(const KeyStroke& stroke);
   /// A menu is about to be shown.
   void fireMenuOpening();
-  /// The user or the system wants to close the window; true when it may go (it is unloaded then,
-  /// except at the end of a session, when the system ends the program itself).
+  /// The user or the system wants to close the window; true when it may go. It is unloaded then,
+  /// except at the end of a session: `fireSessionEnd` follows if all other programs agree, too.
   bool fireClose(UnloadMode mode);
+  /// The session ends now; the program is not going to get another message.
+  void fireSessionEnd();
   void fireLayout(platform::Size client, int dpi);
 
  protected:
@@ -151,6 +154,7 @@ class Window {
   virtual void Form_MenuOpening() {}
   virtual void Form_QueryUnload(bool& /*cancel*/, UnloadMode /*mode*/) {}
   virtual void Form_Unload(bool& /*cancel*/) {}
+  virtual void Form_SessionEnd() {}
   /// Places the controls; `client` in pixels.
   virtual void layout(platform::Size /*client*/, int /*dpi*/) {}
 

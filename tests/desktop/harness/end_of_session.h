@@ -13,8 +13,9 @@ namespace harness {
 /// Asks a window whether the session may end, without waiting for the answer.
 class EndOfSession {
  public:
-  explicit EndOfSession(HWND window) {
-    SendMessageCallbackW(window, WM_QUERYENDSESSION, 0, 0, answered,
+  /// `reason`: ENDSESSION_... flags, 0 for an ordinary shutdown.
+  explicit EndOfSession(HWND window, LPARAM reason = 0) {
+    SendMessageCallbackW(window, WM_QUERYENDSESSION, 0, reason, answered,
                          reinterpret_cast<ULONG_PTR>(&answer_));
   }
   EndOfSession(const EndOfSession&) = delete;

@@ -3,7 +3,9 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
+#include "platform/faults.h"
 #include "unit/support/journal_order.h"
 #include "unit/support/main_window_fixture.h"
 
@@ -89,6 +91,94 @@ TEST_F(ExitTest, TheShutdownOfTheSystemAsksToo) {
   EXPECT_FALSE(window.fireClose(UnloadMode::sessionEnd));
   EXPECT_EQ(onlyMessage(), L"Exit Gateway?");
   EXPECT_TRUE(window.fireClose(UnloadMode::sessionEnd));
+}
+
+// --- the end of the session ---
+
+constexpr const wchar_t* reason =
+    L"wait of frmQMK: The question \"Exit Gateway?\" waits for an answer.";
+
+TEST_F(ExitTest, TheSystemIsToldWhatItWaitsForUntilTheAnswer) {
+  bool toldBefore = false;
+  desktop().onMessage = [&toldBefore](const memory::Message& /*message*/) {
+    toldBefore = desktop().journalHas(reason);
+    EXPECT_FALSE(desktop().journalHas(L"wait of frmQMK is over"));
+  };
+  for (const Answer answer : {Answer::no, Answer::yes}) {
+    desktop().clearJournal();
+    desktop().answers = {answer};
+    window.fireClose(UnloadMode::sessionEnd);
+    EXPECT_TRUE(toldBefore);
+    EXPECT_TRUE(desktop().journalHas(L"wait of frmQMK is over"));
+  }
+}
+
+TEST_F(ExitTest, TheUsersOwnWishToCloseMakesNoSessionWait) {
+  desktop().answers = {Answer::no};
+  window.fireClose(UnloadMode::user);
+  EXPECT_FALSE(desktop().journalHas(reason));
+  EXPECT_FALSE(desktop().journalHas(L"wait of frmQMK is over"));
+}
+
+TEST_F(ExitTest, ASecondQueryStacksNoSecondQuestion) {
+  bool second = true;
+  desktop().onMessage = [&](const memory::Message& /*message*/) {
+    desktop().onMessage = nullptr;
+    second = window.fireClose(UnloadMode::sessionEnd);
+  };
+  desktop().answers = {Answer::yes};
+  EXPECT_TRUE(window.fireClose(UnloadMode::sessionEnd));
+  EXPECT_FALSE(second) << "the first question is not answered yet";
+  EXPECT_EQ(desktop().messages.size(), 1U);
+}
+
+TEST_F(ExitTest, AQueryWhileTheUserIsBeingAskedWaitsForThatAnswer) {
+  desktop().onMessage = [&](const memory::Message& /*message*/) {
+    desktop().onMessage = nullptr;
+    EXPECT_FALSE(window.fireClose(UnloadMode::sessionEnd));
+    EXPECT_TRUE(desktop().journalHas(reason));
+  };
+  desktop().answers = {Answer::no, Answer::no};
+  window.fireClose(UnloadMode::user);
+  EXPECT_EQ(desktop().messages.size(), 1U);
+  EXPECT_TRUE(desktop().journalHas(L"wait of frmQMK is over"));
+  desktop().clearJournal();
+  window.fireClose(UnloadMode::sessionEnd);
+  EXPECT_EQ(desktop().messages.size(), 2U) << "the next query asks again";
+}
+
+TEST_F(ExitTest, NobodyIsAskedWhenTheSessionMustEndOrTheProgramIsToBeReplaced) {
+  EXPECT_TRUE(window.fireClose(UnloadMode::forced));
+  EXPECT_TRUE(window.loaded()) << "the other programs may still refuse";
+  EXPECT_FALSE(desktop().journalHas(reason));
+  desktop().answers = {Answer::no};
+  window.fireClose(UnloadMode::sessionEnd);
+  EXPECT_EQ(onlyMessage(), L"Exit Gateway?");
+}
+
+TEST_F(ExitTest, ASecondCopyThatOnlySaysSoIsNotAskedAboutItsWindow) {
+  desktop().previousInstance = true;
+  EXPECT_TRUE(window.fireClose(UnloadMode::sessionEnd));
+  EXPECT_TRUE(desktop().messages.empty());
+}
+
+TEST_F(ExitTest, TheEndOfTheSessionEndsTheProgramWithItsSettingsKept) {
+  EXPECT_THROW(window.fireSessionEnd(), memory::ProgramEnded);
+  expectInOrder({L"setting General\\Placement = 100 80 800 560 96 0", L"close help", L"end"});
+}
+
+TEST_F(ExitTest, TheSessionEndsEvenWhenTheSettingsCannotBeKept) {
+  desktop().faults().failCall(1, 75, true);
+  EXPECT_THROW(window.fireSessionEnd(), memory::ProgramEnded);
+  EXPECT_EQ(desktop().errorReports, std::vector<int>{75});
+}
+
+TEST_F(ExitTest, CompiledHelpIsClosedWithTheWindow) {
+  desktop().answers = {Answer::no, Answer::yes};
+  window.fireClose(UnloadMode::user);
+  EXPECT_FALSE(desktop().journalHas(L"close help"));
+  window.fireClose(UnloadMode::user);
+  EXPECT_TRUE(desktop().journalHas(L"close help"));
 }
 
 TEST_F(ExitTest, EveryWishToCloseAsksAgain) {

@@ -52,7 +52,16 @@ std::optional<LRESULT> WindowPeer::handle(UINT message, WPARAM first, LPARAM sec
       close();
       return 0;
     case WM_QUERYENDSESSION:
-      return window_->fireClose(UnloadMode::sessionEnd) ? TRUE : FALSE;
+      return window_->fireClose((second & (ENDSESSION_CRITICAL | ENDSESSION_CLOSEAPP)) != 0
+                                    ? UnloadMode::forced
+                                    : UnloadMode::sessionEnd)
+                 ? TRUE
+                 : FALSE;
+    case WM_ENDSESSION:
+      if (first != FALSE) {
+        window_->fireSessionEnd();
+      }
+      return 0;
     case WM_ACTIVATE:
       activated(LOWORD(first) != WA_INACTIVE);
       return std::nullopt;

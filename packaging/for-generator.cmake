@@ -1,6 +1,6 @@
 # Read by CPack once for each kind of package.
 if(CPACK_GENERATOR STREQUAL "NSIS")
-  set(CPACK_PACKAGE_FILE_NAME "gateway3-setup${CPACK_GATEWAY_SUFFIX}")
+  set(CPACK_PACKAGE_FILE_NAME "gateway3-${CPACK_PACKAGE_VERSION}-setup${CPACK_GATEWAY_SUFFIX}")
   # The set-up program and the uninstaller in it are signed by the compiler of the set-up script.
   if(NOT "$ENV{QMK_SIGN_PFX}" STREQUAL "")
     set(sign "${CPACK_GATEWAY_SOURCE}/packaging/sign")
@@ -8,7 +8,7 @@ if(CPACK_GENERATOR STREQUAL "NSIS")
 !uninstfinalize '\"${sign}\" \"%1\"' = 0")
   endif()
 else()
-  set(CPACK_PACKAGE_FILE_NAME "gateway3-portable${CPACK_GATEWAY_SUFFIX}")
+  set(CPACK_PACKAGE_FILE_NAME "gateway3-${CPACK_PACKAGE_VERSION}-portable${CPACK_GATEWAY_SUFFIX}")
   # One folder, named for the person who unpacks it.
   set(CPACK_INCLUDE_TOPLEVEL_DIRECTORY OFF)
   set(CPACK_PACKAGING_INSTALL_PREFIX "/${CPACK_PACKAGE_NAME}")

@@ -1,10 +1,12 @@
-// Answers a message box for the tests of the set-up program:
+// Answers the set-up program for its tests:
 //
 //   message_box TITLE TEXT BUTTON
-//   message_box --running          exit status 0 while a Gateway runs, 1 while none does
+//   message_box --next TITLE CAPTION    pushes Next on page after page, up to the button CAPTION
+//   message_box --cancel TITLE          pushes Cancel on the page that is shown
+//   message_box --running               exit status 0 while a Gateway runs, 1 while none does
 //
-// Waits for a message box of that title whose text begins with TEXT, pushes the button of that id
-// (2 Cancel, 4 Retry, 6 Yes, 7 No) and prints the text.
+// Without an option it waits for a message box of that title whose text begins with TEXT, pushes
+// the button of that id (1 OK, 2 Cancel, 4 Retry, 6 Yes, 7 No) and prints the text.
 #include <cstdio>
 #include <string>
 
@@ -34,6 +36,42 @@ void answer(const std::wstring& title, const std::wstring& beginning, int button
   box.answer(button);
 }
 
+/// The set-up program's window, which holds one page after the other.
+HWND setUpWindow(const std::wstring& title) {
+  return waitUntilFound("the set-up program", [&]() -> HWND {
+    for (HWND window = FindWindowExW(nullptr, nullptr, L"#32770", nullptr); window != nullptr;
+         window = FindWindowExW(nullptr, window, L"#32770", nullptr)) {
+      if (IsWindowVisible(window) != FALSE && text(window).starts_with(title) &&
+          !isMessageBox(window)) {
+        return window;
+      }
+    }
+    return nullptr;
+  });
+}
+
+HWND shownPage(HWND window) { return FindWindowExW(window, nullptr, L"#32770", nullptr); }
+
+void push(HWND window, int id) {
+  HWND const button = GetDlgItem(window, id);
+  waitUntil("the button can be pushed", [&] { return IsWindowEnabled(button) != FALSE; });
+  PostMessageW(window, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), reinterpret_cast<LPARAM>(button));
+}
+
+void goOn(const std::wstring& title, const std::wstring& caption) {
+  HWND const window = setUpWindow(title);
+  for (bool last = false; !last;) {
+    HWND const page = shownPage(window);
+    waitUntil("the button can be pushed",
+              [&] { return IsWindowEnabled(GetDlgItem(window, IDOK)) != FALSE; });
+    last = text(GetDlgItem(window, IDOK)) == caption;
+    push(window, IDOK);
+    if (!last) {
+      waitUntil("the next page", [&] { return shownPage(window) != page; });
+    }
+  }
+}
+
 /// Checks in the same way as the set-up program.
 bool running() {
   HANDLE const instance = OpenMutexW(SYNCHRONIZE, FALSE, L"Local\\QuillmarkSuite3Gateway");
@@ -49,12 +87,19 @@ int wmain(int argumentCount, wchar_t** arguments) {
   if (argumentCount == 2 && std::wstring(arguments[1]) == L"--running") {
     return running() ? 0 : 1;
   }
-  if (argumentCount != 4) {
+  const bool cancel = argumentCount == 3 && std::wstring(arguments[1]) == L"--cancel";
+  if (argumentCount != 4 && !cancel) {
     std::fprintf(stderr, "message_box TITLE TEXT BUTTON\n");
     return 2;
   }
   try {
-    answer(arguments[1], arguments[2], std::stoi(arguments[3]));
+    if (cancel) {
+      push(setUpWindow(arguments[2]), IDCANCEL);
+    } else if (std::wstring(arguments[1]) == L"--next") {
+      goOn(arguments[2], arguments[3]);
+    } else {
+      answer(arguments[1], arguments[2], std::stoi(arguments[3]));
+    }
     return 0;
   } catch (const Failure& failure) {
     std::fprintf(stderr, "message_box: %s\n", failure.what());

@@ -18,7 +18,8 @@ set(platform_sources
   src/platform/controls/text_store.cpp
   src/platform/controls/window.cpp)
 set(icons_sources
-  src/icons/icon_images.cpp)
+  src/icons/icon_images.cpp
+  src/icons/scaling.cpp)
 set(paths_sources
   src/startup/paths.cpp)
 set(listfile_sources

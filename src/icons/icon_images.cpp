@@ -4,7 +4,11 @@
 #include <array>
 #include <utility>
 
+#include "icons/scaling.h"
+
 namespace icons {
+
+using platform::Size;
 
 namespace {
 
@@ -241,7 +245,7 @@ void completeTransparency(Picture& picture, const std::vector<bool>& clear) {
   }
 }
 
-std::optional<std::uint16_t> imageOfSize(std::string_view directory, int side) {
+std::optional<StoredImage> imageFor(std::string_view directory, int side) {
   constexpr std::uint32_t iconMark = 0x00010000;  // two bytes of nothing, then the type 1
   constexpr std::size_t head = 6;
   constexpr std::size_t size = 14;
@@ -249,7 +253,7 @@ std::optional<std::uint16_t> imageOfSize(std::string_view directory, int side) {
   if (!count || doubleWord(directory, 0) != iconMark) {
     return std::nullopt;
   }
-  std::optional<std::uint16_t> best;
+  std::optional<StoredImage> best;
   std::uint32_t mostBits = 0;
   for (std::size_t i = 0; i < *count; ++i) {
     const std::string_view image = directory.substr(std::min(directory.size(), head + i * size));
@@ -258,11 +262,14 @@ std::optional<std::uint16_t> imageOfSize(std::string_view directory, int side) {
       return std::nullopt;
     }
     // One byte holds sides up to 255; 0 means 256.
-    const auto width = static_cast<unsigned char>(image[0]);
-    const auto height = static_cast<unsigned char>(image[1]);
+    const int width = image[0] == 0 ? static_cast<int>(largestSide)
+                                    : static_cast<int>(static_cast<unsigned char>(image[0]));
     const std::uint32_t bits = *word(image, 6);
-    if (width == side && height == side && (!best || bits > mostBits)) {
-      best = static_cast<std::uint16_t>(*name);
+    if (image[0] != image[1] || width < side) {
+      continue;
+    }
+    if (!best || width < best->side || (width == best->side && bits > mostBits)) {
+      best = StoredImage{static_cast<std::uint16_t>(*name), width};
       mostBits = bits;
     }
   }
@@ -299,7 +306,8 @@ std::optional<Picture> unpackedImage(std::string_view image) {
   return picture;
 }
 
-std::optional<std::array<Picture, 2>> unpackedIcons(const ReadAt& file, const Sizes& sides) {
+std::optional<std::array<Picture, 2>> storedIcons(const ReadAt& file, const Sizes& sides,
+                                                  const Unpack& unpack) {
   constexpr std::uint32_t root = 0;
   constexpr std::uint32_t imageType = 3;
   constexpr std::uint32_t directoryType = 14;
@@ -319,14 +327,17 @@ std::optional<std::array<Picture, 2>> unpackedIcons(const ReadAt& file, const Si
   }
   std::array<Picture, 2> pictures;
   for (std::size_t i = 0; i < sides.size(); ++i) {
-    const auto name = imageOfSize(*directory, sides.at(i));
-    const auto image = name ? resources->child(images->place, *name) : std::nullopt;
+    const auto stored = imageFor(*directory, sides.at(i));
+    const auto image = stored ? resources->child(images->place, stored->number) : std::nullopt;
     const auto bytes = image ? resources->bytes(*image) : std::nullopt;
     auto picture = bytes ? unpackedImage(*bytes) : std::nullopt;
-    if (!picture || picture->size.width != sides.at(i)) {
+    if (bytes && !picture) {
+      picture = unpack(*bytes, stored->side);
+    }
+    if (!picture || picture->size != Size{stored->side, stored->side}) {
       return std::nullopt;
     }
-    pictures.at(i) = std::move(*picture);
+    pictures.at(i) = scaledDown(*picture, sides.at(i));
   }
   return pictures;
 }

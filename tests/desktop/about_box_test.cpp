@@ -108,7 +108,7 @@ TEST_P(AboutBoxLayout, TheSignFollowsTheTitleAndNothingIsClipped) {
   box.pushAndWait(ids::aboutOK);
 }
 
-INSTANTIATE_TEST_SUITE_P(At, AboutBoxLayout, ::testing::Values(96, 144),
+INSTANTIATE_TEST_SUITE_P(At, AboutBoxLayout, ::testing::Values(96, 144, 240),
                          [](const auto& dpi) { return std::to_string(dpi.param) + "Dpi"; });
 
 }  // namespace

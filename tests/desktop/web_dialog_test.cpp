@@ -300,7 +300,7 @@ TEST_P(WebDialogLayout, EverythingLiesInsideAndApart) {
   dialog.pushAndWait(ids::webCancel);
 }
 
-INSTANTIATE_TEST_SUITE_P(At, WebDialogLayout, ::testing::Values(96, 144),
+INSTANTIATE_TEST_SUITE_P(At, WebDialogLayout, ::testing::Values(96, 144, 240),
                          [](const auto& dpi) { return std::to_string(dpi.param) + "Dpi"; });
 
 }  // namespace

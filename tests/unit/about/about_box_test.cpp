@@ -51,7 +51,7 @@ TEST_F(AboutBox, ALongFolderIsShortenedInItsMiddleAndWholeInTheTip) {
 }
 
 TEST_F(AboutBox, TheSignStandsRightAfterTheTitleAtEveryDensity) {
-  for (const int dpi : {96, 120, 144, 168, 192}) {
+  for (const int dpi : {96, 120, 144, 168, 192, 240, 288, 384}) {
     SCOPED_TRACE(dpi);
     desktop().dpi = dpi;
     frmAbout shown;
@@ -68,7 +68,7 @@ TEST_F(AboutBox, TheSignStandsRightAfterTheTitleAtEveryDensity) {
 }
 
 TEST_F(AboutBox, ItsPartsLieInsideAndApartAtEveryDensity) {
-  for (const int dpi : {96, 144, 192}) {
+  for (const int dpi : {96, 144, 192, 240, 288, 384}) {
     SCOPED_TRACE(dpi);
     desktop().dpi = dpi;
     frmAbout shown;

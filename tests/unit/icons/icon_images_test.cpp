@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/geometry_printing.h"
@@ -17,8 +19,9 @@ using icon_program::plainImage;
 using icon_program::program;
 using icon_program::Resource;
 using icons::completeTransparency;
-using icons::imageOfSize;
-using icons::unpackedIcons;
+using icons::imageFor;
+using icons::storedIcons;
+using icons::StoredImage;
 using icons::unpackedImage;
 using platform::Picture;
 using platform::pictures::Sizes;
@@ -42,25 +45,55 @@ std::vector<Resource> twoSizes() {
           {directoryType, 1, directory({{8, 32, 1}, {4, 32, 2}})}};
 }
 
-TEST(ImageOfSize, TakesTheOneWithTheMostColours) {
+/// Most files have no packed image.
+std::optional<Picture> nonePacked(std::string_view /*image*/, int side) {
+  ADD_FAILURE() << "asked to unpack an image of " << side;
+  return std::nullopt;
+}
+
+TEST(ImageFor, TakesTheOneWithTheMostColours) {
   const std::string bytes = directory({{16, 4, 1}, {16, 32, 2}, {16, 8, 3}, {32, 32, 4}});
-  EXPECT_EQ(imageOfSize(bytes, 16), 2);
-  EXPECT_EQ(imageOfSize(bytes, 32), 4);
-  EXPECT_EQ(imageOfSize(bytes, 24), std::nullopt);
+  EXPECT_EQ(imageFor(bytes, 16), (StoredImage{2, 16}));
+  EXPECT_EQ(imageFor(bytes, 32), (StoredImage{4, 32}));
 }
 
-TEST(ImageOfSize, OfEqualPicturesTheFirstWins) {
-  EXPECT_EQ(imageOfSize(directory({{16, 32, 1}, {16, 32, 2}}), 16), 1);
-  EXPECT_EQ(imageOfSize(directory({{16, 8, 5}, {16, 32, 4}, {16, 32, 3}, {16, 0, 2}}), 16), 4);
-  EXPECT_EQ(imageOfSize(directory({{16, 0, 7}, {16, 0, 8}}), 16), 7);
+TEST(ImageFor, OfEqualPicturesTheFirstWins) {
+  EXPECT_EQ(imageFor(directory({{16, 32, 1}, {16, 32, 2}}), 16), (StoredImage{1, 16}));
+  EXPECT_EQ(imageFor(directory({{16, 8, 5}, {16, 32, 4}, {16, 32, 3}, {16, 0, 2}}), 16),
+            (StoredImage{4, 16}));
+  EXPECT_EQ(imageFor(directory({{16, 0, 7}, {16, 0, 8}}), 16), (StoredImage{7, 16}));
 }
 
-TEST(ImageOfSize, OfADamagedDirectoryIsNothing) {
+TEST(ImageFor, ASizeThatIsMissingTakesTheNextLargerOne) {
+  const std::string bytes = directory({{64, 32, 1}, {16, 32, 2}, {32, 4, 3}, {48, 32, 4}});
+  EXPECT_EQ(imageFor(bytes, 24), (StoredImage{3, 32})) << "Rather few colours than far too large";
+  EXPECT_EQ(imageFor(bytes, 33), (StoredImage{4, 48}));
+  EXPECT_EQ(imageFor(bytes, 8), (StoredImage{2, 16}));
+}
+
+TEST(ImageFor, ASmallerOneIsNeverStretched) {
+  EXPECT_EQ(imageFor(directory({{16, 32, 1}, {48, 32, 2}}), 49), std::nullopt);
+}
+
+TEST(ImageFor, TheLargestIconHas256Pixels) {
+  const std::string bytes = directory({{48, 32, 1}, {256, 32, 2}});
+  EXPECT_EQ(imageFor(bytes, 256), (StoredImage{2, 256}));
+  EXPECT_EQ(imageFor(bytes, 64), (StoredImage{2, 256}));
+  EXPECT_EQ(imageFor(bytes, 257), std::nullopt);
+}
+
+TEST(ImageFor, OfADamagedDirectoryIsNothing) {
   const std::string bytes = directory({{16, 32, 1}, {32, 32, 2}});
   for (std::size_t size = 0; size < bytes.size(); ++size) {
-    EXPECT_EQ(imageOfSize(std::string_view(bytes).substr(0, size), 32), std::nullopt) << size;
+    EXPECT_EQ(imageFor(std::string_view(bytes).substr(0, size), 32), std::nullopt) << size;
   }
-  EXPECT_EQ(imageOfSize("\1" + bytes.substr(1), 32), std::nullopt) << "Not an icon's";
+  EXPECT_EQ(imageFor("\1" + bytes.substr(1), 32), std::nullopt) << "Not an icon's";
+}
+
+TEST(ImageFor, APictureThatIsNotSquareIsPassedOver) {
+  std::string bytes = directory({{16, 32, 1}, {32, 32, 2}});
+  bytes[7] = 8;  // the height of the first one
+  EXPECT_EQ(imageFor(bytes, 16), (StoredImage{2, 32}));
 }
 
 TEST(UnpackedImage, With32BitsKeepsItsTransparency) {
@@ -142,30 +175,64 @@ TEST(UnpackedImage, OfPackedOrDamagedBytesIsNothing) {
   EXPECT_EQ(unpackedImage(bitmapHead(2, 4, 17) + std::string(200, '\0')), std::nullopt);
 }
 
-TEST(UnpackedIcons, AreTheFirstIconInBothSizes) {
+TEST(StoredIcons, AreTheFirstIconInBothSizes) {
   for (const bool wide : {true, false}) {
     const std::string file = program(twoSizes(), wide);
-    const auto icons = unpackedIcons(readerOf(file), Sizes{8, 4});
+    const auto icons = storedIcons(readerOf(file), Sizes{8, 4}, nonePacked);
     ASSERT_TRUE(icons) << wide;
     EXPECT_EQ(icons->front(), (Picture{{8, 8}, Pixels(64, green)}));
     EXPECT_EQ(icons->back(), (Picture{{4, 4}, Pixels(16, red)}));
   }
 }
 
-TEST(UnpackedIcons, MissingInOneSizeAreNothing) {
+TEST(StoredIcons, WithoutTheWantedSizeAreMadeFromTheNextLargerOne) {
   const std::string file = program(twoSizes());
-  EXPECT_FALSE(unpackedIcons(readerOf(file), Sizes{8, 16}));
-  EXPECT_FALSE(unpackedIcons(readerOf(file), Sizes{16, 4}));
+  const auto icons = storedIcons(readerOf(file), Sizes{6, 3}, nonePacked);
+  ASSERT_TRUE(icons);
+  EXPECT_EQ(icons->front(), (Picture{{6, 6}, Pixels(36, green)}));
+  EXPECT_EQ(icons->back(), (Picture{{3, 3}, Pixels(9, red)}));
 }
 
-TEST(UnpackedIcons, InSeveralLanguagesAreTheSystemsBusiness) {
+TEST(StoredIcons, ThatWouldHaveToBeStretchedAreNothing) {
+  const std::string file = program(twoSizes());
+  EXPECT_FALSE(storedIcons(readerOf(file), Sizes{8, 16}, nonePacked));
+  EXPECT_FALSE(storedIcons(readerOf(file), Sizes{16, 4}, nonePacked));
+}
+
+TEST(StoredIcons, ThatArePackedAreUnpackedByTheSystem) {
+  std::vector<Resource> resources = twoSizes();
+  resources.front().bytes = "\x89PNG";
+  const std::string file = program(resources);
+  const auto icons = storedIcons(readerOf(file), Sizes{5, 4},
+                                 [](std::string_view image, int side) -> std::optional<Picture> {
+                                   EXPECT_EQ(image, "\x89PNG");
+                                   EXPECT_EQ(side, 8);
+                                   return Picture{{8, 8}, Pixels(64, green)};
+                                 });
+  ASSERT_TRUE(icons);
+  EXPECT_EQ(icons->front(), (Picture{{5, 5}, Pixels(25, green)}));
+  EXPECT_EQ(icons->back(), (Picture{{4, 4}, Pixels(16, red)}));
+}
+
+TEST(StoredIcons, ThatTheSystemCannotUnpackAreNothing) {
+  std::vector<Resource> resources = twoSizes();
+  resources.front().bytes = "\x89PNG";
+  const std::string file = program(resources);
+  EXPECT_FALSE(
+      storedIcons(readerOf(file), Sizes{8, 4}, [](std::string_view, int) { return std::nullopt; }));
+  EXPECT_FALSE(storedIcons(readerOf(file), Sizes{8, 4}, [](std::string_view, int) {
+    return Picture{{7, 7}, Pixels(49, green)};
+  })) << "Not the size that the directory says";
+}
+
+TEST(StoredIcons, InSeveralLanguagesAreTheSystemsBusiness) {
   std::vector<Resource> resources = twoSizes();
   resources.back().languages = 2;
   const std::string file = program(resources);
-  EXPECT_FALSE(unpackedIcons(readerOf(file), Sizes{8, 4}));
+  EXPECT_FALSE(storedIcons(readerOf(file), Sizes{8, 4}, nonePacked));
 }
 
-TEST(UnpackedIcons, OfWhatIsNoProgramAreNothing) {
+TEST(StoredIcons, OfWhatIsNoProgramAreNothing) {
   const std::vector<std::string> files{"",
                                        "MZ",
                                        std::string(5000, '\xFF'),
@@ -173,35 +240,36 @@ TEST(UnpackedIcons, OfWhatIsNoProgramAreNothing) {
                                        program({{imageType, 1, plainImage(8, green)}}),
                                        program({{directoryType, 1, directory({{8, 32, 1}})}})};
   for (const std::string& file : files) {
-    EXPECT_FALSE(unpackedIcons(readerOf(file), Sizes{8, 8})) << file.size();
+    EXPECT_FALSE(storedIcons(readerOf(file), Sizes{8, 8}, nonePacked)) << file.size();
   }
 }
 
-TEST(UnpackedIcons, OfAProgramWithASpoiltMarkAreNothing) {
+TEST(StoredIcons, OfAProgramWithASpoiltMarkAreNothing) {
   const std::string file = program(twoSizes());
   const std::size_t mark = file.find(std::string("PE\0\0", 4));
   ASSERT_NE(mark, std::string::npos);
   for (std::size_t i = 0; i < 4; ++i) {
     std::string spoilt = file;
     spoilt[mark + i] = static_cast<char>(spoilt[mark + i] ^ 1);
-    EXPECT_FALSE(unpackedIcons(readerOf(spoilt), Sizes{8, 4})) << i;
+    EXPECT_FALSE(storedIcons(readerOf(spoilt), Sizes{8, 4}, nonePacked)) << i;
   }
 }
 
-TEST(UnpackedIcons, OfAnyTruncatedProgramAreNothing) {
+TEST(StoredIcons, OfAnyTruncatedProgramAreNothing) {
   const std::string file = program(twoSizes());
   for (std::size_t size = 0; size < file.size(); ++size) {
     const std::string part = file.substr(0, size);
-    EXPECT_FALSE(unpackedIcons(readerOf(part), Sizes{8, 4})) << size;
+    EXPECT_FALSE(storedIcons(readerOf(part), Sizes{8, 4}, nonePacked)) << size;
   }
 }
 
-TEST(UnpackedIcons, OfAnyDamagedProgramAreWholeOrNothing) {
+TEST(StoredIcons, OfAnyDamagedProgramAreWholeOrNothing) {
   const std::string file = program(twoSizes());
   for (std::size_t place = 0; place < file.size(); ++place) {
     std::string damaged = file;
     damaged[place] = static_cast<char>(damaged[place] ^ '\xFF');
-    if (const auto icons = unpackedIcons(readerOf(damaged), Sizes{8, 4})) {
+    const auto refused = [](std::string_view, int) { return std::nullopt; };
+    if (const auto icons = storedIcons(readerOf(damaged), Sizes{8, 4}, refused)) {
       EXPECT_EQ(icons->front().pixels.size(), 64U) << place;
       EXPECT_EQ(icons->back().pixels.size(), 16U) << place;
     }

@@ -21,7 +21,7 @@ using platform::Size;
 
 /// The smallest client area that the window can have, at 96 dpi.
 constexpr Size smallest{420, 300};
-constexpr std::array dpis{96, 120, 144, 168, 192, 288};
+constexpr std::array dpis{96, 120, 144, 168, 192, 240, 288, 384};
 
 /// Simulates a tab control: a row of tabs above, a thin frame around.
 MeasuredParts partsAt(int dpi) {

@@ -327,7 +327,7 @@ TEST_F(SplashTest, WithoutTheDisplayTimerEachFiveSecondsLowerTheLevel) {
 
 TEST_F(SplashTest, LabelsStandInsideThePictureAndApart) {
   splash.load();
-  for (const int dpi : {96, 120, 144, 168, 192}) {
+  for (const int dpi : {96, 120, 144, 168, 192, 240, 288, 384}) {
     const platform::Size design = splash.designSize();
     const platform::Size client{platform::scaled(design.width, dpi),
                                 platform::scaled(design.height, dpi)};

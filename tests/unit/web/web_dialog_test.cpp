@@ -215,7 +215,7 @@ TEST_F(WebDialog, StaysOpenAcrossTabSwitches) {
 }
 
 TEST_F(WebDialog, ItsPartsLieApartAndInsideAtEveryDensity) {
-  for (const int dpi : {96, 120, 144, 192}) {
+  for (const int dpi : {96, 120, 144, 192, 240, 288, 384}) {
     SCOPED_TRACE(dpi);
     frmWeb dialog(web);
     const platform::Size client{platform::scaled(dialog.designSize().width, dpi),

@@ -1,9 +1,11 @@
 #include "platform/win32/pictures/icon_pictures.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
-#include <string_view>
 
 #include "icons/icon_images.h"
+#include "icons/scaling.h"
 #include "platform/run_time_error.h"
 #include "platform/win32/parameters.h"
 
@@ -13,6 +15,8 @@ namespace {
 
 constexpr std::uint32_t alphaMask = 0xFF000000U;
 constexpr std::uint32_t colourMask = 0x00FFFFFFU;
+constexpr DWORD iconVersion = 0x00030000;  // of the format, the only one that there is
+constexpr std::size_t quarters = 4;
 
 /// Rows from top to bottom, 32 bits per pixel.
 BITMAPINFO formatOf(int width, int height) {
@@ -52,6 +56,40 @@ std::string_view resource(const wchar_t* name, const wchar_t* type) {
       static_cast<const char*>(loaded == nullptr ? nullptr : LockResource(loaded));
   return bytes == nullptr ? std::string_view()
                           : std::string_view(bytes, SizeofResource(program, place));
+}
+
+/// An icon of this program at `side` pixels, or at the next larger size that it is stored in.
+/// Nothing when there is none.
+std::optional<Picture> largerPicture(const std::wstring& name, int side) {
+  const auto stored = icons::imageFor(resource(name.c_str(), RT_GROUP_ICON), side);
+  if (!stored) {
+    return std::nullopt;
+  }
+  const std::string_view image = resource(nameFromNumber(stored->number), RT_ICON);
+  auto picture = icons::unpackedImage(image);
+  return picture ? picture : unpacked(image, stored->side);
+}
+
+/// A picture that is too large for an icon, put together from its quarters, which have at least
+/// `side` pixels each. They are named `name`_1 to `name`_4, row by row. Nothing when they are
+/// missing.
+std::optional<Picture> fromQuarters(const std::wstring& name, int side) {
+  Picture whole;
+  for (std::size_t i = 0; i < quarters; ++i) {
+    const auto quarter = largerPicture(name + L"_" + std::to_wstring(i + 1), side);
+    if (!quarter) {
+      return std::nullopt;
+    }
+    const auto length = static_cast<std::size_t>(quarter->size.width);
+    whole.size = {2 * quarter->size.width, 2 * quarter->size.height};
+    whole.pixels.resize(4 * length * length);
+    for (std::size_t row = 0; row < length; ++row) {
+      const auto from = quarter->pixels.begin() + static_cast<std::ptrdiff_t>(row * length);
+      const std::size_t to = (i / 2 * length + row) * 2 * length + i % 2 * length;
+      std::copy_n(from, length, whole.pixels.begin() + static_cast<std::ptrdiff_t>(to));
+    }
+  }
+  return whole;
 }
 
 }  // namespace
@@ -134,9 +172,25 @@ std::optional<Picture> pictureFromIcon(HICON icon) {
   return picture;
 }
 
+std::optional<Picture> unpacked(std::string_view image, int side) {
+  // The bytes come from a file or from the resources, and are not written to.
+  auto* const bytes = reinterpret_cast<BYTE*>(const_cast<char*>(image.data()));
+  const Icon icon(CreateIconFromResourceEx(bytes, static_cast<DWORD>(image.size()), TRUE,
+                                           iconVersion, side, side, LR_DEFAULTCOLOR));
+  return pictureFromIcon(icon.get());
+}
+
+bool storedAt(const std::wstring& name, int side) {
+  const auto stored = icons::imageFor(resource(name.c_str(), RT_GROUP_ICON), side);
+  return stored && stored->side == side;
+}
+
 std::optional<Picture> storedPicture(const std::wstring& name, int side) {
-  const auto image = icons::imageOfSize(resource(name.c_str(), RT_GROUP_ICON), side);
-  return image ? icons::unpackedImage(resource(nameFromNumber(*image), RT_ICON)) : std::nullopt;
+  if (auto picture = largerPicture(name, side)) {
+    return icons::scaledDown(*picture, side);
+  }
+  auto whole = fromQuarters(name, (side + 1) / 2);
+  return whole ? std::optional(icons::scaledDown(*whole, side)) : std::nullopt;
 }
 
 }  // namespace platform::win32

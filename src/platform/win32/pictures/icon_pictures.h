@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/pictures.h"
@@ -28,8 +29,15 @@ struct Strip {
 /// The pixels of an icon at its own size; nothing when the system does not return them.
 [[nodiscard]] std::optional<Picture> pictureFromIcon(HICON icon);
 
-/// An icon of this program at exactly `side` pixels. Nothing when it is not stored unpacked at that
-/// size.
+/// An icon's image as the system unpacks it; `side` is its size in pixels. Nothing when the system
+/// refuses.
+[[nodiscard]] std::optional<Picture> unpacked(std::string_view image, int side);
+
+/// Whether an icon of this program has an image of exactly `side` pixels.
+[[nodiscard]] bool storedAt(const std::wstring& name, int side);
+
+/// An icon of this program at exactly `side` pixels, made from the next larger picture when there
+/// is none of that size. Nothing when all are smaller.
 [[nodiscard]] std::optional<Picture> storedPicture(const std::wstring& name, int side);
 
 }  // namespace platform::win32

@@ -14,7 +14,7 @@ namespace platform::win32 {
 namespace {
 
 constexpr int growth = 16;  // pictures added to the capacity of a full native image list
-constexpr std::array picturePercents{100, 125, 150, 175, 200};
+constexpr std::array picturePercents{100, 125, 150, 175, 200, 250, 300, 400};
 
 HMODULE program() { return GetModuleHandleW(nullptr); }
 
@@ -27,11 +27,17 @@ int percentFor(int dpi) {
 
 [[noreturn]] void refused() { throw RunTimeError(error::outOfMemory); }
 
+/// An icon as the system loads it: the image of this size, otherwise one that it stretches.
+Icon systemIcon(const wchar_t* name, Size size) {
+  return Icon(static_cast<HICON>(
+      LoadImageW(program(), name, IMAGE_ICON, size.width, size.height, LR_DEFAULTCOLOR)));
+}
+
 /// The pixels of one entry of an image list at `size`; nothing when there is no such picture.
 std::optional<Picture> pictureOf(const controls::ImageList::Image& image, Size size) {
   if (!image.resource.empty()) {
-    const auto stored = storedPicture(image.resource, size.width);
-    return stored ? stored : pictureFromIcon(loadIcon(image.resource, size).get());
+    auto stored = storedPicture(image.resource, size.width);
+    return stored ? stored : pictureFromIcon(systemIcon(image.resource.c_str(), size).get());
   }
   if (image.picture.pixels.empty()) {
     return std::nullopt;
@@ -47,15 +53,17 @@ std::optional<Picture> pictureOf(const controls::ImageList::Image& image, Size s
 
 }  // namespace
 
-Icon loadProgramIcon(Size size) {
-  constexpr WORD number = 1;
-  return Icon(static_cast<HICON>(LoadImageW(program(), nameFromNumber(number), IMAGE_ICON,
-                                            size.width, size.height, LR_DEFAULTCOLOR)));
-}
+Icon loadProgramIcon(Size size) { return loadIcon(L"#1", size); }
 
 Icon loadIcon(const std::wstring& name, Size size) {
-  return Icon(static_cast<HICON>(
-      LoadImageW(program(), name.c_str(), IMAGE_ICON, size.width, size.height, LR_DEFAULTCOLOR)));
+  // For a size that is missing, the system may stretch a smaller picture although there is a larger
+  // one.
+  if (size.width == size.height && !storedAt(name, size.width)) {
+    if (const auto stored = storedPicture(name, size.width)) {
+      return iconFromPicture(*stored);
+    }
+  }
+  return systemIcon(name.c_str(), size);
 }
 
 BitmapHandle loadPicture(const std::wstring& name, int dpi, Size size) {

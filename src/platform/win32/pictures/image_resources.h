@@ -16,10 +16,12 @@ namespace platform::win32 {
 /// Loads the program's own icon, the resource number 1. Empty when there is none.
 [[nodiscard]] Icon loadProgramIcon(Size size);
 
-/// Loads an icon resource at exactly `size` pixels. Empty when there is no such resource.
+/// Loads an icon resource at exactly `size` pixels; a smaller picture is stretched only when there
+/// is no larger one. Empty when there is no such resource. Raises `error::outOfMemory` when the
+/// system refuses to make an icon of the smaller picture.
 [[nodiscard]] Icon loadIcon(const std::wstring& name, Size size);
 
-/// Loads the picture resource `name`_100 ... `name`_200 that suits `dpi` and draws it into a bitmap
+/// Loads the picture resource `name`_100 ... `name`_400 that suits `dpi` and draws it into a bitmap
 /// of exactly `size` pixels (unscaled when the size is the same). Empty when there is none.
 [[nodiscard]] BitmapHandle loadPicture(const std::wstring& name, int dpi, Size size);
 

@@ -46,7 +46,7 @@ NativeIcons extractIcons(const std::wstring& file, const Sizes& sides) {
   return icons;
 }
 
-/// The icons as stored in the file, if they are unpacked.
+/// The icons as stored in the file, if none has to be stretched.
 std::optional<std::array<Picture, 2>> storedIcons(const std::wstring& path, const Sizes& sides) {
   const win32::FileHandle file(CreateFileW(path.c_str(), GENERIC_READ,
                                            FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
@@ -66,7 +66,7 @@ std::optional<std::array<Picture, 2>> storedIcons(const std::wstring& path, cons
     bytes.resize(got);
     return bytes;
   };
-  return icons::unpackedIcons(readAt, sides);
+  return icons::storedIcons(readAt, sides, win32::unpacked);
 }
 
 /// The picture at another size, without smoothing. Used only for an icon that the system did not

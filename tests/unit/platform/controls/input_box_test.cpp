@@ -64,7 +64,7 @@ TEST_F(InputBoxTest, CancelAndTheCloseBoxAnswerNothing) {
 }
 
 TEST_F(InputBoxTest, ItsPartsStandBelowOneAnotherAtEveryDensity) {
-  for (const int dpi : {96, 120, 144, 192}) {
+  for (const int dpi : {96, 120, 144, 192, 240, 288, 384}) {
     SCOPED_TRACE(dpi);
     const Size client = box.clientSize(dpi);
     EXPECT_EQ(client.width, scaled(360, dpi));

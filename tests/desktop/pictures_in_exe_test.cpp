@@ -1,0 +1,159 @@
+// Every icon and the splash picture are in the built program file at every screen density up to
+// 400 %, so that none has to be stretched.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <cstring>
+#include <map>
+#include <set>
+#include <string>
+#include <string_view>
+
+#include "harness/paths.h"
+#include "harness/text.h"
+
+namespace desktop_tests {
+namespace {
+
+constexpr int percents[] = {100, 125, 150, 175, 200, 250, 300, 400};
+constexpr int largestInAnIcon = 256;
+
+class PicturesInExe : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    module_ = LoadLibraryExW(harness::gatewayExecutable().c_str(), nullptr,
+                             LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_AS_IMAGE_RESOURCE);
+    ASSERT_NE(module_, nullptr);
+  }
+  void TearDown() override {
+    if (module_ != nullptr) {
+      FreeLibrary(module_);
+    }
+  }
+
+  [[nodiscard]] std::string_view resource(const wchar_t* name, const wchar_t* type) const {
+    HRSRC const found = FindResourceW(module_, name, type);
+    if (found == nullptr) {
+      return {};
+    }
+    return {static_cast<const char*>(LockResource(LoadResource(module_, found))),
+            SizeofResource(module_, found)};
+  }
+
+  /// A number of two or four bytes, lowest byte first.
+  template <class T>
+  static T number(std::string_view from, std::size_t place) {
+    T value{};
+    EXPECT_LE(place + sizeof value, from.size());
+    if (place + sizeof value <= from.size()) {
+      std::memcpy(&value, from.data() + place, sizeof value);
+    }
+    return value;
+  }
+
+  /// Side of an icon's image by its own head, packed or not.
+  static int sideOf(std::string_view image) {
+    constexpr std::string_view packedMark = "\x89PNG\r\n\x1A\n";
+    constexpr std::size_t packedWidth = 16;  // highest byte first
+    if (!image.starts_with(packedMark)) {
+      return static_cast<int>(number<DWORD>(image, 4));
+    }
+    DWORD width = 0;
+    for (std::size_t i = 0; i < sizeof width; ++i) {
+      width = width << 8U | number<BYTE>(image, packedWidth + i);
+    }
+    return static_cast<int>(width);
+  }
+
+  /// The sides of an icon's images, in pixels.
+  [[nodiscard]] std::set<int> sidesOf(const wchar_t* name) const {
+    constexpr std::size_t head = 6;
+    constexpr std::size_t entry = 14;
+    const std::string_view directory = resource(name, MAKEINTRESOURCEW(14));
+    std::set<int> sides;
+    for (std::size_t i = 0; i < number<WORD>(directory, 4); ++i) {
+      const std::size_t place = head + i * entry;
+      const auto image =
+          resource(MAKEINTRESOURCEW(number<WORD>(directory, place + 12)), MAKEINTRESOURCEW(3));
+      EXPECT_EQ(sideOf(image) % largestInAnIcon, number<BYTE>(directory, place));
+      sides.insert(sideOf(image));
+    }
+    return sides;
+  }
+
+  /// Every icon of the program, by name; the program's own is "#1".
+  [[nodiscard]] std::set<std::wstring> icons() const {
+    std::set<std::wstring> names;
+    EnumResourceNamesW(
+        module_, MAKEINTRESOURCEW(14),
+        [](HMODULE, const wchar_t*, wchar_t* name, LONG_PTR found) -> BOOL {
+          auto& into = *reinterpret_cast<std::set<std::wstring>*>(found);
+          into.insert(IS_INTRESOURCE(name)
+                          ? L"#" + std::to_wstring(reinterpret_cast<ULONG_PTR>(name))
+                          : std::wstring(name));
+          return TRUE;
+        },
+        reinterpret_cast<LONG_PTR>(&names));
+    return names;
+  }
+
+  HMODULE module_ = nullptr;
+};
+
+/// Where an icon is shown, as its sides in pixels at 96 dpi.
+std::set<int> shownAt(const std::wstring& icon) {
+  if (icon.starts_with(L"TB_")) {
+    return {24};
+  }
+  if (icon == L"ABOUT") {
+    return {96};
+  }
+  return {16, 32};
+}
+
+TEST_F(PicturesInExe, EveryIconIsDrawnForEveryDensity) {
+  const std::set<std::wstring> all = icons();
+  EXPECT_THAT(all, ::testing::IsSupersetOf({L"#1", L"PV3", L"BW3", L"CW3", L"WEB", L"TB_HELP",
+                                            L"TB_CREATE", L"ABOUT"}));
+  for (const std::wstring& icon : all) {
+    if (icon.starts_with(L"ABOUT_")) {
+      continue;  // a quarter of the one without a number
+    }
+    for (const int side : shownAt(icon)) {
+      for (const int percent : percents) {
+        const int wanted = side * percent / 100;
+        if (wanted <= largestInAnIcon) {
+          EXPECT_THAT(sidesOf(icon.c_str()), ::testing::Contains(wanted))
+              << harness::utf8(icon) << " at " << percent << " %";
+          continue;
+        }
+        for (const wchar_t* const quarter : {L"_1", L"_2", L"_3", L"_4"}) {
+          EXPECT_THAT(sidesOf((icon + quarter).c_str()), ::testing::Contains(wanted / 2))
+              << harness::utf8(icon) << " at " << percent << " %";
+        }
+      }
+    }
+  }
+}
+
+TEST_F(PicturesInExe, TheTaskBarHasItsOwnSizes) {
+  for (const int percent : percents) {
+    EXPECT_THAT(sidesOf(L"#1"), ::testing::Contains(24 * percent / 100));
+  }
+}
+
+TEST_F(PicturesInExe, TheSplashPictureIsDrawnForEveryDensity) {
+  for (const int percent : percents) {
+    const std::string_view picture =
+        resource((L"SPLASH_" + std::to_wstring(percent)).c_str(), MAKEINTRESOURCEW(2));
+    ASSERT_FALSE(picture.empty()) << percent;
+    const auto head = number<BITMAPINFOHEADER>(picture, 0);
+    EXPECT_EQ(head.biWidth, 480 * percent / 100);
+    EXPECT_EQ(head.biHeight, 300 * percent / 100);
+    EXPECT_EQ(head.biCompression, DWORD{BI_RLE8}) << "packed, because there are so many";
+  }
+}
+
+}  // namespace
+}  // namespace desktop_tests

@@ -5,10 +5,10 @@
 #include <windows.h>
 
 #include <cstring>
-#include <map>
 #include <set>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "harness/paths.h"
 #include "harness/text.h"
@@ -82,16 +82,14 @@ class PicturesInExe : public ::testing::Test {
     return sides;
   }
 
-  /// Every icon of the program, by name; the program's own is "#1".
-  [[nodiscard]] std::set<std::wstring> icons() const {
-    std::set<std::wstring> names;
+  /// The names of all icons of the program, in their order.
+  [[nodiscard]] std::vector<std::wstring> icons() const {
+    std::vector<std::wstring> names;
     EnumResourceNamesW(
         module_, MAKEINTRESOURCEW(14),
         [](HMODULE, const wchar_t*, wchar_t* name, LONG_PTR found) -> BOOL {
-          auto& into = *reinterpret_cast<std::set<std::wstring>*>(found);
-          into.insert(IS_INTRESOURCE(name)
-                          ? L"#" + std::to_wstring(reinterpret_cast<ULONG_PTR>(name))
-                          : std::wstring(name));
+          reinterpret_cast<std::vector<std::wstring>*>(found)->push_back(
+              IS_INTRESOURCE(name) ? L"(a number)" : name);
           return TRUE;
         },
         reinterpret_cast<LONG_PTR>(&names));
@@ -113,9 +111,9 @@ std::set<int> shownAt(const std::wstring& icon) {
 }
 
 TEST_F(PicturesInExe, EveryIconIsDrawnForEveryDensity) {
-  const std::set<std::wstring> all = icons();
-  EXPECT_THAT(all, ::testing::IsSupersetOf({L"#1", L"PV3", L"BW3", L"CW3", L"WEB", L"TB_HELP",
-                                            L"TB_CREATE", L"ABOUT"}));
+  const std::vector<std::wstring> all = icons();
+  EXPECT_THAT(all, ::testing::IsSupersetOf({L"AA_PROGRAM", L"PV3", L"BW3", L"CW3", L"WEB",
+                                            L"TB_HELP", L"TB_CREATE", L"ABOUT"}));
   for (const std::wstring& icon : all) {
     if (icon.starts_with(L"ABOUT_")) {
       continue;  // a quarter of the one without a number
@@ -137,9 +135,16 @@ TEST_F(PicturesInExe, EveryIconIsDrawnForEveryDensity) {
   }
 }
 
+TEST_F(PicturesInExe, TheFirstOneIsTheProgramsOwn) {
+  // The system shows it in folders, in the Start menu and in shortcuts.
+  const std::vector<std::wstring> all = icons();
+  ASSERT_FALSE(all.empty());
+  EXPECT_EQ(all.front(), L"AA_PROGRAM");
+}
+
 TEST_F(PicturesInExe, TheTaskBarHasItsOwnSizes) {
   for (const int percent : percents) {
-    EXPECT_THAT(sidesOf(L"#1"), ::testing::Contains(24 * percent / 100));
+    EXPECT_THAT(sidesOf(L"AA_PROGRAM"), ::testing::Contains(24 * percent / 100));
   }
 }
 

@@ -165,7 +165,7 @@ TEST(IconOfAProgram, IsNeverStretchedWhileItHasALargerOne) {
                                    LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_AS_IMAGE_RESOURCE);
   ASSERT_NE(program, nullptr);
   const auto drawn = [&](int side) {
-    auto picture = loaded(program, MAKEINTRESOURCEW(1), side);
+    auto picture = loaded(program, L"AA_PROGRAM", side);
     EXPECT_TRUE(picture) << side;
     return picture.value_or(Picture{});
   };

@@ -53,7 +53,7 @@ std::optional<Picture> pictureOf(const controls::ImageList::Image& image, Size s
 
 }  // namespace
 
-Icon loadProgramIcon(Size size) { return loadIcon(L"#1", size); }
+Icon loadProgramIcon(Size size) { return loadIcon(L"AA_PROGRAM", size); }
 
 Icon loadIcon(const std::wstring& name, Size size) {
   // For a size that is missing, the system may stretch a smaller picture although there is a larger

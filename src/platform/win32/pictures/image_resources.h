@@ -13,7 +13,7 @@
 
 namespace platform::win32 {
 
-/// Loads the program's own icon, the resource number 1. Empty when there is none.
+/// Loads the program's own icon. Empty when there is none.
 [[nodiscard]] Icon loadProgramIcon(Size size);
 
 /// Loads an icon resource at exactly `size` pixels; a smaller picture is stretched only when there

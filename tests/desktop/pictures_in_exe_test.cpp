@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <array>
 #include <cstring>
 #include <set>
 #include <string>
@@ -16,7 +17,7 @@
 namespace desktop_tests {
 namespace {
 
-constexpr int percents[] = {100, 125, 150, 175, 200, 250, 300, 400};
+constexpr std::array percents{100, 125, 150, 175, 200, 250, 300, 400};
 constexpr int largestInAnIcon = 256;
 
 class PicturesInExe : public ::testing::Test {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <cstddef>
 #include <cstdlib>
 #include <optional>
 #include <string>
@@ -115,8 +116,8 @@ TEST(OwnIcon, TooLargeForAnIconIsPutTogetherFromItsQuarters) {
       ASSERT_TRUE(part);
       Picture cut{{half, half}, {}};
       for (int row = 0; row < half; ++row) {
-        const auto from =
-            whole->pixels.begin() + (quarter / 2 * half + row) * side + quarter % 2 * half;
+        const std::ptrdiff_t line = quarter / 2 * half + row;
+        const auto from = whole->pixels.begin() + line * side + (quarter % 2 == 0 ? 0 : half);
         cut.pixels.insert(cut.pixels.end(), from, from + half);
       }
       EXPECT_EQ(cut, *part) << quarter;

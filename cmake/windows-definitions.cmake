@@ -1,4 +1,52 @@
-# How every Windows program of the project sees the system's headers.
+# What every Windows program of the project has in common, and where compilers differ in how they
+# are told. GCC and Clang take the same options; Microsoft's compiler has its own.
+
+# How it sees the system's headers.
 add_library(windows_definitions INTERFACE)
 target_compile_definitions(windows_definitions INTERFACE UNICODE _UNICODE WIN32_LEAN_AND_MEAN
   NOMINMAX WINVER=0x0A00 _WIN32_WINNT=0x0A00)
+# A program or library that needs no files of the compiler beside it.
+add_library(windows_alone INTERFACE)
+# A program that begins with wmain or wWinMain.
+add_library(windows_wide_entry INTERFACE)
+# Code that waits most of the time; what counts is how fast it is built.
+add_library(windows_quick_build INTERFACE)
+
+if(MSVC)
+  # The sources are UTF-8 and standard C++. The C library's functions are the standard's, too, and
+  # not Microsoft's replacements for some of them.
+  target_compile_options(windows_definitions INTERFACE /utf-8 /permissive- /EHsc /GS /guard:cf)
+  target_compile_definitions(windows_definitions INTERFACE _CRT_SECURE_NO_WARNINGS)
+  target_link_options(windows_definitions INTERFACE /guard:cf)
+  # Programs that need a manifest have it among their resources; a second one of the linker's would
+  # be an error.
+  target_link_options(windows_alone INTERFACE /MANIFEST:NO)
+  set(CMAKE_MSVC_RUNTIME_LIBRARY "MultiThreaded$<$<CONFIG:Debug>:Debug>")
+else()
+  target_link_options(windows_alone INTERFACE -static -s)
+  target_link_options(windows_wide_entry INTERFACE -municode)
+  target_compile_options(windows_quick_build INTERFACE $<$<NOT:$<CONFIG:Debug>>:-O1>)
+endif()
+
+# Visual Studio adds the name of the configuration to a folder without a generator expression. All
+# programs lie beside each other, because the tests look for them there.
+function(beside_the_others)
+  set_target_properties(${ARGN} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}$<0:>")
+endfunction()
+
+# The second compiler only shows that it takes the sources. It spends nearly all its time in the same
+# headers, so they are precompiled; the first compiler, without that, finds a missing include.
+option(GATEWAY_QUICK "Precompile common headers, and build nothing twice for the proofs" OFF)
+set(GATEWAY_COMMON_HEADERS <windows.h> <commctrl.h> <algorithm> <array> <functional> <map> <memory>
+  <optional> <string> <vector>)
+function(precompile target)
+  if(GATEWAY_QUICK)
+    target_precompile_headers(${target} PRIVATE ${ARGN})
+  endif()
+endfunction()
+# The same ones as another program, which has the same options.
+function(precompiled_like target other)
+  if(GATEWAY_QUICK)
+    target_precompile_headers(${target} REUSE_FROM ${other})
+  endif()
+endfunction()

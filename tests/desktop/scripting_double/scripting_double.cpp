@@ -12,7 +12,9 @@
 #include <string>
 
 // The interfaces of COM have no virtual destructors; their objects delete themselves.
+#ifdef __GNUC__
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
+#endif
 
 namespace {
 

@@ -39,6 +39,8 @@ class DistinctColours {
 /// Number of windows of this thread, of every level.
 [[nodiscard]] int windowCount();
 
+/// Counts the timers that this program starts from now on.
+void countTimers();
 /// Number of timers of all windows of this process.
 [[nodiscard]] int timerCount();
 /// Whether a window has the timer `id`.

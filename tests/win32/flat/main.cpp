@@ -40,6 +40,7 @@ int main(int argumentCount, char** arguments) {
   INITCOMMONCONTROLSEX classes{sizeof(classes), ICC_STANDARD_CLASSES | ICC_USEREX_CLASSES};
   InitCommonControlsEx(&classes);
   const flat_tests::DistinctColours colours;
+  flat_tests::countTimers();
   constexpr UINT lookMs = 100;
   SetTimer(nullptr, 0, lookMs, lookForMessages);
   return RUN_ALL_TESTS();

@@ -8,6 +8,7 @@
 
 #include "harness/files.h"
 #include "harness/paths.h"
+#include "harness/permission.h"
 #include "harness/text.h"
 #include "windows/capture.h"
 #include "windows/driver_rows.h"
@@ -29,6 +30,9 @@ void runOperations(const bench::Table& table, const std::wstring& arguments) {
 
 int wmain(int argumentCount, wchar_t** arguments) {
   std::setvbuf(stdout, nullptr, _IONBF, 0);
+  if (!harness::profileIsForTests()) {
+    return harness::profileRefused;
+  }
   bool quick = false;
   std::wstring filter;
   std::wstring passedOn;

@@ -24,6 +24,7 @@
 //   drive size 800x600         gives the main window a size
 //   drive maximise             or all of the screen
 //   drive close                closes the main window and answers Yes
+//   drive picture FILE         writes all that the screen shows to a PNG file
 #include <windows.h>
 // Needs <windows.h> first.
 #include <commctrl.h>
@@ -38,6 +39,8 @@
 #include "harness/dialogs.h"
 #include "harness/input.h"
 #include "harness/list_view.h"
+#include "harness/permission.h"
+#include "harness/picture.h"
 #include "harness/text.h"
 #include "harness/wait.h"
 #include "harness/windows_of_process.h"
@@ -223,6 +226,7 @@ constexpr std::array steps{
     Step{L"size", resize},
     Step{L"maximise", [](Argument) { ShowWindowAsync(mainWindow(), SW_MAXIMIZE); }},
     Step{L"close", [](Argument) { closeProgram(); }},
+    Step{L"picture", [](Argument file) { takePicture(allScreens(), file); }},
 };
 
 void run(const std::wstring& name, Argument argument) {
@@ -237,6 +241,9 @@ void run(const std::wstring& name, Argument argument) {
 }  // namespace
 
 int wmain(int argumentCount, wchar_t** arguments) {
+  if (!profileIsForTests()) {
+    return profileRefused;
+  }
   try {
     std::vector<std::wstring> step;
     for (int index = 1; index <= argumentCount; ++index) {

@@ -4,12 +4,16 @@
 
 #include <cstdio>
 
+#include "harness/permission.h"
 #include "proof.h"
 
 int main(int argumentCount, char** arguments) {
   // Results must be on the disk even if the run is interrupted.
   std::setvbuf(stdout, nullptr, _IONBF, 0);
   ::testing::InitGoogleMock(&argumentCount, arguments);
+  if (!GTEST_FLAG_GET(list_tests) && !harness::profileIsForTests()) {
+    return harness::profileRefused;
+  }
   std::printf("seed: %llu\n", static_cast<unsigned long long>(proofs::seed()));
   return RUN_ALL_TESTS();
 }

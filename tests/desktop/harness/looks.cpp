@@ -3,9 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
 
-#include "harness/wait.h"
+#include "harness/screen_pixels.h"
 
 namespace harness {
 namespace {
@@ -21,34 +22,10 @@ double luminance(COLORREF colour) {
 
 /// How often each colour occurs.
 std::map<COLORREF, std::size_t> coloursAt(const RECT& place) {
-  const int width = place.right - place.left;
-  const int height = place.bottom - place.top;
-  if (width <= 0 || height <= 0) {
-    throw Failure("there is nothing to look at");
-  }
-  BITMAPINFO info{};
-  info.bmiHeader.biSize = sizeof(info.bmiHeader);
-  info.bmiHeader.biWidth = width;
-  info.bmiHeader.biHeight = -height;
-  info.bmiHeader.biPlanes = 1;
-  info.bmiHeader.biBitCount = 32;
-  void* bits = nullptr;
-  HDC const screen = GetDC(nullptr);
-  HDC const copy = CreateCompatibleDC(screen);
-  HBITMAP const bitmap = CreateDIBSection(copy, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-  HGDIOBJ const before = SelectObject(copy, bitmap);
-  BitBlt(copy, 0, 0, width, height, screen, place.left, place.top, SRCCOPY);
-  GdiFlush();
   std::map<COLORREF, std::size_t> counts;
-  const auto* const pixels = static_cast<const std::uint32_t*>(bits);
-  for (std::ptrdiff_t i = 0; i < static_cast<std::ptrdiff_t>(width) * height; ++i) {
-    const std::uint32_t pixel = pixels[i];
+  for (const std::uint32_t pixel : screenPixels(place).pixels) {
     ++counts[RGB(pixel >> 16U & 0xFFU, pixel >> 8U & 0xFFU, pixel & 0xFFU)];
   }
-  SelectObject(copy, before);
-  DeleteObject(bitmap);
-  DeleteDC(copy);
-  ReleaseDC(nullptr, screen);
   return counts;
 }
 

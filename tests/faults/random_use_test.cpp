@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <iostream>
 #include <random>
+#include <set>
 #include <string>
 
 #include "faults/sweep.h"
@@ -29,6 +30,9 @@ class RandomUse : public ::memory::DesktopTest {
   std::wstring someName();
   void prepareAnswers();
   void otherProgram();
+  /// Something that the system does: drives become slow or fast, viewers of help come and go,
+  /// programs need an administrator, the session wants to end.
+  void system();
   void select();
   void command();
   const mainwindow::Command& someCommand();
@@ -96,6 +100,31 @@ void RandomUse::otherProgram() {
       break;
     default:
       desktop().putFile(L"C:\\App\\data\\New " + std::to_wstring(below(9)) + L".bs3", "z");
+      break;
+  }
+}
+
+void RandomUse::system() {
+  switch (below(5)) {
+    case 0:
+      desktop().slowDrives = oneIn(2) ? std::set<std::wstring>{L"C:"} : std::set<std::wstring>{};
+      desktop().backgroundMilliseconds = static_cast<int>(below(3000));
+      break;
+    case 1:
+      desktop().classicHelp = oneIn(2);
+      desktop().compiledHelp = oneIn(2);
+      break;
+    case 2:
+      desktop().elevated.clear();
+      if (oneIn(2)) {
+        desktop().elevated[L"C:\\Tools\\calc.exe"] = oneIn(2);
+      }
+      break;
+    case 3:
+      main_->fireLayout({900, 700}, oneIn(2) ? 96 : 144);
+      break;
+    default:
+      main_->fireClose(oneIn(2) ? controls::UnloadMode::sessionEnd : controls::UnloadMode::forced);
       break;
   }
 }
@@ -169,9 +198,12 @@ void RandomUse::dialogs() {
 }
 
 void RandomUse::act() {
-  switch (below(8)) {
+  switch (below(9)) {
     case 0:
       otherProgram();
+      break;
+    case 5:
+      system();
       break;
     case 1:
       desktop().advance(static_cast<int>(below(2500)));

@@ -43,7 +43,9 @@ void checkPlacement(const std::wstring& text, int dpi) {
     return lies(today, screen.workArea);
   });
   require(on != screens.end(), "a window comes back onto one of the screens");
-  require(mainwindow::placeToday({.normal = today, .dpi = on->dpi}, screens) == today,
+  // Without a size it is on no screen. The system does not let a window become that small.
+  const bool visible = today.width > 0 && today.height > 0;
+  require(!visible || mainwindow::placeToday({.normal = today, .dpi = on->dpi}, screens) == today,
           "and has the same size at the next start");
 }
 

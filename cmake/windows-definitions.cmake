@@ -37,8 +37,9 @@ endfunction()
 # The second compiler only shows that it takes the sources. It spends nearly all its time in the same
 # headers, so they are precompiled; the first compiler, without that, finds a missing include.
 option(GATEWAY_QUICK "Precompile common headers, and build nothing twice for the proofs" OFF)
-set(GATEWAY_COMMON_HEADERS <windows.h> <commctrl.h> <algorithm> <array> <functional> <map> <memory>
-  <optional> <string> <vector>)
+set(GATEWAY_COMMON_HEADERS <windows.h> <commctrl.h> <objbase.h> <oleauto.h> <shlobj.h> <algorithm>
+  <array> <bit> <cstddef> <cstdint> <functional> <limits> <map> <memory> <optional> <set> <sstream>
+  <stdexcept> <string> <string_view> <utility> <vector>)
 function(precompile target)
   if(GATEWAY_QUICK)
     target_precompile_headers(${target} PRIVATE ${ARGN})

@@ -15,6 +15,8 @@ int WINAPI wWinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, PWSTR /*comm
       UnmapViewOfFile(view);
       SetEvent(event);
     }
+    CloseHandle(event);
+    CloseHandle(memory);
   }
   return 0;
 }

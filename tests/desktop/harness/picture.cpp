@@ -97,16 +97,18 @@ void takePicture(const RECT& place, const std::wstring& file) {
 RECT visibleFrame(HWND window) {
   constexpr DWORD extendedFrame = 9;  // DWMWA_EXTENDED_FRAME_BOUNDS
   using GetAttribute = HRESULT WINAPI(HWND, DWORD, void*, DWORD);
-  RECT frame{};
+  RECT frame = screenRect(window);
   HMODULE const library = LoadLibraryExW(L"dwmapi.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
   if (library != nullptr) {
     auto* const get = reinterpret_cast<GetAttribute*>(
         reinterpret_cast<void*>(GetProcAddress(library, "DwmGetWindowAttribute")));
-    if (get != nullptr && SUCCEEDED(get(window, extendedFrame, &frame, sizeof(frame)))) {
-      return frame;
+    RECT visible{};
+    if (get != nullptr && SUCCEEDED(get(window, extendedFrame, &visible, sizeof(visible)))) {
+      frame = visible;
     }
+    FreeLibrary(library);
   }
-  return screenRect(window);
+  return frame;
 }
 
 RECT allScreens() {

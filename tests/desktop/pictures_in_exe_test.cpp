@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include <array>
+#include <bit>
 #include <cstring>
 #include <set>
 #include <string>
@@ -19,6 +20,14 @@ namespace {
 
 constexpr std::array percents{100, 125, 150, 175, 200, 250, 300, 400};
 constexpr int largestInAnIcon = 256;
+
+// A named function: on 32-bit Windows a lambda does not have the calling convention of a callback.
+// NOLINTNEXTLINE(readability-non-const-parameter): the system defines the parameters.
+BOOL CALLBACK takeName(HMODULE /*module*/, const wchar_t* /*type*/, wchar_t* name, LONG_PTR into) {
+  std::bit_cast<std::vector<std::wstring>*>(into)->push_back(IS_INTRESOURCE(name) ? L"(a number)"
+                                                                                  : name);
+  return TRUE;
+}
 
 class PicturesInExe : public ::testing::Test {
  protected:
@@ -86,14 +95,7 @@ class PicturesInExe : public ::testing::Test {
   /// The names of all icons of the program, in their order.
   [[nodiscard]] std::vector<std::wstring> icons() const {
     std::vector<std::wstring> names;
-    EnumResourceNamesW(
-        module_, MAKEINTRESOURCEW(14),
-        [](HMODULE, const wchar_t*, wchar_t* name, LONG_PTR found) -> BOOL {
-          reinterpret_cast<std::vector<std::wstring>*>(found)->push_back(
-              IS_INTRESOURCE(name) ? L"(a number)" : name);
-          return TRUE;
-        },
-        reinterpret_cast<LONG_PTR>(&names));
+    EnumResourceNamesW(module_, MAKEINTRESOURCEW(14), takeName, std::bit_cast<LONG_PTR>(&names));
     return names;
   }
 

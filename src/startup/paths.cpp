@@ -1,5 +1,6 @@
 #include "startup/paths.h"
 
+#include <optional>
 #include <utility>
 
 #include "platform/application.h"
@@ -61,14 +62,18 @@ namespace SmodMisc {
 namespace {
 
 /// Length of the part of a path that no folder lists: the drive, or the server and its share.
-/// `npos` for a network path without a share.
-std::size_t rootLength(const std::wstring& path) {
+/// Nothing for a network path without one of them. The path ends in a backslash.
+std::optional<std::size_t> rootLength(const std::wstring& path) {
   constexpr std::size_t prefix = 2;  // "C:" or the two backslashes of a network path
   if (!path.starts_with(L"\\\\")) {
     return prefix;
   }
   const std::size_t server = path.find(L'\\', prefix);
-  return server == std::wstring::npos ? server : path.find(L'\\', server + 1);
+  const std::size_t share = server == std::wstring::npos ? server : path.find(L'\\', server + 1);
+  if (server == prefix || share == std::wstring::npos || share == server + 1) {
+    return std::nullopt;
+  }
+  return share;
 }
 
 }  // namespace
@@ -82,13 +87,13 @@ std::wstring CanonicalPath(const std::wstring& path) {
     scanned.pop_back();
   }
   scanned += L'\\';
-  const std::size_t root = rootLength(scanned);
-  if (root == std::wstring::npos) {
+  const std::optional<std::size_t> root = rootLength(scanned);
+  if (!root) {
     return L"";
   }
   constexpr unsigned everything = files::hidden | files::system | files::directory;
   std::wstring found;
-  for (std::size_t separator = scanned.find(L'\\', root + 1); separator != std::wstring::npos;
+  for (std::size_t separator = scanned.find(L'\\', *root + 1); separator != std::wstring::npos;
        separator = scanned.find(L'\\', separator + 1)) {
     const std::wstring name = files::findFirst(scanned.substr(0, separator), everything);
     if (name.empty()) {
@@ -96,7 +101,7 @@ std::wstring CanonicalPath(const std::wstring& path) {
     }
     found += L'\\' + name;
   }
-  return scanned.substr(0, root) + found;
+  return scanned.substr(0, *root) + found;
 }
 
 void SplitPath(const std::wstring& path, std::wstring& name, std::wstring& folder) {

@@ -50,7 +50,12 @@ void checkCanonical(const std::wstring& path) {
   }
   require(!canonical.ends_with(L'\\'), "a canonical path ends with a name");
   require(canonical.starts_with(path.substr(0, 2)), "a canonical path keeps the drive's letter");
-  require(theDesktop().has(canonical), "a canonical path names what is there");
+  const auto separators = std::count(canonical.begin(), canonical.end(), L'\\');
+  constexpr std::ptrdiff_t shareOnly = 3;
+  // Neither a drive nor a share is looked for.
+  require(
+      theDesktop().has(canonical) || (canonical.starts_with(L"\\\\") && separators == shareOnly),
+      "a canonical path names what is there");
   require(CanonicalPath(canonical) == canonical, "a canonical path is its own");
   require(CanonicalPath(canonical + L'\\') == canonical, "a separator at the end does not count");
   // Except for patterns and short names, only the letter case may differ.

@@ -180,7 +180,10 @@ bool showCompiled(const std::wstring& file) {
   return desktop().compiledHelp;
 }
 
-void close() { desktop().note(L"close help"); }
+void close() {
+  const ::memory::Unfailing own;
+  desktop().note(L"close help");
+}
 
 }  // namespace help
 

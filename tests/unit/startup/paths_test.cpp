@@ -215,8 +215,9 @@ TEST_F(CanonicalPathTest, ServerAndShareOfANetworkPathStayAsTheyWereWritten) {
 
 TEST_F(CanonicalPathTest, ANetworkPathWithoutAShareOrWithAMissingComponentGivesNothing) {
   desktop().putFolder(L"\\\\server\\share\\App");
-  for (const wchar_t* const path : {L"\\\\server\\share\\Missing", L"\\\\server\\other\\App",
-                                    L"\\\\server\\", L"\\\\server", L"\\\\"}) {
+  for (const wchar_t* const path :
+       {L"\\\\server\\share\\Missing", L"\\\\server\\other\\App", L"\\\\server\\", L"\\\\server",
+        L"\\\\", L"\\\\\\share\\App", L"\\\\server\\\\App", L"\\\\\\\\"}) {
     EXPECT_EQ(CanonicalPath(path), L"") << ::testing::PrintToString(path);
   }
 }

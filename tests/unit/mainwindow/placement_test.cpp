@@ -127,6 +127,12 @@ TEST(Placement, OfAnotherDensityDoesNotWrapAround) {
             6);
 }
 
+TEST(Placement, AcrossTwoScreensGoesToTheOneWithMoreOfIt) {
+  EXPECT_EQ(broughtOntoScreen({100, 50, 2000, 600}, twoScreens), (Rect{0, 50, 1280, 600}));
+  EXPECT_EQ(broughtOntoScreen({600, 50, 2000, 600}, twoScreens), (Rect{1280, 50, 1920, 600}));
+  EXPECT_EQ(broughtOntoScreen({50, 100, 600, 1500}, stackedScreens), (Rect{50, 0, 600, 984}));
+}
+
 TEST(Placement, WithoutAnyScreenStaysWhereItIs) {
   EXPECT_EQ(broughtOntoScreen({1, 2, 3, 4}, {}), (Rect{1, 2, 3, 4}));
 }

@@ -144,6 +144,18 @@ TEST_F(SlowIconsTest, AnotherDensityReadsThemAgainInTheNewSize) {
             (platform::Size{64, 64}));
 }
 
+TEST_F(SlowIconsTest, AnotherDensityReadsASingleOneAgain) {
+  desktop().take(pathOf(L"Stick.lnk"));
+  LoadShortcutList(window.shortcuts);
+  desktop().advance(2000);
+  window.shortcuts.dpi = 144;
+  modSC::redrawShortcutIcons(window.shortcuts);
+  desktop().advance(2000);
+  const auto& images = window.imgShortCut[0];
+  EXPECT_EQ(images.images().at(*images.indexOf(L"Share.lnk")).picture.size,
+            (platform::Size{48, 48}));
+}
+
 TEST_F(SlowIconsTest, WhereNothingCanRunInTheBackgroundTheIconsStayBlankUntilTheNextList) {
   desktop().faults().failLook(1, memory::Faults::LookFault::findsNothing, true);
   const bool started = platform::background::run([] {}, [] {});

@@ -82,12 +82,39 @@ void appendUtf8(std::string& bytes, std::uint32_t c) {
   }
 }
 
+/// Windows has characters of two bytes; there two of them stand for one of the higher characters.
+constexpr bool hasPairs = sizeof(wchar_t) == 2;
+constexpr std::uint32_t firstOfPairs = 0x10000;
+
+/// Removes one character from the front of `text` and returns it.
+std::uint32_t takeCharacter(std::wstring_view& text) {
+  const auto c = static_cast<std::uint32_t>(text.front());
+  text.remove_prefix(1);
+  if (hasPairs && c >= 0xD800 && c < 0xDC00 && !text.empty()) {
+    const auto second = static_cast<std::uint32_t>(text.front());
+    if (second >= 0xDC00 && second < 0xE000) {
+      text.remove_prefix(1);
+      return firstOfPairs + ((c - 0xD800) << 10U) + (second - 0xDC00);
+    }
+  }
+  return c;
+}
+
+void appendCharacter(std::wstring& text, std::uint32_t c) {
+  if (hasPairs && c >= firstOfPairs) {
+    text += static_cast<wchar_t>(0xD800 + ((c - firstOfPairs) >> 10U));
+    text += static_cast<wchar_t>(0xDC00 + ((c - firstOfPairs) & 0x3FFU));
+  } else {
+    text += static_cast<wchar_t>(c);
+  }
+}
+
 /// Removes one character from the front of `bytes` and returns it.
-wchar_t takeUtf8(std::string_view& bytes) {
+std::uint32_t takeUtf8(std::string_view& bytes) {
   const auto lead = static_cast<unsigned char>(bytes.front());
   bytes.remove_prefix(1);
   if (lead < 0x80) {
-    return static_cast<wchar_t>(lead);
+    return lead;
   }
   if (lead < 0xC2 || lead > 0xF4) {
     return replacement;
@@ -109,7 +136,7 @@ wchar_t takeUtf8(std::string_view& bytes) {
   constexpr std::array<std::uint32_t, 4> smallest{0, 0x80, 0x800, 0x10000};
   const bool whole = taken == following && c >= smallest.at(following) && c <= 0x10FFFF;
   bytes.remove_prefix(taken);
-  return whole && !isSurrogate(c) ? static_cast<wchar_t>(c) : replacement;
+  return whole && !isSurrogate(c) ? c : replacement;
 }
 
 }  // namespace
@@ -126,12 +153,14 @@ void setCodePage(int number) {
 std::string toBytes(std::wstring_view text, int number) {
   std::string bytes;
   bytes.reserve(text.size());
-  for (const wchar_t c : text) {
-    if (number == utf8) {
-      appendUtf8(bytes, static_cast<std::uint32_t>(c));
-    } else {
-      bytes += byteOf(c, upperHalfOf(number));
+  if (number == utf8) {
+    while (!text.empty()) {
+      appendUtf8(bytes, takeCharacter(text));
     }
+    return bytes;
+  }
+  for (const wchar_t c : text) {
+    bytes += byteOf(c, upperHalfOf(number));
   }
   return bytes;
 }
@@ -141,7 +170,7 @@ std::wstring fromBytes(std::string_view bytes, int number) {
   text.reserve(bytes.size());
   if (number == utf8) {
     while (!bytes.empty()) {
-      text += takeUtf8(bytes);
+      appendCharacter(text, takeUtf8(bytes));
     }
     return text;
   }

@@ -1,31 +1,17 @@
 #include "platform/text.h"
 
 #include <algorithm>
-#include <clocale>
-#include <cwctype>
 
 #include "platform/code_pages.h"
 #include "platform/desktop.h"
 #include "platform/plain_text.h"
+#include "platform/upper_case.h"
 
 namespace platform::text {
-namespace {
-
-wchar_t upperOf(wchar_t c) {
-  // A fixed locale, so that neither the environment nor a test can change the letter case.
-  static const locale_t locale = newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr);
-  // Windows does not convert these: micro sign, dotless i, long s.
-  if (c == 0xB5 || c == 0x131 || c == 0x17F) {
-    return c;
-  }
-  return static_cast<wchar_t>(towupper_l(static_cast<std::wint_t>(c), locale));
-}
-
-}  // namespace
 
 std::wstring upper(std::wstring_view text) {
   std::wstring result(text);
-  std::transform(result.begin(), result.end(), result.begin(), upperOf);
+  std::transform(result.begin(), result.end(), result.begin(), memory::upperCase);
   return result;
 }
 

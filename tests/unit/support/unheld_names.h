@@ -12,8 +12,9 @@ inline const std::wstring beetle = L"\u0416\u0443\u043A";
 inline const std::wstring beech = L"\u0411\u0443\u043A";
 inline const std::wstring japanese = L"\u65E5\u672C\u8A9E";
 
-/// An application folder with such a name.
-inline const std::wstring suite = L"C:\\" + beetle + L" Suite";
+/// An application folder with such a name, that of the beetle. (Spelled out, because not every
+/// system makes the constants of a header in their order.)
+inline const std::wstring suite = L"C:\\\u0416\u0443\u043A Suite";
 
 class UnheldNamesTest : public unit::CatalogueTest {
  protected:

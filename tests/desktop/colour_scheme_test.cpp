@@ -137,6 +137,9 @@ class ColourScheme : public GatewayTest {
 };
 
 TEST_F(ColourScheme, YellowOnBlackIsReadableEverywhere) {
+  if (const auto why = harness::whyNoColours()) {
+    GTEST_SKIP() << *why;
+  }
   const harness::ColourScheme scheme({{L"Window", black},
                                       {L"WindowText", yellow},
                                       {L"ButtonFace", black},
@@ -162,6 +165,9 @@ TEST_F(ColourScheme, YellowOnBlackIsReadableEverywhere) {
 
 TEST_F(ColourScheme, AChangeWhileItRunsIsFollowed) {
   // Without a theme, whose pictures would not change.
+  if (const auto why = harness::whyNoColours()) {
+    GTEST_SKIP() << *why;
+  }
   const harness::ColourScheme scheme({{L"Window", white}, {L"WindowText", black}});
   app->startToMain();
   app->selectTab(Tab::open);

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "harness/permission.h"
 #include "harness/wait.h"
 
 namespace harness {
@@ -77,6 +78,24 @@ void TestProfile::setSetting(const std::wstring& name, const std::wstring& value
 
 void TestProfile::removeSetting(const std::wstring& name) {
   RegDeleteKeyValueW(HKEY_CURRENT_USER, settingsKey, name.c_str());
+}
+
+std::optional<std::string> whyNoDensity(DWORD dpi) {
+  HDC const screen = GetDC(nullptr);
+  const auto its = static_cast<DWORD>(GetDeviceCaps(screen, LOGPIXELSX));
+  ReleaseDC(nullptr, screen);
+  if (runsUnderWine() || its == dpi) {
+    return std::nullopt;
+  }
+  return "the screen has " + std::to_string(its) + " dpi, and sign-in alone changes that to " +
+         std::to_string(dpi);
+}
+
+std::optional<std::string> whyNoColours() {
+  if (runsUnderWine()) {
+    return std::nullopt;
+  }
+  return "Windows takes other colours only at sign-in";
 }
 
 ScreenDensity::ScreenDensity(DWORD dpi) {

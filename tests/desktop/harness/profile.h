@@ -35,6 +35,12 @@ class TestProfile {
   std::vector<Value> kept_;
 };
 
+/// Why a test that needs another dpi or other colours than the system's cannot run: Windows takes
+/// them from the registry only when somebody signs in, Wine at each start of a program. Nothing
+/// when it can. docs/windows-checklist.md has what people look at instead.
+[[nodiscard]] std::optional<std::string> whyNoDensity(DWORD dpi);
+[[nodiscard]] std::optional<std::string> whyNoColours();
+
 /// Sets the dpi for programs that are started from now on, while this object exists.
 class ScreenDensity {
  public:

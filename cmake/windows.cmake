@@ -28,6 +28,7 @@ set_source_files_properties(resources/gateway.rc PROPERTIES OBJECT_DEPENDS
   "${picture_files};${CMAKE_CURRENT_BINARY_DIR}/generated/gateway.manifest;${CMAKE_CURRENT_BINARY_DIR}/generated/version.h")
 target_include_directories(gateway3 PRIVATE resources)
 target_link_libraries(gateway3 PRIVATE gateway gateway_warnings windows_wide_entry)
+precompiled_like(gateway3 gateway)
 beside_the_others(gateway3)
 
 include(cmake/googletest.cmake)

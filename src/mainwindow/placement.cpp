@@ -45,6 +45,15 @@ std::int64_t sharedArea(const Rect& a, const Rect& b) {
          sharedLength(a.top, a.height, b.top, b.height);
 }
 
+/// The one of `screens` with which a rectangle shares the largest area, or the first one. `areaOf`
+/// gives the work area of each.
+template <class Screens, class AreaOf>
+auto screenWithMostOf(const Rect& rect, const Screens& screens, AreaOf areaOf) {
+  return std::max_element(screens.begin(), screens.end(), [&](const auto& a, const auto& b) {
+    return sharedArea(rect, areaOf(a)) < sharedArea(rect, areaOf(b));
+  });
+}
+
 }  // namespace
 
 std::wstring placementText(const Placement& placement) {
@@ -88,9 +97,7 @@ Rect scaledAboutCentre(const Rect& rect, int measuredAt, int dpi) {
 }
 
 Rect broughtOntoScreen(const Rect& rect, const std::vector<Rect>& workAreas) {
-  const auto area = std::max_element(
-      workAreas.begin(), workAreas.end(),
-      [&rect](const Rect& a, const Rect& b) { return sharedArea(rect, a) < sharedArea(rect, b); });
+  const auto area = screenWithMostOf(rect, workAreas, [](const Rect& each) { return each; });
   if (area == workAreas.end()) {
     return rect;
   }
@@ -106,9 +113,7 @@ Rect placeToday(const Placement& remembered,
                 const std::vector<platform::screens::Screen>& screens) {
   const Rect& rect = remembered.normal;
   const auto screen =
-      std::max_element(screens.begin(), screens.end(), [&rect](const auto& a, const auto& b) {
-        return sharedArea(rect, a.workArea) < sharedArea(rect, b.workArea);
-      });
+      screenWithMostOf(rect, screens, [](const auto& each) { return each.workArea; });
   if (screen == screens.end()) {
     return rect;
   }

@@ -14,27 +14,21 @@
 #include "harness/files.h"
 #include "harness/paths.h"
 #include "harness/text.h"
+#include "program_resources.h"
 
 namespace desktop_tests {
 namespace {
 
 /// The program file, with those of its structures that the tests need.
-class BuiltExe : public ::testing::Test {
+class BuiltExe : public ProgramResources {
  protected:
   void SetUp() override {
+    ProgramResources::SetUp();
     const auto bytes = harness::readFile(harness::gatewayExecutable());
     ASSERT_TRUE(bytes.has_value());
     bytes_ = *bytes;
     headers_ = read<IMAGE_NT_HEADERS>(static_cast<std::size_t>(read<IMAGE_DOS_HEADER>(0).e_lfanew));
     ASSERT_EQ(headers_.Signature, DWORD{IMAGE_NT_SIGNATURE});
-    module_ = LoadLibraryExW(harness::gatewayExecutable().c_str(), nullptr,
-                             LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_AS_IMAGE_RESOURCE);
-    ASSERT_NE(module_, nullptr);
-  }
-  void TearDown() override {
-    if (module_ != nullptr) {
-      FreeLibrary(module_);
-    }
   }
 
   template <class T>
@@ -96,12 +90,7 @@ class BuiltExe : public ::testing::Test {
   }
 
   [[nodiscard]] std::string resource(WORD type, WORD id) const {
-    HRSRC const found = FindResourceW(module_, MAKEINTRESOURCEW(id), MAKEINTRESOURCEW(type));
-    if (found == nullptr) {
-      return "";
-    }
-    return {static_cast<const char*>(LockResource(LoadResource(module_, found))),
-            SizeofResource(module_, found)};
+    return std::string(ProgramResources::resource(MAKEINTRESOURCEW(id), MAKEINTRESOURCEW(type)));
   }
 
   [[nodiscard]] static std::wstring versionText(const std::vector<std::byte>& block,
@@ -128,7 +117,6 @@ class BuiltExe : public ::testing::Test {
 
   std::string bytes_;
   IMAGE_NT_HEADERS headers_{};
-  HMODULE module_ = nullptr;
 };
 
 // The tests are built for the same processor as the program.

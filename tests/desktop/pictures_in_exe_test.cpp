@@ -14,6 +14,7 @@
 
 #include "harness/paths.h"
 #include "harness/text.h"
+#include "program_resources.h"
 
 namespace desktop_tests {
 namespace {
@@ -29,28 +30,8 @@ BOOL CALLBACK takeName(HMODULE /*module*/, const wchar_t* /*type*/, wchar_t* nam
   return TRUE;
 }
 
-class PicturesInExe : public ::testing::Test {
+class PicturesInExe : public ProgramResources {
  protected:
-  void SetUp() override {
-    module_ = LoadLibraryExW(harness::gatewayExecutable().c_str(), nullptr,
-                             LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_AS_IMAGE_RESOURCE);
-    ASSERT_NE(module_, nullptr);
-  }
-  void TearDown() override {
-    if (module_ != nullptr) {
-      FreeLibrary(module_);
-    }
-  }
-
-  [[nodiscard]] std::string_view resource(const wchar_t* name, const wchar_t* type) const {
-    HRSRC const found = FindResourceW(module_, name, type);
-    if (found == nullptr) {
-      return {};
-    }
-    return {static_cast<const char*>(LockResource(LoadResource(module_, found))),
-            SizeofResource(module_, found)};
-  }
-
   /// A number of two or four bytes, lowest byte first.
   template <class T>
   static T number(std::string_view from, std::size_t place) {
@@ -98,8 +79,6 @@ class PicturesInExe : public ::testing::Test {
     EnumResourceNamesW(module_, MAKEINTRESOURCEW(14), takeName, std::bit_cast<LONG_PTR>(&names));
     return names;
   }
-
-  HMODULE module_ = nullptr;
 };
 
 /// Where an icon is shown, as its sides in pixels at 96 dpi.

@@ -9,9 +9,11 @@ set(platform_sources
   src/platform/subclass.cpp
   src/platform/controls/bars.cpp
   src/platform/controls/common_dialog.cpp
+  src/platform/controls/find_words.cpp
   src/platform/controls/image_list.cpp
   src/platform/controls/input_box.cpp
   src/platform/controls/item_key.cpp
+  src/platform/controls/list_narrowing.cpp
   src/platform/controls/list_rebuild.cpp
   src/platform/controls/list_view.cpp
   src/platform/controls/sort_places.cpp
@@ -35,6 +37,7 @@ set(catalogue_sources
   src/catalogue/catalogue_rename.cpp
   src/catalogue/catalogue_view.cpp
   src/catalogue/data_types.cpp
+  src/catalogue/date_order.cpp
   src/catalogue/entry.cpp
   src/catalogue/opening.cpp
   src/catalogue/stored_path.cpp
@@ -58,8 +61,13 @@ set(mainwindow_sources
   src/mainwindow/main_layout.cpp
   src/mainwindow/main_memory.cpp
   src/mainwindow/main_routing.cpp
+  src/mainwindow/main_find.cpp
+  src/mainwindow/main_names.cpp
+  src/mainwindow/main_status.cpp
   src/mainwindow/main_window.cpp
-  src/mainwindow/placement.cpp)
+  src/mainwindow/placement.cpp
+  src/mainwindow/presence.cpp
+  src/mainwindow/status_texts.cpp)
 set(startup_sources
   src/startup/identity.cpp
   src/startup/splash_window.cpp
@@ -112,6 +120,7 @@ set(win32_system_sources
   src/platform/win32/system/background.cpp
   src/platform/win32/system/clock.cpp
   src/platform/win32/system/registry.cpp
+  src/platform/win32/system/search_forms.cpp
   src/platform/win32/system/session.cpp
   src/platform/win32/system/settings.cpp
   src/platform/win32/system/sort_keys.cpp
@@ -124,10 +133,13 @@ set(win32_peers_sources
   src/platform/win32/peers/focus_keeper.cpp
   src/platform/win32/peers/image_peer.cpp
   src/platform/win32/peers/label_peer.cpp
+  src/platform/win32/peers/list_view_drawing.cpp
   src/platform/win32/peers/list_view_events.cpp
   src/platform/win32/peers/list_view_peer.cpp
   src/platform/win32/peers/menu_peer.cpp
+  src/platform/win32/peers/name_editor.cpp
   src/platform/win32/peers/native_control.cpp
+  src/platform/win32/peers/status_bar_peer.cpp
   src/platform/win32/peers/tab_peer.cpp
   src/platform/win32/peers/text_box_peer.cpp
   src/platform/win32/peers/timer_peer.cpp

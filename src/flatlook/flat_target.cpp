@@ -27,6 +27,8 @@ std::wstring typeNameOf(const controls::Control& control) {
       return L"TabStrip";
     case Kind::toolbar:
       return L"Toolbar";
+    case Kind::statusBar:
+      return L"StatusBar";
     case Kind::image:
       return L"Image";
     case Kind::other:

@@ -42,6 +42,9 @@ CommandObjects::CommandObjects(frmQMK& form, controls::Toolbar& toolbar, const C
     object.item.setEnabled(object.allowed);
     object.item.onClick = [this, &command] { command.handler(form_, form_.TabMain.current()); };
     if (command.menu != Menu::none) {
+      if (command.separated) {
+        menu(command.menu).add(separators_.emplace_back(L"", 0, L"-"));
+      }
       menu(command.menu).add(object.item);
     }
   }
@@ -150,6 +153,16 @@ void CommandObjects::refresh() {
       showEnabled(object);
     }
   }
+}
+
+std::wstring CommandObjects::explanation(const controls::MenuItem& item) const {
+  const auto found = std::find_if(objects_.begin(), objects_.end(),
+                                  [&item](const Object& object) { return &object.item == &item; });
+  if (found == objects_.end() || found->command.explanation == nullptr) {
+    return {};
+  }
+  const std::wstring key = keyName(found->command.key.stroke);
+  return found->command.explanation + (key.empty() ? key : L" (" + key + L")");
 }
 
 bool CommandObjects::enabled(int id) {

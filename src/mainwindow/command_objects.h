@@ -39,6 +39,8 @@ class CommandObjects {
   /// Takes over what has changed for the commands that can be run at times only. To be called
   /// before one of them is shown.
   void refresh();
+  /// What an entry does, and its key in parentheses; "" for an entry that is no command.
+  [[nodiscard]] std::wstring explanation(const controls::MenuItem& item) const;
   /// Whether a command can be run now. Raises `error::elementNotFound` when there is no such
   /// command.
   [[nodiscard]] bool enabled(int id);

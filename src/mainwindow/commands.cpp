@@ -24,17 +24,24 @@ void run(frmQMK& form, int list) {
 
 constexpr OnTab allowed{.enabled = true};
 
+bool showsColumns(const frmQMK& form) {
+  return form.lstQMK.at(static_cast<std::size_t>(form.TabMain.current())).view() ==
+         controls::reportView;
+}
+
 constexpr std::array rows{
     Command{.id = ids::mnuExit,
             .name = L"mnuExit",
             .caption = L"Exit",
             .menu = Menu::file,
+            .explanation = L"Ends the program.",
             .button = {L"Exit", ids::buttonExit, L"Exit", L"TB_EXIT", L"Exit Quillmark Suite"},
             .handler = run<&frmQMK::mnuExit_Click>},
     Command{.id = ids::mnuCreate,
             .name = L"mnuCreate",
             .caption = L"Create",
             .menu = Menu::edit,
+            .explanation = L"Makes a shortcut to a program, or a web shortcut.",
             .button = {L"Create", ids::buttonCreate, L"Create", L"TB_CREATE",
                        L"Create a file or shortcut"},
             .key = {{controls::keys::insert}},
@@ -47,9 +54,10 @@ constexpr std::array rows{
             .name = L"mnuRename",
             .caption = L"Rename",
             .menu = Menu::edit,
+            .explanation =
+                L"Asks for another name of the selected entry. F2 changes it in the list itself.",
             .button = {L"Rename", ids::buttonRename, L"Rename", L"TB_RENAME",
                        L"Rename file or shortcut"},
-            .key = {{controls::keys::f2}},
             .handler = run<&frmQMK::mnuRename_Click>,
             .onTab = {{{L"Rename Shortcut", L"Rename shortcut", true},
                        {L"Rename File", L"Rename File", true},
@@ -59,6 +67,7 @@ constexpr std::array rows{
             .name = L"mnuDelete",
             .caption = L"Delete File",
             .menu = Menu::edit,
+            .explanation = L"Deletes the selected file or shortcut, after a question.",
             .button = {L"Delete", ids::buttonDelete, L"Delete", L"TB_DELETE",
                        L"Delete File or Shortcut"},
             .key = {{controls::keys::remove}},
@@ -72,6 +81,7 @@ constexpr std::array rows{
         .name = L"mnuList",
         .caption = L"List View",
         .menu = Menu::view,
+        .explanation = L"Shows the list with its columns.",
         .button = {L"List", ids::buttonList, L"listview", L"TB_LISTVIEW", L"List view mode", true},
         .handler = run<&frmQMK::mnuList_Click>},
     Command{
@@ -79,13 +89,30 @@ constexpr std::array rows{
         .name = L"mnuIcon",
         .caption = L"Icon View",
         .menu = Menu::view,
+        .explanation = L"Shows the list as pictures with names.",
         .button = {L"Icon", ids::buttonIcon, L"IconView", L"TB_ICONVIEW", L"Icon view mode", true},
         .handler = run<&frmQMK::mnuIcon_Click>,
         .onTab = {{allowed, allowed, allowed, allowed}}},
+    Command{.id = ids::mnuNewestFirst,
+            .name = L"mnuNewestFirst",
+            .caption = L"Newest First",
+            .menu = Menu::view,
+            .separated = true,
+            .explanation = L"Sorts the files by date, the newest ones first.",
+            .handler = run<&frmQMK::mnuNewestFirst_Click>},
+    Command{.id = ids::mnuFitColumns,
+            .name = L"mnuFitColumns",
+            .caption = L"Fit Columns",
+            .menu = Menu::view,
+            .explanation = L"Makes each column as wide as its longest text.",
+            .key = {{.key = controls::keys::plus, .control = true}, Reach::window},
+            .handler = run<&frmQMK::mnuFitColumns_Click>,
+            .available = showsColumns},
     Command{.id = ids::mnuHelpContents,
             .name = L"mnuHelpContents",
             .caption = L"Help Contents",
             .menu = Menu::help,
+            .explanation = L"Opens the help.",
             .button = {L"Help", ids::buttonHelp, L"Help", L"TB_HELP", L"Obtain assistance"},
             .key = {{controls::keys::f1}, Reach::window},
             .handler = run<&frmQMK::mnuHelpContents_Click>},
@@ -93,17 +120,30 @@ constexpr std::array rows{
             .name = L"mnuWeb",
             .caption = L"Web Based Support",
             .menu = Menu::help,
+            .explanation = L"Opens the home page of the suite.",
             .handler = run<&frmQMK::mnuWeb_Click>},
     Command{.id = ids::mnuAbout,
             .name = L"mnuAbout",
             .caption = L"About",
             .menu = Menu::help,
+            .explanation = L"Shows the version of the program, and facts about the system.",
             .handler = run<&frmQMK::mnuAbout_Click>},
     Command{.id = ids::mnuReload,
             .name = L"mnuReload",
             .caption = L"Reload",
             .key = {{controls::keys::f5}},
-            .handler = run<&frmQMK::reloadList>},
+            .handler = run<&frmQMK::reload>},
+    Command{.id = ids::mnuFind,
+            .name = L"mnuFind",
+            .caption = L"Find",
+            .key = {{.key = 'F', .control = true}, Reach::window},
+            .handler = run<&frmQMK::mnuFind_Click>},
+    Command{.id = ids::mnuEditName,
+            .name = L"mnuEditName",
+            .caption = L"Edit Name",
+            .key = {{controls::keys::f2}},
+            .handler = run<&frmQMK::editName>,
+            .onTab = {{allowed, allowed, {.enabled = false}, allowed}}},
 };
 
 constexpr int separator = 0;
@@ -120,6 +160,27 @@ constexpr CommandTable table{
 }  // namespace
 
 const CommandTable& commandTable() { return table; }
+
+std::wstring keyName(const controls::KeyStroke& stroke) {
+  namespace keys = controls::keys;
+  std::wstring name = stroke.control ? L"Ctrl+" : L"";
+  name += stroke.shift ? L"Shift+" : L"";
+  name += stroke.alt ? L"Alt+" : L"";
+  switch (stroke.key) {
+    case 0:
+      return {};
+    case keys::insert:
+      return name + L"Insert";
+    case keys::remove:
+      return name + L"Delete";
+    case keys::plus:
+      return name + L"Num +";
+    default:
+      break;
+  }
+  return stroke.key >= keys::f1 ? name + L"F" + std::to_wstring(stroke.key - keys::f1 + 1)
+                                : name + static_cast<wchar_t>(stroke.key);
+}
 
 std::optional<int> tabOfKey(const controls::KeyStroke& stroke, int current, int count) {
   if (!stroke.control || stroke.alt || count <= 0) {

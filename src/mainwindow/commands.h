@@ -7,6 +7,7 @@
 #include <array>
 #include <optional>
 #include <span>
+#include <string>
 
 #include "platform/controls/key_stroke.h"
 
@@ -48,10 +49,12 @@ struct OnTab {
 };
 
 struct Command {
-  int id = 0;                        ///< Native id of the menu entry.
-  const wchar_t* name = nullptr;     ///< Name of the menu entry.
-  const wchar_t* caption = nullptr;  ///< Of the menu entry, before any tab was entered.
-  Menu menu = Menu::none;            ///< The entries stand there in the order of the rows.
+  int id = 0;                            ///< Native id of the menu entry.
+  const wchar_t* name = nullptr;         ///< Name of the menu entry.
+  const wchar_t* caption = nullptr;      ///< Of the menu entry, before any tab was entered.
+  Menu menu = Menu::none;                ///< The entries stand there in the order of the rows.
+  bool separated = false;                ///< A separator stands before the menu entry.
+  const wchar_t* explanation = nullptr;  ///< For the status line while the entry is marked.
   Button button = {};
   Key key = {};
   /// Runs the command for the list of a tab (from 0).
@@ -68,6 +71,9 @@ struct CommandTable {
   /// Of the list of each tab: Tools, Open, New, Web.
   std::array<std::span<const int>, 4> contextMenus;
 };
+
+/// The name of a key, as in "Ctrl+F"; "" for none.
+[[nodiscard]] std::wstring keyName(const controls::KeyStroke& stroke);
 
 /// The table of the main window.
 [[nodiscard]] const CommandTable& commandTable();

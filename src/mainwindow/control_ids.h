@@ -9,6 +9,11 @@ inline constexpr int lstQMK0 = 1010;  ///< lstQMK(i) is lstQMK0 + i.
 inline constexpr int barMain = 1020;
 inline constexpr int cmdBrowse = 1030;
 inline constexpr int tmrFileUpdate = 1040;
+inline constexpr int txtFind = 1050;
+inline constexpr int cmdClearFind = 1051;
+inline constexpr int barStatus = 1060;
+inline constexpr int tmrIdle = 1070;
+inline constexpr int tmrNews = 1071;
 
 // Menus
 inline constexpr int mnuFile = 2000;
@@ -17,10 +22,14 @@ inline constexpr int mnuEdit = 2010;
 inline constexpr int mnuCreate = 2011;
 inline constexpr int mnuRename = 2012;
 inline constexpr int mnuDelete = 2013;
+inline constexpr int mnuEditName = 2014;
 inline constexpr int mnuView = 2020;
 inline constexpr int mnuList = 2021;
 inline constexpr int mnuIcon = 2022;
 inline constexpr int mnuReload = 2023;
+inline constexpr int mnuFind = 2024;
+inline constexpr int mnuNewestFirst = 2025;
+inline constexpr int mnuFitColumns = 2026;
 inline constexpr int mnuHelp = 2030;
 inline constexpr int mnuHelpContents = 2031;
 inline constexpr int mnuWeb = 2032;

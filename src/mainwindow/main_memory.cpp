@@ -10,6 +10,7 @@ namespace {
 
 constexpr const wchar_t* section = L"General";
 constexpr const wchar_t* placementKey = L"Placement";
+constexpr const wchar_t* newestFirstKey = L"NewestFirst";
 
 std::wstring columnsKey(std::size_t list) { return L"Columns" + std::to_wstring(list); }
 
@@ -29,6 +30,9 @@ void frmQMK::restoreColumnWidths() {
   for (std::size_t i = 0; i < lstQMK.size(); ++i) {
     mainwindow::setColumnWidths(lstQMK.at(i), settings::read(section, columnsKey(i), L""));
   }
+  if (settings::read(section, newestFirstKey, L"") == L"1") {
+    setNewestFirst(true);
+  }
 }
 
 void frmQMK::remember() const {
@@ -39,5 +43,9 @@ void frmQMK::remember() const {
   settings::write(section, placementKey, mainwindow::placementText(peer()->placement()));
   for (std::size_t i = 0; i < lstQMK.size(); ++i) {
     settings::write(section, columnsKey(i), mainwindow::columnWidthsText(lstQMK.at(i)));
+  }
+  const std::wstring newestFirst = lstQMK[open].ranking() ? L"1" : L"0";
+  if (settings::read(section, newestFirstKey, L"0") != newestFirst) {
+    settings::write(section, newestFirstKey, newestFirst);
   }
 }

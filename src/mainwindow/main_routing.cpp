@@ -16,6 +16,7 @@
 
 namespace dialogs = platform::dialogs;
 using controls::ListView;
+using mainwindow::Presence;
 using platform::text::upper;
 
 namespace {
@@ -64,6 +65,9 @@ void frmQMK::TabMain_Click(int newTab) {
   list.setView(viewFromTag(list.tag()));
   showViewMode(list.view() != controls::iconView);
   commands.showTab(newTab);
+  txtFind.setText(list.findText());
+  cmdClearFind.setVisible(!list.findText().empty());
+  tmrIdle.setEnabled(true);
   if (newTab == web) {
     // The web list always starts in report view, whatever its tag says.
     list.setView(controls::reportView);
@@ -88,7 +92,8 @@ void frmQMK::mnuList_Click() {
 void frmQMK::lstQMK_ColumnClick(int /*index*/, int column) {
   // Whichever list was clicked, the data list is sorted.
   ListView& list = lstQMK[open];
-  list.update([&list, column] {
+  list.update([&] {
+    setNewestFirst(false);
     list.setSorted(false);
     if (column - 1 > std::numeric_limits<std::int16_t>::max()) {
       throw platform::RunTimeError(platform::error::overflow);
@@ -112,7 +117,9 @@ void frmQMK::mnuCreate_Click() {
 void frmQMK::mnuRename_Click() {
   const std::wstring caption = currentCaption();
   if (caption == L"Tools") {
-    modSC::renameShortcut(shortcuts);
+    if (!nothingFound(lstQMK[tools])) {
+      tellWhereItWent(modSC::renameShortcut(shortcuts));
+    }
   } else if (caption == L"Open") {
     renameCatalogueEntry();
   } else if (caption == L"Web") {
@@ -123,7 +130,9 @@ void frmQMK::mnuRename_Click() {
 void frmQMK::mnuDelete_Click() {
   const std::wstring caption = currentCaption();
   if (caption == L"Tools") {
-    modSC::deleteShortcut(shortcuts);
+    if (!nothingFound(lstQMK[tools])) {
+      modSC::deleteShortcut(shortcuts);
+    }
   } else if (caption == L"Open") {
     deleteCatalogueEntry();
   } else if (caption == L"Web") {
@@ -133,7 +142,7 @@ void frmQMK::mnuDelete_Click() {
 
 void frmQMK::renameCatalogueEntry() {
   ListView& list = currentList();
-  if (list.count() == 0) {
+  if (list.count() == 0 || nothingFound(list)) {
     return;
   }
   const modQMKGeneral::DataEntry entry = modQMKGeneral::selectedEntry(list);
@@ -153,7 +162,7 @@ void frmQMK::renameCatalogueEntry() {
 
 void frmQMK::deleteCatalogueEntry() {
   const ListView& list = currentList();
-  if (list.count() == 0) {
+  if (list.count() == 0 || nothingFound(list)) {
     return;
   }
   // The list may be reloaded while the message box is open.
@@ -182,6 +191,9 @@ void frmQMK::createWebShortcut() {
 }
 
 void frmQMK::renameWebShortcut() {
+  if (nothingFound(lstQMK[web])) {
+    return;
+  }
   const std::size_t selected = lstQMK[web].selectedItem();
   // The dialog changes the selected item when it is confirmed. It must be one that the user has
   // chosen.
@@ -198,6 +210,9 @@ void frmQMK::renameWebShortcut() {
 
 void frmQMK::deleteWebShortcut() {
   const ListView& list = lstQMK[web];
+  if (nothingFound(list)) {
+    return;
+  }
   const controls::ItemKey entry = list.keyOf(list.selectedItem(), modQMKGeneral::webEntry);
   if (confirmed(L"Are your sure you want to delete " + upper(entry.text)) &&
       controls::findAgain(list, entry)) {
@@ -206,6 +221,15 @@ void frmQMK::deleteWebShortcut() {
 }
 
 void frmQMK::lstQMK_DblClick(int index) {
+  if (nothingFound(lstQMK.at(static_cast<std::size_t>(index)))) {
+    return;
+  }
+  if (Presence* const presence = presenceOf(index)) {
+    // Opening may find that something is not there, or that it is there again.
+    presence->beginAgain();
+    presence->askSlowDrives([this] { tmrIdle.setEnabled(true); });
+    tmrIdle.setEnabled(true);
+  }
   switch (index) {
     case tools:
       if (modSC::startSelectedShortcut(shortcuts)) {

@@ -3,14 +3,18 @@
 
 #include <utility>
 
+#include "catalogue/stored_path.h"
 #include "flatlook/form_style.h"
 #include "mainwindow/control_ids.h"
 #include "mainwindow/main_layout.h"
 #include "platform/application.h"
 #include "platform/dialogs.h"
 #include "platform/dispatcher.h"
+#include "platform/files.h"
 #include "platform/help.h"
 #include "platform/session.h"
+#include "platform/trap.h"
+#include "platform/windows.h"
 #include "startup/paths.h"
 
 using controls::ListView;
@@ -19,11 +23,26 @@ using mainwindow::Menu;
 namespace {
 
 constexpr int watchInterval = 1000;
+constexpr int idleInterval = 10;
+constexpr int newsTime = 10'000;
 constexpr platform::Size initialSize{780, 500};
 constexpr platform::Size smallestSize{420, 300};
 constexpr platform::Size largeIcon{32, 32};
 constexpr platform::Size smallIcon{16, 16};
 constexpr platform::Size toolbarIcon{24, 24};
+/// Width at 96 dpi of the button at the end of the find box.
+constexpr int clearWidth = 18;
+
+/// Whether the file of a catalogue entry is there. A name that may mean several files is not
+/// missing.
+bool dataFileExists(const std::wstring& path) {
+  bool found = true;
+  static_cast<void>(platform::trapped([&] { found = stored_path::realFile(path).has_value(); }));
+  return found;
+}
+
+/// Whether a shortcut's target, a file or a folder, is there.
+bool targetExists(const std::wstring& path) { return platform::files::entryAt(path).has_value(); }
 
 }  // namespace
 
@@ -31,12 +50,17 @@ frmQMK::frmQMK()
     : Window(L"frmQMK", controls::WindowKind::frame),
       barMain(L"barMain", ids::barMain),
       TabMain(L"TabMain", ids::TabMain),
+      cmdClearFind(L"cmdClearFind", ids::cmdClearFind),
+      txtFind(L"txtFind", ids::txtFind),
       lstQMK{{{L"lstQMK", ids::lstQMK0},
               {L"lstQMK", ids::lstQMK0 + 1},
               {L"lstQMK", ids::lstQMK0 + 2},
               {L"lstQMK", ids::lstQMK0 + 3}}},
       cmdBrowse(L"cmdBrowse", ids::cmdBrowse),
+      barStatus(L"barStatus", ids::barStatus),
       tmrFileUpdate(L"tmrFileUpdate", ids::tmrFileUpdate, watchInterval, true),
+      tmrIdle(L"tmrIdle", ids::tmrIdle, idleInterval, false),
+      tmrNews(L"tmrNews", ids::tmrNews, newsTime, false),
       commands(*this, barMain, mainwindow::commandTable()),
       mnuFile(commands.menu(Menu::file)),
       mnuExit(commands.item(ids::mnuExit)),
@@ -54,7 +78,9 @@ frmQMK::frmQMK()
       catalogue{lstQMK[open], lstQMK[newFiles], imgIcons[0], imgIcons[1]},
       shortcuts{lstQMK[tools], imgShortCut, picShortCuts, diaCommon},
       webList{lstQMK, TabMain, imgIcons[0], imgIcons[1]},
-      opening{catalogue, diaCommon, cmdBrowse, [this] { cmdBrowse_Click(); }} {
+      opening{catalogue, diaCommon, cmdBrowse, [this] { cmdBrowse_Click(); }},
+      toolsThere(lstQMK[tools], {std::nullopt, modSC::shortcut_column::target}, targetExists),
+      filesThere(lstQMK[open], {modQMKGeneral::data_column::folder, 0}, dataFileExists) {
   setCaption(platform::application::title);
   setDesignSize(initialSize, smallestSize);
   imgIcons[2].setImageSize(toolbarIcon);
@@ -83,6 +109,17 @@ void frmQMK::buildLists() {
     imgIcons.at(i).addResource(L"Web", L"WEB");
   }
   add(TabMain);
+  cmdClearFind.setCaption(L"\u00D7");
+  cmdClearFind.setAccessibleName(L"Clear");
+  cmdClearFind.setToolTip(L"Show everything (Esc)");
+  cmdClearFind.setVisible(false);
+  cmdClearFind.tabStop = false;  // Esc does the same in the box before it
+  add(cmdClearFind);
+  txtFind.setCue(L"Find");
+  txtFind.setAccessibleName(L"Find");
+  txtFind.setToolTip(L"Shows the entries that hold these words (Ctrl+F)");
+  txtFind.setEndMargin(clearWidth);
+  add(txtFind);
   for (std::size_t i = 0; i < lstQMK.size(); ++i) {
     lstQMK.at(i).setAccessibleName(TabMain.tabCaption(static_cast<int>(i)));
     lstQMK.at(i).setVisible(i == tools);
@@ -94,31 +131,61 @@ void frmQMK::buildLists() {
   cmdBrowse.setToolTip(L"Browse for a data file");
   cmdBrowse.setVisible(false);
   add(cmdBrowse);
+  barStatus.setAccessibleName(L"Status");
+  add(barStatus);
   add(tmrFileUpdate);
+  add(tmrIdle);
+  add(tmrNews);
+  lstQMK[tools].setEmptyText(L"No shortcuts yet. Create (Insert) makes one.");
+  lstQMK[open].setEmptyText(L"No data files yet. Browse opens one.");
+  lstQMK[web].setEmptyText(L"No web shortcuts yet. Create (Insert) makes one.");
 }
 
 void frmQMK::connect() {
   TabMain.onSwitch = [this](int /*oldTab*/, int newTab) { TabMain_Click(newTab); };
   barMain.onButtonClick = [this](const std::wstring& key) { barMain_ButtonClick(key); };
-  for (std::size_t i = 0; i < lstQMK.size(); ++i) {
-    const int index = static_cast<int>(i);
-    ListView& list = lstQMK.at(i);
-    list.onDoubleClick = [this, index] { lstQMK_DblClick(index); };
-    list.onColumnClick = [this, index](int column) { lstQMK_ColumnClick(index, column); };
-    list.onContextMenu = [this, index](int x, int y) {
-      if (peer() != nullptr) {
-        commands.refresh();
-        peer()->popUp(commands.contextMenu(index), x, y);
-      }
-    };
-    list.onKey = [this, index](const controls::KeyStroke& stroke) {
-      lstQMK_KeyDown(index, stroke);
-    };
+  for (int index = 0; index < static_cast<int>(lstQMK.size()); ++index) {
+    connectList(index);
   }
+  txtFind.onTyped = [this] { txtFind_Typed(); };
+  txtFind.onKey = [this](const controls::KeyStroke& stroke) { return txtFind_KeyDown(stroke); };
+  cmdClearFind.onClick = [this] { cmdClearFind_Click(); };
+  cmdClearFind.onPointerEnter = [this] { OC_COLOR::SetButtonHot(cmdClearFind); };
+  cmdClearFind.onPointerLeave = [this] { OC_COLOR::SetButtonIdle(cmdClearFind); };
   cmdBrowse.onClick = [this] { cmdBrowse_Click(); };
   cmdBrowse.onPointerEnter = [this] { OC_COLOR::SetButtonHot(cmdBrowse); };
   cmdBrowse.onPointerLeave = [this] { OC_COLOR::SetButtonIdle(cmdBrowse); };
   tmrFileUpdate.onTimer = [this] { tmrFileUpdate_Timer(); };
+  tmrIdle.onTimer = [this] { tmrIdle_Timer(); };
+  tmrNews.onTimer = [this] { tmrNews_Timer(); };
+}
+
+void frmQMK::connectList(int index) {
+  ListView& list = lstQMK.at(static_cast<std::size_t>(index));
+  list.onDoubleClick = [this, index] { lstQMK_DblClick(index); };
+  list.onColumnClick = [this, index](int column) { lstQMK_ColumnClick(index, column); };
+  list.onContextMenu = [this, index](int x, int y) {
+    if (peer() != nullptr) {
+      commands.refresh();
+      peer()->popUp(commands.contextMenu(index), x, y);
+    }
+  };
+  list.onKey = [this, index](const controls::KeyStroke& stroke) { lstQMK_KeyDown(index, stroke); };
+  list.onFitColumn = [this, index](std::size_t column) { fitColumn(index, column); };
+  list.onNameClick = [this, index] {
+    if (index != web && commands.enabled(ids::mnuEditName)) {
+      editName(index);
+    }
+  };
+  list.onNameTyped = [this, index](const controls::ItemKey& item, const std::wstring& name) {
+    renameTo(index, item, name);
+  };
+  // A status line that comes late must not disturb an operation.
+  const auto later = [this] {
+    static_cast<void>(platform::trapped([this] { tmrIdle.setEnabled(true); }));
+  };
+  list.onShown = later;
+  list.onScroll = later;
 }
 
 void frmQMK::Form_Load() {
@@ -157,7 +224,10 @@ void frmQMK::SetupMainWindow() {
   commands.dressButtons();
 }
 
-void frmQMK::Form_Activate() { setCaption(platform::application::title); }
+void frmQMK::Form_Activate() {
+  setCaption(platform::application::title);
+  Form_DrivesChanged();
+}
 
 void frmQMK::Form_MenuOpening() { commands.refresh(); }
 
@@ -216,11 +286,15 @@ void frmQMK::Form_Unload(bool& /*cancel*/) {
 }
 
 void frmQMK::layout(platform::Size client, int dpi) {
-  const mainwindow::MainLayout places =
-      mainwindow::layOut(client, dpi, {barMain.measuredHeight(), [&](const platform::Rect& bounds) {
-                                         return TabMain.displayArea(bounds, dpi);
-                                       }});
+  const mainwindow::MainLayout places = mainwindow::layOut(
+      client, dpi,
+      {barMain.measuredHeight(), platform::windows::textSize(L"Xg", {}, dpi).height,
+       [&](const platform::Rect& bounds) { return TabMain.displayArea(bounds, dpi); }});
+  dpi_ = dpi;
   barMain.setBounds(places.toolbar);
+  cmdClearFind.setBounds(places.clearButton);
+  txtFind.setBounds(places.findBox);
+  barStatus.setBounds(places.statusBar);
   TabMain.setBounds(places.tabs);
   for (std::size_t i = 0; i < lstQMK.size(); ++i) {
     lstQMK.at(i).setBounds(i == open ? places.listOnOpen : places.list);

@@ -9,6 +9,7 @@
 #include "catalogue/catalogue_view.h"
 #include "catalogue/opening.h"
 #include "mainwindow/command_objects.h"
+#include "mainwindow/presence.h"
 #include "platform/controls/bars.h"
 #include "platform/controls/common_dialog.h"
 #include "platform/controls/image_list.h"
@@ -29,9 +30,14 @@ class frmQMK : public controls::Window {
 
   controls::Toolbar barMain;
   controls::TabControl TabMain;
+  controls::CoolButton cmdClearFind;
+  controls::TextBox txtFind;
   std::array<controls::ListView, 4> lstQMK;
   controls::CoolButton cmdBrowse;
+  controls::StatusBar barStatus;
   controls::Timer tmrFileUpdate;
+  controls::Timer tmrIdle;  ///< Runs while there is something to do when nothing else is.
+  controls::Timer tmrNews;  ///< Runs while the status line tells news.
   /// [0] large and [1] small pictures of the lists, [2] pictures of the toolbar.
   std::array<controls::ImageList, 3> imgIcons;
   std::array<controls::ImageList, 2> imgShortCut;
@@ -59,6 +65,9 @@ class frmQMK : public controls::Window {
   modSC::ShortcutList shortcuts;
   modQMKGeneral::WebList webList;
   ModQMKgeneral2::Opening opening;
+  /// Which tools and data files are not there.
+  mainwindow::Presence toolsThere;
+  mainwindow::Presence filesThere;
 
   /// Adds the lists' columns and the toolbar's pictures and captions. Raises the platform's error
   /// when the shortcuts folder is gone and cannot be created.
@@ -79,6 +88,23 @@ class frmQMK : public controls::Window {
   void cmdBrowse_Click();
   /// Reloads the list of a tab (from 0). The new-file items never change.
   void reloadList(int index);
+  /// The user wants the list anew, and to know what is not there, on slow drives, too.
+  void reload(int index);
+  void mnuFind_Click();
+  void txtFind_Typed();
+  [[nodiscard]] bool txtFind_KeyDown(const controls::KeyStroke& stroke);
+  void cmdClearFind_Click();
+  void mnuNewestFirst_Click();
+  void mnuFitColumns_Click();
+  /// Makes a column of a list as wide as its longest text, but not wider than the list.
+  void fitColumn(int index, std::size_t column);
+  /// Edits the name of the selected entry of a list in the list itself. On the Web tab it opens the
+  /// dialog.
+  void editName(int index);
+  void tmrIdle_Timer();
+  void tmrNews_Timer();
+  /// Says what an operation has done, in the status line for ten seconds.
+  void tell(const std::wstring& news);
   void lstQMK_DblClick(int index);
   void lstQMK_ColumnClick(int index, int column);
   void lstQMK_KeyDown(int index, const controls::KeyStroke& stroke);
@@ -93,6 +119,8 @@ class frmQMK : public controls::Window {
   void Form_Activate() override;
   bool Form_KeyDown(const controls::KeyStroke& stroke) override;
   void Form_MenuOpening() override;
+  void Form_MenuMarked(const controls::MenuItem* item) override;
+  void Form_DrivesChanged() override;
   void Form_QueryUnload(bool& cancel, controls::UnloadMode mode) override;
   void Form_Unload(bool& cancel) override;
   void Form_SessionEnd() override;
@@ -107,7 +135,18 @@ class frmQMK : public controls::Window {
   [[nodiscard]] bool mayExit();
   void buildLists();
   void connect();
+  void connectList(int index);
   void showViewMode(bool report);
+  void setNewestFirst(bool on);
+  /// Whether the find box hides every entry of a list, so that none can be meant.
+  [[nodiscard]] bool nothingFound(const controls::ListView& list) const;
+  /// The way to look for missing entries of a list; nullptr for lists without such.
+  [[nodiscard]] mainwindow::Presence* presenceOf(int index);
+  void showStatus();
+  /// Path, target or address of the selected row; "" without one.
+  [[nodiscard]] std::wstring selectedPlace();
+  void renameTo(int index, const controls::ItemKey& item, const std::wstring& name);
+  void tellWhereItWent(const std::optional<std::wstring>& link);
   [[nodiscard]] controls::ListView& currentList();
   [[nodiscard]] const std::wstring& currentCaption() const;
   void renameCatalogueEntry();
@@ -118,6 +157,8 @@ class frmQMK : public controls::Window {
   void renameWebShortcut();
   void deleteWebShortcut();
 
+  std::wstring news_;
+  int dpi_ = platform::designDpi;
   bool askingToExit_ = false;
   bool sessionWaits_ = false;  // the end of the session waits for that answer
   std::unique_ptr<frmWeb> frmWeb_;

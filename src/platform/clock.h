@@ -18,4 +18,15 @@ namespace platform::clock {
 [[nodiscard]] std::vector<std::wstring> dateAndTimeTexts(
     const std::vector<files::FileTime>& moments);
 
+/// How the user writes dates and times.
+struct DateForm {
+  std::wstring
+      pattern;  ///< Of the short date: d, M and y for day, month and year, as in "M/d/yyyy".
+  std::vector<std::wstring>
+      months;            ///< Short names of the months from January on, then the long ones.
+  std::wstring morning;  ///< Mark of the hours before noon, as in "AM"; may be "".
+  std::wstring afternoon;
+};
+[[nodiscard]] DateForm dateForm();
+
 }  // namespace platform::clock

@@ -9,4 +9,12 @@ namespace platform::drives {
 /// network drive, a drive whose medium can be taken out. The drive itself is not asked.
 [[nodiscard]] bool mayBeSlow(const std::wstring& path);
 
+/// Whether the system knows the root of a full path: the drive's letter, or any network path. The
+/// drive itself is not asked.
+[[nodiscard]] bool isConnected(const std::wstring& path);
+
+/// Whether the root of a full path answers: the drive has a medium, the share can be reached. Asks
+/// the drive, so it may take long; may be called on any thread.
+[[nodiscard]] bool answers(const std::wstring& path);
+
 }  // namespace platform::drives

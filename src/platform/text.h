@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -33,6 +34,21 @@ struct SortKeys {
 /// text.
 [[nodiscard]] SortKeys sortKeys(std::size_t count,
                                 const std::function<std::wstring_view(std::size_t)>& textAt);
+
+/// How a search compares one UTF-16 unit.
+struct SearchForm {
+  char16_t capital = 0;  ///< The unit as a capital of the user's language.
+  char16_t letter = 0;  ///< The capital of its letter without accents; 0 for an accent that follows
+                        ///< its letter.
+};
+
+/// The forms of all 65,536 units, by unit. They are made at the first call and stay.
+[[nodiscard]] std::span<const SearchForm> searchForms();
+
+/// The text with each accent joined to its letter, or with each one behind its letter, where a
+/// character for the pair exists.
+[[nodiscard]] std::wstring withAccentsJoined(std::wstring_view text);
+[[nodiscard]] std::wstring withAccentsApart(std::wstring_view text);
 
 /// Converts bytes of the system's code page to text. Invalid bytes become U+FFFD or the code page's
 /// own substitute; the call never fails.

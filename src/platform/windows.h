@@ -4,7 +4,10 @@
 // native side has peers, which mirror property changes and call the controls' `raise...` functions.
 #pragma once
 
+#include <cstddef>
+#include <functional>
 #include <string>
+#include <string_view>
 
 #include "platform/geometry.h"
 
@@ -40,5 +43,11 @@ struct Font {
 
 /// Size in pixels of `text` on one line in `font` at `dpi`.
 [[nodiscard]] Size textSize(const std::wstring& text, const Font& font, int dpi);
+
+/// Width in pixels of the widest of `count` texts, each on one line; `textAt(n)` is text number n.
+/// Kerning is left out of account, except for the widest one.
+[[nodiscard]] int widestText(std::size_t count,
+                             const std::function<std::wstring_view(std::size_t)>& textAt,
+                             const Font& font, int dpi);
 
 }  // namespace platform::windows

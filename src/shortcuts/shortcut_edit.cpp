@@ -77,6 +77,37 @@ std::optional<Changeable> changeable(ShortcutList& shortcuts,
   return found;
 }
 
+std::optional<Changeable> renamable(ShortcutList& shortcuts) {
+  return changeable(shortcuts, protectedFromRenaming, L"Sorry, you can't rename this shortcut");
+}
+
+/// The name without the extension of shortcuts.
+std::wstring bareName(const Changeable& shortcut) {
+  return shortcut.name.substr(0, shortcut.name.size() - linkExtension.size());
+}
+
+/// Gives the shortcut the name that the user has chosen, "" for none, and reloads the list. Returns
+/// the new path of a renamed one.
+std::optional<std::wstring> rename(ShortcutList& shortcuts, const Changeable& selected,
+                                   const std::wstring& answer) {
+  std::optional<std::wstring> renamed;
+  if (!answer.empty()) {
+    if (!controls::selectionIsChosen(shortcuts.list)) {
+      return std::nullopt;
+    }
+    if (files::fileExists(selected.folder + answer + L".lnk")) {
+      dialogs::showMessage(upper(answer) + L" already exists, can't change name");
+    } else {
+      // The renamed shortcut moves to the program's own folder and so leaves this list.
+      renamed = CanonicalPath(AppFolder()) + L"\\shortcuts\\" + answer + L".lnk";
+      files::copy(selected.file, *renamed);
+      files::remove(selectedFile(shortcuts));
+    }
+  }
+  LoadShortcutList(shortcuts);
+  return renamed;
+}
+
 }  // namespace
 
 void BrowseForProgram(controls::CommonDialog& dialog, int& errorNumber, std::wstring& path) {
@@ -117,28 +148,24 @@ void createShortcut(ShortcutList& shortcuts) {
   LoadShortcutList(shortcuts);
 }
 
-void renameShortcut(ShortcutList& shortcuts) {
-  const auto selected =
-      changeable(shortcuts, protectedFromRenaming, L"Sorry, you can't rename this shortcut");
+std::optional<std::wstring> nameToChange(ShortcutList& shortcuts) {
+  const auto selected = renamable(shortcuts);
+  return selected ? std::optional(bareName(*selected)) : std::nullopt;
+}
+
+std::optional<std::wstring> renameShortcut(ShortcutList& shortcuts) {
+  const auto selected = renamable(shortcuts);
   if (!selected) {
-    return;
+    return std::nullopt;
   }
-  const std::wstring bareName =
-      selected->name.substr(0, selected->name.size() - linkExtension.size());
-  const std::wstring answer = dialogs::inputBox(L"Rename shortcut " + bareName, L"  ", L" ");
-  if (!answer.empty()) {
-    if (!controls::selectionIsChosen(shortcuts.list)) {
-      return;
-    }
-    if (files::fileExists(selected->folder + answer + L".lnk")) {
-      dialogs::showMessage(upper(answer) + L" already exists, can't change name");
-    } else {
-      // The renamed shortcut moves to the program's own folder and so leaves this list.
-      files::copy(selected->file, CanonicalPath(AppFolder()) + L"\\shortcuts\\" + answer + L".lnk");
-      files::remove(selectedFile(shortcuts));
-    }
-  }
-  LoadShortcutList(shortcuts);
+  const std::wstring answer =
+      dialogs::inputBox(L"Rename shortcut " + bareName(*selected), L"  ", L" ");
+  return rename(shortcuts, *selected, answer);
+}
+
+std::optional<std::wstring> renameShortcutTo(ShortcutList& shortcuts, const std::wstring& name) {
+  const auto selected = renamable(shortcuts);
+  return selected ? rename(shortcuts, *selected, name) : std::nullopt;
 }
 
 void deleteShortcut(ShortcutList& shortcuts) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -54,9 +55,17 @@ void BrowseForProgram(controls::CommonDialog& dialog, int& errorNumber, std::wst
 /// Create on the Tools tab: creates a shortcut to a program that the user chooses.
 void createShortcut(ShortcutList& shortcuts);
 
-/// Rename on the Tools tab. Raises `error::objectNotSet` without a selected item, and what the copy
-/// raises.
-void renameShortcut(ShortcutList& shortcuts);
+/// Rename on the Tools tab. Returns the new path of the shortcut's file; nothing when it was not
+/// renamed. Raises `error::objectNotSet` without a selected item, and what the copy raises.
+std::optional<std::wstring> renameShortcut(ShortcutList& shortcuts);
+
+/// The name of the selected shortcut, without its extension, to be changed in the list itself. When
+/// it cannot be renamed, shows the reason and returns nothing. Raises `error::objectNotSet` without
+/// a selected item.
+[[nodiscard]] std::optional<std::wstring> nameToChange(ShortcutList& shortcuts);
+
+/// The same as Rename, with the answer that the user has given already.
+std::optional<std::wstring> renameShortcutTo(ShortcutList& shortcuts, const std::wstring& name);
 
 /// Delete on the Tools tab. Raises `error::objectNotSet` without a selected item.
 void deleteShortcut(ShortcutList& shortcuts);

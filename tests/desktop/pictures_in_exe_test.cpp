@@ -100,6 +100,9 @@ TEST_F(PicturesInExe, EveryIconIsDrawnForEveryDensity) {
     if (icon.starts_with(L"ABOUT_")) {
       continue;  // a quarter of the one without a number
     }
+    if (icon == L"MISSING") {
+      continue;  // a mark on other icons, which has its own sizes
+    }
     for (const int side : shownAt(icon)) {
       for (const int percent : percents) {
         const int wanted = side * percent / 100;
@@ -128,6 +131,12 @@ TEST_F(PicturesInExe, TheTaskBarHasItsOwnSizes) {
   for (const int percent : percents) {
     EXPECT_THAT(sidesOf(L"AA_PROGRAM"), ::testing::Contains(24 * percent / 100));
   }
+}
+
+TEST_F(PicturesInExe, TheMarkOfAMissingFileHasItsOwnSizes) {
+  // It covers a part of an icon, so its sizes do not grow in the steps of the densities.
+  EXPECT_THAT(sidesOf(L"MISSING"),
+              ::testing::ElementsAre(9, 11, 12, 14, 16, 18, 20, 22, 24, 28, 32, 36, 40, 48, 56));
 }
 
 TEST_F(PicturesInExe, TheSplashPictureIsDrawnForEveryDensity) {

@@ -94,6 +94,8 @@ void Desktop::reset() {
   classicHelp = true;
   compiledHelp = true;
   slowDrives.clear();
+  missingDrives.clear();
+  dateForm = {L"M/d/yyyy", {}, L"AM", L"PM"};
   backgroundMilliseconds = 0;
   documents = L"C:\\Users\\Ann\\Documents";
   icons_.clear();

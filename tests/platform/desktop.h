@@ -18,6 +18,7 @@
 #include <vector>
 
 #include "platform/application.h"
+#include "platform/clock.h"
 #include "platform/code_pages.h"
 #include "platform/controls/window.h"
 #include "platform/dialogs.h"
@@ -188,6 +189,8 @@ class Desktop {
   /// Format dates; by default as "11/20/2026" and "11/20/2026 2:30:15 PM".
   std::function<std::wstring(const DateTime&)> formatDate;
   std::function<std::wstring(const DateTime&)> formatDateAndTime;
+  /// How the user writes dates, as the program is told; "M/d/yyyy" with AM and PM.
+  platform::clock::DateForm dateForm;
 
   // --- dialogs ---
 
@@ -231,6 +234,8 @@ class Desktop {
   bool compiledHelp = true;
   /// Drives ("E:") that may be slow, as network paths always are.
   std::set<std::wstring> slowDrives;
+  /// Drives ("E:") that are not connected; what lies on them is not found by then either.
+  std::set<std::wstring> missingDrives;
   /// How long work in the background takes.
   int backgroundMilliseconds = 0;
   /// Documents folder as the shell reports it; nothing when the shell has none.

@@ -105,6 +105,12 @@ bool mayBeSlow(const std::wstring& path) {
   return path.starts_with(L"\\\\") || desktop().slowDrives.contains(path.substr(0, 2));
 }
 
+bool answers(const std::wstring& path) { return isConnected(path); }
+
+bool isConnected(const std::wstring& path) {
+  return !desktop().missingDrives.contains(path.substr(0, 2));
+}
+
 }  // namespace drives
 
 namespace background {
@@ -123,6 +129,8 @@ bool run(std::function<void()> work, std::function<void()> done) {
 }  // namespace background
 
 namespace clock {
+
+DateForm dateForm() { return desktop().dateForm; }
 
 std::wstring todayText() {
   const auto today = ::memory::dateTime(desktop().now());

@@ -1,6 +1,8 @@
 #include "platform/text.h"
 
 #include <algorithm>
+#include <array>
+#include <vector>
 
 #include "platform/code_pages.h"
 #include "platform/desktop.h"
@@ -68,5 +70,81 @@ void fromCodePage(std::string_view bytes, std::wstring& text) {
 }
 
 std::string toCodePage(std::wstring_view text) { return memory::toBytes(text, memory::codePage()); }
+
+namespace {
+
+/// A letter with an accent, and the two apart.
+struct Accented {
+  wchar_t joined;
+  wchar_t letter;
+  wchar_t accent;
+};
+constexpr std::array<Accented, 12> accented{{{L'\u00C0', L'A', L'\u0300'},
+                                             {L'\u00C4', L'A', L'\u0308'},
+                                             {L'\u00C9', L'E', L'\u0301'},
+                                             {L'\u00D6', L'O', L'\u0308'},
+                                             {L'\u00DC', L'U', L'\u0308'},
+                                             {L'\u00E0', L'a', L'\u0300'},
+                                             {L'\u00E4', L'a', L'\u0308'},
+                                             {L'\u00E9', L'e', L'\u0301'},
+                                             {L'\u00F6', L'o', L'\u0308'},
+                                             {L'\u00FC', L'u', L'\u0308'},
+                                             {L'\u0130', L'I', L'\u0307'},
+                                             {L'\u017D', L'Z', L'\u030C'}}};
+
+std::vector<SearchForm> makeForms() {
+  constexpr std::size_t units = 0x10000;
+  constexpr std::size_t firstAccent = 0x300;
+  constexpr std::size_t lastAccent = 0x36F;
+  std::vector<SearchForm> forms(units);
+  for (std::size_t unit = 0; unit < units; ++unit) {
+    const auto capital = static_cast<char16_t>(memory::upperCase(static_cast<wchar_t>(unit)));
+    const bool accent = unit >= firstAccent && unit <= lastAccent;
+    forms[unit] = {capital, accent ? u'\0' : capital};
+  }
+  for (const Accented& pair : accented) {
+    forms[static_cast<std::size_t>(pair.joined)].letter =
+        static_cast<char16_t>(memory::upperCase(pair.letter));
+  }
+  return forms;
+}
+
+}  // namespace
+
+std::span<const SearchForm> searchForms() {
+  static const std::vector<SearchForm> forms = makeForms();
+  return forms;
+}
+
+std::wstring withAccentsApart(std::wstring_view text) {
+  std::wstring result;
+  for (const wchar_t unit : text) {
+    const auto* const found =
+        std::find_if(accented.begin(), accented.end(),
+                     [unit](const Accented& pair) { return pair.joined == unit; });
+    if (found == accented.end()) {
+      result += unit;
+    } else {
+      result += {found->letter, found->accent};
+    }
+  }
+  return result;
+}
+
+std::wstring withAccentsJoined(std::wstring_view text) {
+  std::wstring result;
+  for (const wchar_t unit : text) {
+    const auto* const found =
+        std::find_if(accented.begin(), accented.end(), [&](const Accented& pair) {
+          return !result.empty() && pair.letter == result.back() && pair.accent == unit;
+        });
+    if (found == accented.end()) {
+      result += unit;
+    } else {
+      result.back() = found->joined;
+    }
+  }
+  return result;
+}
 
 }  // namespace platform::text

@@ -211,6 +211,15 @@ Size textSize(const std::wstring& text, const Font& font, int dpi) {
   return {scaled(width, dpi), scaled(height, dpi)};
 }
 
+int widestText(std::size_t count, const std::function<std::wstring_view(std::size_t)>& textAt,
+               const Font& font, int dpi) {
+  int most = 0;
+  for (std::size_t n = 0; n < count; ++n) {
+    most = std::max(most, textSize(std::wstring(textAt(n)), font, dpi).width);
+  }
+  return most;
+}
+
 int textHeight(const std::wstring& text, const Font& font, int width, int dpi) {
   const Size line = textSize(L"X", font, dpi);
   int lines = 0;

@@ -134,4 +134,34 @@ void MenuItem::fireClick() {
   }
 }
 
+void StatusBar::setTexts(std::wstring left, std::wstring right) {
+  if (left != left_ || right != right_) {
+    left_ = std::move(left);
+    right_ = std::move(right);
+    changed(Change::value);
+  }
+}
+
+std::wstring shortenedInMiddle(const std::wstring& text, int width,
+                               const std::function<int(const std::wstring&)>& widthOf) {
+  if (widthOf(text) <= width) {
+    return text;
+  }
+  const std::wstring ellipsis = L"\u2026";
+  const std::size_t separator = text.find_last_of(L"\\/");
+  std::size_t tail = separator == std::wstring::npos ? text.size() / 2 : separator;
+  // The end alone may be too long.
+  while (tail < text.size() && widthOf(ellipsis + text.substr(tail)) > width) {
+    tail += (text.size() - tail + 1) / 2;
+  }
+  const std::wstring end = ellipsis + text.substr(tail);
+  std::size_t fits = 0;
+  std::size_t tooLong = tail;
+  while (tooLong - fits > 1) {
+    const std::size_t middle = fits + (tooLong - fits) / 2;
+    (widthOf(text.substr(0, middle) + end) <= width ? fits : tooLong) = middle;
+  }
+  return text.substr(0, fits) + end;
+}
+
 }  // namespace controls

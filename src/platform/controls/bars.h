@@ -61,6 +61,31 @@ class Toolbar : public Control {
   int measuredHeight_ = 0;
 };
 
+/// The line at the bottom of a window.
+class StatusBar : public Control {
+ public:
+  using Control::Control;
+  [[nodiscard]] Kind kind() const override { return Kind::statusBar; }
+  /// Two texts. The right one takes what the left one leaves, and is shortened in its middle when
+  /// it does not fit.
+  void setTexts(std::wstring left, std::wstring right);
+  [[nodiscard]] const std::wstring& left() const { return left_; }
+  [[nodiscard]] const std::wstring& right() const { return right_; }
+  /// A text over the whole line instead of the two; "" shows the two again.
+  void setNote(std::wstring note) { assign(note_, std::move(note), Change::value); }
+  [[nodiscard]] const std::wstring& note() const { return note_; }
+
+ private:
+  std::wstring left_;
+  std::wstring right_;
+  std::wstring note_;
+};
+
+/// `text` if it is at most `width` wide, as `widthOf` measures it. Otherwise its beginning, an
+/// ellipsis and its end: from the last separator of its path or address on, if that fits.
+[[nodiscard]] std::wstring shortenedInMiddle(
+    const std::wstring& text, int width, const std::function<int(const std::wstring&)>& widthOf);
+
 class TabControl : public Control {
  public:
   using Control::Control;

@@ -30,6 +30,8 @@ enum class Change {
   timer,      ///< Interval or enabled state of a timer.
   colours,
   appearance,  ///< Flat or raised, with or without a border.
+  remarks,     ///< Remarks on rows of a list, or what an empty list says.
+  editor,      ///< The editor of a name is opened or closed.
 };
 
 /// The native side of one control. It is notified of a change and then reads the control's
@@ -58,6 +60,7 @@ enum class Kind {
   optionButton,
   imageButton,
   image,
+  statusBar,
   other,
 };
 

@@ -49,7 +49,7 @@ void ListView::rebuild(const std::vector<std::size_t>& columns, const std::funct
         --updating_;
         inAnyCase([&] { restore(kept); }, [this] { itemsChanged(); });
         if (auto* const peer = static_cast<ListViewPeer*>(this->peer())) {
-          const auto top = kept.top ? find(*kept.top) : std::nullopt;
+          const auto top = kept.top ? rowOf(find(*kept.top)) : std::nullopt;
           peer->scrollTo(top.value_or(kept.topIndex));
         }
       });
@@ -62,7 +62,9 @@ ListView::Marks ListView::marks(const std::vector<std::size_t>& columns) const {
   Marks marks;
   if (const auto* const peer = static_cast<const ListViewPeer*>(this->peer())) {
     marks.topIndex = peer->topIndex();
-    marks.top = keyAt(marks.topIndex);
+    if (marks.topIndex < rows()) {
+      marks.top = keyAt(itemOfRow(marks.topIndex));
+    }
   }
   // If an earlier rebuild could not fill the list, nothing is selected now. The item selected
   // before that rebuild is kept.

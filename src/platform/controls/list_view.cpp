@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <numeric>
 #include <utility>
 
 #include "platform/controls/sort_places.h"
@@ -47,7 +48,7 @@ void ListView::add(std::wstring_view text, std::wstring_view icon,
   if (place == 0) {
     selected_ = focused_ = place;
   }
-  orderStale_ = orderStale_ || sorted_;
+  orderStale_ = orderStale_ || sorted_ || ranking_;
   itemsChanged();
 }
 
@@ -60,7 +61,7 @@ void ListView::completeLast(std::wstring_view icon,
     widen(iconAndText + subItems.size());
   }
   fillRow((order_.size() - 1) * rowLength_, icon, subItems);
-  orderStale_ = orderStale_ || sorted_;
+  orderStale_ = orderStale_ || sorted_ || ranking_;
   itemsChanged();
 }
 
@@ -68,6 +69,7 @@ void ListView::removeLast() noexcept {
   if (order_.empty()) {
     return;
   }
+  shownStale_ = true;
   const auto last = static_cast<Place>(order_.size() - 1);
   // If the list was sorted meanwhile, the item may be anywhere in the order. Its row is reused for
   // the next item.
@@ -94,6 +96,7 @@ void ListView::clear() {
   cells_ = std::vector<TextStore::Ref>();
   order_ = std::vector<Place>();
   orderStale_ = false;
+  shown_ = std::vector<Place>();
   selected_.reset();
   focused_.reset();
   itemsChanged();
@@ -154,7 +157,7 @@ void ListView::setCell(std::size_t index, std::size_t column, std::wstring_view 
     widen(column + iconAndText);
   }
   cells_[place * rowLength_ + 1 + column] = texts_.add(text);
-  orderStale_ = orderStale_ || (sorted_ && sortKey_ == static_cast<int>(column));
+  orderStale_ = orderStale_ || ranking_ || (sorted_ && sortKey_ == static_cast<int>(column));
   itemsChanged();
 }
 
@@ -165,17 +168,6 @@ void ListView::setSubItem(std::size_t index, std::size_t n, std::wstring_view te
     throw RunTimeError(platform::error::indexOutOfBounds);
   }
   setCell(index, n, text);
-}
-
-std::optional<std::size_t> ListView::find(const std::wstring& prefix, std::size_t from) const {
-  const std::wstring wanted = platform::text::upper(prefix);
-  for (std::size_t step = 0; step < count(); ++step) {
-    const std::size_t index = (from + step) % count();
-    if (platform::text::upperEquals(cell(index, 0).substr(0, wanted.size()), wanted)) {
-      return index;
-    }
-  }
-  return std::nullopt;
 }
 
 std::optional<std::size_t> ListView::selected() const { return indexOf(selected_); }
@@ -196,6 +188,7 @@ void ListView::select(std::size_t index) {
 void ListView::acceptSelection(std::size_t index) {
   selected_ = focused_ = ordered(index);
   lost_.reset();
+  announce();
 }
 
 std::optional<std::size_t> ListView::focused() const { return indexOf(focused_); }
@@ -215,8 +208,13 @@ void ListView::setSortOrder(int order) {
   orderChanged();
 }
 
+void ListView::setRanking(std::optional<Ranking> ranking) {
+  ranking_ = std::move(ranking);
+  orderChanged();
+}
+
 void ListView::orderChanged() {
-  orderStale_ = sorted_;
+  orderStale_ = sorted_ || ranking_;
   changed(Change::sorting);
   itemsChanged();
 }
@@ -228,8 +226,12 @@ void ListView::setImages(const ImageList* large, const ImageList* small) {
 }
 
 void ListView::itemsChanged() {
+  shownStale_ = true;
+  ++revision_;
   if (updating_ == 0) {
+    keepSelectionShown();
     changed(Change::items);
+    announce();
   }
 }
 
@@ -237,11 +239,33 @@ void ListView::ensureOrder() const {
   if (!orderStale_) {
     return;
   }
+  if (ranking_) {
+    orderByRank();
+    return;
+  }
   const auto column = static_cast<std::size_t>(std::max(sortKey_, 0));
   const auto keys = platform::text::sortKeys(order_.size(), [this, column](std::size_t place) {
     return cellOf(static_cast<Place>(place), column);
   });
   sortPlaces(order_, keys, sortOrder_ != ascending);
+  orderStale_ = false;
+}
+
+void ListView::orderByRank() const {
+  const auto ranks = ranking_->ranks(order_.size(), [this](std::size_t place) {
+    return cellOf(static_cast<Place>(place), ranking_->column);
+  });
+  platform::text::SortKeys keys;
+  constexpr std::size_t bytes = sizeof(std::uint64_t);
+  keys.bytes.reserve(ranks.size() * bytes);
+  for (const std::uint64_t rank : ranks) {
+    for (std::size_t byte = bytes; byte-- > 0;) {
+      keys.bytes += static_cast<char>(rank >> (byte * 8U));
+    }
+    keys.ends.push_back(keys.bytes.size());
+  }
+  std::iota(order_.begin(), order_.end(), Place{0});
+  sortPlaces(order_, keys, true);
   orderStale_ = false;
 }
 
@@ -259,6 +283,16 @@ void ListView::fireContextMenu(int x, int y) {
   platform::dispatch([this, x, y] {
     if (onContextMenu) {
       onContextMenu(x, y);
+    }
+  });
+}
+
+void ListView::fireScroll() const { platform::dispatch(onScroll); }
+
+void ListView::fireFitColumn(std::size_t column) {
+  platform::dispatch([this, column] {
+    if (onFitColumn) {
+      onFitColumn(column);
     }
   });
 }

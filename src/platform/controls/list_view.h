@@ -20,6 +20,7 @@
 #include <vector>
 
 #include "platform/controls/control.h"
+#include "platform/controls/find_words.h"
 #include "platform/controls/image_list.h"
 #include "platform/controls/item_key.h"
 #include "platform/controls/key_stroke.h"
@@ -35,13 +36,22 @@ inline constexpr int reportView = 3;
 inline constexpr int ascending = 0;
 inline constexpr int descending = 1;
 
+/// Neighbouring rows of a list.
+struct RowRange {
+  std::size_t first = 0;
+  std::size_t count = 0;
+  bool operator==(const RowRange&) const = default;
+};
+
 /// Native side of a list view, with what only the native control knows.
 class ListViewPeer : public Peer {
  public:
-  /// Displayed index of the first visible row.
+  /// The first visible row.
   [[nodiscard]] virtual std::size_t topIndex() const = 0;
   /// Scrolls so that row `index` is the first visible one, as far as the list is long enough.
   virtual void scrollTo(std::size_t index) = 0;
+  /// The rows that are visible, wholly or in part.
+  [[nodiscard]] virtual RowRange rowsInView() const = 0;
 };
 
 class ListView : public Control {
@@ -95,9 +105,46 @@ class ListView : public Control {
   }
   /// Raises `error::indexOutOfBounds` for sub-item 0, which is the text.
   void setSubItem(std::size_t index, std::size_t n, std::wstring_view text);
-  /// Index of the next item from `from` on whose text begins with `prefix`, without regard to case.
-  /// Continues at the start of the list. Nothing when there is none.
-  [[nodiscard]] std::optional<std::size_t> find(const std::wstring& prefix, std::size_t from) const;
+
+  // --- rows: the items that are shown, in their order; a row counts from 0 ---
+
+  /// Shows only the items that hold every blank-separated word of `text` in one of the columns that
+  /// have a width. The list keeps all items. If the selected one is hidden by it, the first row is
+  /// selected, as long as there is a row. "" shows everything again.
+  void setFind(const std::wstring& text);
+  [[nodiscard]] const std::wstring& findText() const { return findText_; }
+  /// Whether the text has a word, so that some items may be hidden.
+  [[nodiscard]] bool narrowed() const { return words_.count() > 0; }
+  [[nodiscard]] std::size_t rows() const;
+  [[nodiscard]] std::wstring_view rowCell(std::size_t row, std::size_t column) const;
+  [[nodiscard]] std::wstring rowIcon(std::size_t row) const;
+  /// Index of the item of a row. Raises `error::indexOutOfBounds` when there is no such row.
+  [[nodiscard]] std::size_t itemOfRow(std::size_t row) const;
+  /// The row of an item; nothing for a hidden one, and for nothing.
+  [[nodiscard]] std::optional<std::size_t> rowOf(std::optional<std::size_t> item) const;
+  [[nodiscard]] std::optional<std::size_t> selectedRow() const { return rowAt(selected_); }
+  [[nodiscard]] std::optional<std::size_t> focusedRow() const { return rowAt(focused_); }
+  /// The user moved the selection or the focus mark in the native list. Does not notify the peer.
+  void acceptSelectedRow(std::size_t row);
+  void acceptFocusedRow(std::size_t row) { focused_ = shown(row); }
+  /// The next row from `from` on whose text begins with `prefix`, without regard to case. Continues
+  /// at the start of the list. Nothing when there is none.
+  [[nodiscard]] std::optional<std::size_t> findRow(const std::wstring& prefix,
+                                                   std::size_t from) const;
+  /// The rows in view; all rows without a native list.
+  [[nodiscard]] RowRange rowsInView() const;
+  /// What the list says in its middle while it has no rows; "" for nothing.
+  [[nodiscard]] const std::wstring& emptyText() const;
+  void setEmptyText(std::wstring text) { assign(emptyText_, std::move(text), Change::remarks); }
+
+  /// A remark on a row, which is then shown as marked, with the remark as its tool tip; "" for an
+  /// ordinary row. Asked whenever the row is painted.
+  std::function<std::wstring(std::size_t row)> remark;
+  [[nodiscard]] std::wstring remarkOn(std::size_t row) const {
+    return remark && row < rows() ? remark(row) : std::wstring();
+  }
+  /// Shows the remarks anew.
+  void remarksChanged() { changed(Change::remarks); }
 
   // --- selection ---
 
@@ -108,9 +155,8 @@ class ListView : public Control {
   void select(std::size_t index);
   /// The item with the focus mark, nothing when there is none.
   [[nodiscard]] std::optional<std::size_t> focused() const;
-  /// The user moved the selection or the focus mark in the native list. Does not notify the peer.
+  /// Makes an item the selected one without notifying the peer.
   void acceptSelection(std::size_t index);
-  void acceptFocus(std::size_t index) { focused_ = ordered(index); }
 
   // --- view, order, pictures ---
 
@@ -123,6 +169,18 @@ class ListView : public Control {
   void setSortKey(int column);
   [[nodiscard]] int sortOrder() const { return sortOrder_; }
   void setSortOrder(int order);
+  /// Orders the items by a meaning of their texts.
+  struct Ranking {
+    std::size_t column = 0;
+    /// The ranks of `count` texts; `textAt(n)` is text number n.
+    std::function<std::vector<std::uint64_t>(
+        std::size_t count, const std::function<std::wstring_view(std::size_t)>& textAt)>
+        ranks;
+  };
+  /// Shows the highest rank first, whatever the sort key is; equal ranks stay in the order of
+  /// adding. Nothing lets the sort key decide again.
+  void setRanking(std::optional<Ranking> ranking);
+  [[nodiscard]] const std::optional<Ranking>& ranking() const { return ranking_; }
   /// Image lists, not owned; nullptr for none.
   void setImages(const ImageList* large, const ImageList* small);
   [[nodiscard]] const ImageList* largeImages() const { return largeImages_; }
@@ -139,6 +197,8 @@ class ListView : public Control {
   /// text) together identify an item. Raises what `fill` and the peer raise; items added before
   /// that stay.
   void rebuild(const std::vector<std::size_t>& columns, const std::function<void()>& fill);
+  /// Another number after each change of the items; never 0.
+  [[nodiscard]] std::uint64_t revision() const { return revision_; }
   /// Whether the last rebuild succeeded, so that the list is complete.
   [[nodiscard]] bool whole() const { return whole_; }
 
@@ -155,8 +215,37 @@ class ListView : public Control {
   /// Treats the present selection as chosen.
   void adoptSelection() { lost_.reset(); }
 
+  // --- editing a name ---
+
+  /// An editor over the text of an item.
+  struct NameEditor {
+    ItemKey item;
+    std::wstring text;     ///< What it begins with.
+    std::size_t stem = 0;  ///< How many of its characters are selected, from the first on.
+  };
+  /// Opens the editor over an item, which may move meanwhile. Closes another one without a result.
+  void editName(NameEditor editor);
+  /// The open editor, nothing when there is none.
+  [[nodiscard]] const std::optional<NameEditor>& nameEditor() const { return editor_; }
+  /// Closes the editor without a result.
+  void closeNameEditor();
+  /// The user has typed another name and confirmed it; the editor is closed.
+  std::function<void(const ItemKey& item, const std::wstring& name)> onNameTyped;
+  /// The user has clicked the selected name a second time, slowly.
+  std::function<void()> onNameClick;
+  /// The user confirms a text, or leaves the editor. A blank or unchanged text changes nothing.
+  void fireNameTyped(const std::wstring& text);
+  void fireNameClick() const;
+
   // --- events ---
 
+  /// The rows or the selection may have changed. Called often, also within a larger operation,
+  /// which it must not disturb.
+  std::function<void()> onShown;
+  /// Other rows have come into view.
+  std::function<void()> onScroll;
+  /// The user wants a column (from 0) as wide as its texts.
+  std::function<void(std::size_t)> onFitColumn;
   std::function<void()> onDoubleClick;
   /// Column header clicked; the index counts from 1.
   std::function<void(int)> onColumnClick;
@@ -169,6 +258,8 @@ class ListView : public Control {
   void fireColumnClick(int index);
   void fireKey(const KeyStroke& stroke);
   void fireContextMenu(int x, int y);
+  void fireScroll() const;
+  void fireFitColumn(std::size_t column);
 
  private:
   using Place = std::uint32_t;  // row number in order of adding; sorting does not change it
@@ -187,6 +278,18 @@ class ListView : public Control {
   void itemsChanged();
   void orderChanged();
   void ensureOrder() const;
+  void orderByRank() const;
+  [[nodiscard]] Place shown(std::size_t row) const;
+  [[nodiscard]] std::optional<std::size_t> rowAt(std::optional<Place> place) const;
+  void ensureShown() const;
+  /// Removes the places whose items do not hold the words.
+  void narrow(std::vector<Place>& places) const;
+  void keepSelectionShown();
+  void announce() const {
+    if (onShown) {
+      onShown();
+    }
+  }
 
   std::vector<Column> columns_;
   bool headersHidden_ = false;
@@ -197,6 +300,13 @@ class ListView : public Control {
   static constexpr std::size_t iconAndText = 2;
   mutable std::vector<Place> order_;
   mutable bool orderStale_ = false;
+  std::optional<Ranking> ranking_;
+  std::wstring findText_;
+  FindWords words_;
+  mutable std::vector<Place> shown_;  // the items that are shown, while the list is narrowed
+  mutable bool shownStale_ = false;
+  std::wstring emptyText_;
+  std::optional<NameEditor> editor_;
   std::optional<Place> selected_;
   std::optional<Place> focused_;
   std::optional<ItemKey> lost_;
@@ -207,6 +317,7 @@ class ListView : public Control {
   const ImageList* largeImages_ = nullptr;
   const ImageList* smallImages_ = nullptr;
   int updating_ = 0;
+  std::uint64_t revision_ = 1;
   bool whole_ = true;
 };
 

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "platform/controls/control.h"
+#include "platform/controls/key_stroke.h"
 #include "platform/dispatcher.h"
 #include "platform/windows.h"
 
@@ -70,7 +71,26 @@ class TextBox : public Control {
   [[nodiscard]] const std::wstring& text() const { return text_; }
   void setText(std::wstring text) { assign(text_, std::move(text), Change::value); }
   /// The user typed text. Does not notify the peer.
-  void acceptTyped(std::wstring text) { text_ = std::move(text); }
+  void acceptTyped(std::wstring text) {
+    text_ = std::move(text);
+    platform::dispatch(onTyped);
+  }
+  std::function<void()> onTyped;
+  /// A key goes down in the box; true when the handler has dealt with it.
+  std::function<bool(const KeyStroke&)> onKey;
+  bool fireKey(const KeyStroke& stroke) {
+    bool taken = false;
+    const bool succeeded = platform::dispatch([&] { taken = onKey != nullptr && onKey(stroke); });
+    return taken || !succeeded;
+  }
+  /// Gives the box the focus and selects its text.
+  void selectAll() { changed(Change::selection); }
+  /// What the empty box shows to say what it is for; "" for nothing.
+  [[nodiscard]] const std::wstring& cue() const { return cue_; }
+  void setCue(std::wstring cue) { assign(cue_, std::move(cue), Change::appearance); }
+  /// Width at the end of the box, at 96 dpi, that its text leaves free.
+  [[nodiscard]] int endMargin() const { return endMargin_; }
+  void setEndMargin(int width) { assign(endMargin_, width, Change::appearance); }
   [[nodiscard]] int appearance() const { return appearance_; }
   void setAppearance(int appearance) { assign(appearance_, appearance, Change::appearance); }
   [[nodiscard]] int borderStyle() const { return borderStyle_; }
@@ -84,6 +104,8 @@ class TextBox : public Control {
   int appearance_ = threeD;
   int borderStyle_ = fixedSingle;
   bool locked_ = false;
+  std::wstring cue_;
+  int endMargin_ = 0;
 };
 
 /// An edit box with a drop-down list.
@@ -105,6 +127,7 @@ class CommandButton : public Control {
   [[nodiscard]] Kind kind() const override { return Kind::commandButton; }
   bool isDefault = false;
   bool isCancel = false;
+  bool tabStop = true;  ///< Whether the tab key stops at it. Taken when the button is created.
   std::function<void()> onClick;
   void fireClick() {
     if (enabled()) {

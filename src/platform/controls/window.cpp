@@ -126,6 +126,14 @@ void Window::fireMenuOpening() {
   platform::dispatch([this] { Form_MenuOpening(); });
 }
 
+void Window::fireMenuMarked(const MenuItem* item) {
+  platform::dispatch([this, item] { Form_MenuMarked(item); });
+}
+
+void Window::fireDrivesChanged() {
+  platform::dispatch([this] { Form_DrivesChanged(); });
+}
+
 bool Window::fireClose(UnloadMode mode) {
   bool closed = false;
   platform::dispatch([&] {

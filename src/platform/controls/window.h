@@ -130,6 +130,10 @@ class Window {
   bool fireKeyDown(const KeyStroke& stroke);
   /// A menu is about to be shown.
   void fireMenuOpening();
+  /// An entry of a menu is marked while the menu is open; nullptr: none, or the menu is closed.
+  void fireMenuMarked(const MenuItem* item);
+  /// A drive has come or gone.
+  void fireDrivesChanged();
   /// The user or the system wants to close the window; true when it may go. It is unloaded then,
   /// except at the end of a session: `fireSessionEnd` follows if all other programs agree, too.
   bool fireClose(UnloadMode mode);
@@ -152,6 +156,8 @@ class Window {
   virtual void Form_KeyPress(wchar_t /*character*/) {}
   virtual bool Form_KeyDown(const KeyStroke& /*stroke*/) { return false; }
   virtual void Form_MenuOpening() {}
+  virtual void Form_MenuMarked(const MenuItem* /*item*/) {}
+  virtual void Form_DrivesChanged() {}
   virtual void Form_QueryUnload(bool& /*cancel*/, UnloadMode /*mode*/) {}
   virtual void Form_Unload(bool& /*cancel*/) {}
   virtual void Form_SessionEnd() {}

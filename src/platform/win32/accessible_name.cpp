@@ -2,6 +2,8 @@
 
 #include <oleacc.h>
 
+#include <utility>
+
 #include "platform/win32/handles.h"
 
 namespace platform::win32 {
@@ -38,6 +40,28 @@ AccessibleName::~AccessibleName() {
     MSAAPROPID which = PROPID_ACC_NAME;
     properties->ClearHwndProps(window_, static_cast<DWORD>(OBJID_CLIENT), CHILDID_SELF, &which, 1);
   }
+}
+
+void AccessibleDescriptions::set(std::map<int, std::wstring> texts) {
+  if (window_ == nullptr || texts == texts_) {
+    return;
+  }
+  const auto properties = service();
+  if (!properties) {
+    return;
+  }
+  constexpr auto part = static_cast<DWORD>(OBJID_CLIENT);
+  for (const auto& [number, text] : texts_) {
+    if (!texts.contains(number)) {
+      MSAAPROPID which = PROPID_ACC_DESCRIPTION;
+      properties->ClearHwndProps(window_, part, static_cast<DWORD>(number), &which, 1);
+    }
+  }
+  for (const auto& [number, text] : texts) {
+    properties->SetHwndPropStr(window_, part, static_cast<DWORD>(number), PROPID_ACC_DESCRIPTION,
+                               text.c_str());
+  }
+  texts_ = std::move(texts);
 }
 
 }  // namespace platform::win32

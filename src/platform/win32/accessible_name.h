@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <map>
 #include <string>
 
 namespace platform::win32 {
@@ -23,6 +24,28 @@ class AccessibleName {
 
  private:
   HWND window_ = nullptr;
+};
+
+/// Descriptions of a window's parts, such as the rows of a list, for assistive programs. Nothing is
+/// described before one of them has asked for the window.
+class AccessibleDescriptions {
+ public:
+  AccessibleDescriptions() = default;
+  AccessibleDescriptions(const AccessibleDescriptions&) = delete;
+  AccessibleDescriptions& operator=(const AccessibleDescriptions&) = delete;
+  /// Removes all descriptions. The window must still exist.
+  ~AccessibleDescriptions() { set({}); }
+
+  /// An assistive program asks for the window.
+  void wanted(HWND window) { window_ = window; }
+  [[nodiscard]] bool isWanted() const { return window_ != nullptr; }
+  /// Sets the descriptions of the parts by their numbers, which count from 1; other parts have
+  /// none from now on.
+  void set(std::map<int, std::wstring> texts);
+
+ private:
+  HWND window_ = nullptr;
+  std::map<int, std::wstring> texts_;
 };
 
 }  // namespace platform::win32

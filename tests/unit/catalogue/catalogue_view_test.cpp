@@ -172,6 +172,7 @@ class RefusingPeer : public controls::ListViewPeer {
     }
   }
   [[nodiscard]] std::size_t topIndex() const override { return 0; }
+  [[nodiscard]] controls::RowRange rowsInView() const override { return {}; }
   void scrollTo(std::size_t /*index*/) override {}
 
  private:

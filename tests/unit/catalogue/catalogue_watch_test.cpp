@@ -160,6 +160,7 @@ TEST_F(CatalogueWatch, AChangeRightAfterTheReadingIsSeenByTheNextTick) {
       }
     }
     [[nodiscard]] std::size_t topIndex() const override { return 0; }
+    [[nodiscard]] controls::RowRange rowsInView() const override { return {}; }
     void scrollTo(std::size_t /*index*/) override {}
 
    private:

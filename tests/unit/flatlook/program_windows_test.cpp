@@ -24,12 +24,14 @@ const std::vector<std::uint32_t> idle{0xFFC0C0, 0, 0, 0};
 
 class ProgramWindowsTest : public MainWindowTest {};
 
-TEST_F(ProgramWindowsTest, TheMainWindowColoursItsBrowseButtonAndAttachesNothing) {
+TEST_F(ProgramWindowsTest, TheMainWindowColoursItsButtonsAndAttachesItsFindBox) {
   const std::size_t before = FlatControls().size();
   frmQMK another;
   another.load();
   EXPECT_EQ(coloursOf(another.cmdBrowse), idle);
-  EXPECT_EQ(FlatControls().size(), before);
+  EXPECT_EQ(coloursOf(another.cmdClearFind), idle);
+  EXPECT_EQ(FlatControls().size(), before + 1);
+  EXPECT_EQ(another.txtFind.appearance(), controls::flat);
 }
 
 TEST_F(ProgramWindowsTest, TheBrowseButtonFollowsThePointer) {

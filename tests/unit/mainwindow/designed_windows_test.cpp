@@ -86,12 +86,17 @@ TEST_F(MainWindowTest, IsMadeOfTheseParts) {
   EXPECT_EQ(window.kind(), controls::WindowKind::frame);
   EXPECT_EQ(facesOf(window), (Faces{{L"barMain", 1020, L"", L"Commands"},
                                     {L"TabMain", 1000, L"", L"Lists"},
+                                    {L"cmdClearFind", 1051, L"\u00D7", L"Clear"},
+                                    {L"txtFind", 1050, L"", L"Find"},
                                     {L"lstQMK", 1010, L"", L"Tools"},
                                     {L"lstQMK", 1011, L"", L"Open"},
                                     {L"lstQMK", 1012, L"", L"New"},
                                     {L"lstQMK", 1013, L"", L"Web"},
                                     {L"cmdBrowse", 1030, L"Browse", L""},
-                                    {L"tmrFileUpdate", 1040, L"", L""}}));
+                                    {L"barStatus", 1060, L"", L"Status"},
+                                    {L"tmrFileUpdate", 1040, L"", L""},
+                                    {L"tmrIdle", 1070, L"", L""},
+                                    {L"tmrNews", 1071, L"", L""}}));
   EXPECT_EQ(window.cmdBrowse.toolTip(), L"Browse for a data file");
 }
 
@@ -103,8 +108,8 @@ TEST_F(MainWindowTest, ItsMenusAndButtonsHaveStableIds) {
       menus.push_back(entry->id());
     }
   }
-  EXPECT_EQ(menus, (std::vector<int>{2000, 2001, 2010, 2011, 2012, 2013, 2020, 2021, 2022, 2030,
-                                     2031, 2032, 2033}));
+  EXPECT_EQ(menus, (std::vector<int>{2000, 2001, 2010, 2011, 2012, 2013, 2020, 2021, 2022, 0, 2025,
+                                     2026, 2030, 2031, 2032, 2033}));
   std::vector<int> commands;
   for (const auto& button : window.barMain.buttons()) {
     if (!button.separator()) {

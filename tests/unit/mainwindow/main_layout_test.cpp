@@ -25,7 +25,7 @@ constexpr std::array dpis{96, 120, 144, 168, 192, 240, 288, 384};
 
 /// Simulates a tab control: a row of tabs above, a thin frame around.
 MeasuredParts partsAt(int dpi) {
-  return {scaled(46, dpi), [dpi](const Rect& bounds) {
+  return {scaled(46, dpi), scaled(15, dpi), [dpi](const Rect& bounds) {
             const int frame = scaled(3, dpi);
             const int tabs = scaled(23, dpi);
             return Rect{bounds.left + frame, bounds.top + tabs,
@@ -81,7 +81,11 @@ TEST(MainLayoutTest, TheToolbarFillsTheTopAndTheTabsTheRest) {
     EXPECT_LE(layout.tabs.top - layout.toolbar.bottom(), widestGap);
     EXPECT_LE(layout.tabs.left, widestGap);
     EXPECT_LE(client.width - layout.tabs.right(), widestGap);
-    EXPECT_LE(client.height - layout.tabs.bottom(), widestGap);
+    EXPECT_LE(layout.statusBar.top - layout.tabs.bottom(), widestGap);
+    EXPECT_PRED_FORMAT2(unit::apart, layout.tabs, layout.statusBar);
+    EXPECT_EQ(layout.statusBar.bottom(), client.height);
+    EXPECT_EQ(layout.statusBar.left, 0);
+    EXPECT_EQ(layout.statusBar.width, client.width);
   });
 }
 
@@ -109,6 +113,24 @@ TEST(MainLayoutTest, OnOpenTheListLeavesTheBottomRightToTheButton) {
   });
 }
 
+TEST(MainLayoutTest, TheFindBoxEndsWithTheListAboveIt) {
+  forSensibleSizes([](Size /*client*/, int dpi, const MainLayout& layout) {
+    EXPECT_EQ(layout.findBox.right(), layout.list.right());
+    EXPECT_PRED_FORMAT2(unit::apart, layout.findBox, layout.list);
+    EXPECT_PRED_FORMAT2(unit::apart, layout.findBox, layout.toolbar);
+    EXPECT_GE(layout.findBox.width, scaled(120, dpi));
+    EXPECT_LE(layout.findBox.width, scaled(200, dpi));
+    // The row of tabs keeps the room that four captions need.
+    EXPECT_GE(layout.findBox.left - layout.tabs.left, scaled(230, dpi));
+    EXPECT_PRED_FORMAT2(unit::inside, layout.clearButton, layout.findBox);
+  });
+}
+
+TEST(MainLayoutTest, TheFindBoxHasItsFullWidthWhereThereIsRoom) {
+  EXPECT_EQ(layOut({780, 500}, 96, partsAt(96)).findBox.width, 200);
+  EXPECT_GE(layOut(smallest, 96, partsAt(96)).findBox.width, 120);
+}
+
 TEST(MainLayoutTest, TheButtonGrowsWithTheDpiOnly) {
   forSensibleSizes([](Size /*client*/, int dpi, const MainLayout& layout) {
     EXPECT_EQ(layout.browseButton.width, scaled(96, dpi));
@@ -119,19 +141,22 @@ TEST(MainLayoutTest, TheButtonGrowsWithTheDpiOnly) {
 TEST(MainLayoutTest, HasItsDesignedGaps) {
   const MainLayout layout = layOut({800, 600}, 96, partsAt(96));
   EXPECT_EQ(layout.toolbar, (Rect{0, 0, 800, 46}));
-  EXPECT_EQ(layout.tabs, (Rect{8, 52, 784, 540}));
-  EXPECT_EQ(layout.list, (Rect{17, 81, 766, 502}));
-  EXPECT_EQ(layout.listOnOpen, (Rect{17, 81, 766, 468}));
-  EXPECT_EQ(layout.browseButton, (Rect{687, 555, 96, 28}));
+  EXPECT_EQ(layout.tabs, (Rect{8, 52, 784, 520}));
+  EXPECT_EQ(layout.list, (Rect{17, 81, 766, 482}));
+  EXPECT_EQ(layout.listOnOpen, (Rect{17, 81, 766, 448}));
+  EXPECT_EQ(layout.browseButton, (Rect{687, 535, 96, 28}));
+  EXPECT_EQ(layout.statusBar, (Rect{0, 578, 800, 22}));
+  EXPECT_EQ(layout.findBox, (Rect{583, 53, 200, 19}));
+  EXPECT_EQ(layout.clearButton, (Rect{766, 55, 15, 15}));
 }
 
 TEST(MainLayoutTest, ItsGapsGrowWithTheDpi) {
   const MainLayout layout = layOut({1200, 900}, 144, partsAt(144));
   EXPECT_EQ(layout.toolbar, (Rect{0, 0, 1200, 69}));
-  EXPECT_EQ(layout.tabs, (Rect{12, 78, 1176, 810}));
-  EXPECT_EQ(layout.list, (Rect{26, 122, 1148, 752}));
-  EXPECT_EQ(layout.listOnOpen, (Rect{26, 122, 1148, 701}));
-  EXPECT_EQ(layout.browseButton, (Rect{1030, 832, 144, 42}));
+  EXPECT_EQ(layout.tabs, (Rect{12, 78, 1176, 779}));
+  EXPECT_EQ(layout.list, (Rect{26, 122, 1148, 721}));
+  EXPECT_EQ(layout.listOnOpen, (Rect{26, 122, 1148, 670}));
+  EXPECT_EQ(layout.browseButton, (Rect{1030, 801, 144, 42}));
 }
 
 TEST(MainLayoutTest, NothingIsEverNegativeHoweverSmallTheWindow) {
@@ -169,7 +194,7 @@ TEST_F(MainWindowTest, TheControlsStandWhereTheLayoutPutsThem) {
     window.fireLayout(client, dpi);
 
     const MainLayout expected =
-        layOut(client, dpi, {scaled(46, dpi), [&](const Rect& bounds) {
+        layOut(client, dpi, {scaled(46, dpi), scaled(15, dpi), [&](const Rect& bounds) {
                                return window.TabMain.displayArea(bounds, dpi);
                              }});
     EXPECT_EQ(window.barMain.bounds(), expected.toolbar);
@@ -179,6 +204,10 @@ TEST_F(MainWindowTest, TheControlsStandWhereTheLayoutPutsThem) {
     EXPECT_EQ(window.lstQMK[frmQMK::newFiles].bounds(), expected.list);
     EXPECT_EQ(window.lstQMK[frmQMK::web].bounds(), expected.list);
     EXPECT_EQ(window.cmdBrowse.bounds(), expected.browseButton);
+    EXPECT_EQ(window.barStatus.bounds(), expected.statusBar);
+    // A flat text box leaves free the ring around it.
+    EXPECT_EQ(window.txtFind.bounds(), platform::inset(expected.findBox, window.txtFind.margin()));
+    EXPECT_EQ(window.cmdClearFind.bounds(), expected.clearButton);
   }
 }
 

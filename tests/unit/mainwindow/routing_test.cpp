@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "configuration.h"
+#include "mainwindow/control_ids.h"
 #include "unit/support/journal_order.h"
 #include "unit/support/links.h"
 #include "unit/support/main_window_fixture.h"
@@ -99,7 +100,7 @@ TEST_F(RoutingTest, TheToolbarButtonsRunTheMenuCommands) {
   }
 }
 
-TEST_F(RoutingTest, DeleteF2AndInsertOnAListRunTheMenuCommands) {
+TEST_F(RoutingTest, DeleteAndInsertOnAListRunTheMenuCommands) {
   for (const Route& route : routes()) {
     SCOPED_TRACE(route.tab);
     switchTo(route.tab);
@@ -107,17 +108,17 @@ TEST_F(RoutingTest, DeleteF2AndInsertOnAListRunTheMenuCommands) {
       return refused([&] { window.lstQMK.at(static_cast<std::size_t>(route.tab)).fireKey({key}); });
     };
     EXPECT_EQ(press(keys::insert), route.create);
-    EXPECT_EQ(press(keys::f2), route.rename);
     EXPECT_EQ(press(keys::remove), route.remove);
   }
 }
 
 TEST_F(RoutingTest, KeysDoNothingWhereTheirCommandIsDisabled) {
   window.mnuCreate.setEnabled(false);
-  window.mnuRename.setEnabled(false);
+  window.commands.item(ids::mnuEditName).setEnabled(false);
   window.mnuDelete.setEnabled(false);
   for (const int key : {keys::insert, keys::f2, keys::remove}) {
     EXPECT_EQ(refused([&] { window.lstQMK[frmQMK::tools].fireKey({key}); }), Journal{});
+    EXPECT_FALSE(window.lstQMK[frmQMK::tools].nameEditor());
   }
 }
 

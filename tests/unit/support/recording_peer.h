@@ -35,9 +35,11 @@ class RecordingListPeer : public controls::ListViewPeer {
   void changed(controls::Change change) override { changes_.push_back(change); }
   [[nodiscard]] std::size_t topIndex() const override { return top; }
   void scrollTo(std::size_t index) override { top = index; }
+  [[nodiscard]] controls::RowRange rowsInView() const override { return {top, visible}; }
   std::vector<controls::Change> take() { return std::exchange(changes_, {}); }
 
   std::size_t top = 0;
+  std::size_t visible = 3;
 
  private:
   controls::ListView& list_;

@@ -2,16 +2,42 @@
 
 #include <windows.h>
 
+#include <optional>
+
 #include "platform/win32/files/paths.h"
 
 namespace platform::drives {
 
+namespace {
+
+/// The system's kind of a path's drive; nothing for a path without a drive letter.
+std::optional<UINT> kindOf(const std::wstring& ordinary) {
+  if (ordinary.size() < 2 || ordinary[1] != L':') return std::nullopt;
+  return GetDriveTypeW((ordinary.substr(0, 2) + L"\\").c_str());
+}
+
+}  // namespace
+
 bool mayBeSlow(const std::wstring& path) {
   const std::wstring ordinary = win32::ordinaryPath(path);
   if (ordinary.starts_with(L"\\\\")) return true;
-  if (ordinary.size() < 2 || ordinary[1] != L':') return false;
-  const UINT kind = GetDriveTypeW((ordinary.substr(0, 2) + L"\\").c_str());
+  const auto kind = kindOf(ordinary);
   return kind == DRIVE_REMOTE || kind == DRIVE_REMOVABLE || kind == DRIVE_CDROM;
+}
+
+bool isConnected(const std::wstring& path) {
+  return kindOf(win32::ordinaryPath(path)) != DRIVE_NO_ROOT_DIR;
+}
+
+bool answers(const std::wstring& path) {
+  const std::wstring ordinary = win32::ordinaryPath(path);
+  std::size_t end = 2;
+  if (ordinary.starts_with(L"\\\\")) {
+    const std::size_t share = ordinary.find(L'\\', 2);
+    end = share == std::wstring::npos ? share : ordinary.find(L'\\', share + 1);
+  }
+  const std::wstring root = ordinary.substr(0, end) + L"\\";
+  return GetFileAttributesW(root.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
 }  // namespace platform::drives

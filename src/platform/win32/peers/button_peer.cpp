@@ -6,7 +6,7 @@ namespace platform::win32 {
 
 ButtonPeer::ButtonPeer(WindowPeer& host, controls::CommandButton& button, DWORD style)
     : NativeControl(host, button), button_(button) {
-  create(WC_BUTTONW, WS_TABSTOP | style);
+  create(WC_BUTTONW, (button.tabStop ? WS_TABSTOP : 0U) | style);
   watchMessages();
   if (button_.isDefault && !host.isFrame()) {
     SendMessageW(host.window(), DM_SETDEFID, static_cast<WPARAM>(button_.id()), 0);

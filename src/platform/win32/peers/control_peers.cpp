@@ -5,6 +5,7 @@
 #include "platform/win32/peers/image_peer.h"
 #include "platform/win32/peers/label_peer.h"
 #include "platform/win32/peers/list_view_peer.h"
+#include "platform/win32/peers/status_bar_peer.h"
 #include "platform/win32/peers/tab_peer.h"
 #include "platform/win32/peers/text_box_peer.h"
 #include "platform/win32/peers/toolbar_peer.h"
@@ -31,6 +32,8 @@ std::unique_ptr<NativeControl> makePeer(WindowPeer& host, controls::Control& con
       return std::make_unique<CoolButtonPeer>(host, static_cast<controls::CoolButton&>(control));
     case Kind::image:
       return std::make_unique<ImagePeer>(host, static_cast<controls::Image&>(control));
+    case Kind::statusBar:
+      return std::make_unique<StatusBarPeer>(host, static_cast<controls::StatusBar&>(control));
     case Kind::comboBox:
     case Kind::optionButton:
     case Kind::other:

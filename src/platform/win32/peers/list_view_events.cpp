@@ -2,6 +2,7 @@
 #include <windowsx.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/geometry.h"
 #include "platform/subclass.h"
@@ -17,6 +18,10 @@ namespace {
 
 /// Posted to show the selection again after the native list has finished changing it.
 constexpr UINT selectionMessage = WM_APP + 3;
+
+/// Ends when the click on a name was not the first of a double-click. The native list's own timers
+/// have small numbers.
+constexpr UINT_PTR clickTimer = 0x51C;
 
 /// The new width in pixels of a header column; nothing when another property changes.
 std::optional<int> newWidth(const NMHEADERW& notice) {
@@ -54,6 +59,9 @@ std::optional<LRESULT> ListViewPeer::notification(NMHDR& header) {
         // A click on the item that is already selected is a choice too.
         list_.adoptSelection();
       }
+      if (static_cast<int>(header.code) == static_cast<int>(NM_CLICK)) {
+        awaitSecondClick(reinterpret_cast<const NMITEMACTIVATE&>(header).ptAction);
+      }
       return 0;
     case static_cast<int>(NM_DBLCLK):
       // Wherever the click was, it acts on the selected item.
@@ -64,7 +72,7 @@ std::optional<LRESULT> ListViewPeer::notification(NMHDR& header) {
       list_.fireDoubleClick();
       return 0;
     case static_cast<int>(NM_CUSTOMDRAW):
-      return markUnfocused(reinterpret_cast<const NMLVCUSTOMDRAW&>(header));
+      return customDraw(reinterpret_cast<NMLVCUSTOMDRAW&>(header));
     default:
       return std::nullopt;
   }
@@ -73,12 +81,12 @@ std::optional<LRESULT> ListViewPeer::notification(NMHDR& header) {
 void ListViewPeer::supply(LVITEMW& item) const {
   const auto index = static_cast<std::size_t>(item.iItem);
   // While the list is refilled, the native count may still be the old one.
-  const bool known = item.iItem >= 0 && index < list_.count();
+  const bool known = item.iItem >= 0 && index < list_.rows();
   if ((item.mask & LVIF_TEXT) != 0 && item.pszText != nullptr && item.cchTextMax > 0) {
     const auto column = static_cast<std::size_t>(std::max(item.iSubItem, 0));
     std::size_t length = 0;
     if (known) {
-      const std::wstring_view text = list_.cell(index, column);
+      const std::wstring_view text = list_.rowCell(index, column);
       length = std::min(text.size(), static_cast<std::size_t>(item.cchTextMax) - 1);
       std::copy_n(text.begin(), length, item.pszText);
     }
@@ -88,7 +96,7 @@ void ListViewPeer::supply(LVITEMW& item) const {
     constexpr int noPicture = -1;
     const ImageCache& images = report() ? small_ : large_;
     item.iImage =
-        known && item.iSubItem == 0 ? images.indexOf(list_.icon(index), noPicture) : noPicture;
+        known && item.iSubItem == 0 ? images.indexOf(list_.rowIcon(index), noPicture) : noPicture;
   }
   if ((item.mask & LVIF_INDENT) != 0) {
     item.iIndent = 0;
@@ -101,12 +109,12 @@ void ListViewPeer::accept(const NMLISTVIEW& change) {
   }
   const UINT gained = change.uNewState & ~change.uOldState;
   const UINT lost = change.uOldState & ~change.uNewState;
-  if (change.iItem >= 0 && static_cast<std::size_t>(change.iItem) < list_.count()) {
+  if (change.iItem >= 0 && static_cast<std::size_t>(change.iItem) < list_.rows()) {
     const auto index = static_cast<std::size_t>(change.iItem);
     if ((gained & LVIS_SELECTED) != 0) {
-      list_.acceptSelection(index);
+      list_.acceptSelectedRow(index);
     } else if ((gained & LVIS_FOCUSED) != 0) {
-      list_.acceptFocus(index);
+      list_.acceptFocusedRow(index);
     }
   }
   if ((lost & LVIS_SELECTED) != 0) {
@@ -119,42 +127,12 @@ void ListViewPeer::accept(const NMLISTVIEW& change) {
 LRESULT ListViewPeer::search(const NMLVFINDITEMW& request) const {
   constexpr LRESULT notFound = -1;
   const bool text = (request.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) != 0;
-  if (!text || request.lvfi.psz == nullptr || list_.count() == 0) {
+  if (!text || request.lvfi.psz == nullptr || list_.rows() == 0) {
     return notFound;
   }
-  const std::size_t from = static_cast<std::size_t>(std::max(request.iStart, 0)) % list_.count();
-  const auto found = list_.find(request.lvfi.psz, from);
+  const std::size_t from = static_cast<std::size_t>(std::max(request.iStart, 0)) % list_.rows();
+  const auto found = list_.findRow(request.lvfi.psz, from);
   return found ? static_cast<LRESULT>(*found) : notFound;
-}
-
-LRESULT ListViewPeer::markUnfocused(const NMLVCUSTOMDRAW& stage) const {
-  if (GetFocus() == window()) {
-    return CDRF_DODEFAULT;
-  }
-  if (stage.nmcd.dwDrawStage == CDDS_PREPAINT) {
-    return CDRF_NOTIFYITEMDRAW;
-  }
-  const auto item = static_cast<std::size_t>(stage.nmcd.dwItemSpec);
-  if (list_.selected() != item) {
-    return CDRF_DODEFAULT;
-  }
-  if (stage.nmcd.dwDrawStage == CDDS_ITEMPREPAINT) {
-    return CDRF_NOTIFYPOSTPAINT;
-  }
-  RECT label{};
-  RECT whole{};
-  const int row = static_cast<int>(item);
-  if (stage.nmcd.dwDrawStage == CDDS_ITEMPOSTPAINT &&
-      ListView_GetItemRect(window(), row, &label, LVIR_LABEL) != 0 &&
-      ListView_GetItemRect(window(), row, &whole, LVIR_BOUNDS) != 0) {
-    if (report()) {
-      label.right = whole.right;
-    }
-    // On some systems the selection colour without the focus is hardly visible. A frame in the
-    // selection colour with the focus always is.
-    FrameRect(stage.nmcd.hdc, &label, GetSysColorBrush(COLOR_HIGHLIGHT));
-  }
-  return CDRF_DODEFAULT;
 }
 
 std::optional<LRESULT> ListViewPeer::message(UINT message, WPARAM first, LPARAM second) {
@@ -162,8 +140,52 @@ std::optional<LRESULT> ListViewPeer::message(UINT message, WPARAM first, LPARAM 
     showSelection();
     return 0;
   }
-  if (message == WM_CONTEXTMENU) {
-    return contextMenu(second);
+  if (message == NameEditor::doneMessage) {
+    if (editor_) {
+      list_.fireNameTyped(editor_->result());
+    }
+    return 0;
+  }
+  if (editor_ && leavesEditor(message)) {
+    editor_->confirm();
+  }
+  switch (message) {
+    case WM_CONTEXTMENU:
+      return contextMenu(second);
+    case WM_LBUTTONDOWN:
+      forgetClick();
+      clicked_ = GetFocus() == window() && nameAt({GET_X_LPARAM(second), GET_Y_LPARAM(second)}) &&
+                 (first & (MK_CONTROL | MK_SHIFT)) == 0;
+      return std::nullopt;
+    case WM_LBUTTONDBLCLK:
+    case WM_RBUTTONDOWN:
+    case WM_KEYDOWN:
+    case WM_KILLFOCUS:
+      forgetClick();
+      return std::nullopt;
+    case WM_TIMER:
+      if (first != clickTimer) {
+        return std::nullopt;
+      }
+      forgetClick();
+      list_.fireNameClick();
+      return 0;
+    case WM_MOUSEMOVE:
+      showTip({GET_X_LPARAM(second), GET_Y_LPARAM(second)});
+      return std::nullopt;
+    case WM_GETOBJECT:
+      descriptions_.wanted(window());
+      describeRows();
+      return std::nullopt;
+    case WM_PAINT: {
+      const LRESULT result = subclass::passOn(handleFrom(window()), message, first, second);
+      if (!detached()) {
+        drawEmptyText();
+      }
+      return result;
+    }
+    default:
+      break;
   }
   if (message == WM_SYSCOLORCHANGE) {
     // After the native list has taken over what it takes over itself.
@@ -183,9 +205,14 @@ std::optional<LRESULT> ListViewPeer::headerNotification(const NMHEADERW& notice)
   switch (static_cast<int>(notice.hdr.code)) {
     case static_cast<int>(HDN_BEGINTRACKA):
     case static_cast<int>(HDN_BEGINTRACKW):
+      return hiddenColumn(notice.iItem) ? std::optional<LRESULT>(TRUE) : std::nullopt;
     case static_cast<int>(HDN_DIVIDERDBLCLICKA):
     case static_cast<int>(HDN_DIVIDERDBLCLICKW):
-      return hiddenColumn(notice.iItem) ? std::optional<LRESULT>(TRUE) : std::nullopt;
+      // The native list would measure only the rows in view.
+      if (notice.iItem >= 0 && !hiddenColumn(notice.iItem)) {
+        list_.fireFitColumn(static_cast<std::size_t>(notice.iItem));
+      }
+      return TRUE;
     case static_cast<int>(HDN_ITEMCHANGINGA):
     case static_cast<int>(HDN_ITEMCHANGINGW):
       // The key that fits all columns to their contents does not go through the drag notifications.
@@ -203,6 +230,56 @@ std::optional<LRESULT> ListViewPeer::headerNotification(const NMHEADERW& notice)
   }
 }
 
+bool ListViewPeer::nameAt(POINT point) const {
+  LVHITTESTINFO spot{};
+  spot.pt = point;
+  const auto row = ListView_SubItemHitTest(window(), &spot);
+  return row >= 0 && (spot.flags & LVHT_ONITEMLABEL) != 0 && spot.iSubItem == 0 &&
+         list_.selectedRow() == static_cast<std::size_t>(row);
+}
+
+void ListViewPeer::awaitSecondClick(POINT point) {
+  if (std::exchange(clicked_, false) && nameAt(point)) {
+    SetTimer(window(), clickTimer, GetDoubleClickTime(), nullptr);
+  }
+}
+
+void ListViewPeer::forgetClick() {
+  clicked_ = false;
+  KillTimer(window(), clickTimer);
+}
+
+bool ListViewPeer::leavesEditor(UINT message) const {
+  return message == WM_VSCROLL || message == WM_HSCROLL || message == WM_MOUSEWHEEL ||
+         message == WM_LBUTTONDOWN || message == WM_RBUTTONDOWN;
+}
+
+void ListViewPeer::showEditor() {
+  forgetClick();
+  editor_.reset();
+  changeStyle(WS_CLIPCHILDREN, 0);
+  if (const auto& wanted = list_.nameEditor()) {
+    if (const auto row = list_.rowOf(list_.find(wanted->item))) {
+      send(LVM_ENSUREVISIBLE, *row, FALSE);
+    }
+    changeStyle(0, WS_CLIPCHILDREN);
+    editor_ = std::make_unique<NameEditor>(window(), font(), wanted->text, wanted->stem);
+    placeEditor();
+    editor_->show();
+  }
+}
+
+void ListViewPeer::placeEditor() {
+  if (!editor_ || !list_.nameEditor()) {
+    return;
+  }
+  const auto row = list_.rowOf(list_.find(list_.nameEditor()->item));
+  RECT label{};
+  if (row && ListView_GetItemRect(window(), static_cast<int>(*row), &label, LVIR_LABEL) != 0) {
+    editor_->place(label, host().dpi(), report());
+  }
+}
+
 LRESULT ListViewPeer::contextMenu(LPARAM where) {
   POINT point{GET_X_LPARAM(where), GET_Y_LPARAM(where)};
   RECT header{};
@@ -210,7 +287,7 @@ LRESULT ListViewPeer::contextMenu(LPARAM where) {
     // Requested by key: the menu opens below the selected item.
     point = {0, 0};
     RECT item{};
-    const auto selected = list_.selected();
+    const auto selected = list_.selectedRow();
     if (selected &&
         ListView_GetItemRect(window(), static_cast<int>(*selected), &item, LVIR_LABEL) != 0) {
       RECT client{};

@@ -54,7 +54,7 @@ void ListViewPeer::changed(Change change) {
       break;
     case Change::selection:
       showSelection();
-      if (const auto index = list_.selected()) {
+      if (const auto index = list_.selectedRow()) {
         send(LVM_ENSUREVISIBLE, *index, FALSE);
       }
       break;
@@ -70,6 +70,13 @@ void ListViewPeer::changed(Change change) {
     case Change::images:
       takeImages();
       break;
+    case Change::remarks:
+      describeRows();
+      InvalidateRect(window(), nullptr, list_.rows() == 0 ? TRUE : FALSE);
+      break;
+    case Change::editor:
+      showEditor();
+      break;
     default:
       mirror(change);
       break;
@@ -78,6 +85,7 @@ void ListViewPeer::changed(Change change) {
 
 void ListViewPeer::refresh() {
   NativeControl::refresh();
+  mark_.reset();
   takeImages();
   spaceIcons();
   showColumns();
@@ -123,7 +131,7 @@ void ListViewPeer::showView() {
     // The native list has spaced the icons like the rows.
     arrangeIcons();
   }
-  if (const auto index = list_.focused()) {
+  if (const auto index = list_.focusedRow()) {
     send(LVM_ENSUREVISIBLE, *index, FALSE);
   }
 }
@@ -131,7 +139,7 @@ void ListViewPeer::showView() {
 void ListViewPeer::arrangeIcons() const {
   send(LVM_ARRANGE, LVA_DEFAULT);
   // Not every system updates the scroll range when icons move, but all do when the count is set.
-  send(LVM_SETITEMCOUNT, static_cast<WPARAM>(list_.count()), LVSICF_NOINVALIDATEALL);
+  send(LVM_SETITEMCOUNT, static_cast<WPARAM>(list_.rows()), LVSICF_NOINVALIDATEALL);
 }
 
 int ListViewPeer::columnWidth(std::size_t index) const {
@@ -163,7 +171,7 @@ void ListViewPeer::showColumns() {
 }
 
 void ListViewPeer::showItems() {
-  const int count = static_cast<int>(list_.count());
+  const int count = static_cast<int>(list_.rows());
   const std::size_t top = topIndex();
   POINT origin{};
   send(LVM_GETORIGIN, 0, parameterFrom(&origin));
@@ -197,6 +205,8 @@ void ListViewPeer::showItems() {
     repaintItems();
   }
   lastInView_ = std::move(now);
+  describeRows();
+  placeEditor();
 }
 
 void ListViewPeer::repaintItems() const {
@@ -221,11 +231,14 @@ std::wstring ListViewPeer::inView() const {
   // The last row may be partly visible.
   const auto rows = static_cast<std::size_t>(send(LVM_GETCOUNTPERPAGE)) + 1;
   all = std::to_wstring(top);
-  for (std::size_t index = top; index < std::min(list_.count(), top + rows); ++index) {
-    all += L'\0' + list_.icon(index);
+  if (list_.rows() == 0) {
+    all += list_.emptyText();
+  }
+  for (std::size_t index = top; index < std::min(list_.rows(), top + rows); ++index) {
+    all += L'\0' + list_.rowIcon(index);
     for (std::size_t column = 0; column < list_.columns().size(); ++column) {
       all += L'\0';
-      all += list_.cell(index, column);
+      all += list_.rowCell(index, column);
     }
   }
   return all;
@@ -236,8 +249,8 @@ int ListViewPeer::selectedNatively() const {
 }
 
 void ListViewPeer::showSelection() {
-  const auto selected = list_.selected();
-  const auto focused = list_.focused();
+  const auto selected = list_.selectedRow();
+  const auto focused = list_.focusedRow();
   const auto set = [this](WPARAM item, UINT state) {
     LVITEMW change{};
     change.state = state;
@@ -272,7 +285,9 @@ void ListViewPeer::showSorting() {
     }
     const int shown = item.fmt;
     item.fmt &= ~(HDF_SORTUP | HDF_SORTDOWN);
-    if (list_.sorted() && list_.sortKey() == column) {
+    if (list_.ranking()) {
+      item.fmt |= list_.ranking()->column == index ? HDF_SORTDOWN : 0;
+    } else if (list_.sorted() && list_.sortKey() == column) {
       item.fmt |= list_.sortOrder() == controls::ascending ? HDF_SORTUP : HDF_SORTDOWN;
     }
     if (item.fmt == shown) {
@@ -285,7 +300,7 @@ void ListViewPeer::showSorting() {
 int ListViewPeer::rowHeight() const {
   RECT row{};
   row.left = LVIR_BOUNDS;
-  return list_.count() > 0 && send(LVM_GETITEMRECT, 0, parameterFrom(&row)) != 0
+  return list_.rows() > 0 && send(LVM_GETITEMRECT, 0, parameterFrom(&row)) != 0
              ? static_cast<int>(row.bottom - row.top)
              : 0;
 }
@@ -298,7 +313,7 @@ std::size_t ListViewPeer::topIndex() const {
   LVHITTESTINFO spot{};
   RECT first{};
   first.left = LVIR_BOUNDS;
-  if (list_.count() == 0 || send(LVM_GETITEMRECT, 0, parameterFrom(&first)) == 0) {
+  if (list_.rows() == 0 || send(LVM_GETITEMRECT, 0, parameterFrom(&first)) == 0) {
     return 0;
   }
   spot.pt = {(first.left + first.right) / 2, (first.bottom - first.top) / 2};
@@ -306,8 +321,29 @@ std::size_t ListViewPeer::topIndex() const {
       std::max<LRESULT>(0, send(LVM_HITTEST, allItems, parameterFrom(&spot))));
 }
 
+controls::RowRange ListViewPeer::rowsInView() const {
+  const std::size_t all = list_.rows();
+  const std::size_t first = std::min(topIndex(), all);
+  if (report()) {
+    // The last one may be visible in part.
+    const auto whole = static_cast<std::size_t>(send(LVM_GETCOUNTPERPAGE));
+    return {first, std::min(all - first, whole + 1)};
+  }
+  RECT area{};
+  GetClientRect(window(), &area);
+  std::size_t end = first;
+  for (; end < all; ++end) {
+    RECT icon{};
+    icon.left = LVIR_BOUNDS;
+    if (send(LVM_GETITEMRECT, end, parameterFrom(&icon)) == 0 || icon.top >= area.bottom) {
+      break;
+    }
+  }
+  return {first, end - first};
+}
+
 void ListViewPeer::scrollTo(std::size_t index) {
-  if (index >= list_.count()) {
+  if (index >= list_.rows()) {
     return;
   }
   if (report()) {
@@ -323,7 +359,7 @@ void ListViewPeer::scrollTo(std::size_t index) {
   first.left = LVIR_BOUNDS;
   wanted.left = LVIR_BOUNDS;
   if (const std::size_t top = topIndex();
-      top < list_.count() && send(LVM_GETITEMRECT, top, parameterFrom(&first)) != 0 &&
+      top < list_.rows() && send(LVM_GETITEMRECT, top, parameterFrom(&first)) != 0 &&
       send(LVM_GETITEMRECT, index, parameterFrom(&wanted)) != 0 && wanted.top != first.top) {
     send(LVM_SCROLL, 0, wanted.top - first.top);
   }

@@ -2,9 +2,13 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <optional>
+#include <string>
 
 #include "platform/controls/list_view.h"
+#include "platform/win32/accessible_name.h"
+#include "platform/win32/peers/name_editor.h"
 #include "platform/win32/peers/native_control.h"
 #include "platform/win32/pictures/image_resources.h"
 
@@ -20,6 +24,7 @@ class ListViewPeer final : public controls::ListViewPeer, public NativeControl {
   void orphaned() override { loseControl(); }
   [[nodiscard]] std::size_t topIndex() const override;
   void scrollTo(std::size_t index) override;
+  [[nodiscard]] controls::RowRange rowsInView() const override;
   std::optional<LRESULT> notification(NMHDR& header) override;
   void refresh() override;
 
@@ -44,7 +49,29 @@ class ListViewPeer final : public controls::ListViewPeer, public NativeControl {
   std::optional<LRESULT> headerNotification(const NMHEADERW& notice);
   void acceptWidth(int column, int pixels);
   LRESULT contextMenu(LPARAM where);
-  [[nodiscard]] LRESULT markUnfocused(const NMLVCUSTOMDRAW& stage) const;
+  /// A click on the selected name may be the first of a double-click, so the list waits a moment.
+  void awaitSecondClick(POINT point);
+  void forgetClick();
+  /// Whether a point is on the name of the selected row.
+  [[nodiscard]] bool nameAt(POINT point) const;
+  /// Shows or closes the editor of a name.
+  void showEditor();
+  void placeEditor();
+  /// Whether a message means that the user has turned to something else than the editor.
+  [[nodiscard]] bool leavesEditor(UINT message) const;
+
+  // list_view_drawing.cpp
+  [[nodiscard]] LRESULT customDraw(NMLVCUSTOMDRAW& stage);
+  [[nodiscard]] LRESULT drawRow(NMLVCUSTOMDRAW& stage);
+  void drawMark(HDC dc, int row);
+  void frameSelected(HDC dc, int row) const;
+  void drawEmptyText() const;
+  /// The tool tip of the row at a point of the list.
+  void showTip(POINT point);
+  /// Tells whoever reads the screen aloud the remarks of the rows in view.
+  void describeRows();
+  void noteScrolling();
+
   [[nodiscard]] bool report() const;
   [[nodiscard]] bool hiddenColumn(int index) const;
   [[nodiscard]] int columnWidth(std::size_t index) const;
@@ -60,6 +87,13 @@ class ListViewPeer final : public controls::ListViewPeer, public NativeControl {
   ImageCache large_;
   ImageCache small_;
   std::wstring lastInView_;
+  controls::RowRange lastRows_;
+  std::wstring tip_;
+  Icon mark_;
+  int markSide_ = 0;
+  AccessibleDescriptions descriptions_;
+  std::unique_ptr<NameEditor> editor_;
+  bool clicked_ = false;  // the button went down on the selected name
   int shownColumns_ = 0;
   bool showing_ = false;  // the program changes the native list: ignore notifications
 };

@@ -12,11 +12,15 @@ class TextBoxPeer final : public controls::Peer, public NativeControl {
   void changed(controls::Change change) override;
   void orphaned() override { loseControl(); }
   void command(int id, WORD code) override;
+  void refresh() override;
 
  protected:
   [[nodiscard]] std::wstring nativeText() const override { return box_.text(); }
+  std::optional<LRESULT> message(UINT message, WPARAM first, LPARAM second) override;
 
  private:
+  /// Shows the cue and the margin.
+  void dress() const;
   [[nodiscard]] DWORD border() const;
   [[nodiscard]] DWORD edge() const;
   controls::TextBox& box_;

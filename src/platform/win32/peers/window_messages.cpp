@@ -1,4 +1,8 @@
 // What a window does with its messages.
+#include <windows.h>
+// Needs <windows.h> first.
+#include <dbt.h>
+
 #include <algorithm>
 #include <bit>
 
@@ -94,6 +98,14 @@ std::optional<LRESULT> WindowPeer::handle(UINT message, WPARAM first, LPARAM sec
       return std::nullopt;
     case WM_INITMENU:
       window_->fireMenuOpening();
+      return std::nullopt;
+    case WM_MENUSELECT:
+      menuMarked(LOWORD(first), HIWORD(first), second);
+      return std::nullopt;
+    case WM_DEVICECHANGE:
+      if (first == DBT_DEVICEARRIVAL || first == DBT_DEVICEREMOVECOMPLETE) {
+        window_->fireDrivesChanged();
+      }
       return std::nullopt;
     case WM_SYSCOLORCHANGE:
       forwardToControls(message, first, second);
@@ -240,6 +252,13 @@ void WindowPeer::command(int id, WORD code, HWND source) {
   } else if (kind_ == WindowKind::dialog && (id == IDOK || id == IDCANCEL)) {
     answerDialogKey(id);
   }
+}
+
+void WindowPeer::menuMarked(int id, UINT flags, LPARAM menu) {
+  constexpr UINT closed = 0xFFFF;
+  const bool entry =
+      (flags & (MF_POPUP | MF_SYSMENU | MF_SEPARATOR)) == 0 && !(flags == closed && menu == 0);
+  window_->fireMenuMarked(entry ? menuItem(id) : nullptr);
 }
 
 controls::MenuItem* WindowPeer::menuItem(int id) const {

@@ -128,6 +128,7 @@ class WindowPeer final : public controls::WindowPeer {
   void tick(UINT_PTR timer);
   std::optional<LRESULT> notify(NMHDR& header);
   void command(int id, WORD code, HWND source);
+  void menuMarked(int id, UINT flags, LPARAM menu);
   /// The entry with a command id, of the menu bar or of the menu that was popped up last; nullptr
   /// when there is none.
   [[nodiscard]] controls::MenuItem* menuItem(int id) const;

@@ -127,4 +127,21 @@ std::vector<std::wstring> dateAndTimeTexts(const std::vector<files::FileTime>& m
   return texts;
 }
 
+DateForm dateForm() {
+  const auto text = [](LCTYPE which) {
+    std::array<wchar_t, longestText> value{};
+    return std::wstring(GetLocaleInfoEx(LOCALE_NAME_USER_DEFAULT, which, value.data(),
+                                        static_cast<int>(value.size())) > 0
+                            ? value.data()
+                            : L"");
+  };
+  DateForm form{text(LOCALE_SSHORTDATE), {}, text(LOCALE_S1159), text(LOCALE_S2359)};
+  for (const LCTYPE first : {LOCALE_SABBREVMONTHNAME1, LOCALE_SMONTHNAME1}) {
+    for (LCTYPE month = 0; month < 12; ++month) {
+      form.months.push_back(text(first + month));
+    }
+  }
+  return form;
+}
+
 }  // namespace platform::clock

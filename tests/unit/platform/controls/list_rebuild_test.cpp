@@ -30,6 +30,7 @@ class RefusingPeer : public ListViewPeer {
   ~RefusingPeer() override { list_.attach(nullptr); }
   void changed(Change /*change*/) override { throw RunTimeError(platform::error::outOfMemory); }
   [[nodiscard]] std::size_t topIndex() const override { return 0; }
+  [[nodiscard]] controls::RowRange rowsInView() const override { return {}; }
   void scrollTo(std::size_t /*index*/) override {}
 
  private:
@@ -74,7 +75,7 @@ TEST_F(ListRebuildTest, SelectionFocusAndScrollPositionStayWithTheirEntries) {
   RecordingListPeer peer(list);
   addAll({L"a", L"b", L"c", L"d", L"e"});
   list.select(3);
-  list.acceptFocus(2);
+  list.acceptFocusedRow(2);
   peer.top = 1;
   rebuild({L"0", L"a", L"e", L"d", L"x", L"b", L"c"});
   EXPECT_EQ(selectedText(), L"d");
@@ -135,7 +136,7 @@ TEST_F(ListRebuildTest, WorksWithoutAPeer) {
 TEST_F(ListRebuildTest, EqualEntriesAreToldApartByTheirOrder) {
   addAll({L"same", L"a", L"same", L"same"});
   list.select(2);
-  list.acceptFocus(3);
+  list.acceptFocusedRow(3);
   rebuild({L"same", L"x", L"y", L"same", L"same", L"a"});
   EXPECT_EQ(list.selectedItem(), 3U);
   EXPECT_EQ(list.focused(), 4U);

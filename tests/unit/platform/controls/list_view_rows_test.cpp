@@ -70,7 +70,7 @@ TEST_F(ListViewRows, AreSortedOnceForAllThatIsRead) {
     EXPECT_EQ(list.text(index), list.subItem(index, 1));
   }
   EXPECT_EQ(list.selectedItem(), 3U);
-  EXPECT_EQ(list.find(L"c", 0), std::optional<std::size_t>(2));
+  EXPECT_EQ(list.findRow(L"c", 0), std::optional<std::size_t>(2));
   EXPECT_EQ(desktop().sorts, 1);
 }
 
@@ -115,7 +115,7 @@ TEST_F(ListViewRows, AreGoneAfterAClearAndNothingIsSorted) {
   list.setSorted(true);
   list.add(L"b", L"", {});
   list.clear();
-  EXPECT_EQ(list.find(L"b", 0), std::nullopt);
+  EXPECT_EQ(list.findRow(L"b", 0), std::nullopt);
   EXPECT_EQ(desktop().sorts, 0);
 }
 

@@ -70,7 +70,7 @@ TEST_F(ListViewTest, AnIndexWithoutAnItemRaises) {
   EXPECT_EQ(errorNumberOf([this] { list.setSubItem(1, 1, L""); }), 35600);
   EXPECT_EQ(errorNumberOf([this] { list.select(1); }), 35600);
   EXPECT_EQ(errorNumberOf([this] { list.acceptSelection(1); }), 35600);
-  EXPECT_EQ(errorNumberOf([this] { list.acceptFocus(1); }), 35600);
+  EXPECT_EQ(errorNumberOf([this] { list.acceptFocusedRow(1); }), 35600);
   EXPECT_EQ(list.selected(), std::optional<std::size_t>(0));
 }
 
@@ -107,7 +107,7 @@ TEST_F(ListViewTest, TheSelectionMovesWithTheFocus) {
   EXPECT_EQ(list.focused(), std::optional<std::size_t>(1));
   list.acceptSelection(2);
   EXPECT_EQ(list.selectedItem(), 2U);
-  list.acceptFocus(0);
+  list.acceptFocusedRow(0);
   EXPECT_EQ(list.selectedItem(), 2U);
   EXPECT_EQ(list.focused(), std::optional<std::size_t>(0));
 }
@@ -197,7 +197,7 @@ TEST_F(ListViewTest, ASubItemMovesItsItemOnlyInTheSortedColumn) {
 TEST_F(ListViewTest, SelectionAndFocusFollowTheirItemsThroughASort) {
   addAll({L"b", L"a", L"c"});
   list.select(2);
-  list.acceptFocus(1);
+  list.acceptFocusedRow(1);
   list.setSorted(true);
   list.setSortOrder(descending);
   EXPECT_EQ(selectedText(), L"c");
@@ -207,23 +207,23 @@ TEST_F(ListViewTest, SelectionAndFocusFollowTheirItemsThroughASort) {
 
 TEST_F(ListViewTest, FindsTheNextItemThatBeginsWithAText) {
   addAll({L"Alpha", L"beta", L"alphabet", L"Gamma"});
-  EXPECT_EQ(list.find(L"alpha", 0), std::optional<std::size_t>(0));
-  EXPECT_EQ(list.find(L"ALPHA", 1), std::optional<std::size_t>(2));
-  EXPECT_EQ(list.find(L"alpha", 3), std::optional<std::size_t>(0)) << "Wraps round";
-  EXPECT_EQ(list.find(L"b", 1), std::optional<std::size_t>(1)) << "Begins where it is told";
-  EXPECT_EQ(list.find(L"alphabets", 0), std::nullopt);
-  EXPECT_EQ(list.find(L"lpha", 0), std::nullopt);
-  EXPECT_EQ(list.find(L"gamma", 4), std::optional<std::size_t>(3)) << "From behind the last";
+  EXPECT_EQ(list.findRow(L"alpha", 0), std::optional<std::size_t>(0));
+  EXPECT_EQ(list.findRow(L"ALPHA", 1), std::optional<std::size_t>(2));
+  EXPECT_EQ(list.findRow(L"alpha", 3), std::optional<std::size_t>(0)) << "Wraps round";
+  EXPECT_EQ(list.findRow(L"b", 1), std::optional<std::size_t>(1)) << "Begins where it is told";
+  EXPECT_EQ(list.findRow(L"alphabets", 0), std::nullopt);
+  EXPECT_EQ(list.findRow(L"lpha", 0), std::nullopt);
+  EXPECT_EQ(list.findRow(L"gamma", 4), std::optional<std::size_t>(3)) << "From behind the last";
 }
 
 TEST_F(ListViewTest, FindsInTheDisplayedOrder) {
   addAll({L"x2", L"x1"});
   list.setSorted(true);
-  EXPECT_EQ(list.find(L"x", 0), std::optional<std::size_t>(0));
+  EXPECT_EQ(list.findRow(L"x", 0), std::optional<std::size_t>(0));
   EXPECT_EQ(list.text(0), L"x1");
   list.clear();
-  EXPECT_EQ(list.find(L"x", 0), std::nullopt);
-  EXPECT_EQ(list.find(L"", 0), std::nullopt);
+  EXPECT_EQ(list.findRow(L"x", 0), std::nullopt);
+  EXPECT_EQ(list.findRow(L"", 0), std::nullopt);
 }
 
 TEST_F(ListViewTest, TellsItsPeerOfEachChange) {
@@ -242,7 +242,7 @@ TEST_F(ListViewTest, TellsItsPeerOfEachChange) {
   list.setHeadersHidden(true);
   EXPECT_EQ(peer.take(), std::vector{Change::columns});
   list.acceptSelection(0);
-  list.acceptFocus(0);
+  list.acceptFocusedRow(0);
   EXPECT_TRUE(peer.take().empty()) << "What comes from the native list does not go back to it";
   const ImageList images;
   list.setImages(&images, nullptr);

@@ -1,0 +1,224 @@
+#include "mainwindow/presence.h"
+
+#include <chrono>
+#include <unordered_set>
+
+#include "platform/background.h"
+#include "platform/drives.h"
+
+namespace mainwindow {
+
+namespace {
+
+/// The part of a path that is there or not as a whole: the drive's letter or the share. "" for a
+/// path that begins with neither, and says nothing about a place.
+std::wstring rootOfPath(std::wstring_view path) {
+  if (path.size() >= 2 && path[1] == L':') {
+    return std::wstring(path.substr(0, 2));
+  }
+  if (!path.starts_with(L"\\\\")) {
+    return {};
+  }
+  const std::size_t server = path.find(L'\\', 2);
+  const std::size_t share =
+      server == std::wstring_view::npos ? server : path.find(L'\\', server + 1);
+  return std::wstring(path.substr(0, share));
+}
+
+std::size_t hashOf(std::wstring_view folder, std::wstring_view name) {
+  constexpr std::size_t spread = 31;
+  const std::hash<std::wstring_view> hash;
+  return hash(folder) * spread + hash(name);
+}
+
+}  // namespace
+
+struct Presence::Answers {
+  bool asking = false;
+  std::vector<std::pair<std::wstring, bool>> found;
+};
+
+Presence::Presence(controls::ListView& list, PathColumns columns, Exists exists)
+    : list_(list), columns_(columns), exists_(exists), answers_(std::make_shared<Answers>()) {
+  list_.remark = [this](std::size_t row) { return remarkOn(row); };
+}
+
+std::wstring_view Presence::folderOf(std::size_t item) const {
+  return columns_.folder ? list_.cell(item, *columns_.folder) : std::wstring_view();
+}
+
+std::wstring Presence::pathOf(std::size_t item) const {
+  std::wstring path(folderOf(item));
+  path += list_.cell(item, columns_.name);
+  return path;
+}
+
+std::wstring Presence::pathOfRow(std::size_t row) const {
+  std::wstring path(columns_.folder ? list_.rowCell(row, *columns_.folder) : std::wstring_view());
+  path += list_.rowCell(row, columns_.name);
+  return path;
+}
+
+std::wstring Presence::remarkOn(std::size_t row) const {
+  if (known_.empty()) {
+    return {};
+  }
+  const std::wstring path = pathOfRow(row);
+  const auto found = known_.find(path);
+  if (found == known_.end()) {
+    return {};
+  }
+  switch (found->second.state) {
+    case State::missing:
+      return L"Not there: " + path;
+    case State::notConnected: {
+      const std::wstring root = rootOfPath(path);
+      return (root.starts_with(L"\\") ? root : L"Drive " + root) + L" is not connected";
+    }
+    case State::unknown:
+    case State::there:
+      break;
+  }
+  return {};
+}
+
+void Presence::beginAgain() {
+  ++round_;
+  roots_.clear();
+  forgetOld();
+}
+
+void Presence::forgetOld() {
+  constexpr std::size_t most = 10'000;
+  if (known_.size() > most) {
+    known_.clear();
+    ++statesRevision_;
+  }
+}
+
+const Presence::Root& Presence::rootOf(const std::wstring& path) {
+  const auto [root, added] = roots_.try_emplace(rootOfPath(path));
+  if (added) {
+    root->second.connected = platform::drives::isConnected(path);
+    root->second.slow = platform::drives::mayBeSlow(path);
+  }
+  return root->second;
+}
+
+Presence::State Presence::look(const std::wstring& path, State before) {
+  if (rootOfPath(path).empty()) {
+    return State::unknown;
+  }
+  const Root& root = rootOf(path);
+  if (!root.connected) {
+    return State::notConnected;
+  }
+  if (root.slow) {
+    // What was found out stays, but the drive is connected now.
+    return before == State::notConnected ? State::unknown : before;
+  }
+  return exists_(path) ? State::there : State::missing;
+}
+
+void Presence::learn(const std::wstring& path, State state) {
+  Known& known = known_[path];
+  known.round = round_;
+  if (known.state != state) {
+    known.state = state;
+    ++statesRevision_;
+    changed_ = true;
+  }
+}
+
+bool Presence::lookOn() {
+  using Clock = std::chrono::steady_clock;
+  constexpr std::chrono::milliseconds most{5};
+  if (seenRevision_ != list_.revision()) {
+    seenRevision_ = list_.revision();
+    beginAgain();
+  }
+  const auto start = Clock::now();
+  const controls::RowRange rows = list_.rowsInView();
+  bool left = false;
+  for (std::size_t row = rows.first; row < rows.first + rows.count && !left; ++row) {
+    const std::wstring path = pathOfRow(row);
+    const auto known = known_.find(path);
+    if (known == known_.end() || known->second.round != round_) {
+      learn(path, look(path, known == known_.end() ? State::unknown : known->second.state));
+      left = Clock::now() - start >= most;
+    }
+  }
+  if (std::exchange(changed_, false)) {
+    list_.remarksChanged();
+  }
+  return left;
+}
+
+void Presence::askSlowDrives(const std::function<void()>& done) {
+  if (answers_->asking) {
+    return;
+  }
+  const auto paths = std::make_shared<std::vector<std::wstring>>();
+  const controls::RowRange rows = list_.rowsInView();
+  for (std::size_t row = rows.first; row < rows.first + rows.count; ++row) {
+    std::wstring path = pathOfRow(row);
+    if (!rootOfPath(path).empty() && rootOf(path).connected && rootOf(path).slow) {
+      paths->push_back(std::move(path));
+    }
+  }
+  if (paths->empty()) {
+    return;
+  }
+  const auto found = std::make_shared<std::vector<State>>();
+  answers_->asking = platform::background::run(
+      [paths, found, exists = exists_] {
+        for (const std::wstring& path : *paths) {
+          found->push_back(exists(path)                      ? State::there
+                           : platform::drives::answers(path) ? State::missing
+                                                             : State::notConnected);
+        }
+      },
+      [this, paths, found, done, whoever = std::weak_ptr(answers_)] {
+        const auto still = whoever.lock();
+        if (!still) {
+          return;
+        }
+        still->asking = false;
+        for (std::size_t n = 0; n < found->size(); ++n) {
+          learn((*paths)[n], (*found)[n]);
+        }
+        if (std::exchange(changed_, false)) {
+          list_.remarksChanged();
+        }
+        done();
+      });
+}
+
+std::size_t Presence::missing() const {
+  const std::pair now(list_.revision(), statesRevision_);
+  if (counted_ == now) {
+    return missing_;
+  }
+  counted_ = now;
+  missing_ = 0;
+  // Most lists have no missing entry, or few: the hash saves making a path for each item.
+  std::unordered_set<std::size_t> hashes;
+  std::unordered_set<std::wstring> paths;
+  for (const auto& [path, known] : known_) {
+    if (known.state == State::missing || known.state == State::notConnected) {
+      const std::size_t end = columns_.folder ? path.rfind(L'\\') + 1 : 0;
+      const std::wstring_view whole = path;
+      hashes.insert(hashOf(whole.substr(0, end), whole.substr(end)));
+      paths.insert(path);
+    }
+  }
+  for (std::size_t item = 0; !hashes.empty() && item < list_.count(); ++item) {
+    if (hashes.contains(hashOf(folderOf(item), list_.cell(item, columns_.name))) &&
+        paths.contains(pathOf(item))) {
+      ++missing_;
+    }
+  }
+  return missing_;
+}
+
+}  // namespace mainwindow

@@ -1,0 +1,87 @@
+// Which entries of a list stand for something that is not there.
+//
+// Only the rows in view are looked at, a few milliseconds at a time. A drive that may be slow is
+// not asked by that: it is asked in the background, and only when the user wants to know.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "platform/controls/list_view.h"
+
+namespace mainwindow {
+
+class Presence {
+ public:
+  /// The columns that make the path that an item stands for.
+  struct PathColumns {
+    std::optional<std::size_t> folder;  ///< With a trailing backslash; nothing: it is in `name`.
+    std::size_t name = 0;
+  };
+  /// Whether there is something at a path. Also called on another thread.
+  using Exists = bool (*)(const std::wstring& path);
+
+  /// `list` outlives the object, which gives it its remarks.
+  Presence(controls::ListView& list, PathColumns columns, Exists exists);
+
+  /// Everything has to be looked at again, for example because a drive has come or gone.
+  void beginAgain();
+  /// Looks at rows in view for about 5 ms. Returns true when some are left. After a load of the
+  /// list it begins again by itself.
+  bool lookOn();
+  /// Asks the slow drives for the rows in view, in the background. `done` is called when something
+  /// is known.
+  void askSlowDrives(const std::function<void()>& done);
+
+  /// Number of items that are known not to be there.
+  [[nodiscard]] std::size_t missing() const;
+  /// The path of an item.
+  [[nodiscard]] std::wstring pathOf(std::size_t item) const;
+
+ private:
+  enum class State { unknown, there, missing, notConnected };
+  struct Known {
+    State state = State::unknown;
+    unsigned round = 0;
+  };
+  struct Root {
+    bool connected = true;
+    bool slow = false;
+  };
+  /// What the background has found out.
+  struct Answers;
+
+  [[nodiscard]] std::wstring pathOfRow(std::size_t row) const;
+  [[nodiscard]] std::wstring_view folderOf(std::size_t item) const;
+  [[nodiscard]] std::wstring remarkOn(std::size_t row) const;
+  [[nodiscard]] const Root& rootOf(const std::wstring& path);
+  /// What can be said of a path without asking a slow drive.
+  [[nodiscard]] State look(const std::wstring& path, State before);
+  void learn(const std::wstring& path, State state);
+  void forgetOld();
+
+  controls::ListView& list_;
+  PathColumns columns_;
+  Exists exists_;
+  std::unordered_map<std::wstring, Known> known_;
+  std::map<std::wstring, Root> roots_;
+  unsigned round_ = 1;
+  std::uint64_t seenRevision_ = 0;
+  bool changed_ = false;
+  /// Shared with the question that is asked in the background, which may outlive this object.
+  std::shared_ptr<Answers> answers_;
+  mutable std::size_t missing_ = 0;
+  mutable std::pair<std::uint64_t, unsigned> counted_{0, 0};
+  unsigned statesRevision_ = 1;
+};
+
+}  // namespace mainwindow

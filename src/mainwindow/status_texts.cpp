@@ -1,0 +1,33 @@
+#include "mainwindow/status_texts.h"
+
+#include <array>
+
+namespace mainwindow {
+
+namespace {
+
+struct Noun {
+  const wchar_t* one;
+  const wchar_t* many;
+};
+
+constexpr std::array<Noun, 4> nouns{{{L"shortcut", L"shortcuts"},
+                                     {L"file", L"files"},
+                                     {L"new file", L"new files"},
+                                     {L"web shortcut", L"web shortcuts"}}};
+
+}  // namespace
+
+std::wstring countText(int tab, const Counts& counts) {
+  const Noun& noun = nouns.at(static_cast<std::size_t>(tab));
+  std::wstring text = std::to_wstring(counts.all) + L" " + (counts.all == 1 ? noun.one : noun.many);
+  if (counts.narrowed) {
+    text += L", " + std::to_wstring(counts.shown) + L" shown";
+  }
+  if (counts.missing > 0) {
+    text += L", " + std::to_wstring(counts.missing) + L" missing";
+  }
+  return text;
+}
+
+}  // namespace mainwindow

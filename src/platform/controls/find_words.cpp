@@ -1,0 +1,93 @@
+#include "platform/controls/find_words.h"
+
+#include <algorithm>
+#include <span>
+
+#include "platform/text.h"
+
+namespace controls {
+
+using platform::text::SearchForm;
+
+namespace {
+
+/// The form of a unit. A character beyond the table, where the platform has such units, is its own
+/// form as far as it fits.
+SearchForm formOf(std::span<const SearchForm> forms, wchar_t unit) {
+  const auto place = static_cast<std::size_t>(unit);
+  return place < forms.size()
+             ? forms[place]
+             : SearchForm{static_cast<char16_t>(unit), static_cast<char16_t>(unit)};
+}
+
+bool equal(const SearchForm& wanted, const SearchForm& there) {
+  return there.capital == wanted.capital ||
+         (wanted.letter == wanted.capital && there.letter == wanted.capital);
+}
+
+/// Whether `text` begins with `word`. Accents in the text that the word does not ask for do not
+/// count.
+bool beginsWith(std::span<const SearchForm> forms, std::wstring_view text, std::wstring_view word) {
+  std::size_t at = 0;
+  for (const wchar_t unit : word) {
+    const SearchForm wanted = formOf(forms, unit);
+    while (at > 0 && wanted.letter != 0 && at < text.size() &&
+           formOf(forms, text[at]).letter == 0) {
+      ++at;
+    }
+    if (at == text.size() || !equal(wanted, formOf(forms, text[at]))) {
+      return false;
+    }
+    ++at;
+  }
+  return true;
+}
+
+bool occurs(std::span<const SearchForm> forms, std::wstring_view text, std::wstring_view word) {
+  const SearchForm first = formOf(forms, word.front());
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    if (equal(first, formOf(forms, text[at])) && beginsWith(forms, text.substr(at), word)) {
+      return true;
+    }
+  }
+  return false;
+}
+
+}  // namespace
+
+FindWords::FindWords(std::wstring_view text) {
+  constexpr std::wstring_view blanks = L" \t";
+  for (std::size_t begin = text.find_first_not_of(blanks); begin != std::wstring_view::npos;) {
+    const std::size_t end = std::min(text.find_first_of(blanks, begin), text.size());
+    const std::wstring_view typed = text.substr(begin, end - begin);
+    Word word{std::wstring(typed)};
+    for (std::wstring form :
+         {platform::text::withAccentsJoined(typed), platform::text::withAccentsApart(typed)}) {
+      if (std::find(word.begin(), word.end(), form) == word.end()) {
+        word.push_back(std::move(form));
+      }
+    }
+    words_.push_back(std::move(word));
+    begin = text.find_first_not_of(blanks, end);
+  }
+}
+
+bool FindWords::finds(std::size_t word, std::wstring_view text) const {
+  const std::span<const SearchForm> forms = platform::text::searchForms();
+  return std::any_of(words_[word].begin(), words_[word].end(),
+                     [&](const std::wstring& form) { return occurs(forms, text, form); });
+}
+
+bool FindWords::refines(const FindWords& former) const {
+  // By the words as they were typed, and only where they are written in one way: an accent that is
+  // typed behind a letter changes the letter.
+  const auto single = [](const Word& word) { return word.size() == 1; };
+  return former.words_.size() <= words_.size() &&
+         std::all_of(words_.begin(), words_.end(), single) &&
+         std::equal(former.words_.begin(), former.words_.end(), words_.begin(),
+                    [&](const Word& before, const Word& now) {
+                      return single(before) && now.front().starts_with(before.front());
+                    });
+}
+
+}  // namespace controls

@@ -11,6 +11,7 @@ inline constexpr int cmdBrowse = 1030;
 inline constexpr int tmrFileUpdate = 1040;
 inline constexpr int txtFind = 1050;
 inline constexpr int cmdClearFind = 1051;
+inline constexpr int lblFind = 1052;
 inline constexpr int barStatus = 1060;
 inline constexpr int tmrIdle = 1070;
 inline constexpr int tmrNews = 1071;

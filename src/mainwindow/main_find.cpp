@@ -3,16 +3,27 @@
 
 #include "catalogue/catalogue_view.h"
 #include "catalogue/date_order.h"
-#include "flatlook/form_style.h"
 #include "mainwindow/control_ids.h"
 #include "mainwindow/main_window.h"
+#include "platform/native_windows.h"
 #include "platform/windows.h"
 
 using controls::ListView;
 
 void frmQMK::mnuFind_Click() { txtFind.selectAll(); }
 
+void frmQMK::calmClearButton() {
+  constexpr std::uint32_t windowBackground = 0x80000005;
+  constexpr std::uint32_t white = 0xFFFFFF;
+  const auto colour = platform::native::translateColour(windowBackground).value_or(white);
+  cmdClearFind.setBackColor(colour);
+  cmdClearFind.setColorDarkShadow(colour);
+  cmdClearFind.setColorHighlight(colour);
+  cmdClearFind.setColorLightShadow(colour);
+}
+
 void frmQMK::txtFind_Typed() {
+  calmClearButton();  // the system's colours may be others by now
   cmdClearFind.setVisible(!txtFind.text().empty());
   currentList().setFind(txtFind.text());
 }
@@ -39,7 +50,6 @@ bool frmQMK::txtFind_KeyDown(const controls::KeyStroke& stroke) {
 }
 
 void frmQMK::cmdClearFind_Click() {
-  OC_COLOR::setButtonIdleAfterClick(cmdClearFind);
   txtFind.setText({});
   txtFind.setFocus();
   txtFind_Typed();

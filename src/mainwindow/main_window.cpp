@@ -51,6 +51,7 @@ frmQMK::frmQMK()
       barMain(L"barMain", ids::barMain),
       TabMain(L"TabMain", ids::TabMain),
       cmdClearFind(L"cmdClearFind", ids::cmdClearFind),
+      lblFind(L"lblFind", ids::lblFind),
       txtFind(L"txtFind", ids::txtFind),
       lstQMK{{{L"lstQMK", ids::lstQMK0},
               {L"lstQMK", ids::lstQMK0 + 1},
@@ -115,6 +116,9 @@ void frmQMK::buildLists() {
   cmdClearFind.setVisible(false);
   cmdClearFind.tabStop = false;  // Esc does the same in the box before it
   add(cmdClearFind);
+  lblFind.setCaption(L"Find");
+  lblFind.setVisible(false);
+  add(lblFind);
   txtFind.setCue(L"Find");
   txtFind.setAccessibleName(L"Find");
   txtFind.setToolTip(L"Shows the entries that hold these words (Ctrl+F)");
@@ -151,7 +155,7 @@ void frmQMK::connect() {
   txtFind.onKey = [this](const controls::KeyStroke& stroke) { return txtFind_KeyDown(stroke); };
   cmdClearFind.onClick = [this] { cmdClearFind_Click(); };
   cmdClearFind.onPointerEnter = [this] { OC_COLOR::SetButtonHot(cmdClearFind); };
-  cmdClearFind.onPointerLeave = [this] { OC_COLOR::SetButtonIdle(cmdClearFind); };
+  cmdClearFind.onPointerLeave = [this] { calmClearButton(); };
   cmdBrowse.onClick = [this] { cmdBrowse_Click(); };
   cmdBrowse.onPointerEnter = [this] { OC_COLOR::SetButtonHot(cmdBrowse); };
   cmdBrowse.onPointerLeave = [this] { OC_COLOR::SetButtonIdle(cmdBrowse); };
@@ -190,6 +194,7 @@ void frmQMK::connectList(int index) {
 
 void frmQMK::Form_Load() {
   OC_COLOR::ApplyFlatStyle(*this);
+  calmClearButton();
   barMain.refresh();
   lstQMK[tools].setView(controls::iconView);
   lstQMK[tools].setTag(L"0");
@@ -294,6 +299,7 @@ void frmQMK::layout(platform::Size client, int dpi) {
   barMain.setBounds(places.toolbar);
   cmdClearFind.setBounds(places.clearButton);
   txtFind.setBounds(places.findBox);
+  TabMain.setHole(places.findBox);
   barStatus.setBounds(places.statusBar);
   TabMain.setBounds(places.tabs);
   for (std::size_t i = 0; i < lstQMK.size(); ++i) {

@@ -31,6 +31,7 @@ class frmQMK : public controls::Window {
   controls::Toolbar barMain;
   controls::TabControl TabMain;
   controls::CoolButton cmdClearFind;
+  controls::Label lblFind;  ///< Never shown: names the box for those who hear the screen.
   controls::TextBox txtFind;
   std::array<controls::ListView, 4> lstQMK;
   controls::CoolButton cmdBrowse;
@@ -142,6 +143,8 @@ class frmQMK : public controls::Window {
   [[nodiscard]] bool nothingFound(const controls::ListView& list) const;
   /// The way to look for missing entries of a list; nullptr for lists without such.
   [[nodiscard]] mainwindow::Presence* presenceOf(int index);
+  /// Lets the x look like a part of the box while the pointer is elsewhere.
+  void calmClearButton();
   void showStatus();
   /// Path, target or address of the selected row; "" without one.
   [[nodiscard]] std::wstring selectedPlace();

@@ -15,6 +15,7 @@
 //   drive context              asks for the menu of the list in front
 //   drive command 2033         chooses a menu command by its id
 //   drive hover 2100           points at a toolbar button, or at a control of the window in front
+//   drive hover-row Gone.fp3   points at the name of that row of the list in front
 //   drive click 2100           clicks there
 //   drive press 2100           holds the mouse button down there, until "release"
 //   drive wait-tip             until a tool tip is up
@@ -203,6 +204,11 @@ constexpr std::array steps{
     Step{L"context", [](Argument) { contextMenu(); }},
     Step{L"command",
          [](Argument id) { post(mainWindow(), WM_COMMAND, static_cast<WPARAM>(std::stoi(id))); }},
+    Step{L"hover-row",
+         [](Argument text) {
+           const ListViewReader list = listInFront();
+           moveTo(centreOf(list.textOnScreen(list.find(text).value())));
+         }},
     Step{L"hover", [](Argument id) { moveTo(centreOf(placeOf(std::stoi(id)))); }},
     Step{L"press",
          [](Argument id) {

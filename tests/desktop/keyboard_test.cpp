@@ -63,17 +63,17 @@ TEST_F(Keyboard, TheTabKeyGoesThroughTheControlsInReadingOrderAndBack) {
     std::vector<int> stops;
   };
   const std::vector<Way> ways{
-      {Tab::tools, {ids::barMain, ids::TabMain, ids::lstQMK0}},
-      {Tab::open, {ids::barMain, ids::TabMain, ids::lstQMK0 + 1, ids::cmdBrowse}},
-      {Tab::newFile, {ids::barMain, ids::TabMain, ids::lstQMK0 + 2}},
-      {Tab::web, {ids::barMain, ids::TabMain, ids::lstQMK0 + 3}},
+      {Tab::tools, {ids::barMain, ids::TabMain, ids::txtFind, ids::lstQMK0}},
+      {Tab::open, {ids::barMain, ids::TabMain, ids::txtFind, ids::lstQMK0 + 1, ids::cmdBrowse}},
+      {Tab::newFile, {ids::barMain, ids::TabMain, ids::txtFind, ids::lstQMK0 + 2}},
+      {Tab::web, {ids::barMain, ids::TabMain, ids::txtFind, ids::lstQMK0 + 3}},
   };
   for (const auto& [tab, stops] : ways) {
     SCOPED_TRACE("tab " + std::to_string(tab));
     focusList(tab);
     // Once around, starting at the list, forwards and backwards.
     const std::size_t count = stops.size();
-    constexpr std::size_t listStop = 2;
+    constexpr std::size_t listStop = 3;
     for (std::size_t step = 1; step <= count; ++step) {
       pressTo(VK_TAB, 0, stops[(listStop + step) % count]);
     }
@@ -115,6 +115,7 @@ TEST_F(Keyboard, CtrlAndADigitShowATab) {
 TEST_F(Keyboard, ArrowsOnTheTabsChangeTheTab) {
   app->startToMain();
   focusList(Tab::tools);
+  pressTo(VK_TAB, VK_SHIFT, ids::txtFind);
   pressTo(VK_TAB, VK_SHIFT, ids::TabMain);
   harness::pressKey(VK_RIGHT);
   EXPECT_TRUE(showsTab(Tab::open));

@@ -25,6 +25,17 @@ class ListKeys : public ShortcutTest {
     harness::waitUntil("the web dialog closes", [&] { return IsWindowVisible(dialog) == FALSE; });
   }
 
+  /// Waits for the editor of a name, and leaves it with Esc.
+  void expectEditor(int tab, const std::wstring& name) const {
+    const auto editor = [&] {
+      return FindWindowExW(app->list(tab).window(), nullptr, L"Edit", nullptr);
+    };
+    ASSERT_TRUE(happens("the editor opens", [&] { return editor() != nullptr; }));
+    EXPECT_EQ(harness::text(editor()), name);
+    harness::pressKey(VK_ESCAPE);
+    EXPECT_TRUE(happens("the editor closes", [&] { return editor() == nullptr; }));
+  }
+
   [[nodiscard]] std::wstring webFile() const { return app->folder() + L"\\QMKWebList.txt"; }
 };
 
@@ -41,10 +52,7 @@ TEST_F(ListKeys, OnToolsDoWhatTheCommandsDo) {
   reload(2);
   focusList();
   harness::pressKey(VK_F2);
-  const harness::InputBoxReader box = app->waitForInputBox();
-  EXPECT_EQ(box.prompt(), L"Rename shortcut Notes");
-  box.cancel();
-  focusList();
+  expectEditor(Tab::tools, L"Notes");
   harness::pressKey(VK_INSERT);
   app->waitForFileDialog().cancel();
 }
@@ -59,10 +67,7 @@ TEST_F(ListKeys, OnOpenRenameDeleteAndReloadButCreateNothing) {
   // A dialog after Insert would take the next key.
   harness::pressKey(VK_INSERT);
   harness::pressKey(VK_F2);
-  const harness::InputBoxReader box = app->waitForInputBox();
-  EXPECT_EQ(box.prompt(), L"Rename file  B.FP3\rType: Fuel Profile");
-  box.cancel();
-  focusList(Tab::open);
+  expectEditor(Tab::open, L"b.fp3");
   harness::pressKey(VK_DELETE);
   expectMessage(L"Are your sure you want to delete B.FP3", exclamationIcon, yesAndNo, IDNO);
   EXPECT_EQ(app->list(Tab::open).count(), 2);
@@ -116,7 +121,7 @@ TEST_F(ListKeys, OtherKeysDoNothing) {
   harness::pressKey(VK_F3);
   harness::pressKey(VK_BACK);
   harness::pressKey(VK_F2);
-  app->waitForInputBox().cancel();
+  expectEditor(Tab::tools, L"Notes");
   EXPECT_FALSE(app->dialogShown());
 }
 

@@ -61,7 +61,12 @@ class MainWindow : public GatewayTest {
     EXPECT_LE(tab.top - bar.bottom, margin);
     EXPECT_LE(tab.left - client.left, margin);
     EXPECT_LE(client.right - tab.right, margin);
-    EXPECT_LE(client.bottom - tab.bottom, margin);
+    const RECT status = harness::screenRect(harness::child(app->main(), ids::barStatus));
+    EXPECT_LE(status.top - tab.bottom, margin);
+    EXPECT_GE(status.top, tab.bottom);
+    EXPECT_EQ(status.left, client.left);
+    EXPECT_EQ(status.right, client.right);
+    EXPECT_EQ(status.bottom, client.bottom);
     const int current = app->tabs().current();
     const RECT list = harness::screenRect(app->list(current).window());
     EXPECT_PRED_FORMAT2(inside, list, tab);
@@ -215,9 +220,10 @@ TEST_F(MainWindow, HasItsMenus) {
       EXPECT_TRUE(entry.enabled) << harness::utf8(entry.caption);
     }
   }
-  EXPECT_THAT(shown, ElementsAre(L"File", L" Exit", L"Edit", L" Create", L" Rename",
-                                 L" Delete File", L"View", L" List View", L" Icon View", L"Help",
-                                 L" Help Contents", L" Web Based Support", L" About"));
+  EXPECT_THAT(shown,
+              ElementsAre(L"File", L" Exit", L"Edit", L" Create", L" Rename", L" Delete File",
+                          L"View", L" List View", L" Icon View", L" Newest First", L" Fit Columns",
+                          L"Help", L" Help Contents", L" Web Based Support", L" About"));
 }
 
 TEST_F(MainWindow, IsFilledAtEverySize) {

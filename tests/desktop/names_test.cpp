@@ -45,7 +45,7 @@ TEST_F(Names, OfTheMainWindow) {
   app->startToMain();
   for (const int tab : {Tab::tools, Tab::open, Tab::newFile, Tab::web}) {
     app->selectTab(tab);
-    constexpr int controls = 7;
+    constexpr int controls = 11;
     EXPECT_EQ(expectNamed(app->main()), controls);
   }
   EXPECT_EQ(nameOf(app->main(), ids::lstQMK0), L"Tools");
@@ -55,6 +55,8 @@ TEST_F(Names, OfTheMainWindow) {
   EXPECT_EQ(nameOf(app->main(), ids::cmdBrowse), L"Browse");
   EXPECT_EQ(nameOf(app->main(), ids::barMain), L"Commands");
   EXPECT_EQ(nameOf(app->main(), ids::TabMain), L"Lists");
+  EXPECT_EQ(nameOf(app->main(), ids::txtFind), L"Find");
+  EXPECT_EQ(nameOf(app->main(), ids::cmdClearFind), L"Clear");
 }
 
 TEST_F(Names, OfTheWebDialog) {

@@ -103,6 +103,10 @@ class TabControl : public Control {
   /// with the given bounds. Measured by the peer; estimated without one.
   [[nodiscard]] platform::Rect displayArea(const platform::Rect& bounds, int dpi) const;
   std::function<platform::Rect(const platform::Rect& bounds)> measureDisplayArea;
+  /// A part of the control's rectangle, in client coordinates of the window, that belongs to
+  /// another control and to what is drawn around it.
+  [[nodiscard]] const platform::Rect& hole() const { return hole_; }
+  void setHole(platform::Rect hole) { assign(hole_, hole, Change::appearance); }
 
   /// Called with the old and the new index when the current tab has changed.
   std::function<void(int oldIndex, int newIndex)> onSwitch;
@@ -111,6 +115,7 @@ class TabControl : public Control {
 
  private:
   std::vector<std::wstring> captions_;
+  platform::Rect hole_;
   int current_ = 0;
 };
 

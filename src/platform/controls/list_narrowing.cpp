@@ -169,7 +169,13 @@ std::optional<std::size_t> ListView::findRow(const std::wstring& prefix, std::si
 
 RowRange ListView::rowsInView() const {
   const auto* const peer = static_cast<const ListViewPeer*>(this->peer());
-  return peer == nullptr ? RowRange{0, rows()} : peer->rowsInView();
+  if (peer == nullptr) {
+    return {0, rows()};
+  }
+  // The native list may still show the rows of before.
+  const RowRange native = peer->rowsInView();
+  const std::size_t first = std::min(native.first, rows());
+  return {first, std::min(native.count, rows() - first)};
 }
 
 const std::wstring& ListView::emptyText() const {

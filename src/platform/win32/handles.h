@@ -141,6 +141,7 @@ using MemoryDc = Handle<MemoryDcTraits>;
 using FontHandle = Handle<GdiTraits<HFONT>>;
 using BrushHandle = Handle<GdiTraits<HBRUSH>>;
 using PenHandle = Handle<GdiTraits<HPEN>>;
+using RegionHandle = Handle<GdiTraits<HRGN>>;
 using BitmapHandle = Handle<GdiTraits<HBITMAP>>;
 
 /// A window's (or, for a null window, the screen's) device context, borrowed from GetDC.

@@ -93,10 +93,14 @@ void FormReader::waitUntilGone() const {
 
 std::wstring FormReader::toolTip(int id) const {
   HWND const labelled = control(id);
-  std::wstring tip;
   moveTo(centreOf(screenRect(labelled)));
+  return waitForToolTip(labelled);
+}
+
+std::wstring waitForToolTip(HWND labelled) {
+  std::wstring tip;
   waitUntil("a tool tip comes up", [&] {
-    for (HWND const window : topWindows(processOf(form_))) {
+    for (HWND const window : topWindows(processOf(labelled))) {
       if (className(window) == TOOLTIPS_CLASSW && IsWindowVisible(window) != FALSE) {
         tip = tipFrom(window, labelled);
       }

@@ -36,6 +36,9 @@ class FormReader {
   HWND form_;
 };
 
+/// Waits for the tool tip of a control under the pointer, and returns its whole text.
+[[nodiscard]] std::wstring waitForToolTip(HWND labelled);
+
 /// Waits for the web shortcut dialog.
 [[nodiscard]] FormReader waitForWebDialog(const GatewayApp& app);
 /// Waits for the about box.

@@ -6,6 +6,7 @@
 
 #include "about/about_box.h"
 #include "flatlook/form_style.h"
+#include "platform/native_windows.h"
 #include "unit/support/main_window_fixture.h"
 #include "web/web_dialog.h"
 
@@ -29,8 +30,10 @@ TEST_F(ProgramWindowsTest, TheMainWindowColoursItsButtonsAndAttachesItsFindBox) 
   frmQMK another;
   another.load();
   EXPECT_EQ(coloursOf(another.cmdBrowse), idle);
-  EXPECT_EQ(coloursOf(another.cmdClearFind), idle);
-  EXPECT_EQ(FlatControls().size(), before + 1);
+  EXPECT_EQ(coloursOf(another.cmdClearFind),
+            std::vector<std::uint32_t>(4, platform::native::translateColour(0x80000005).value()));
+  constexpr std::size_t boxAndItsLabel = 2;
+  EXPECT_EQ(FlatControls().size(), before + boxAndItsLabel);
   EXPECT_EQ(another.txtFind.appearance(), controls::flat);
 }
 

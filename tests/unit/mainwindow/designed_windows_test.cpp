@@ -87,6 +87,7 @@ TEST_F(MainWindowTest, IsMadeOfTheseParts) {
   EXPECT_EQ(facesOf(window), (Faces{{L"barMain", 1020, L"", L"Commands"},
                                     {L"TabMain", 1000, L"", L"Lists"},
                                     {L"cmdClearFind", 1051, L"\u00D7", L"Clear"},
+                                    {L"lblFind", 1052, L"Find", L""},
                                     {L"txtFind", 1050, L"", L"Find"},
                                     {L"lstQMK", 1010, L"", L"Tools"},
                                     {L"lstQMK", 1011, L"", L"Open"},

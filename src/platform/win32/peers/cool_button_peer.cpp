@@ -44,7 +44,12 @@ COLORREF textColourOn(COLORREF background) {
 CoolButtonPeer::CoolButtonPeer(WindowPeer& host, controls::CoolButton& button)
     : ButtonPeer(host, button, BS_OWNERDRAW), button_(button) {
   loadPicture();
+  SetWindowTextW(window(), CoolButtonPeer::nativeText().c_str());
   button.attach(this);
+}
+
+std::wstring CoolButtonPeer::nativeText() const {
+  return button_.accessibleName().empty() ? button_.caption() : button_.accessibleName();
 }
 
 void CoolButtonPeer::loadPicture() {

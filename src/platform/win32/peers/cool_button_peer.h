@@ -17,6 +17,8 @@ class CoolButtonPeer final : public ButtonPeer {
   void refresh() override;
 
  protected:
+  /// The name, where the caption is only a sign.
+  [[nodiscard]] std::wstring nativeText() const override;
   std::optional<LRESULT> message(UINT message, WPARAM first, LPARAM second) override;
 
  private:

@@ -116,6 +116,8 @@ void ListViewPeer::showTip(POINT point) {
   if (tip != tip_) {
     tip_ = std::move(tip);
     host().setToolTip(window(), tip_);
+    // So that the tip counts from this movement on, the system's tips have to see it.
+    PostMessageW(window(), WM_MOUSEMOVE, 0, MAKELPARAM(point.x, point.y));
   }
 }
 

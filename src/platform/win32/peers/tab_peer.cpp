@@ -69,6 +69,24 @@ void TabPeer::changed(Change change) {
   } else {
     mirror(change);
   }
+  if (change == Change::bounds || change == Change::appearance) {
+    cutHole();
+  }
+}
+
+void TabPeer::cutHole() {
+  if (tab_.hole() == Rect{}) {
+    return;
+  }
+  const Rect& whole = tab_.bounds();
+  const Rect& hole = tab_.hole();
+  RegionHandle region(CreateRectRgn(0, 0, whole.width, whole.height));
+  const RegionHandle cut(CreateRectRgn(hole.left - whole.left, hole.top - whole.top,
+                                       hole.right() - whole.left, hole.bottom() - whole.top));
+  CombineRgn(region.get(), region.get(), cut.get(), RGN_DIFF);
+  if (SetWindowRgn(window(), region.get(), TRUE) != 0) {
+    static_cast<void>(region.release());  // the system's from now on
+  }
 }
 
 std::optional<LRESULT> TabPeer::notification(NMHDR& header) {

@@ -18,6 +18,8 @@ class TabPeer final : public controls::Peer, public NativeControl {
 
  private:
   void fill();
+  /// Leaves the hole to whatever is beside the tab control.
+  void cutHole();
   [[nodiscard]] Rect displayArea(const Rect& bounds) const;
   controls::TabControl& tab_;
 };

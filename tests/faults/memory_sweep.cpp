@@ -147,7 +147,9 @@ class RefusingPeer : public controls::ListViewPeer {
   void orphaned() override { list_ = nullptr; }
   [[nodiscard]] std::size_t topIndex() const override { return top_; }
   void scrollTo(std::size_t index) override { top_ = index; }
-  [[nodiscard]] controls::RowRange rowsInView() const override { return {top_, 1}; }
+  [[nodiscard]] controls::RowRange rowsInView() const override {
+    return {0, list_ == nullptr ? 0 : list_->rows()};
+  }
 
  private:
   controls::ListView* list_;

@@ -1,228 +1,59 @@
 // Random use of the whole window on the in-memory desktop, under the sanitizers: commands in any
-// order, any answers, other programs that write meanwhile, and a watch that ticks while a box is
-// open.
+// order, any answers, a find box that anything is typed into, other programs that write meanwhile,
+// and a watch that ticks while a box is open.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <iostream>
-#include <random>
-#include <set>
-#include <string>
+#include <utility>
 
-#include "faults/sweep.h"
+#include "catalogue/catalogue_view.h"
+#include "faults/between.h"
+#include "faults/random_use.h"
 #include "listfile/list_file.h"
 #include "mainwindow/control_ids.h"
-#include "platform/desktop_test.h"
+#include "platform/text.h"
+#include "web/web_list.h"
 
 namespace faults {
-namespace {
 
 using memory::desktop;
-using platform::dialogs::Answer;
+using platform::text::toCodePage;
 
-class RandomUse : public ::memory::DesktopTest {
- protected:
-  void use(unsigned seed, int events);
+namespace {
 
- private:
-  std::size_t below(std::size_t most) { return random_() % most; }
-  bool oneIn(unsigned n) { return random_() % n == 0; }
-  std::wstring someName();
-  void prepareAnswers();
-  void otherProgram();
-  /// Something that the system does: drives become slow or fast, viewers of help come and go,
-  /// programs need an administrator, the session wants to end.
-  void system();
-  void select();
-  void command();
-  const mainwindow::Command& someCommand();
-  void dialogs();
-  void act();
-  /// Called while a box is open: time passes and other programs write. Sometimes a command arrives
-  /// that was already on its way.
-  void meanwhile();
+constexpr int deepest = 3;
 
-  std::mt19937 random_;
-  frmQMK* main_ = nullptr;
-  int depth_ = 0;
-
- protected:
-  int events_ = 0;
-};
-
-std::wstring RandomUse::someName() {
-  const std::wstring units = L"ab ,\"'%&.\u00E4\u20AC?\\x12";
-  std::wstring name(1 + below(9), L'x');
-  for (wchar_t& unit : name) {
-    if (oneIn(2)) {
-      unit = units[below(units.size())];
-    }
-  }
-  return name;
+/// A part of a text without blanks, to look for; "" when there is none.
+std::wstring wordOf(std::wstring_view text, std::size_t from, std::size_t length) {
+  const std::wstring_view part = text.substr(std::min(from, text.size()), length);
+  return std::wstring(part.substr(0, part.find(L' ')));
 }
 
-void RandomUse::prepareAnswers() {
-  desktop().answers.assign(40, oneIn(2) ? Answer::yes : Answer::no);
-  desktop().inputAnswers.clear();
-  desktop().fileDialogResults.clear();
-  for (int n = 0; n < 10; ++n) {
-    desktop().inputAnswers.emplace_back(oneIn(4) ? L"" : someName());
-    if (oneIn(3)) {
-      desktop().fileDialogResults.emplace_back(32755);
-    } else {
-      desktop().fileDialogResults.emplace_back(
-          std::wstring(oneIn(2) ? L"D:\\One.fp3" : L"C:\\Tools\\calc.exe"));
+/// The items of a list file that are gone or changed.
+std::multiset<std::wstring> lost(std::multiset<std::wstring> before, const std::wstring& path) {
+  for (const std::wstring& item : itemsOf(path)) {
+    if (const auto found = before.find(item); found != before.end()) {
+      before.erase(found);
+    }
+  }
+  return before;
+}
+
+/// Checks that all files are as they were, except for those that may change.
+void expectOthersUntouched(const State& before, const State& now,
+                           const std::function<bool(const std::wstring&)>& mayChange) {
+  for (const auto& [path, bytes] : before.files) {
+    if (!mayChange(path)) {
+      EXPECT_EQ(now.file(path), bytes) << toCodePage(path);
     }
   }
 }
 
-void RandomUse::otherProgram() {
-  std::string bytes = desktop().bytesOf(catalogueFile).value_or("");
-  switch (below(6)) {
-    case 0:
-      list_file::append(bytes,
-                        record("fp3", "D:\\Found " + std::to_string(below(9)) + ".fp3", "x"));
-      desktop().putFile(catalogueFile, bytes);
-      break;
-    case 1:
-      desktop().putFile(catalogueFile, bytes.substr(0, below(bytes.size() + 1)));
-      break;
-    case 2:
-      desktop().putFile(L"D:\\Two.bi3", "two");
-      break;
-    case 3:
-      desktop().take(catalogueFile);
-      desktop().putFile(catalogueFile, record("cw3", "D:\\Only.cw3", "y"));
-      break;
-    case 4:
-      desktop().putFile(webListFile,
-                        record("Page " + std::to_string(below(9)), "http://x.example"));
-      break;
-    default:
-      desktop().putFile(L"C:\\App\\data\\New " + std::to_wstring(below(9)) + L".bs3", "z");
-      break;
-  }
-}
-
-void RandomUse::system() {
-  switch (below(5)) {
-    case 0:
-      desktop().slowDrives = oneIn(2) ? std::set<std::wstring>{L"C:"} : std::set<std::wstring>{};
-      desktop().backgroundMilliseconds = static_cast<int>(below(3000));
-      break;
-    case 1:
-      desktop().classicHelp = oneIn(2);
-      desktop().compiledHelp = oneIn(2);
-      break;
-    case 2:
-      desktop().elevated.clear();
-      if (oneIn(2)) {
-        desktop().elevated[L"C:\\Tools\\calc.exe"] = oneIn(2);
-      }
-      break;
-    case 3:
-      main_->fireLayout({900, 700}, oneIn(2) ? 96 : 144);
-      break;
-    default:
-      main_->fireClose(oneIn(2) ? controls::UnloadMode::sessionEnd : controls::UnloadMode::forced);
-      break;
-  }
-}
-
-void RandomUse::select() {
-  controls::ListView& list = main_->lstQMK.at(below(4));
-  if (list.count() > 0) {
-    list.acceptSelection(below(list.count()));
-  }
-}
-
-const mainwindow::Command& RandomUse::someCommand() {
-  const auto rows = mainwindow::commandTable().rows;
-  return rows[below(rows.size())];
-}
-
-void RandomUse::command() {
-  const auto list = static_cast<int>(below(4));
-  switch (below(14)) {
-    case 0:
-    case 1:
-    case 2:
-    case 3:
-    case 4:
-    case 5:
-      // Any command, including those that are in no menu.
-      if (const auto& row = someCommand(); row.id != ids::mnuExit || oneIn(100)) {
-        main_->commands.item(row.id).fireClick();
-      }
-      break;
-    case 6:
-      if (const auto& row = someCommand(); row.key.reach == mainwindow::Reach::window) {
-        main_->fireKeyDown(row.key.stroke);
-      }
-      break;
-    case 7:
-      main_->cmdBrowse.fireClick();
-      break;
-    case 8:
-    case 9:
-      main_->lstQMK.at(static_cast<std::size_t>(list)).fireDoubleClick();
-      break;
-    case 10:
-      main_->lstQMK.at(static_cast<std::size_t>(list))
-          .fireColumnClick(1 + static_cast<int>(below(5)));
-      break;
-    case 11:
-      main_->lstQMK.at(static_cast<std::size_t>(list)).fireKey(someCommand().key.stroke);
-      break;
-    case 12:
-      main_->lstQMK.at(static_cast<std::size_t>(list)).fireContextMenu(1, 2);
-      break;
-    default:
-      main_->TabMain.fireSwitch(static_cast<int>(below(4)));
-      break;
-  }
-}
-
-void RandomUse::dialogs() {
-  if (frmWeb* const dialog = main_->webDialog(); dialog != nullptr && dialog->loaded()) {
-    dialog->txtName.setText(someName());
-    dialog->txtUrl.setText(L"http://" + someName());
-    if (oneIn(3)) {
-      dialog->cmdCancel.fireClick();
-    } else {
-      dialog->cmdOK.fireClick();
-    }
-  } else if (frmAbout* const box = main_->aboutBox(); box != nullptr && box->loaded()) {
-    box->cmdOK.fireClick();
-  }
-}
-
-void RandomUse::act() {
-  switch (below(9)) {
-    case 0:
-      otherProgram();
-      break;
-    case 5:
-      system();
-      break;
-    case 1:
-      desktop().advance(static_cast<int>(below(2500)));
-      break;
-    case 2:
-    case 3:
-      select();
-      break;
-    case 4:
-      dialogs();
-      break;
-    default:
-      command();
-      break;
-  }
-}
+}  // namespace
 
 void RandomUse::meanwhile() {
-  constexpr int deepest = 3;
   if (depth_ >= deepest) {
     return;
   }
@@ -235,6 +66,184 @@ void RandomUse::meanwhile() {
   --depth_;
 }
 
+// --- renaming in a narrowed list ---
+
+void RandomUse::renameNarrowed() {
+  if (depth_ > 0) {
+    return;
+  }
+  // Only `disturb` changes something meanwhile, so that everything else is the program's doing.
+  depth_ = deepest;
+  constexpr std::array tabs{frmQMK::open, frmQMK::open, frmQMK::web, frmQMK::tools};
+  const auto tab = tabs.at(below(tabs.size()));
+  controls::ListView& list = main_->lstQMK.at(tab);
+  main_->TabMain.fireSwitch(tab);
+  list.closeNameEditor();
+  list.fireKey({controls::keys::f5});
+  if (list.whole() && list.count() > 1) {
+    const std::size_t item = below(list.count());
+    const std::wstring_view cell = list.cell(item, oneIn(3) ? 1 : 0);
+    main_->txtFind.acceptTyped(wordOf(cell, below(6), 1 + below(4)));
+    if (list.rows() > 0) {
+      list.acceptSelectedRow(below(list.rows()));
+      if (tab == frmQMK::open) {
+        renameFile(list);
+      } else if (tab == frmQMK::web) {
+        renamePage(list);
+      } else {
+        renameShortcut(list);
+      }
+    }
+  }
+  depth_ = 0;
+}
+
+void RandomUse::disturb(frmQMK::Tab tab, bool boxIsUp) {
+  controls::ListView& list = main_->lstQMK.at(tab);
+  // While a box is up, the user cannot type in the find box.
+  const std::size_t kinds = boxIsUp ? 5 : 6;
+  for (auto n = below(4); n > 0; --n) {
+    switch (below(kinds)) {
+      case 0: {
+        std::string bytes = desktop().bytesOf(catalogueFile).value_or("");
+        list_file::append(bytes,
+                          record("bi3", "D:\\Meanwhile " + std::to_string(below(9)) + ".bi3", "m"));
+        desktop().putFile(catalogueFile, bytes);
+        break;
+      }
+      case 1:
+        desktop().advance(1000);
+        break;
+      case 2:
+        main_->commands.item(ids::mnuNewestFirst).fireClick();
+        break;
+      case 3:
+        list.fireColumnClick(1 + static_cast<int>(below(4)));
+        break;
+      case 4:
+        list.fireKey({controls::keys::f5});
+        break;
+      default:
+        main_->txtFind.acceptTyped(someWords());
+        break;
+    }
+  }
+}
+
+void RandomUse::renameFile(controls::ListView& list) {
+  const std::size_t chosen = list.selectedItem();
+  const std::wstring path =
+      list.subItem(chosen, modQMKGeneral::data_column::folder) + list.text(chosen);
+  std::multiset<std::wstring> items;
+  State before;
+  const auto look = [&] {
+    items = itemsOf(catalogueFile);
+    before = stateOf(*main_);
+  };
+  if (oneIn(2)) {
+    list.fireKey({controls::keys::f2});
+    ASSERT_TRUE(list.nameEditor()) << "a file that is selected can be renamed";
+    disturb(frmQMK::open, false);
+    look();
+    list.fireNameTyped(nameTyped(list));
+  } else {
+    desktop().inputAnswers.front() = nameTyped(list);
+    desktop().onInput = [&](const ::memory::Input&) {
+      disturb(frmQMK::open, true);
+      look();
+    };
+    main_->mnuRename.fireClick();
+    desktop().onInput = nullptr;
+  }
+  const auto changed = lost(items, catalogueFile);
+  for (const std::wstring& item : changed) {
+    EXPECT_NE(item.find(L'|' + path + L'|'), std::wstring::npos)
+        << "renaming " << toCodePage(path) << " has changed " << toCodePage(item);
+  }
+  renamed_ += changed.empty() ? 0 : 1;
+  expectOthersUntouched(before, stateOf(*main_), [&path](const std::wstring& other) {
+    return other == path || other == catalogueFile;
+  });
+}
+
+void RandomUse::renamePage(controls::ListView& list) {
+  const std::size_t chosen = list.selectedItem();
+  const std::wstring page =
+      list.text(chosen) + L'|' + list.subItem(chosen, modQMKGeneral::urlColumn);
+  main_->mnuRename.fireClick();
+  frmWeb* const dialog = main_->webDialog();
+  ASSERT_TRUE(dialog != nullptr && dialog->loaded());
+  dialog->txtName.acceptTyped(nameTyped(list));
+  const auto items = itemsOf(webListFile);
+  const State before = stateOf(*main_);
+  dialog->cmdOK.fireClick();
+  const auto changed = lost(items, webListFile);
+  for (const std::wstring& item : changed) {
+    EXPECT_EQ(toCodePage(item), toCodePage(page));
+  }
+  EXPECT_LE(changed.size(), 1U);
+  EXPECT_EQ(itemsOf(webListFile).size(), items.size());
+  renamed_ += changed.empty() ? 0 : 1;
+  expectOthersUntouched(before, stateOf(*main_),
+                        [](const std::wstring& other) { return other == webListFile; });
+}
+
+void RandomUse::renameShortcut(controls::ListView& list) {
+  const std::wstring path = list.subItem(list.selectedItem(), modSC::shortcut_column::file);
+  State before;
+  if (oneIn(2)) {
+    list.fireKey({controls::keys::f2});
+    ASSERT_TRUE(list.nameEditor());
+    disturb(frmQMK::tools, false);
+    before = stateOf(*main_);
+    list.fireNameTyped(nameTyped(list));
+  } else {
+    desktop().inputAnswers.front() = nameTyped(list);
+    desktop().onInput = [&](const ::memory::Input&) {
+      disturb(frmQMK::tools, true);
+      before = stateOf(*main_);
+    };
+    main_->mnuRename.fireClick();
+    desktop().onInput = nullptr;
+  }
+  const State now = stateOf(*main_);
+  renamed_ += now.file(path) == "(none)" ? 1 : 0;
+  expectOthersUntouched(before, now, [&path](const std::wstring& other) {
+    // Where a renamed shortcut goes.
+    return other == path || other.starts_with(L"C:\\App\\shortcuts\\");
+  });
+}
+
+// --- what must always hold ---
+
+void RandomUse::expectShownIsWhatMatches() {
+  for (const controls::ListView& list : main_->lstQMK) {
+    const controls::FindWords words(list.findText());
+    std::vector<std::size_t> matching;
+    for (std::size_t item = 0; item < list.count(); ++item) {
+      std::size_t found = 0;
+      for (std::size_t word = 0; word < words.count(); ++word) {
+        bool holds = false;
+        for (std::size_t column = 0; column < list.columns().size(); ++column) {
+          holds = holds || (list.columns()[column].widthTwips > 0 &&
+                            words.finds(word, list.cell(item, column)));
+        }
+        found += holds ? 1 : 0;
+      }
+      if (found == words.count()) {
+        matching.push_back(item);
+      }
+    }
+    std::vector<std::size_t> shown;
+    for (std::size_t row = 0; row < list.rows(); ++row) {
+      shown.push_back(list.itemOfRow(row));
+      static_cast<void>(list.remarkOn(row));  // as painting does
+    }
+    ASSERT_EQ(shown, matching) << "with \"" << toCodePage(list.findText()) << '"';
+    narrowed_ += shown.size() < list.count() ? 1 : 0;
+  }
+}
+
 void RandomUse::use(unsigned seed, int events) {
   random_.seed(seed);
   Rig rig;
@@ -242,17 +251,21 @@ void RandomUse::use(unsigned seed, int events) {
   main_->tmrFileUpdate.setEnabled(true);
   desktop().onMessage = [this](const ::memory::Message&) { meanwhile(); };
   desktop().onPump = [this] { meanwhile(); };
-  for (int n = 0; n < events && main_->loaded(); ++n) {
+  for (int n = 0; n < events && main_->loaded() && !HasFailure(); ++n) {
+    SCOPED_TRACE("seed " + std::to_string(seed) + ", event " + std::to_string(n));
     prepareAnswers();
     desktop().clearJournal();
     desktop().messages.clear();
     act();
+    if (main_->loaded()) {
+      expectShownIsWhatMatches();
+    }
     ++events_;
   }
   if (!main_->loaded()) {
     return;
   }
-  // Afterwards the Open list shows what is in the file.
+  // Afterwards the Open list has what is in the file.
   desktop().onMessage = nullptr;
   desktop().onPump = nullptr;
   desktop().putFile(catalogueFile, record("fp3", "D:\\Last.fp3", "z"));
@@ -260,7 +273,7 @@ void RandomUse::use(unsigned seed, int events) {
   EXPECT_EQ(main_->lstQMK[frmQMK::open].count(), 1U) << "seed " << seed;
 }
 
-TEST_F(RandomUse, FindsNothingThatTheSanitizersObjectTo) {
+TEST_F(RandomUse, FindsNothingThatTheSanitizersObjectToAndLosesNothing) {
   const char* const wanted = std::getenv("QMK_RANDOM_USES");
   const int uses = wanted == nullptr ? 60 : std::atoi(wanted);
   constexpr int events = 400;
@@ -268,11 +281,15 @@ TEST_F(RandomUse, FindsNothingThatTheSanitizersObjectTo) {
     desktop().reset();
     use(static_cast<unsigned>(seed), events);
     if (HasFailure()) {
-      break;
+      return;
     }
   }
-  std::cout << "figure: random use in memory, events: " << events_ << '\n';
+  // Otherwise the checks of the narrowed lists have checked nothing.
+  EXPECT_GT(renamed_, uses);
+  EXPECT_GT(narrowed_, uses);
+  std::cout << "figure: random use in memory, events: " << events_ << '\n'
+            << "figure: random use in memory, entries of narrowed lists renamed: " << renamed_
+            << '\n';
 }
 
-}  // namespace
 }  // namespace faults

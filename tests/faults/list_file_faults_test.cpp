@@ -114,6 +114,13 @@ void renameSelectedFile(Rig& rig) {
   rig.main().mnuRename.fireClick();
 }
 
+/// Types another name over that of the selected file.
+void renameInList(Rig& rig) {
+  controls::ListView& list = rig.main().lstQMK[frmQMK::open];
+  list.fireKey({controls::keys::f2});
+  list.fireNameTyped(L"Afar");
+}
+
 void declineToLocate(Rig& rig) {
   script([] { desktop().answers = {Answer::no}; });
   rig.main().lstQMK[frmQMK::open].fireDoubleClick();
@@ -131,6 +138,12 @@ std::vector<Operation> operations() {
       L"locate the file yourself? ";
   const auto selectOne = [](Rig& rig) { rig.select(frmQMK::open, L"One.fp3"); };
   const auto selectGone = [](Rig& rig) { rig.select(frmQMK::open, L"Gone.fp3"); };
+  const auto narrowTo = [](Rig& rig, const std::wstring& name) {
+    rig.select(frmQMK::open, name);
+    rig.main().txtFind.acceptTyped(name);
+    const controls::ListView& list = rig.main().lstQMK[frmQMK::open];
+    ASSERT_LT(list.rows(), list.count());
+  };
   const auto deletion = [](const Fault& fault) {
     return withQuestion(L"Are your sure you want to delete ONE.FP3", fault);
   };
@@ -207,6 +220,18 @@ std::vector<Operation> operations() {
            [](const Fault& fault) {
              return Texts{L"File does not exists, removing entry", trapped(fault)};
            }},
+      {.name = "rename in a narrowed list",
+       .prepare = [narrowTo](Rig& rig) { narrowTo(rig, L"One.fp3"); },
+       .run = renameInList,
+       .told = problemWithSaving,
+       .listsAreRight = listsMayShowNewName},
+      {.name = "rename a missing file in a narrowed list",
+       .prepare = [narrowTo](Rig& rig) { narrowTo(rig, L"Gone.fp3"); },
+       .run = renameInList,
+       .told =
+           [](const Fault& fault) {
+             return Texts{L"File does not exists, removing entry", trapped(fault)};
+           }},
       {.name = "tick of the watch",
        .prepare = nothing,
        .run =
@@ -255,6 +280,18 @@ std::vector<Operation> operations() {
        .prepare =
            [](Rig& rig) {
              rig.select(frmQMK::web, L"Weather");
+             rig.main().mnuRename.fireClick();
+             typeWebEntry(rig, L"Storms", L"http://storms.example");
+           },
+       .run = [](Rig& rig) { rig.main().webDialog()->cmdOK.fireClick(); },
+       .told = problemWithSaving,
+       .listsAreRight = webListShowsNewName,
+       .dialogIsRight = dialogIsClosed},
+      {.name = "save a web entry of a narrowed list",
+       .prepare =
+           [](Rig& rig) {
+             rig.select(frmQMK::web, L"Weather");
+             rig.main().txtFind.acceptTyped(L"weath");
              rig.main().mnuRename.fireClick();
              typeWebEntry(rig, L"Storms", L"http://storms.example");
            },

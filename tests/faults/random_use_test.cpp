@@ -31,8 +31,11 @@ std::wstring wordOf(std::wstring_view text, std::size_t from, std::size_t length
   return std::wstring(part.substr(0, part.find(L' ')));
 }
 
-/// The items of a list file that are gone or changed.
+/// The items of a list file that are gone or changed. Not those with a quotation mark: a record
+/// cannot hold one, so that such a text is read in another way once it has been written.
 std::multiset<std::wstring> lost(std::multiset<std::wstring> before, const std::wstring& path) {
+  std::erase_if(before,
+                [](const std::wstring& item) { return item.find(L'"') != std::wstring::npos; });
   for (const std::wstring& item : itemsOf(path)) {
     if (const auto found = before.find(item); found != before.end()) {
       before.erase(found);

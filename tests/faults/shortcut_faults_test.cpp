@@ -55,6 +55,13 @@ void rename(Rig& rig) {
   rig.main().mnuRename.fireClick();
 }
 
+/// Types another name over that of the selected shortcut.
+void renameInList(Rig& rig) {
+  controls::ListView& list = rig.main().lstQMK[frmQMK::tools];
+  list.fireKey({controls::keys::f2});
+  list.fireNameTyped(L"Sums");
+}
+
 void erase(Rig& rig) {
   script([] { desktop().answers = {Answer::yes}; });
   rig.main().mnuDelete.fireClick();
@@ -145,6 +152,14 @@ std::vector<Operation> operations() {
        .told = reported,
        .goesOn = dialogFailed},
       {.name = "rename", .prepare = selectCalc, .run = rename, .told = reported},
+      {.name = "renameInNarrowedList",
+       .prepare =
+           [](Rig& rig) {
+             selectCalc(rig);
+             rig.main().txtFind.acceptTyped(L"CAL");
+           },
+       .run = renameInList,
+       .told = reported},
       {.name = "erase",
        .prepare = selectCalc,
        .run = erase,

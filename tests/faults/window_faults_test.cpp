@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "faults/sweep.h"
+#include "mainwindow/control_ids.h"
 
 namespace faults {
 namespace {
@@ -47,6 +48,38 @@ std::vector<Operation> operations() {
              list.fireColumnClick(2);
              // As the next painting does.
              static_cast<void>(list.cell(0, 0));
+           }},
+      {.name = "narrow a list",
+       .prepare = nothing,
+       .run =
+           [](Rig& rig) {
+             rig.main().TabMain.fireSwitch(frmQMK::open);
+             for (const wchar_t* const text : {L"f", L"fp", L"fp3 g", L"fp3", L""}) {
+               rig.main().txtFind.acceptTyped(text);
+             }
+           }},
+      {.name = "show the newest files first",
+       .prepare = nothing,
+       .run =
+           [](Rig& rig) {
+             rig.main().commands.item(ids::mnuNewestFirst).fireClick();
+             // As the next painting does.
+             static_cast<void>(rig.main().lstQMK[frmQMK::open].cell(0, 0));
+           }},
+      {.name = "fit the columns",
+       .prepare = nothing,
+       .run =
+           [](Rig& rig) {
+             rig.main().TabMain.fireSwitch(frmQMK::open);
+             rig.main().commands.item(ids::mnuFitColumns).fireClick();
+           }},
+      {.name = "look for what is not there",
+       .prepare = nothing,
+       .run =
+           [](Rig& rig) {
+             rig.main().TabMain.fireSwitch(frmQMK::open);
+             rig.main().fireDrivesChanged();
+             desktop().advance(100);
            }},
       {.name = "go through the tabs",
        .prepare = nothing,

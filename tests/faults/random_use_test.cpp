@@ -9,11 +9,13 @@
 #include <utility>
 
 #include "catalogue/catalogue_view.h"
+#include "catalogue/stored_path.h"
 #include "faults/between.h"
 #include "faults/random_use.h"
 #include "listfile/list_file.h"
 #include "mainwindow/control_ids.h"
 #include "platform/text.h"
+#include "platform/trap.h"
 #include "web/web_list.h"
 
 namespace faults {
@@ -139,9 +141,12 @@ void RandomUse::renameFile(controls::ListView& list) {
       list.subItem(chosen, modQMKGeneral::data_column::folder) + list.text(chosen);
   std::multiset<std::wstring> items;
   State before;
+  std::wstring file;  // the list may hold another form of its name
   const auto look = [&] {
     items = itemsOf(catalogueFile);
     before = stateOf(*main_);
+    static_cast<void>(
+        platform::trapped([&] { file = stored_path::realFile(path).value_or(path); }));
   };
   if (oneIn(2)) {
     list.fireKey({controls::keys::f2});
@@ -164,8 +169,8 @@ void RandomUse::renameFile(controls::ListView& list) {
         << "renaming " << toCodePage(path) << " has changed " << toCodePage(item);
   }
   renamed_ += changed.empty() ? 0 : 1;
-  expectOthersUntouched(before, stateOf(*main_), [&path](const std::wstring& other) {
-    return other == path || other == catalogueFile;
+  expectOthersUntouched(before, stateOf(*main_), [&file](const std::wstring& other) {
+    return other == file || other == catalogueFile;
   });
 }
 

@@ -50,6 +50,7 @@ int wmain(int argumentCount, wchar_t** arguments) {
   bench::measureStart(table);
   bench::measureLoads(table);
   runOperations(table, passedOn);
+  bench::measureFind(table);
   bench::measureDoubleClick(table);
   bench::measureIdle(table);
   return 0;

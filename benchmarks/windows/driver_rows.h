@@ -10,6 +10,8 @@ void measureStart(const Table& table);
 /// Catalogues of all sizes, from the changed file to the painted rows: against the floor, against
 /// the textbook method, growth and memory.
 void measureLoads(const Table& table);
+/// A letter typed into the find box or removed from it, until the list is painted.
+void measureFind(const Table& table);
 /// A double-click on a data file, until its tool runs.
 void measureDoubleClick(const Table& table);
 /// Processor time of the program while nothing happens.

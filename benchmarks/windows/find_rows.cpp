@@ -1,0 +1,205 @@
+#include <windows.h>
+// Needs <windows.h> first.
+#include <commctrl.h>
+
+#include <algorithm>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "catalogue_text.h"
+#include "harness/input.h"
+#include "harness/looks.h"
+#include "harness/paths.h"
+#include "harness/process.h"
+#include "harness/text.h"
+#include "harness/wait.h"
+#include "harness/windows_of_process.h"
+#include "windows/driven_gateway.h"
+#include "windows/driver_rows.h"
+#include "windows/plain_find.h"
+#include "windows/process_facts.h"
+
+namespace bench {
+namespace {
+
+/// The first letter is in more than half of the rows, the first two in an eighth. No letter has a
+/// form with an accent in the catalogue, which a plain search would not find.
+constexpr std::wstring_view word = L"burn";
+
+struct Size {
+  std::size_t records;
+  const char* typed;
+  const char* removed;
+  int runs;
+};
+constexpr Size sizes[] = {{10000, "find.10k", "find.10k.delete", 15},
+                          {1000000, "find.1m", "find.1m.delete", 7}};
+
+constexpr double mostTimes = 2.0;
+
+/// A box that narrows a list.
+struct Finder {
+  ProcessFacts facts;
+  HWND window = nullptr;
+  HWND box = nullptr;
+  HWND list = nullptr;
+
+  [[nodiscard]] int count() const {
+    return static_cast<int>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0));
+  }
+  /// Waits until the program has nothing left to do. What follows a key, such as the look for files
+  /// that are not there, is not part of the next key. Work after a pause is slower, so both sides
+  /// have the pause.
+  void rest() const {
+    constexpr DWORD pause = 60;
+    constexpr double little = 2;
+    SendMessageW(window, WM_NULL, 0, 0);
+    double before = facts.processorTime();
+    waitClosely("a program without work", [this, &before] {
+      Sleep(pause);
+      const double used = facts.processorTime();
+      return used - std::exchange(before, used) < little;
+    });
+    harness::paint(window);
+  }
+  /// Time from a key in the box until everything is painted. The key is sent as a message: the time
+  /// that the system needs to turn the keyboard's input into messages is not the program's.
+  [[nodiscard]] double press(wchar_t key) const {
+    rest();
+    return timed([this, key] {
+      SendMessageW(box, WM_CHAR, key, 1);
+      harness::paint(window);
+    });
+  }
+};
+
+/// The floor, in a window of its own.
+class PlainFind {
+ public:
+  explicit PlainFind(const std::wstring& catalogue)
+      : process_(executable(), harness::buildFolder(), job_, L"\"" + catalogue + L"\""),
+        parts_{ProcessFacts(process_.handle(), executable())} {
+    waitClosely("the window of the plain search", [this] {
+      parts_.window = harness::visibleWindow(process_.id(), plainFindClass);
+      return parts_.window != nullptr;
+    });
+    parts_.box = harness::child(parts_.window, plainFindBox);
+    parts_.list = harness::child(parts_.window, plainFindList);
+  }
+  PlainFind(const PlainFind&) = delete;
+  PlainFind& operator=(const PlainFind&) = delete;
+  ~PlainFind() { job_.end(); }
+
+  /// Gives the list the size and the column widths of another one, and the window a place where
+  /// neither window covers the other.
+  void resemble(const Finder& other) const {
+    const RECT whole = harness::screenRect(other.window);
+    const RECT list = harness::screenRect(other.list);
+    constexpr int above = 30;
+    const int width = static_cast<int>(list.right - list.left);
+    const int height = static_cast<int>(list.bottom - list.top);
+    RECT outer{0, 0, width, height + above};
+    AdjustWindowRectEx(&outer, static_cast<DWORD>(GetWindowLongW(parts_.window, GWL_STYLE)), FALSE,
+                       static_cast<DWORD>(GetWindowLongW(parts_.window, GWL_EXSTYLE)));
+    SetWindowPos(other.window, nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(parts_.window, nullptr, 0, static_cast<int>(whole.bottom - whole.top),
+                 static_cast<int>(outer.right - outer.left),
+                 static_cast<int>(outer.bottom - outer.top), SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(parts_.list, nullptr, 0, above, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+    constexpr WPARAM columns = 4;
+    for (WPARAM column = 0; column < columns; ++column) {
+      SendMessageW(parts_.list, LVM_SETCOLUMNWIDTH, column,
+                   SendMessageW(other.list, LVM_GETCOLUMNWIDTH, column, 0));
+    }
+    harness::paint(other.window);
+    harness::paint(parts_.window);
+  }
+  [[nodiscard]] const Finder& parts() const { return parts_; }
+
+ private:
+  [[nodiscard]] static std::wstring executable() {
+    return harness::buildFolder() + L"\\plain_find.exe";
+  }
+  harness::Job job_;
+  harness::Process process_;
+  Finder parts_;
+};
+
+/// One key on both sides. They must show equally many rows then.
+void pressBoth(const Finder& ours, const Finder& theirs, wchar_t key, bool oursFirst, Pair& pair) {
+  if (oursFirst) {
+    pair.ours.push_back(ours.press(key));
+  }
+  pair.theirs.push_back(theirs.press(key));
+  if (!oursFirst) {
+    pair.ours.push_back(ours.press(key));
+  }
+  if (ours.count() != theirs.count()) {
+    throw harness::Failure("the list shows " + std::to_string(ours.count()) +
+                           " rows, the plain search " + std::to_string(theirs.count()));
+  }
+}
+
+/// Prints the row of the letter at which the program compares worst: it must not be slow at any.
+void printWorst(const Table& table, const char* name, const std::vector<Pair>& letters) {
+  const auto ratio = [](const Pair& pair) { return median(pair.ours) / median(pair.theirs); };
+  table.printRatio(
+      name,
+      *std::max_element(letters.begin(), letters.end(),
+                        [&ratio](const Pair& a, const Pair& b) { return ratio(a) < ratio(b); }),
+      mostTimes);
+}
+
+void measureSize(const Table& table, const Size& size) {
+  DrivenGateway gateway;
+  gateway.app.writeCatalogue(catalogueText(size.records));
+  gateway.startToOpenTab();
+  const Finder ours{
+      ProcessFacts(gateway.app.process().handle(), gateway.app.folder() + L"\\gateway3.exe"),
+      gateway.main(), harness::child(gateway.main(), ids::txtFind),
+      gateway.list(harness::Tab::open)};
+  waitClosely("the list shows the catalogue",
+              [&ours, &size] { return ours.count() == static_cast<int>(size.records); });
+  const PlainFind floor(gateway.app.cataloguePath());
+  floor.resemble(ours);
+  harness::bringToFront(gateway.main());
+  gateway.app.command(ids::mnuFind);
+  // One round before the measurement: the first search makes tables that stay.
+  std::vector<Pair> typed(word.size());
+  std::vector<Pair> removed(word.size());
+  for (int run = -1; run < table.runs(size.runs); ++run) {
+    const bool oursFirst = run % 2 != 0;
+    for (std::size_t n = 0; n < word.size(); ++n) {
+      pressBoth(ours, floor.parts(), word[n], oursFirst, typed[n]);
+    }
+    if (ours.count() == 0 || ours.count() > static_cast<int>(size.records / 4)) {
+      throw harness::Failure("the word finds " + std::to_string(ours.count()) + " rows");
+    }
+    for (std::size_t n = 0; n < word.size(); ++n) {
+      pressBoth(ours, floor.parts(), VK_BACK, oursFirst, removed[n]);
+    }
+    if (ours.count() != static_cast<int>(size.records)) {
+      throw harness::Failure("the empty box shows " + std::to_string(ours.count()) + " rows");
+    }
+    if (run < 0) {
+      typed.assign(word.size(), {});
+      removed.assign(word.size(), {});
+    }
+  }
+  printWorst(table, size.typed, typed);
+  printWorst(table, size.removed, removed);
+  gateway.stop();
+}
+
+}  // namespace
+
+void measureFind(const Table& table) {
+  for (const Size& size : sizes) {
+    if (!table.quick() || size.records < 1000000) {
+      table.section({size.typed, size.removed}, [&] { measureSize(table, size); });
+    }
+  }
+}
+
+}  // namespace bench

@@ -1,0 +1,204 @@
+// The floor for finding: a box and a list, written plainly. The rows of a catalogue are in memory
+// as ordinary texts. Each change of the box is one pass of a standard search over all of them, and
+// the list shows the rows with a match.
+//
+//   plain_find CATALOGUE    shows its window when all rows are in memory; stays until it is ended
+#include <windows.h>
+// Needs <windows.h> first.
+#include <commctrl.h>
+
+#include <algorithm>
+#include <array>
+#include <numeric>
+#include <string>
+#include <vector>
+
+#include "windows/plain_find.h"
+#include "windows/whole_file.h"
+
+namespace {
+
+/// What the columns show.
+using Row = std::array<std::wstring, 4>;
+
+struct Find {
+  std::vector<Row> rows;
+  std::vector<std::size_t> found;  ///< Numbers of the rows with a match.
+  std::vector<wchar_t> capitals;   ///< By unit.
+  HWND box = nullptr;
+  HWND list = nullptr;
+};
+
+Find find;
+
+std::wstring wide(std::string_view bytes) {
+  std::wstring text(bytes.size(), L'\0');
+  if (!bytes.empty()) {
+    text.resize(static_cast<std::size_t>(
+        MultiByteToWideChar(CP_ACP, 0, bytes.data(), static_cast<int>(bytes.size()), text.data(),
+                            static_cast<int>(text.size()))));
+  }
+  return text;
+}
+
+std::wstring labelOf(std::string_view type) {
+  constexpr std::size_t code = 1;  // the types differ in their second letter
+  switch (type.size() > code ? type[code] : '\0') {
+    case 'p':
+    case 'P':
+      return L"Fuel Profile";
+    case 'i':
+    case 'I':
+      return L"Planar Intercept Inventory";
+    case 's':
+    case 'S':
+      return L"Plotview Inventory";
+    default:
+      return L"Canopy Weigh Inventory";
+  }
+}
+
+void readRows(const wchar_t* path) {
+  const bench::Bytes file = bench::readFile(path);
+  std::string_view left = file.view();
+  for (bench::PlainRecord record; bench::nextRecord(left, record);) {
+    find.rows.push_back(
+        {wide(record.name), wide(record.date), labelOf(record.type), wide(record.folder)});
+  }
+}
+
+void makeCapitals() {
+  constexpr std::size_t units = 0x10000;
+  find.capitals.resize(units);
+  std::iota(find.capitals.begin(), find.capitals.end(), wchar_t{0});
+  CharUpperBuffW(find.capitals.data(), static_cast<DWORD>(find.capitals.size()));
+}
+
+std::wstring boxText() {
+  std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(find.box)) + 1, L'\0');
+  text.resize(static_cast<std::size_t>(
+      GetWindowTextW(find.box, text.data(), static_cast<int>(text.size()))));
+  return text;
+}
+
+bool holds(const Row& row, const std::wstring& wanted) {
+  return std::any_of(row.begin(), row.end(), [&wanted](const std::wstring& text) {
+    return std::search(text.begin(), text.end(), wanted.begin(), wanted.end(),
+                       [](wchar_t there, wchar_t capital) {
+                         return find.capitals[there] == capital;
+                       }) != text.end();
+  });
+}
+
+void search() {
+  std::wstring wanted = boxText();
+  for (wchar_t& unit : wanted) {
+    unit = find.capitals[unit];
+  }
+  find.found.clear();
+  for (std::size_t row = 0; row < find.rows.size(); ++row) {
+    if (wanted.empty() || holds(find.rows[row], wanted)) {
+      find.found.push_back(row);
+    }
+  }
+  SendMessageW(find.list, LVM_SETITEMCOUNT, find.found.size(), 0);
+}
+
+void supply(LVITEMW& item) {
+  const auto row = static_cast<std::size_t>(item.iItem);
+  if (row >= find.found.size()) {
+    return;
+  }
+  if ((item.mask & LVIF_TEXT) != 0) {
+    item.pszText = find.rows[find.found[row]].at(static_cast<std::size_t>(item.iSubItem)).data();
+  }
+  if ((item.mask & LVIF_IMAGE) != 0) {
+    item.iImage = 0;
+  }
+}
+
+LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second) {
+  switch (message) {
+    case WM_COMMAND:
+      if (HIWORD(first) == EN_CHANGE) {
+        search();
+      }
+      return 0;
+    case WM_NOTIFY:
+      if (reinterpret_cast<NMHDR*>(second)->code == LVN_GETDISPINFOW) {
+        supply(reinterpret_cast<NMLVDISPINFOW*>(second)->item);
+      }
+      return 0;
+    default:
+      return DefWindowProcW(window, message, first, second);
+  }
+}
+
+HWND makeChild(HWND parent, int id, const wchar_t* classOfChild, DWORD style) {
+  return CreateWindowExW(WS_EX_CLIENTEDGE, classOfChild, L"", WS_CHILD | WS_VISIBLE | style, 0, 0,
+                         100, 22, parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+                         nullptr, nullptr);
+}
+
+void makeColumns() {
+  for (int index = 0; index < static_cast<int>(Row{}.size()); ++index) {
+    LVCOLUMNW column{};
+    column.mask = LVCF_WIDTH | LVCF_TEXT | LVCF_SUBITEM;
+    column.cx = 150;
+    wchar_t text[] = L"Column";
+    column.pszText = text;
+    column.iSubItem = index;
+    SendMessageW(find.list, LVM_INSERTCOLUMNW, static_cast<WPARAM>(index),
+                 reinterpret_cast<LPARAM>(&column));
+  }
+}
+
+/// The system's font, and a picture: without them the rows would be of another height than the
+/// program's. And with a picture of the list in memory the system paints it faster.
+void dressList() {
+  constexpr DWORD look = LVS_EX_DOUBLEBUFFER | LVS_EX_FULLROWSELECT;
+  SendMessageW(find.list, LVM_SETEXTENDEDLISTVIEWSTYLE, look, look);
+  NONCLIENTMETRICSW metrics{};
+  metrics.cbSize = sizeof(metrics);
+  SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, metrics.cbSize, &metrics, 0);
+  HFONT const font = CreateFontIndirectW(&metrics.lfMessageFont);
+  SendMessageW(find.list, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+  constexpr int side = 16;
+  HIMAGELIST const pictures = ImageList_Create(side, side, ILC_COLOR32 | ILC_MASK, 1, 0);
+  ImageList_ReplaceIcon(pictures, -1, LoadIconW(nullptr, IDI_APPLICATION));
+  SendMessageW(find.list, LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(pictures));
+}
+
+}  // namespace
+
+int WINAPI wWinMain(HINSTANCE instance, HINSTANCE /*previous*/, PWSTR /*commandLine*/,
+                    int /*showCommand*/) {
+  if (__argc != 2) {
+    return 2;
+  }
+  InitCommonControls();
+  makeCapitals();
+  readRows(__wargv[1]);
+  WNDCLASSW description{};
+  description.lpfnWndProc = procedure;
+  description.hInstance = instance;
+  description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+  description.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
+  description.lpszClassName = bench::plainFindClass;
+  RegisterClassW(&description);
+  HWND const window =
+      CreateWindowExW(0, description.lpszClassName, L"Plain search", WS_OVERLAPPEDWINDOW, 0, 0, 700,
+                      500, nullptr, nullptr, instance, nullptr);
+  find.box = makeChild(window, bench::plainFindBox, WC_EDITW, 0);
+  find.list = makeChild(window, bench::plainFindList, WC_LISTVIEWW, LVS_REPORT | LVS_OWNERDATA);
+  dressList();
+  makeColumns();
+  search();
+  ShowWindow(window, SW_SHOWNOACTIVATE);
+  MSG message{};
+  while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+  }
+  return 0;
+}

@@ -89,16 +89,39 @@ std::function<void()> sortView(std::size_t records) {
 }
 
 std::function<void()> findRow(std::size_t records) {
-  return [view = loadedView(records)] { require(!view->dataList.find(L"no such name", 0)); };
+  return [view = loadedView(records)] { require(!view->dataList.findRow(L"no such name", 0)); };
+}
+
+std::function<void()> find(std::size_t records) {
+  auto view = loadedView(records);
+  // A list searches the columns that it shows.
+  constexpr int anyWidth = 1500;
+  for (std::size_t column = 0; column < modQMKGeneral::data_column::type; ++column) {
+    view->dataList.addColumn(L"Column", anyWidth);
+  }
+  return [view, records] {
+    ListView& list = view->dataList;
+    const std::wstring word = L"burn";
+    for (std::size_t length = 1; length <= word.size(); ++length) {
+      list.setFind(word.substr(0, length));
+      require(list.rows() > 0 && list.rows() < records);
+    }
+    for (std::size_t length = word.size(); length-- > 0;) {
+      list.setFind(word.substr(0, length));
+      require(list.rows() > 0);
+    }
+    require(list.rows() == records);
+  };
 }
 
 }  // namespace
 
 const std::vector<Case>& cases() {
   static const std::vector<Case> all{
-      {"read_records", readRecords}, {"drop_record", dropRecord}, {"add_entry", addEntry},
-      {"remove_entry", removeEntry}, {"load_view", loadView},     {"sort_view_twice", sortView},
-      {"find_row", findRow},
+      {"read_records", readRecords}, {"drop_record", dropRecord},
+      {"add_entry", addEntry},       {"remove_entry", removeEntry},
+      {"load_view", loadView},       {"sort_view_twice", sortView},
+      {"find_row", findRow},         {"find", find},
   };
   return all;
 }

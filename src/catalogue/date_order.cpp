@@ -19,6 +19,7 @@ constexpr std::size_t monthsOfYear = 12;
 struct Reading {
   std::string order;                 ///< The letters d, M and y in the order of the user's pattern.
   wchar_t separator = 0;             ///< Between the first two of them.
+  bool weekdayFirst = false;         ///< The pattern begins with the day of the week.
   std::vector<std::wstring> months;  ///< In upper case.
   std::wstring morning;
   std::wstring afternoon;
@@ -28,13 +29,25 @@ Reading readingOf(const DateForm& form) {
   Reading reading;
   bool quoted = false;
   for (const wchar_t c : form.pattern) {
-    quoted = quoted != (c == L'\'');
+    if (c == L'\'') {
+      quoted = !quoted;
+      continue;
+    }
     const bool letter = !quoted && (c == L'd' || c == L'M' || c == L'y');
     if (letter && reading.order.find(static_cast<char>(c)) == std::string::npos) {
       reading.order += static_cast<char>(c);
     } else if (!letter && reading.order.size() == 1 && reading.separator == 0) {
       reading.separator = c;
     }
+  }
+  reading.weekdayFirst = form.pattern.starts_with(L"ddd");
+  if (reading.weekdayFirst) {
+    // The first "d" was that of the day of the week.
+    DateForm rest = form;
+    rest.pattern.erase(0, std::min(rest.pattern.find_first_not_of(L'd'), rest.pattern.size()));
+    reading = readingOf(rest);
+    reading.weekdayFirst = true;
+    return reading;
   }
   for (const std::wstring& month : form.months) {
     reading.months.push_back(platform::text::upper(month));
@@ -87,13 +100,21 @@ std::size_t readWord(std::wstring_view text, std::size_t at, const Reading& read
     ++end;
   }
   const std::wstring word = platform::text::upper(text.substr(at, end - at));
+  if (pieces.count == 0 && reading.weekdayFirst) {
+    return end;
+  }
   const auto begins = [&word](const std::wstring& name) {
     return !name.empty() && word.starts_with(name);
   };
   if (pieces.count >= 3) {
-    pieces.afternoon = pieces.afternoon || begins(reading.afternoon) || word == L"PM";
-    pieces.morning = pieces.morning || begins(reading.morning) || word == L"AM";
-    return end;
+    // A mark may have a blank in it.
+    const std::wstring rest = platform::text::upper(text.substr(at));
+    const auto isMark = [&rest](const std::wstring& mark) {
+      return !mark.empty() && rest.starts_with(mark);
+    };
+    pieces.afternoon = pieces.afternoon || isMark(reading.afternoon) || word == L"PM";
+    pieces.morning = pieces.morning || isMark(reading.morning) || word == L"AM";
+    return isMark(reading.afternoon) || isMark(reading.morning) ? text.size() : end;
   }
   // The long names come last and are tried first: a short one may be the beginning of a long one.
   for (std::size_t n = reading.months.size(); n-- > 0;) {
@@ -121,13 +142,14 @@ std::optional<Pieces> piecesOf(std::wstring_view text, const Reading& reading) {
       if (!pieces.add(number)) {
         return std::nullopt;
       }
-      if (pieces.count == 1 && at < text.size()) {
-        pieces.separator = text[at];
-      }
     } else if (text[at] < L'A') {
       ++at;
+      continue;
     } else {
       at = std::max(at + 1, readWord(text, at, reading, pieces));
+    }
+    if (pieces.count == 1 && pieces.separator == 0 && at < text.size()) {
+      pieces.separator = text[at];
     }
   }
   return pieces;
@@ -136,11 +158,13 @@ std::optional<Pieces> piecesOf(std::wstring_view text, const Reading& reading) {
 /// The order of day, month and year in a text.
 std::string orderOf(const Pieces& pieces, const Reading& reading) {
   constexpr unsigned longYear = 3;
-  if (pieces.all[0].digits >= longYear) {
-    return "yMd";
-  }
-  if (pieces.separator == reading.separator && reading.order.size() == 3) {
+  const bool yearFirst = pieces.all[0].digits >= longYear;
+  if (pieces.separator == reading.separator && reading.order.size() == 3 &&
+      (!yearFirst || reading.order.starts_with('y'))) {
     return reading.order;
+  }
+  if (yearFirst) {
+    return "yMd";
   }
   return pieces.separator == L'/' ? "Mdy" : "dMy";
 }
@@ -148,9 +172,13 @@ std::string orderOf(const Pieces& pieces, const Reading& reading) {
 /// Assigns the first three pieces to year, month and day. A month's name is the month wherever it
 /// stands; the others keep their order.
 bool assign(const Pieces& pieces, std::string order, std::array<unsigned, 3>& date) {
-  const auto* const named = std::find_if(pieces.all.begin(), pieces.all.begin() + 3,
-                                         [](const Piece& piece) { return piece.digits == 0; });
-  if (named != pieces.all.begin() + 3) {
+  const auto isName = [](const Piece& piece) { return piece.digits == 0; };
+  const auto* const end = pieces.all.begin() + 3;
+  const auto* const named = std::find_if(pieces.all.begin(), end, isName);
+  if (named != end) {
+    if (std::find_if(named + 1, end, isName) != end) {
+      return false;
+    }
     order.erase(order.find('M'), 1);
     order.insert(static_cast<std::size_t>(named - pieces.all.begin()), 1, 'M');
   }

@@ -44,6 +44,8 @@ void frmQMK::renameTo(int index, const controls::ItemKey& item, const std::wstri
   } else if (index == open) {
     modQMKGeneral::RenameCatalogueFile(catalogue, name);
   }
+  // After a failure the entry may still be selected although it is not shown.
+  list.update([] {});
 }
 
 void frmQMK::tellWhereItWent(const std::optional<std::wstring>& link) {

@@ -1,8 +1,5 @@
 #include "mainwindow/presence.h"
 
-#include <chrono>
-#include <unordered_set>
-
 #include "platform/background.h"
 #include "platform/drives.h"
 
@@ -131,13 +128,12 @@ void Presence::learn(const std::wstring& path, State state) {
 }
 
 bool Presence::lookOn() {
-  using Clock = std::chrono::steady_clock;
   constexpr std::chrono::milliseconds most{5};
   if (seenRevision_ != list_.revision()) {
     seenRevision_ = list_.revision();
     beginAgain();
   }
-  const auto start = Clock::now();
+  const auto end = Clock::now() + most;
   const controls::RowRange rows = list_.rowsInView();
   bool left = false;
   for (std::size_t row = rows.first; row < rows.first + rows.count && !left; ++row) {
@@ -145,13 +141,13 @@ bool Presence::lookOn() {
     const auto known = known_.find(path);
     if (known == known_.end() || known->second.round != round_) {
       learn(path, look(path, known == known_.end() ? State::unknown : known->second.state));
-      left = Clock::now() - start >= most;
+      left = Clock::now() >= end;
     }
   }
   if (std::exchange(changed_, false)) {
     list_.remarksChanged();
   }
-  return left;
+  return left || countOn(end);
 }
 
 void Presence::askSlowDrives(const std::function<void()>& done) {
@@ -194,31 +190,38 @@ void Presence::askSlowDrives(const std::function<void()>& done) {
       });
 }
 
-std::size_t Presence::missing() const {
+bool Presence::countOn(Clock::time_point end) {
   const std::pair now(list_.revision(), statesRevision_);
   if (counted_ == now) {
-    return missing_;
+    return false;
   }
+  if (counting_.of != now) {
+    counting_ = {.of = now};
+    for (const auto& [path, known] : known_) {
+      if (known.state == State::missing || known.state == State::notConnected) {
+        const std::size_t folder = columns_.folder ? path.rfind(L'\\') + 1 : 0;
+        const std::wstring_view whole = path;
+        counting_.hashes.insert(hashOf(whole.substr(0, folder), whole.substr(folder)));
+        counting_.paths.insert(path);
+      }
+    }
+  }
+  constexpr std::size_t betweenLooksAtTheClock = 256;
+  const std::size_t all = counting_.hashes.empty() ? 0 : list_.count();
+  while (counting_.next < all) {
+    const std::size_t item = counting_.next++;
+    // The hash saves making a path for each item.
+    if (counting_.hashes.contains(hashOf(folderOf(item), list_.cell(item, columns_.name))) &&
+        counting_.paths.contains(pathOf(item))) {
+      ++counting_.found;
+    }
+    if (counting_.next % betweenLooksAtTheClock == 0 && Clock::now() >= end) {
+      return true;
+    }
+  }
+  missing_ = counting_.found;
   counted_ = now;
-  missing_ = 0;
-  // Most lists have no missing entry, or few: the hash saves making a path for each item.
-  std::unordered_set<std::size_t> hashes;
-  std::unordered_set<std::wstring> paths;
-  for (const auto& [path, known] : known_) {
-    if (known.state == State::missing || known.state == State::notConnected) {
-      const std::size_t end = columns_.folder ? path.rfind(L'\\') + 1 : 0;
-      const std::wstring_view whole = path;
-      hashes.insert(hashOf(whole.substr(0, end), whole.substr(end)));
-      paths.insert(path);
-    }
-  }
-  for (std::size_t item = 0; !hashes.empty() && item < list_.count(); ++item) {
-    if (hashes.contains(hashOf(folderOf(item), list_.cell(item, columns_.name))) &&
-        paths.contains(pathOf(item))) {
-      ++missing_;
-    }
-  }
-  return missing_;
+  return false;
 }
 
 }  // namespace mainwindow

@@ -4,6 +4,7 @@
 // not asked by that: it is asked in the background, and only when the user wants to know.
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -13,6 +14,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -35,19 +37,20 @@ class Presence {
 
   /// Everything has to be looked at again, for example because a drive has come or gone.
   void beginAgain();
-  /// Looks at rows in view for about 5 ms. Returns true when some are left. After a load of the
-  /// list it begins again by itself.
+  /// Looks at rows in view, and counts, for about 5 ms. Returns true when something is left. After
+  /// a load of the list it begins again by itself.
   bool lookOn();
   /// Asks the slow drives for the rows in view, in the background. `done` is called when something
   /// is known.
   void askSlowDrives(const std::function<void()>& done);
 
-  /// Number of items that are known not to be there.
-  [[nodiscard]] std::size_t missing() const;
+  /// Number of items that are known not to be there, as they were counted last.
+  [[nodiscard]] std::size_t missing() const { return missing_; }
   /// The path of an item.
   [[nodiscard]] std::wstring pathOf(std::size_t item) const;
 
  private:
+  using Clock = std::chrono::steady_clock;
   enum class State { unknown, there, missing, notConnected };
   struct Known {
     State state = State::unknown;
@@ -68,6 +71,8 @@ class Presence {
   [[nodiscard]] State look(const std::wstring& path, State before);
   void learn(const std::wstring& path, State state);
   void forgetOld();
+  /// Counts until `end`. Returns true when items are left.
+  bool countOn(Clock::time_point end);
 
   controls::ListView& list_;
   PathColumns columns_;
@@ -79,9 +84,20 @@ class Presence {
   bool changed_ = false;
   /// Shared with the question that is asked in the background, which may outlive this object.
   std::shared_ptr<Answers> answers_;
-  mutable std::size_t missing_ = 0;
-  mutable std::pair<std::uint64_t, unsigned> counted_{0, 0};
   unsigned statesRevision_ = 1;
+  /// The revisions of the list and of what is known.
+  using Revisions = std::pair<std::uint64_t, unsigned>;
+  std::size_t missing_ = 0;
+  Revisions counted_{0, 0};
+  /// The count that is under way.
+  struct Counting {
+    Revisions of{0, 0};
+    std::unordered_set<std::size_t> hashes{};
+    std::unordered_set<std::wstring> paths{};
+    std::size_t next = 0;
+    std::size_t found = 0;
+  };
+  Counting counting_;
 };
 
 }  // namespace mainwindow

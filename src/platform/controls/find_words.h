@@ -20,11 +20,16 @@ class FindWords {
   /// Whether rows that hold all these words hold all of `former`, too: each of those is the
   /// beginning of the word in its place.
   [[nodiscard]] bool refines(const FindWords& former) const;
-  bool operator==(const FindWords&) const = default;
+  bool operator==(const FindWords& other) const;
 
  private:
+  /// One way of writing a word.
+  struct Form {
+    std::wstring text;
+    std::vector<char> starts;  ///< By unit: whether the word can begin with it.
+  };
   /// A word in each way of writing its accents; the first one as it was typed.
-  using Word = std::vector<std::wstring>;
+  using Word = std::vector<Form>;
   std::vector<Word> words_;
 };
 

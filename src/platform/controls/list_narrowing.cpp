@@ -2,6 +2,8 @@
 // editor of a name, which belongs to a row.
 #include <algorithm>
 #include <array>
+#include <numeric>
+#include <utility>
 
 #include "platform/controls/list_view.h"
 #include "platform/dispatcher.h"
@@ -57,17 +59,29 @@ void ListView::narrow(std::vector<Place>& places) const {
     }
   }
   Holder holder(words_, texts_, columns_.size());
-  std::erase_if(places, [&](Place place) {
+  const auto holdsAll = [&](std::size_t place) {
     const auto* const row = cells_.data() + place * rowLength_ + 1;
     for (std::size_t word = 0; word < words_.count(); ++word) {
       if (std::none_of(looked.begin(), looked.end(), [&](std::size_t column) {
             return holder.holds(word, column, row[column]);
           })) {
-        return true;
+        return false;
       }
     }
-    return false;
-  });
+    return true;
+  };
+  // In the order of the memory: in the order of the list nearly every row would have to be fetched
+  // from memory that no cache holds.
+  std::vector<bool> held(order_.size());
+  for (const Place place : places) {
+    held[place] = true;
+  }
+  for (std::size_t place = 0; place < held.size(); ++place) {
+    if (held[place]) {
+      held[place] = holdsAll(place);
+    }
+  }
+  std::erase_if(places, [&held](Place place) { return !held[place]; });
 }
 
 void ListView::ensureShown() const {
@@ -79,19 +93,34 @@ void ListView::ensureShown() const {
   }
 }
 
+void ListView::forgetShown() {
+  shown_ = std::vector<Place>();
+  former_.clear();
+  shownStale_ = true;
+}
+
 void ListView::setFind(const std::wstring& text) {
   FindWords words(text);
   findText_ = text;
   if (words == words_) {
     return;
   }
-  const bool fewer = narrowed() && !shownStale_ && words.refines(words_);
-  words_ = std::move(words);
-  if (fewer) {
-    narrow(shown_);
+  const bool current = narrowed() && !shownStale_;
+  if (current && words.refines(words_)) {
+    std::vector<Place> fewer = shown_;
+    former_.push_back({std::exchange(words_, std::move(words)), std::exchange(shown_, {})});
+    shownStale_ = true;  // until they are known, even if the memory runs out
+    narrow(fewer);
+    shown_ = std::move(fewer);
+    shownStale_ = false;
+  } else if (current && !former_.empty() && former_.back().words == words) {
+    // A letter was deleted again: these rows are known.
+    words_ = std::move(former_.back().words);
+    shown_ = std::move(former_.back().shown);
+    former_.pop_back();
   } else {
-    shown_ = std::vector<Place>();
-    shownStale_ = true;
+    words_ = std::move(words);
+    forgetShown();
   }
   keepSelectionShown();
   changed(Change::items);
@@ -102,6 +131,12 @@ void ListView::setFind(const std::wstring& text) {
 void ListView::keepSelectionShown() {
   if (!narrowed() || updating_ > 0 || rows() == 0 || selectedRow()) {
     return;
+  }
+  if (selected_ && !lost_) {
+    // Nobody has chosen the other one: a dialog that is about this item can find it again.
+    std::vector<std::size_t> all(rowLength_ - 1);
+    std::iota(all.begin(), all.end(), std::size_t{0});
+    lost_ = keyOf(*selected(), all);
   }
   selected_ = focused_ = shown(0);
 }
@@ -157,10 +192,12 @@ void ListView::acceptSelectedRow(std::size_t row) {
 
 std::optional<std::size_t> ListView::findRow(const std::wstring& prefix, std::size_t from) const {
   const std::wstring wanted = platform::text::upper(prefix);
+  ensureOrder();
   const std::size_t count = rows();
+  const std::vector<Place>& places = narrowed() ? shown_ : order_;
   for (std::size_t step = 0; step < count; ++step) {
     const std::size_t row = (from + step) % count;
-    if (platform::text::upperEquals(rowCell(row, 0).substr(0, wanted.size()), wanted)) {
+    if (platform::text::upperEquals(cellOf(places[row], 0).substr(0, wanted.size()), wanted)) {
       return row;
     }
   }

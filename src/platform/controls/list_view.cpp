@@ -69,7 +69,7 @@ void ListView::removeLast() noexcept {
   if (order_.empty()) {
     return;
   }
-  shownStale_ = true;
+  forgetShown();
   const auto last = static_cast<Place>(order_.size() - 1);
   // If the list was sorted meanwhile, the item may be anywhere in the order. Its row is reused for
   // the next item.
@@ -96,7 +96,6 @@ void ListView::clear() {
   cells_ = std::vector<TextStore::Ref>();
   order_ = std::vector<Place>();
   orderStale_ = false;
-  shown_ = std::vector<Place>();
   selected_.reset();
   focused_.reset();
   itemsChanged();
@@ -226,7 +225,7 @@ void ListView::setImages(const ImageList* large, const ImageList* small) {
 }
 
 void ListView::itemsChanged() {
-  shownStale_ = true;
+  forgetShown();
   ++revision_;
   if (updating_ == 0) {
     keepSelectionShown();

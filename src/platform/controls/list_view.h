@@ -282,6 +282,8 @@ class ListView : public Control {
   [[nodiscard]] Place shown(std::size_t row) const;
   [[nodiscard]] std::optional<std::size_t> rowAt(std::optional<Place> place) const;
   void ensureShown() const;
+  /// What is shown has to be found out anew.
+  void forgetShown();
   /// Removes the places whose items do not hold the words.
   void narrow(std::vector<Place>& places) const;
   void keepSelectionShown();
@@ -305,6 +307,12 @@ class ListView : public Control {
   FindWords words_;
   mutable std::vector<Place> shown_;  // the items that are shown, while the list is narrowed
   mutable bool shownStale_ = false;
+  /// What was shown before each letter that was typed since the items changed last.
+  struct Former {
+    FindWords words;
+    std::vector<Place> shown;
+  };
+  std::vector<Former> former_;
   std::wstring emptyText_;
   std::optional<NameEditor> editor_;
   std::optional<Place> selected_;

@@ -54,7 +54,7 @@ class TextStore {
   Block& blockFor(std::size_t units);
 
   std::vector<Block> blocks_;
-  std::array<Ref, 64> recent_{};  // by a hash of the text
+  std::array<Ref, 4096> recent_{};  // by a hash of the text
 };
 
 }  // namespace controls

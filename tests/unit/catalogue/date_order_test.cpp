@@ -98,6 +98,36 @@ TEST_F(DateOrder, TheMarksOfTheTimeAreTheUsersToo) {
   expectRising(swedish, {L"2026-03-04 2:00:00 fm", L"2026-03-04 1:00:00 em"});
 }
 
+TEST_F(DateOrder, AMarkMayHaveABlankInIt) {
+  const DateForm spanish{L"dd/MM/yyyy", {}, L"a. m.", L"p. m."};
+  expectRising(spanish, {L"05/03/2021 10:30:00 a. m.", L"05/03/2021 02:30:15 p. m."});
+}
+
+TEST_F(DateOrder, TheSeparatorMayBeQuoted) {
+  const DateForm chinese{L"yy'\u5E74'M'\u6708'd'\u65E5'", {}, L"", L""};
+  expectRising(chinese, {L"20\u5E7412\u67081\u65E5", L"21\u5E741\u67081\u65E5"});
+  const DateForm dotted{L"M' . 'd' . 'yyyy", {}, L"", L""};
+  expectRising(dotted, {L"3 . 4 . 2026", L"4 . 3 . 2026"});
+}
+
+TEST_F(DateOrder, TheDayOfTheWeekIsNoMonth) {
+  const DateForm italian{L"ddd d MMM yyyy",
+                         {L"gen", L"feb", L"mar", L"apr", L"mag", L"giu", L"lug", L"ago", L"set",
+                          L"ott", L"nov", L"dic"},
+                         L"",
+                         L""};
+  expectRising(italian, {L"mar 5 gen 2021", L"lun 4 mar 2021", L"mar 2 apr 2021"});
+}
+
+TEST_F(DateOrder, UnusualOrdersOfTheUserCount) {
+  expectRising({L"yyyy-dd-MM", {}, L"", L""}, {L"2026-04-03", L"2026-03-04"});
+  DateForm monthFirst = named;
+  monthFirst.pattern = L"MMM-yy-dd";
+  expectRising(monthFirst, {L"Mar-25-30", L"Mar-26-04", L"Apr-26-01"});
+  EXPECT_EQ(dateRank(L"Mar Mar May", named), 0U);
+  EXPECT_EQ(dateRank(L"Mar 5 May", named), 0U);
+}
+
 TEST_F(DateOrder, DigitsOfOtherScriptsCount) {
   EXPECT_EQ(dateRank(L"\u0663/\u0664/\u0662\u0660\u0662\u0666", american),
             dateRank(L"3/4/2026", american));

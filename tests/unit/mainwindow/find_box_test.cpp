@@ -202,6 +202,32 @@ TEST_F(FindBox, ARenameInANarrowedListWritesEveryItem) {
   EXPECT_EQ(shown(), Texts{}) << "It has another name now";
 }
 
+TEST_F(FindBox, TheWebDialogChangesTheEntryThatItIsAbout) {
+  desktop().putFile(L"C:\\App\\QMKWebList.txt",
+                    "\"Weather\",\"http://w/\"\r\n\"News\",\"http://n/\"\r\n");
+  switchTo(frmQMK::web);
+  modQMKGeneral::LoadWebList(window.webList);
+  window.lstQMK[frmQMK::web].select(0);
+  window.mnuRename_Click();
+  type(L"news");
+  window.webDialog()->txtName.setText(L"Storms");
+  window.webDialog()->cmdOK.fireClick();
+  EXPECT_EQ(desktop().bytesOf(L"C:\\App\\QMKWebList.txt"),
+            "\"Storms\",\"http://w/\"\r\n\"News\",\"http://n/\"\r\n");
+}
+
+TEST_F(FindBox, AFailedRenameLeavesNoHiddenEntrySelected) {
+  desktop().putFile(L"C:\\field\\North 1.fp3", "x");
+  desktop().putFile(L"C:\\field\\Taken.FP3", "x");
+  list.select(0);
+  window.editName(frmQMK::open);
+  type(L"south");
+  list.fireNameTyped(L"Taken");
+  EXPECT_TRUE(onlyMessage().starts_with(L"Problem saving to QMK list"));
+  EXPECT_EQ(list.selectedRow(), 0U);
+  EXPECT_EQ(list.text(list.selectedItem()), L"South 2.fp3");
+}
+
 TEST_F(FindBox, ALoadKeepsTheTextAndTheSelection) {
   desktop().putFile(L"C:\\App\\QMKFileList3.txt",
                     "\"fp3\",\"C:\\field\\North 1.fp3\",\"1\"\r\n"

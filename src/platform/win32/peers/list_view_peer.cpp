@@ -262,7 +262,8 @@ void ListViewPeer::showSelection() {
       native >= 0 && (!selected || static_cast<std::size_t>(native) != *selected)) {
     LVITEMW change{};
     change.stateMask = LVIS_SELECTED;
-    send(LVM_SETITEMSTATE, allItems, parameterFrom(&change));
+    // Not all items: under Wine that goes through each of them.
+    send(LVM_SETITEMSTATE, static_cast<WPARAM>(native), parameterFrom(&change));
   }
   if (focused && static_cast<int>(*focused) !=
                      static_cast<int>(send(LVM_GETNEXTITEM, allItems, LVNI_FOCUSED))) {

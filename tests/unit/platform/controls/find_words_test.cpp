@@ -85,6 +85,10 @@ TEST_F(FindWordsTest, CharactersBeyondTheTableAreFoundToo) {
   EXPECT_FALSE(finds(L"\U0001F332", L"pine"));
 }
 
+TEST_F(FindWordsTest, ANulIsNoAccent) {
+  EXPECT_FALSE(finds(L"pro", std::wstring_view(L"p\0ro", 4)));
+}
+
 TEST_F(FindWordsTest, AnAccentAloneIsFoundAsItIs) {
   EXPECT_TRUE(finds(L"\u0301", L"e\u0301"));
   EXPECT_FALSE(finds(L"\u0301", L"e"));

@@ -158,6 +158,35 @@ TEST_F(ListNarrowing, ALetterMoreAndALetterLessFindTheSameAsAtOnce) {
   }
 }
 
+TEST_F(ListNarrowing, AChangeOfTheItemsIsSeenWhenALetterIsDeleted) {
+  list.setFind(L"o");
+  list.setFind(L"of");
+  list.setText(0, L"none");
+  list.setFind(L"o");
+  EXPECT_EQ(list.rows(), 4U);
+  list.setFind(L"of");
+  list.add(L"xo", L"", {L"", L""});
+  list.setFind(L"o");
+  EXPECT_EQ(list.rows(), 5U);
+  list.setSorted(true);
+  list.setFind(L"of");
+  list.setSortOrder(descending);
+  list.setFind(L"o");
+  EXPECT_EQ(list.rowCell(0, 0), L"xo");
+}
+
+TEST_F(ListNarrowing, ASelectionThatMovedByItIsNotChosen) {
+  list.select(0);
+  EXPECT_FALSE(list.lostSelection());
+  list.setFind(L"office");
+  ASSERT_TRUE(list.lostSelection());
+  EXPECT_EQ(list.find(*list.lostSelection()), 0U);
+  list.setFind(L"west");
+  EXPECT_EQ(list.find(*list.lostSelection()), 0U) << "Still the one that was chosen";
+  list.acceptSelectedRow(0);
+  EXPECT_FALSE(list.lostSelection());
+}
+
 TEST_F(ListNarrowing, ReloadsKeepTheText) {
   list.setFind(L"office");
   list.rebuild({0}, [this] {

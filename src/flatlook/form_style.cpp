@@ -9,11 +9,6 @@ std::vector<std::unique_ptr<cFlatControl>>& objects() {
   return flatControls;
 }
 
-void attach(controls::Control& control, const controls::Window& form) {
-  objects().push_back(std::make_unique<cFlatControl>());
-  objects().back()->Attach(flatTargetOf(control, form));
-}
-
 void colour(controls::CoolButton& button, const ButtonColours& colours) {
   button.setBackColor(colours.background);
   button.setColorDarkShadow(colours.lines);
@@ -24,6 +19,11 @@ void colour(controls::CoolButton& button, const ButtonColours& colours) {
 }  // namespace
 
 const std::vector<std::unique_ptr<cFlatControl>>& FlatControls() { return objects(); }
+
+void attach(controls::Control& control, const controls::Window& form) {
+  objects().push_back(std::make_unique<cFlatControl>());
+  objects().back()->Attach(flatTargetOf(control, form));
+}
 
 void ApplyFlatStyle(controls::Window& form) {
   using controls::Kind;

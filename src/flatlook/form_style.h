@@ -27,6 +27,10 @@ inline constexpr ButtonColours hotColours{0xC0FFFF, 0x0080FF};   ///< Pale yello
 /// get a frame (locked text boxes get none), image buttons get their idle colours.
 void ApplyFlatStyle(controls::Window& form);
 
+/// Gives one control its frame. For a control whose native window did not exist yet when the window
+/// was loaded.
+void attach(controls::Control& control, const controls::Window& form);
+
 /// Colours for a button when the pointer enters it and when the pointer leaves it.
 void SetButtonHot(controls::CoolButton& button);
 void SetButtonIdle(controls::CoolButton& button);

@@ -31,7 +31,7 @@ MainLayout layOut(platform::Size client, int dpi, const MeasuredParts& parts) {
   const int boxWidth =
       std::min(std::clamp(layout.list.width - scaled(240, dpi), scaled(120, dpi), scaled(200, dpi)),
                layout.list.width);
-  const int boxBottom = layout.list.top - padding - scaled(3, dpi);
+  const int boxBottom = layout.list.top - padding - scaled(5, dpi);
   layout.findBox = {layout.list.right() - boxWidth, std::max(0, boxBottom - boxHeight), boxWidth,
                     boxHeight};
   const int side = std::max(0, boxHeight - 2 * ring);

@@ -12,6 +12,7 @@
 #include "platform/dispatcher.h"
 #include "platform/files.h"
 #include "platform/help.h"
+#include "platform/native_windows.h"
 #include "platform/session.h"
 #include "platform/trap.h"
 #include "platform/windows.h"
@@ -298,8 +299,14 @@ void frmQMK::layout(platform::Size client, int dpi) {
   dpi_ = dpi;
   barMain.setBounds(places.toolbar);
   cmdClearFind.setBounds(places.clearButton);
+  if (txtFind.margin() == 0 &&
+      platform::native::windowOf(txtFind) != platform::native::WindowHandle::none) {
+    // The frame's native controls are created after its load.
+    OC_COLOR::attach(txtFind, *this);
+  }
   txtFind.setBounds(places.findBox);
-  TabMain.setHole(places.findBox);
+  // The frame of a flat box is drawn on the window, up to one pixel outside its rectangle.
+  TabMain.setHole(platform::inset(places.findBox, -1));
   barStatus.setBounds(places.statusBar);
   TabMain.setBounds(places.tabs);
   for (std::size_t i = 0; i < lstQMK.size(); ++i) {

@@ -15,7 +15,12 @@ std::wstring StatusBarReader::part(int index) const {
 }
 
 std::wstring StatusBarReader::note() const {
-  return SendMessageW(bar_, SB_ISSIMPLE, 0, 0) == 0 ? std::wstring() : part(SB_SIMPLEID);
+  if (SendMessageW(bar_, SB_ISSIMPLE, 0, 0) == 0) {
+    return {};
+  }
+  const std::wstring text = part(SB_SIMPLEID);
+  // Wine gives the text under the number of the first part.
+  return text.empty() ? part(0) : text;
 }
 
 }  // namespace harness

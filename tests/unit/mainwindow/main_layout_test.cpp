@@ -146,8 +146,8 @@ TEST(MainLayoutTest, HasItsDesignedGaps) {
   EXPECT_EQ(layout.listOnOpen, (Rect{17, 81, 766, 448}));
   EXPECT_EQ(layout.browseButton, (Rect{687, 535, 96, 28}));
   EXPECT_EQ(layout.statusBar, (Rect{0, 578, 800, 22}));
-  EXPECT_EQ(layout.findBox, (Rect{583, 53, 200, 19}));
-  EXPECT_EQ(layout.clearButton, (Rect{766, 55, 15, 15}));
+  EXPECT_EQ(layout.findBox, (Rect{583, 51, 200, 19}));
+  EXPECT_EQ(layout.clearButton, (Rect{766, 53, 15, 15}));
 }
 
 TEST(MainLayoutTest, ItsGapsGrowWithTheDpi) {
@@ -208,6 +208,7 @@ TEST_F(MainWindowTest, TheControlsStandWhereTheLayoutPutsThem) {
     // A flat text box leaves free the ring around it.
     EXPECT_EQ(window.txtFind.bounds(), platform::inset(expected.findBox, window.txtFind.margin()));
     EXPECT_EQ(window.cmdClearFind.bounds(), expected.clearButton);
+    EXPECT_EQ(window.TabMain.hole(), platform::inset(expected.findBox, -1));
   }
 }
 

@@ -55,9 +55,7 @@ void frmQMK::cmdClearFind_Click() {
   txtFind_Typed();
 }
 
-bool frmQMK::nothingFound(const ListView& list) const {
-  return list.narrowed() && list.rows() == 0;
-}
+bool frmQMK::nothingFound(const ListView& list) { return list.narrowed() && list.rows() == 0; }
 
 void frmQMK::setNewestFirst(bool on) {
   commands.item(ids::mnuNewestFirst).setChecked(on);

@@ -140,7 +140,7 @@ class frmQMK : public controls::Window {
   void showViewMode(bool report);
   void setNewestFirst(bool on);
   /// Whether the find box hides every entry of a list, so that none can be meant.
-  [[nodiscard]] bool nothingFound(const controls::ListView& list) const;
+  [[nodiscard]] static bool nothingFound(const controls::ListView& list);
   /// The way to look for missing entries of a list; nullptr for lists without such.
   [[nodiscard]] mainwindow::Presence* presenceOf(int index);
   /// Lets the x look like a part of the box while the pointer is elsewhere.

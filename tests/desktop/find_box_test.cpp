@@ -4,6 +4,7 @@
 #include "harness/forms.h"
 #include "harness/link_file.h"
 #include "harness/looks.h"
+#include "harness/profile.h"
 #include "harness/status_bar.h"
 
 namespace desktop_tests {
@@ -11,9 +12,19 @@ namespace {
 
 using harness::pressKey;
 
-class FindAndSee : public GatewayTest {
+/// The parameter is the dpi of the screen.
+class FindAndSee : public GatewayTest, public ::testing::WithParamInterface<DWORD> {
  protected:
-  void SetUp() override { GatewayApp::skipExample(); }
+  void SetUp() override {
+    if (const auto why = harness::whyNoDensity(GetParam())) {
+      GTEST_SKIP() << *why;
+    }
+    density_ = std::make_unique<harness::ScreenDensity>(GetParam());
+    GatewayApp::skipExample();
+  }
+  [[nodiscard]] static int scaled(int length) {
+    return MulDiv(length, static_cast<int>(GetParam()), USER_DEFAULT_SCREEN_DPI);
+  }
 
   /// Three files elsewhere, of which the last one is not there.
   void startWithFiles() {
@@ -47,12 +58,13 @@ class FindAndSee : public GatewayTest {
     harness::waitUntil("the find box has the focus", [&] { return focus() == box(); });
   }
 
+  std::unique_ptr<harness::ScreenDensity> density_;
   std::wstring north_;
   std::wstring south_;
   std::wstring gone_;
 };
 
-TEST_F(FindAndSee, TypingNarrowsTheListAndEscShowsEverything) {
+TEST_P(FindAndSee, TypingNarrowsTheListAndEscShowsEverything) {
   startWithFiles();
   goToBox();
   harness::typeText(L"field sou");
@@ -72,7 +84,7 @@ TEST_F(FindAndSee, TypingNarrowsTheListAndEscShowsEverything) {
   EXPECT_TRUE(happens("it comes", [&] { return focus() == app->list(Tab::open).window(); }));
 }
 
-TEST_F(FindAndSee, EachTabKeepsItsTextAndAReloadDoesToo) {
+TEST_P(FindAndSee, EachTabKeepsItsTextAndAReloadDoesToo) {
   startWithFiles();
   goToBox();
   harness::typeText(L"north");
@@ -86,7 +98,7 @@ TEST_F(FindAndSee, EachTabKeepsItsTextAndAReloadDoesToo) {
   EXPECT_TRUE(eventually([&] { return shown(); }, ElementsAre(L"North 1.fp3", L"North 9.fp3")));
 }
 
-TEST_F(FindAndSee, TheXClearsTheBox) {
+TEST_P(FindAndSee, TheXClearsTheBox) {
   startWithFiles();
   EXPECT_EQ(IsWindowVisible(clear()), FALSE);
   goToBox();
@@ -99,7 +111,7 @@ TEST_F(FindAndSee, TheXClearsTheBox) {
   EXPECT_TRUE(happens("it comes", [&] { return IsWindowVisible(clear()) == FALSE; }));
 }
 
-TEST_F(FindAndSee, DownGoesToTheListAndEnterOpens) {
+TEST_P(FindAndSee, DownGoesToTheListAndEnterOpens) {
   app->addAllTools();
   startWithFiles();
   goToBox();
@@ -113,23 +125,24 @@ TEST_F(FindAndSee, DownGoesToTheListAndEnterOpens) {
   EXPECT_TRUE(happens("it comes", [&] { return focus() == app->list(Tab::open).window(); }));
 }
 
-TEST_F(FindAndSee, TheBoxEndsWithTheListAboveIt) {
+TEST_P(FindAndSee, TheBoxEndsWithTheListAboveIt) {
   startWithFiles();
   const RECT place = harness::screenRect(box());
   const RECT list = harness::screenRect(app->list(Tab::open).window());
   constexpr int ring = 2;
   EXPECT_LE(std::abs(place.right - list.right), ring);
   EXPECT_LT(place.bottom, list.top);
-  EXPECT_LE(std::abs(place.right - place.left - 200), 2 * ring);
+  EXPECT_LE(std::abs(place.right - place.left - scaled(200)), 2 * ring);
   EXPECT_GT(place.left, app->tabs().tabOnScreen(3).right);
   SetWindowPos(app->main(), nullptr, 0, 0, 10, 10, SWP_NOMOVE | SWP_NOZORDER);
   EXPECT_TRUE(happens("it comes", [&] {
     const RECT small = harness::screenRect(box());
-    return small.right - small.left >= 116 && small.left > app->tabs().tabOnScreen(3).right;
+    return small.right - small.left >= scaled(120) - 2 * ring &&
+           small.left > app->tabs().tabOnScreen(3).right;
   }));
 }
 
-TEST_F(FindAndSee, ScreenReadersHearWhatTheBoxAndTheLineAre) {
+TEST_P(FindAndSee, ScreenReadersHearWhatTheBoxAndTheLineAre) {
   startWithFiles();
   EXPECT_EQ(harness::spokenOf(box()).name, L"Find");
   EXPECT_NE(harness::spokenOf(status().window()).name, L"");
@@ -141,7 +154,7 @@ TEST_F(FindAndSee, ScreenReadersHearWhatTheBoxAndTheLineAre) {
 
 // --- the status line ---
 
-TEST_F(FindAndSee, TheStatusLineFollowsSelectionAndTab) {
+TEST_P(FindAndSee, TheStatusLineFollowsSelectionAndTab) {
   startWithFiles();
   EXPECT_TRUE(eventually([&] { return status().part(0); }, L"3 files, 1 missing"));
   app->selectTab(Tab::newFile);
@@ -151,7 +164,7 @@ TEST_F(FindAndSee, TheStatusLineFollowsSelectionAndTab) {
   EXPECT_TRUE(eventually([&] { return status().part(0); }, L"0 web shortcuts"));
 }
 
-TEST_F(FindAndSee, ALongPathIsShortenedInItsMiddle) {
+TEST_P(FindAndSee, ALongPathIsShortenedInItsMiddle) {
   const std::wstring folder = std::wstring(60, L'f');
   const std::wstring file = app->addFileElsewhere(folder + L"\\" + folder + L"\\plot.fp3");
   app->writeCatalogue(record(L"FP3", file));
@@ -165,7 +178,7 @@ TEST_F(FindAndSee, ALongPathIsShortenedInItsMiddle) {
   }));
 }
 
-TEST_F(FindAndSee, AnOpenMenuExplainsItsEntries) {
+TEST_P(FindAndSee, AnOpenMenuExplainsItsEntries) {
   startWithFiles();
   harness::bringToFront(app->main());
   for (const int key : {VK_F10, VK_RIGHT, VK_RIGHT, VK_DOWN}) {
@@ -187,7 +200,7 @@ TEST_F(FindAndSee, AnOpenMenuExplainsItsEntries) {
   EXPECT_TRUE(eventually([&] { return status().note(); }, L""));
 }
 
-TEST_F(FindAndSee, TheGripSizesTheWindow) {
+TEST_P(FindAndSee, TheGripSizesTheWindow) {
   startWithFiles();
   const RECT bar = harness::screenRect(status().window());
   EXPECT_EQ(
@@ -203,7 +216,7 @@ TEST_F(FindAndSee, TheGripSizesTheWindow) {
 
 // --- missing entries ---
 
-TEST_F(FindAndSee, AMissingFileIsGreyAndHasATip) {
+TEST_P(FindAndSee, AMissingFileIsGreyAndHasATip) {
   startWithFiles();
   EXPECT_TRUE(eventually([&] { return status().part(0); }, L"3 files, 1 missing"));
   const harness::ListViewReader list = app->list(Tab::open);
@@ -217,7 +230,7 @@ TEST_F(FindAndSee, AMissingFileIsGreyAndHasATip) {
   EXPECT_EQ(harness::waitForToolTip(app->list(Tab::open).window()), L"Not there: " + gone_);
 }
 
-TEST_F(FindAndSee, AFileThatComesBackIsNoLongerMissing) {
+TEST_P(FindAndSee, AFileThatComesBackIsNoLongerMissing) {
   startWithFiles();
   EXPECT_TRUE(eventually([&] { return status().part(0); }, L"3 files, 1 missing"));
   app->addFileElsewhere(L"office\\Gone 3.bi3");
@@ -225,7 +238,7 @@ TEST_F(FindAndSee, AFileThatComesBackIsNoLongerMissing) {
   EXPECT_TRUE(eventually([&] { return status().part(0); }, L"3 files"));
 }
 
-TEST_F(FindAndSee, ADriveThatIsNotThereIsTheReason) {
+TEST_P(FindAndSee, ADriveThatIsNotThereIsTheReason) {
   app->writeCatalogue(record(L"FP3", L"Q:\\field\\plot.fp3"));
   app->startToMain();
   app->selectTab(Tab::open);
@@ -236,7 +249,7 @@ TEST_F(FindAndSee, ADriveThatIsNotThereIsTheReason) {
 
 // --- order and columns ---
 
-TEST_F(FindAndSee, NewestFirstIsRememberedForTheNextStart) {
+TEST_P(FindAndSee, NewestFirstIsRememberedForTheNextStart) {
   startWithFiles();
   app->command(ids::mnuNewestFirst);
   EXPECT_TRUE(eventually([&] { return shown().front(); }, L"Gone 3.bi3"));
@@ -251,7 +264,7 @@ TEST_F(FindAndSee, NewestFirstIsRememberedForTheNextStart) {
   EXPECT_FALSE(harness::menuEntry(app->main(), ids::mnuNewestFirst).checked);
 }
 
-TEST_F(FindAndSee, FitColumnsShowsEveryNameWhole) {
+TEST_P(FindAndSee, FitColumnsShowsEveryNameWhole) {
   const std::wstring file = app->addFileElsewhere(L"field\\" + std::wstring(40, L'n') + L".fp3");
   app->writeCatalogue(record(L"FP3", file));
   app->startToMain();
@@ -277,7 +290,7 @@ TEST_F(FindAndSee, FitColumnsShowsEveryNameWhole) {
 
 // --- names ---
 
-TEST_F(FindAndSee, F2EditsTheNameInTheList) {
+TEST_P(FindAndSee, F2EditsTheNameInTheList) {
   startWithFiles();
   harness::ListViewReader list = app->list(Tab::open);
   harness::clickAt(harness::centreOf(list.textOnScreen(list.find(L"North 1.fp3").value())),
@@ -298,7 +311,7 @@ TEST_F(FindAndSee, F2EditsTheNameInTheList) {
   EXPECT_TRUE(happens("it comes", [&] { return focus() == list.window(); }));
 }
 
-TEST_F(FindAndSee, EscLeavesTheNameAndAReloadLeavesTheEditor) {
+TEST_P(FindAndSee, EscLeavesTheNameAndAReloadLeavesTheEditor) {
   startWithFiles();
   harness::ListViewReader list = app->list(Tab::open);
   harness::clickAt(harness::centreOf(list.textOnScreen(list.find(L"South 2.fp3").value())),
@@ -318,7 +331,7 @@ TEST_F(FindAndSee, EscLeavesTheNameAndAReloadLeavesTheEditor) {
   EXPECT_THAT(shown(), ElementsAre(L"Another.fp3", L"North 1.fp3", L"South 2.fp3"));
 }
 
-TEST_F(FindAndSee, ASlowSecondClickEditsTheNameAndAFastOneOpens) {
+TEST_P(FindAndSee, ASlowSecondClickEditsTheNameAndAFastOneOpens) {
   startWithFiles();
   harness::ListViewReader list = app->list(Tab::open);
   const POINT name = harness::centreOf(list.textOnScreen(list.find(L"North 1.fp3").value()));
@@ -338,7 +351,7 @@ TEST_F(FindAndSee, ASlowSecondClickEditsTheNameAndAFastOneOpens) {
   EXPECT_EQ(editor(), nullptr);
 }
 
-TEST_F(FindAndSee, AnEmptyListSaysWhatToDo) {
+TEST_P(FindAndSee, AnEmptyListSaysWhatToDo) {
   app->writeCatalogue("");
   app->startToMain();
   app->selectTab(Tab::open);
@@ -348,6 +361,9 @@ TEST_F(FindAndSee, AnEmptyListSaysWhatToDo) {
   EXPECT_TRUE(happens("it comes", [&] { return harness::writingAt(line).pixels > 100; }));
   EXPECT_TRUE(eventually([&] { return status().part(0); }, L"0 files"));
 }
+
+INSTANTIATE_TEST_SUITE_P(At, FindAndSee, ::testing::Values(96, 144),
+                         [](const auto& dpi) { return std::to_string(dpi.param) + "Dpi"; });
 
 }  // namespace
 }  // namespace desktop_tests

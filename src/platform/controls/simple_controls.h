@@ -78,7 +78,7 @@ class TextBox : public Control {
   std::function<void()> onTyped;
   /// A key goes down in the box; true when the handler has dealt with it.
   std::function<bool(const KeyStroke&)> onKey;
-  bool fireKey(const KeyStroke& stroke) {
+  bool fireKey(const KeyStroke& stroke) const {
     bool taken = false;
     const bool succeeded = platform::dispatch([&] { taken = onKey != nullptr && onKey(stroke); });
     return taken || !succeeded;

@@ -107,14 +107,20 @@ std::size_t readWord(std::wstring_view text, std::size_t at, const Reading& read
     return !name.empty() && word.starts_with(name);
   };
   if (pieces.count >= 3) {
-    // A mark may have a blank in it.
+    // A mark may have a blank in it, and may stand before the time.
     const std::wstring rest = platform::text::upper(text.substr(at));
     const auto isMark = [&rest](const std::wstring& mark) {
       return !mark.empty() && rest.starts_with(mark);
     };
-    pieces.afternoon = pieces.afternoon || isMark(reading.afternoon) || word == L"PM";
-    pieces.morning = pieces.morning || isMark(reading.morning) || word == L"AM";
-    return isMark(reading.afternoon) || isMark(reading.morning) ? text.size() : end;
+    for (const auto& [mark, afternoon] :
+         {std::pair(reading.afternoon, true), std::pair(reading.morning, false),
+          std::pair(std::wstring(L"PM"), true), std::pair(std::wstring(L"AM"), false)}) {
+      if (isMark(mark)) {
+        (afternoon ? pieces.afternoon : pieces.morning) = true;
+        return at + mark.size();
+      }
+    }
+    return end;
   }
   // The long names come last and are tried first: a short one may be the beginning of a long one.
   for (std::size_t n = reading.months.size(); n-- > 0;) {

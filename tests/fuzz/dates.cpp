@@ -25,14 +25,31 @@ struct Moment {
 };
 
 /// Short dates and times as users of different countries have them.
-constexpr std::array<const wchar_t*, 16> patterns{
-    L"M/d/yyyy",    L"dd/MM/yyyy",  L"dd.MM.yyyy", L"yyyy-MM-dd",    L"yyyy/M/d",  L"d.M.yy",
-    L"M/d/yy",      L"d. M. yyyy.", L"dd-MM-yy",   L"yyyy. MM. dd.", L"dd-MMM-yy", L"d MMMM yyyy",
-    L"MMM d, yyyy", L"yy/MM/dd",    L"MM-dd-yy",   L"d.M.yyyy 'r.'"};
+constexpr std::array<const wchar_t*, 18> patterns{L"M/d/yyyy",
+                                                  L"dd/MM/yyyy",
+                                                  L"dd.MM.yyyy",
+                                                  L"yyyy-MM-dd",
+                                                  L"yyyy/M/d",
+                                                  L"d.M.yy",
+                                                  L"M/d/yy",
+                                                  L"d. M. yyyy.",
+                                                  L"dd-MM-yy",
+                                                  L"yyyy. MM. dd.",
+                                                  L"dd-MMM-yy",
+                                                  L"d MMMM yyyy",
+                                                  L"MMM d, yyyy",
+                                                  L"yy/MM/dd",
+                                                  L"MM-dd-yy",
+                                                  L"d.M.yyyy 'r.'",
+                                                  L"yy'\u5E74'M'\u6708'd'\u65E5'",
+                                                  L"M' . 'd' . 'yyyy"};
 constexpr std::array<const wchar_t*, 5> times{L"", L" h:mm:ss tt", L" HH:mm:ss", L" tt h:mm:ss",
                                               L" H.mm.ss"};
-const std::array<std::array<std::wstring, 2>, 4> marks{
-    {{L"AM", L"PM"}, {L"a.m.", L"p.m."}, {L"\u4E0A\u5348", L"\u4E0B\u5348"}, {L"dop.", L"odp."}}};
+const std::array<std::array<std::wstring, 2>, 5> marks{{{L"AM", L"PM"},
+                                                        {L"a.m.", L"p.m."},
+                                                        {L"\u4E0A\u5348", L"\u4E0B\u5348"},
+                                                        {L"dop.", L"odp."},
+                                                        {L"a. m.", L"p. m."}}};
 const std::vector<std::wstring> months{
     L"Jan", L"Feb",  L"Mar",  L"Apr",    L"May",       L"Jun",      L"Jul",      L"Aug",
     L"Sep", L"Oct",  L"Nov",  L"Dec",    L"January",   L"February", L"March",    L"April",

@@ -1,6 +1,7 @@
 #include "platform/controls/find_words.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <span>
 
 #include "platform/text.h"
@@ -11,10 +12,13 @@ using platform::text::SearchForm;
 
 namespace {
 
+/// The place of a unit in a table by unit.
+std::size_t placeOf(wchar_t unit) { return static_cast<std::uint32_t>(unit); }
+
 /// The form of a unit. A character beyond the table, where the platform has such units, is its own
 /// form as far as it fits.
 SearchForm formOf(std::span<const SearchForm> forms, wchar_t unit) {
-  const auto place = static_cast<std::size_t>(unit);
+  const std::size_t place = placeOf(unit);
   return place < forms.size()
              ? forms[place]
              : SearchForm{static_cast<char16_t>(unit), static_cast<char16_t>(unit)};
@@ -43,12 +47,13 @@ bool beginsWith(std::span<const SearchForm> forms, std::wstring_view text, std::
   return true;
 }
 
-/// Whether each unit can be the first one of `word`: most units of a text are passed over by one
-/// look into this table. Rows `find.1m` and `find.1m.delete` of ./bench.
+/// Whether each of the first units can be the first one of `word`: most units of a text are passed
+/// over by one look into this table. Rows `find.1m` and `find.1m.delete` of ./bench.
 std::vector<char> startsOf(std::span<const SearchForm> forms, std::wstring_view word) {
+  constexpr std::size_t units = 256;
   const SearchForm first = formOf(forms, word.front());
-  std::vector<char> starts(forms.size());
-  std::transform(forms.begin(), forms.end(), starts.begin(),
+  std::vector<char> starts(units);
+  std::transform(forms.begin(), forms.begin() + units, starts.begin(),
                  [&first](const SearchForm& there) { return equal(first, there) ? 1 : 0; });
   return starts;
 }
@@ -57,7 +62,7 @@ bool occurs(std::span<const SearchForm> forms, const std::vector<char>& starts,
             std::wstring_view text, std::wstring_view word) {
   const char* const table = starts.data();
   for (std::size_t at = 0; at < text.size(); ++at) {
-    const auto unit = static_cast<std::size_t>(text[at]);
+    const std::size_t unit = placeOf(text[at]);
     if ((unit >= starts.size() || table[unit] != 0) && beginsWith(forms, text.substr(at), word)) {
       return true;
     }

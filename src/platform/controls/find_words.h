@@ -26,7 +26,8 @@ class FindWords {
   /// One way of writing a word.
   struct Form {
     std::wstring text;
-    std::vector<char> starts;  ///< By unit: whether the word can begin with it.
+    std::vector<char>
+        starts;  ///< By unit, for the first units: whether the word can begin with it.
   };
   /// A word in each way of writing its accents; the first one as it was typed.
   using Word = std::vector<Form>;

@@ -103,6 +103,12 @@ TEST_F(DateOrder, AMarkMayHaveABlankInIt) {
   expectRising(spanish, {L"05/03/2021 10:30:00 a. m.", L"05/03/2021 02:30:15 p. m."});
 }
 
+TEST_F(DateOrder, AMarkMayStandBeforeTheTime) {
+  const DateForm chinese{L"yyyy/M/d", {}, L"\u4E0A\u5348", L"\u4E0B\u5348"};
+  expectRising(chinese, {L"2026/3/4 \u4E0A\u5348 10:30:00", L"2026/3/4 \u4E0A\u534811:00:00",
+                         L"2026/3/4 \u4E0B\u5348 2:30:15", L"2026/3/4 \u4E0B\u53482:30:16"});
+}
+
 TEST_F(DateOrder, TheSeparatorMayBeQuoted) {
   const DateForm chinese{L"yy'\u5E74'M'\u6708'd'\u65E5'", {}, L"", L""};
   expectRising(chinese, {L"20\u5E7412\u67081\u65E5", L"21\u5E741\u67081\u65E5"});

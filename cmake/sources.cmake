@@ -3,6 +3,7 @@
 set(platform_sources
   src/platform/code_page.cpp
   src/platform/dispatcher.cpp
+  src/platform/drives.cpp
   src/platform/error_report.cpp
   src/platform/processes.cpp
   src/platform/run_time_error.cpp

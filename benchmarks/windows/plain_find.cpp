@@ -31,16 +31,6 @@ struct Find {
 
 Find find;
 
-std::wstring wide(std::string_view bytes) {
-  std::wstring text(bytes.size(), L'\0');
-  if (!bytes.empty()) {
-    text.resize(static_cast<std::size_t>(
-        MultiByteToWideChar(CP_ACP, 0, bytes.data(), static_cast<int>(bytes.size()), text.data(),
-                            static_cast<int>(text.size()))));
-  }
-  return text;
-}
-
 std::wstring labelOf(std::string_view type) {
   constexpr std::size_t code = 1;  // the types differ in their second letter
   switch (type.size() > code ? type[code] : '\0') {

@@ -17,16 +17,6 @@ namespace {
 
 constexpr int columnCount = 5;
 
-std::wstring wide(std::string_view bytes) {
-  std::wstring text(bytes.size(), L'\0');
-  if (!bytes.empty()) {
-    text.resize(static_cast<std::size_t>(
-        MultiByteToWideChar(CP_ACP, 0, bytes.data(), static_cast<int>(bytes.size()), text.data(),
-                            static_cast<int>(text.size()))));
-  }
-  return text;
-}
-
 int CALLBACK byName(LPARAM a, LPARAM b, LPARAM names) {
   const auto& all = *std::bit_cast<const std::vector<std::wstring>*>(names);
   return lstrcmpiW(all[static_cast<std::size_t>(a)].c_str(),

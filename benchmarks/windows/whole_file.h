@@ -92,4 +92,15 @@ inline bool nextRecord(std::string_view& left, PlainRecord& record) {
   return true;
 }
 
+/// Bytes of the system's code page as text.
+inline std::wstring wide(std::string_view bytes) {
+  std::wstring text(bytes.size(), L'\0');
+  if (!bytes.empty()) {
+    text.resize(static_cast<std::size_t>(
+        MultiByteToWideChar(CP_ACP, 0, bytes.data(), static_cast<int>(bytes.size()), text.data(),
+                            static_cast<int>(text.size()))));
+  }
+  return text;
+}
+
 }  // namespace bench

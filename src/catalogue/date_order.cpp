@@ -27,8 +27,13 @@ struct Reading {
 
 Reading readingOf(const DateForm& form) {
   Reading reading;
+  std::wstring_view pattern = form.pattern;
+  reading.weekdayFirst = pattern.starts_with(L"ddd");
+  if (reading.weekdayFirst) {
+    pattern.remove_prefix(std::min(pattern.find_first_not_of(L'd'), pattern.size()));
+  }
   bool quoted = false;
-  for (const wchar_t c : form.pattern) {
+  for (const wchar_t c : pattern) {
     if (c == L'\'') {
       quoted = !quoted;
       continue;
@@ -39,15 +44,6 @@ Reading readingOf(const DateForm& form) {
     } else if (!letter && reading.order.size() == 1 && reading.separator == 0) {
       reading.separator = c;
     }
-  }
-  reading.weekdayFirst = form.pattern.starts_with(L"ddd");
-  if (reading.weekdayFirst) {
-    // The first "d" was that of the day of the week.
-    DateForm rest = form;
-    rest.pattern.erase(0, std::min(rest.pattern.find_first_not_of(L'd'), rest.pattern.size()));
-    reading = readingOf(rest);
-    reading.weekdayFirst = true;
-    return reading;
   }
   for (const std::wstring& month : form.months) {
     reading.months.push_back(platform::text::upper(month));

@@ -1,5 +1,7 @@
 #include "flatlook/form_style.h"
 
+#include "platform/native_windows.h"
+
 namespace OC_COLOR {
 
 namespace {
@@ -9,6 +11,13 @@ std::vector<std::unique_ptr<cFlatControl>>& objects() {
   return flatControls;
 }
 
+void attach(controls::Control& control, const controls::Window& form) {
+  objects().push_back(std::make_unique<cFlatControl>());
+  objects().back()->Attach(flatTargetOf(control, form));
+}
+
+}  // namespace
+
 void colour(controls::CoolButton& button, const ButtonColours& colours) {
   button.setBackColor(colours.background);
   button.setColorDarkShadow(colours.lines);
@@ -16,13 +25,14 @@ void colour(controls::CoolButton& button, const ButtonColours& colours) {
   button.setColorLightShadow(colours.lines);
 }
 
-}  // namespace
-
 const std::vector<std::unique_ptr<cFlatControl>>& FlatControls() { return objects(); }
 
-void attach(controls::Control& control, const controls::Window& form) {
-  objects().push_back(std::make_unique<cFlatControl>());
-  objects().back()->Attach(flatTargetOf(control, form));
+void attachLate(controls::Control& control, const controls::Window& form) {
+  // A control that has its frame has the margin for it.
+  if (control.margin() == 0 &&
+      platform::native::windowOf(control) != platform::native::WindowHandle::none) {
+    attach(control, form);
+  }
 }
 
 void ApplyFlatStyle(controls::Window& form) {

@@ -27,10 +27,12 @@ inline constexpr ButtonColours hotColours{0xC0FFFF, 0x0080FF};   ///< Pale yello
 /// get a frame (locked text boxes get none), image buttons get their idle colours.
 void ApplyFlatStyle(controls::Window& form);
 
-/// Gives one control its frame. For a control whose native window did not exist yet when the window
-/// was loaded.
-void attach(controls::Control& control, const controls::Window& form);
+/// Gives a text box the frame that it could not get while its window was loaded, because its native
+/// control did not exist yet. Does nothing for one that has its frame. To be called at each layout.
+void attachLate(controls::Control& control, const controls::Window& form);
 
+/// Gives an image button a set of colours.
+void colour(controls::CoolButton& button, const ButtonColours& colours);
 /// Colours for a button when the pointer enters it and when the pointer leaves it.
 void SetButtonHot(controls::CoolButton& button);
 void SetButtonIdle(controls::CoolButton& button);

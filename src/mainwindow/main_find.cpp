@@ -3,6 +3,7 @@
 
 #include "catalogue/catalogue_view.h"
 #include "catalogue/date_order.h"
+#include "flatlook/form_style.h"
 #include "mainwindow/control_ids.h"
 #include "mainwindow/main_window.h"
 #include "platform/native_windows.h"
@@ -16,15 +17,14 @@ void frmQMK::calmClearButton() {
   constexpr std::uint32_t windowBackground = 0x80000005;
   constexpr std::uint32_t white = 0xFFFFFF;
   const auto colour = platform::native::translateColour(windowBackground).value_or(white);
-  cmdClearFind.setBackColor(colour);
-  cmdClearFind.setColorDarkShadow(colour);
-  cmdClearFind.setColorHighlight(colour);
-  cmdClearFind.setColorLightShadow(colour);
+  OC_COLOR::colour(cmdClearFind, {colour, colour});
 }
+
+void frmQMK::showClearButton() { cmdClearFind.setVisible(!txtFind.text().empty()); }
 
 void frmQMK::txtFind_Typed() {
   calmClearButton();  // the system's colours may be others by now
-  cmdClearFind.setVisible(!txtFind.text().empty());
+  showClearButton();
   currentList().setFind(txtFind.text());
 }
 

@@ -16,7 +16,6 @@
 
 namespace dialogs = platform::dialogs;
 using controls::ListView;
-using mainwindow::Presence;
 using platform::text::upper;
 
 namespace {
@@ -66,7 +65,7 @@ void frmQMK::TabMain_Click(int newTab) {
   showViewMode(list.view() != controls::iconView);
   commands.showTab(newTab);
   txtFind.setText(list.findText());
-  cmdClearFind.setVisible(!list.findText().empty());
+  showClearButton();
   tmrIdle.setEnabled(true);
   if (newTab == web) {
     // The web list always starts in report view, whatever its tag says.
@@ -224,12 +223,8 @@ void frmQMK::lstQMK_DblClick(int index) {
   if (nothingFound(lstQMK.at(static_cast<std::size_t>(index)))) {
     return;
   }
-  if (Presence* const presence = presenceOf(index)) {
-    // Opening may find that something is not there, or that it is there again.
-    presence->beginAgain();
-    presence->askSlowDrives([this] { tmrIdle.setEnabled(true); });
-    tmrIdle.setEnabled(true);
-  }
+  // Opening may find that something is not there, or that it is there again.
+  lookAgainEverywhere(index);
   switch (index) {
     case tools:
       if (modSC::startSelectedShortcut(shortcuts)) {

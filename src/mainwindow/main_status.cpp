@@ -1,7 +1,6 @@
 // The status line, and the look for what is not there.
 #include "mainwindow/main_window.h"
 #include "mainwindow/status_texts.h"
-#include "platform/run_time_error.h"
 
 using mainwindow::Presence;
 
@@ -60,16 +59,23 @@ void frmQMK::Form_MenuMarked(const controls::MenuItem* item) {
   barStatus.setNote(item == nullptr ? std::wstring() : commands.explanation(*item));
 }
 
-void frmQMK::Form_DrivesChanged() {
+void frmQMK::Form_DrivesChanged() { lookAgain(); }
+
+void frmQMK::lookAgain() {
   toolsThere.beginAgain();
   filesThere.beginAgain();
   tmrIdle.setEnabled(true);
 }
 
-void frmQMK::reload(int index) {
-  reloadList(index);
+void frmQMK::lookAgainEverywhere(int index) {
   if (Presence* const presence = presenceOf(index)) {
     presence->beginAgain();
     presence->askSlowDrives([this] { tmrIdle.setEnabled(true); });
+    tmrIdle.setEnabled(true);
   }
+}
+
+void frmQMK::reload(int index) {
+  reloadList(index);
+  lookAgainEverywhere(index);
 }

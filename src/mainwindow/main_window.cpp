@@ -12,7 +12,6 @@
 #include "platform/dispatcher.h"
 #include "platform/files.h"
 #include "platform/help.h"
-#include "platform/native_windows.h"
 #include "platform/session.h"
 #include "platform/trap.h"
 #include "platform/windows.h"
@@ -232,7 +231,7 @@ void frmQMK::SetupMainWindow() {
 
 void frmQMK::Form_Activate() {
   setCaption(platform::application::title);
-  Form_DrivesChanged();
+  lookAgain();
 }
 
 void frmQMK::Form_MenuOpening() { commands.refresh(); }
@@ -299,11 +298,7 @@ void frmQMK::layout(platform::Size client, int dpi) {
   dpi_ = dpi;
   barMain.setBounds(places.toolbar);
   cmdClearFind.setBounds(places.clearButton);
-  if (txtFind.margin() == 0 &&
-      platform::native::windowOf(txtFind) != platform::native::WindowHandle::none) {
-    // The frame's native controls are created after its load.
-    OC_COLOR::attach(txtFind, *this);
-  }
+  OC_COLOR::attachLate(txtFind, *this);  // the frame's native controls come after its load
   txtFind.setBounds(places.findBox);
   // The frame of a flat box is drawn on the window, up to one pixel outside its rectangle.
   TabMain.setHole(platform::inset(places.findBox, -1));

@@ -143,6 +143,12 @@ class frmQMK : public controls::Window {
   [[nodiscard]] static bool nothingFound(const controls::ListView& list);
   /// The way to look for missing entries of a list; nullptr for lists without such.
   [[nodiscard]] mainwindow::Presence* presenceOf(int index);
+  /// What is not there has to be found out anew.
+  void lookAgain();
+  /// The same for one list, and its slow drives are asked, too.
+  void lookAgainEverywhere(int index);
+  /// The x is there while there is something to clear.
+  void showClearButton();
   /// Lets the x look like a part of the box while the pointer is elsewhere.
   void calmClearButton();
   void showStatus();

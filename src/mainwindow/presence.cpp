@@ -5,22 +5,9 @@
 
 namespace mainwindow {
 
-namespace {
+using platform::drives::rootOf;
 
-/// The part of a path that is there or not as a whole: the drive's letter or the share. "" for a
-/// path that begins with neither, and says nothing about a place.
-std::wstring rootOfPath(std::wstring_view path) {
-  if (path.size() >= 2 && path[1] == L':') {
-    return std::wstring(path.substr(0, 2));
-  }
-  if (!path.starts_with(L"\\\\")) {
-    return {};
-  }
-  const std::size_t server = path.find(L'\\', 2);
-  const std::size_t share =
-      server == std::wstring_view::npos ? server : path.find(L'\\', server + 1);
-  return std::wstring(path.substr(0, share));
-}
+namespace {
 
 std::size_t hashOf(std::wstring_view folder, std::wstring_view name) {
   constexpr std::size_t spread = 31;
@@ -30,13 +17,8 @@ std::size_t hashOf(std::wstring_view folder, std::wstring_view name) {
 
 }  // namespace
 
-struct Presence::Answers {
-  bool asking = false;
-  std::vector<std::pair<std::wstring, bool>> found;
-};
-
 Presence::Presence(controls::ListView& list, PathColumns columns, Exists exists)
-    : list_(list), columns_(columns), exists_(exists), answers_(std::make_shared<Answers>()) {
+    : list_(list), columns_(columns), exists_(exists), asking_(std::make_shared<bool>(false)) {
   list_.remark = [this](std::size_t row) { return remarkOn(row); };
 }
 
@@ -69,7 +51,7 @@ std::wstring Presence::remarkOn(std::size_t row) const {
     case State::missing:
       return L"Not there: " + path;
     case State::notConnected: {
-      const std::wstring root = rootOfPath(path);
+      const std::wstring root = rootOf(path);
       return (root.starts_with(L"\\") ? root : L"Drive " + root) + L" is not connected";
     }
     case State::unknown:
@@ -82,10 +64,7 @@ std::wstring Presence::remarkOn(std::size_t row) const {
 void Presence::beginAgain() {
   ++round_;
   roots_.clear();
-  forgetOld();
-}
-
-void Presence::forgetOld() {
+  // What was seen long ago is not kept for ever.
   constexpr std::size_t most = 10'000;
   if (known_.size() > most) {
     known_.clear();
@@ -93,8 +72,8 @@ void Presence::forgetOld() {
   }
 }
 
-const Presence::Root& Presence::rootOf(const std::wstring& path) {
-  const auto [root, added] = roots_.try_emplace(rootOfPath(path));
+const Presence::Root& Presence::rootFacts(const std::wstring& path) {
+  const auto [root, added] = roots_.try_emplace(rootOf(path));
   if (added) {
     root->second.connected = platform::drives::isConnected(path);
     root->second.slow = platform::drives::mayBeSlow(path);
@@ -103,10 +82,10 @@ const Presence::Root& Presence::rootOf(const std::wstring& path) {
 }
 
 Presence::State Presence::look(const std::wstring& path, State before) {
-  if (rootOfPath(path).empty()) {
+  if (rootOf(path).empty()) {
     return State::unknown;
   }
-  const Root& root = rootOf(path);
+  const Root& root = rootFacts(path);
   if (!root.connected) {
     return State::notConnected;
   }
@@ -127,6 +106,12 @@ void Presence::learn(const std::wstring& path, State state) {
   }
 }
 
+void Presence::tellChanges() {
+  if (std::exchange(changed_, false)) {
+    list_.remarksChanged();
+  }
+}
+
 bool Presence::lookOn() {
   constexpr std::chrono::milliseconds most{5};
   if (seenRevision_ != list_.revision()) {
@@ -144,21 +129,19 @@ bool Presence::lookOn() {
       left = Clock::now() >= end;
     }
   }
-  if (std::exchange(changed_, false)) {
-    list_.remarksChanged();
-  }
+  tellChanges();
   return left || countOn(end);
 }
 
 void Presence::askSlowDrives(const std::function<void()>& done) {
-  if (answers_->asking) {
+  if (*asking_) {
     return;
   }
   const auto paths = std::make_shared<std::vector<std::wstring>>();
   const controls::RowRange rows = list_.rowsInView();
   for (std::size_t row = rows.first; row < rows.first + rows.count; ++row) {
     std::wstring path = pathOfRow(row);
-    if (!rootOfPath(path).empty() && rootOf(path).connected && rootOf(path).slow) {
+    if (!rootOf(path).empty() && rootFacts(path).connected && rootFacts(path).slow) {
       paths->push_back(std::move(path));
     }
   }
@@ -166,7 +149,7 @@ void Presence::askSlowDrives(const std::function<void()>& done) {
     return;
   }
   const auto found = std::make_shared<std::vector<State>>();
-  answers_->asking = platform::background::run(
+  *asking_ = platform::background::run(
       [paths, found, exists = exists_] {
         for (const std::wstring& path : *paths) {
           found->push_back(exists(path)                      ? State::there
@@ -174,18 +157,16 @@ void Presence::askSlowDrives(const std::function<void()>& done) {
                                                              : State::notConnected);
         }
       },
-      [this, paths, found, done, whoever = std::weak_ptr(answers_)] {
+      [this, paths, found, done, whoever = std::weak_ptr(asking_)] {
         const auto still = whoever.lock();
         if (!still) {
           return;
         }
-        still->asking = false;
+        *still = false;
         for (std::size_t n = 0; n < found->size(); ++n) {
           learn((*paths)[n], (*found)[n]);
         }
-        if (std::exchange(changed_, false)) {
-          list_.remarksChanged();
-        }
+        tellChanges();
         done();
       });
 }

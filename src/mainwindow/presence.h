@@ -60,17 +60,15 @@ class Presence {
     bool connected = true;
     bool slow = false;
   };
-  /// What the background has found out.
-  struct Answers;
-
   [[nodiscard]] std::wstring pathOfRow(std::size_t row) const;
   [[nodiscard]] std::wstring_view folderOf(std::size_t item) const;
   [[nodiscard]] std::wstring remarkOn(std::size_t row) const;
-  [[nodiscard]] const Root& rootOf(const std::wstring& path);
+  [[nodiscard]] const Root& rootFacts(const std::wstring& path);
   /// What can be said of a path without asking a slow drive.
   [[nodiscard]] State look(const std::wstring& path, State before);
   void learn(const std::wstring& path, State state);
-  void forgetOld();
+  /// Has the rows painted anew if something was learnt that changes them.
+  void tellChanges();
   /// Counts until `end`. Returns true when items are left.
   bool countOn(Clock::time_point end);
 
@@ -82,8 +80,8 @@ class Presence {
   unsigned round_ = 1;
   std::uint64_t seenRevision_ = 0;
   bool changed_ = false;
-  /// Shared with the question that is asked in the background, which may outlive this object.
-  std::shared_ptr<Answers> answers_;
+  /// Whether the background is asking. Shared with it, as it may outlive this object.
+  std::shared_ptr<bool> asking_;
   unsigned statesRevision_ = 1;
   /// The revisions of the list and of what is known.
   using Revisions = std::pair<std::uint64_t, unsigned>;

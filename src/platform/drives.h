@@ -2,8 +2,13 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace platform::drives {
+
+/// The part of a full path that no folder lists: the drive ("C:"), or the server and its share
+/// ("\\\\server\\share"). "" for a path that begins with neither.
+[[nodiscard]] std::wstring rootOf(std::wstring_view path);
 
 /// Whether the drive of a full path may take long to answer or not answer at all: a network path, a
 /// network drive, a drive whose medium can be taken out. The drive itself is not asked.

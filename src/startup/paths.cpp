@@ -5,6 +5,7 @@
 
 #include "platform/application.h"
 #include "platform/controls/window.h"
+#include "platform/drives.h"
 #include "platform/files.h"
 #include "platform/folders.h"
 
@@ -64,16 +65,12 @@ namespace {
 /// Length of the part of a path that no folder lists: the drive, or the server and its share.
 /// Nothing for a network path without one of them. The path ends in a backslash.
 std::optional<std::size_t> rootLength(const std::wstring& path) {
-  constexpr std::size_t prefix = 2;  // "C:" or the two backslashes of a network path
   if (!path.starts_with(L"\\\\")) {
-    return prefix;
+    constexpr std::size_t drive = 2;  // "C:"
+    return drive;
   }
-  const std::size_t server = path.find(L'\\', prefix);
-  const std::size_t share = server == std::wstring::npos ? server : path.find(L'\\', server + 1);
-  if (server == prefix || share == std::wstring::npos || share == server + 1) {
-    return std::nullopt;
-  }
-  return share;
+  const std::size_t share = platform::drives::rootOf(path).size();
+  return share > 0 ? std::optional(share) : std::nullopt;
 }
 
 }  // namespace

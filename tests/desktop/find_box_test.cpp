@@ -142,6 +142,20 @@ TEST_P(FindAndSee, TheBoxEndsWithTheListAboveIt) {
   }));
 }
 
+TEST_P(FindAndSee, TheBoxHasTheFrameOfAFlatFieldWhileItHasTheFocus) {
+  startWithFiles();
+  const RECT place = harness::screenRect(box());
+  constexpr int ring = 2;
+  const RECT above{place.left, place.top - ring, place.right, place.top - ring + 1};
+  const auto plain = static_cast<std::size_t>(place.right - place.left);
+  const auto ofTheWindow = [&] { return harness::pixelsOf(GetSysColor(COLOR_BTNFACE), above); };
+  EXPECT_TRUE(eventually(ofTheWindow, plain));
+  goToBox();
+  EXPECT_TRUE(eventually(ofTheWindow, 0U)) << "Nothing covers the frame";
+  pressKey(VK_ESCAPE);
+  EXPECT_TRUE(eventually(ofTheWindow, plain));
+}
+
 TEST_P(FindAndSee, ScreenReadersHearWhatTheBoxAndTheLineAre) {
   startWithFiles();
   EXPECT_EQ(harness::spokenOf(box()).name, L"Find");

@@ -2,18 +2,10 @@
 #include <string>
 
 #include "gateway_test.h"
-#include "harness/remote_memory.h"
+#include "harness/status_bar.h"
 
 namespace desktop_tests {
 namespace {
-
-/// The first part of the status line: the counts.
-std::wstring countsIn(HWND statusBar) {
-  constexpr std::size_t longest = 256;
-  harness::RemoteMemory memory(statusBar, longest * sizeof(wchar_t));
-  harness::send(statusBar, SB_GETTEXTW, 0, memory.parameter());
-  return memory.getText(longest);
-}
 
 /// A number with all its digits.
 std::string digits(int number) {
@@ -55,7 +47,7 @@ class FindTyping : public GatewayTest {
   }
   [[nodiscard]] std::wstring typed() const { return harness::text(box()); }
   [[nodiscard]] std::wstring counts() const {
-    return countsIn(harness::child(app->main(), ids::barStatus));
+    return harness::StatusBarReader(harness::child(app->main(), ids::barStatus)).part(0);
   }
 };
 

@@ -129,7 +129,7 @@ void ListView::setFind(const std::wstring& text) {
 }
 
 void ListView::keepSelectionShown() {
-  if (!narrowed() || updating_ > 0 || rows() == 0 || selectedRow()) {
+  if (!narrowed() || rows() == 0 || selectedRow()) {
     return;
   }
   if (selected_ && !lost_) {
@@ -142,32 +142,34 @@ void ListView::keepSelectionShown() {
 }
 
 std::size_t ListView::rows() const {
-  if (!narrowed()) {
-    return order_.size();
+  // The number of items needs no sorting.
+  return narrowed() ? rowPlaces().size() : order_.size();
+}
+
+const std::vector<ListView::Place>& ListView::rowPlaces() const {
+  if (narrowed()) {
+    ensureShown();
+    return shown_;
   }
-  ensureShown();
-  return shown_.size();
+  ensureOrder();
+  return order_;
 }
 
 ListView::Place ListView::shown(std::size_t row) const {
-  if (!narrowed()) {
-    return ordered(row);
-  }
-  ensureShown();
-  if (row >= shown_.size()) {
+  if (row >= rows()) {
     throw platform::RunTimeError(platform::error::indexOutOfBounds);
   }
-  return shown_[row];
+  return rowPlaces()[row];
 }
 
 std::optional<std::size_t> ListView::rowAt(std::optional<Place> place) const {
-  if (!narrowed() || !place) {
-    return indexOf(place);
+  if (!place) {
+    return std::nullopt;
   }
-  ensureShown();
-  const auto found = std::find(shown_.begin(), shown_.end(), *place);
-  return found == shown_.end() ? std::nullopt
-                               : std::optional(static_cast<std::size_t>(found - shown_.begin()));
+  const std::vector<Place>& places = rowPlaces();
+  const auto found = std::find(places.begin(), places.end(), *place);
+  return found == places.end() ? std::nullopt
+                               : std::optional(static_cast<std::size_t>(found - places.begin()));
 }
 
 std::size_t ListView::itemOfRow(std::size_t row) const { return indexOf(shown(row)).value(); }
@@ -184,17 +186,12 @@ std::wstring ListView::rowIcon(std::size_t row) const {
   return std::wstring(texts_.at(cells_[shown(row) * rowLength_]));
 }
 
-void ListView::acceptSelectedRow(std::size_t row) {
-  selected_ = focused_ = shown(row);
-  lost_.reset();
-  announce();
-}
+void ListView::acceptSelectedRow(std::size_t row) { choose(shown(row)); }
 
 std::optional<std::size_t> ListView::findRow(const std::wstring& prefix, std::size_t from) const {
   const std::wstring wanted = platform::text::upper(prefix);
-  ensureOrder();
-  const std::size_t count = rows();
-  const std::vector<Place>& places = narrowed() ? shown_ : order_;
+  const std::vector<Place>& places = rowPlaces();
+  const std::size_t count = places.size();
   for (std::size_t step = 0; step < count; ++step) {
     const std::size_t row = (from + step) % count;
     if (platform::text::upperEquals(cellOf(places[row], 0).substr(0, wanted.size()), wanted)) {

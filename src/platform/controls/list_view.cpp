@@ -184,8 +184,10 @@ void ListView::select(std::size_t index) {
   changed(Change::selection);
 }
 
-void ListView::acceptSelection(std::size_t index) {
-  selected_ = focused_ = ordered(index);
+void ListView::acceptSelection(std::size_t index) { choose(ordered(index)); }
+
+void ListView::choose(Place place) {
+  selected_ = focused_ = place;
   lost_.reset();
   announce();
 }

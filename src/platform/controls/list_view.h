@@ -279,8 +279,11 @@ class ListView : public Control {
   void orderChanged();
   void ensureOrder() const;
   void orderByRank() const;
+  /// The places of all rows in their order.
+  [[nodiscard]] const std::vector<Place>& rowPlaces() const;
   [[nodiscard]] Place shown(std::size_t row) const;
   [[nodiscard]] std::optional<std::size_t> rowAt(std::optional<Place> place) const;
+  void choose(Place place);
   void ensureShown() const;
   /// What is shown has to be found out anew.
   void forgetShown();

@@ -22,7 +22,6 @@ class PresenceTest : public unit::LoadedMainWindow {
     addDataFile(L"E:\\stick\\", L"far.fp3");
     switchTo(frmQMK::open);
   }
-  static void settle() { desktop().advance(200); }
   [[nodiscard]] std::wstring remark(std::size_t row) const { return list.remarkOn(row); }
   controls::ListView& list = window.lstQMK[frmQMK::open];
 };

@@ -68,8 +68,6 @@ class StatusLine : public unit::LoadedMainWindow {
     switchTo(frmQMK::open);
     settle();
   }
-  /// Until nothing is left to do.
-  static void settle() { desktop().advance(200); }
   [[nodiscard]] std::wstring left() const { return window.barStatus.left(); }
   [[nodiscard]] std::wstring right() const { return window.barStatus.right(); }
 };

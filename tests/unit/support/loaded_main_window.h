@@ -13,6 +13,9 @@ using Texts = std::vector<std::wstring>;
 
 class LoadedMainWindow : public MainWindowTest {
  protected:
+  /// Until the window has nothing left to do when it is idle.
+  static void settle() { memory::desktop().advance(200); }
+
   /// Texts of the messages that were shown, in order.
   [[nodiscard]] static Texts messages() {
     Texts texts;

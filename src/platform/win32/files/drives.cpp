@@ -30,13 +30,7 @@ bool isConnected(const std::wstring& path) {
 }
 
 bool answers(const std::wstring& path) {
-  const std::wstring ordinary = win32::ordinaryPath(path);
-  std::size_t end = 2;
-  if (ordinary.starts_with(L"\\\\")) {
-    const std::size_t share = ordinary.find(L'\\', 2);
-    end = share == std::wstring::npos ? share : ordinary.find(L'\\', share + 1);
-  }
-  const std::wstring root = ordinary.substr(0, end) + L"\\";
+  const std::wstring root = rootOf(win32::ordinaryPath(path)) + L"\\";
   return GetFileAttributesW(root.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 

@@ -81,14 +81,7 @@ void ListViewPeer::drawEmptyText() const {
   if (list_.rows() > 0 || text.empty()) {
     return;
   }
-  RECT area{};
-  GetClientRect(window(), &area);
-  RECT headers{};
-  if (HWND const headerWindow = header(); headerWindow != nullptr && report() &&
-                                          IsWindowVisible(headerWindow) != 0 &&
-                                          GetClientRect(headerWindow, &headers) != 0) {
-    area.top = headers.bottom;
-  }
+  RECT area = itemArea();
   InflateRect(&area, -scaled(16, host().dpi()), 0);
   const WindowDc dc(window());
   if (!dc || area.right <= area.left) {

@@ -85,7 +85,6 @@ void ListViewPeer::changed(Change change) {
 
 void ListViewPeer::refresh() {
   NativeControl::refresh();
-  mark_.reset();
   takeImages();
   spaceIcons();
   showColumns();
@@ -209,16 +208,21 @@ void ListViewPeer::showItems() {
   placeEditor();
 }
 
-void ListViewPeer::repaintItems() const {
+RECT ListViewPeer::itemArea() const {
   RECT area{};
   GetClientRect(window(), &area);
   RECT headers{};
   if (HWND const headerWindow = header(); headerWindow != nullptr && report() &&
                                           IsWindowVisible(headerWindow) != 0 &&
                                           GetClientRect(headerWindow, &headers) != 0) {
-    // Otherwise the headers would be painted too, although they have not changed.
     area.top = headers.bottom;
   }
+  return area;
+}
+
+void ListViewPeer::repaintItems() const {
+  // Otherwise the headers would be painted too, although they have not changed.
+  const RECT area = itemArea();
   InvalidateRect(window(), &area, FALSE);
 }
 

@@ -77,6 +77,8 @@ class ListViewPeer final : public controls::ListViewPeer, public NativeControl {
   [[nodiscard]] int columnWidth(std::size_t index) const;
   [[nodiscard]] int selectedNatively() const;
   [[nodiscard]] int rowHeight() const;
+  /// The client area without the headers.
+  [[nodiscard]] RECT itemArea() const;
   /// Repaints all items.
   void repaintItems() const;
   /// All texts and icons of the visible rows, in report view.

@@ -70,7 +70,7 @@ void Monkey::act() {
     if (open != nullptr && !random_.oneIn(3)) {
       inDialog(open);
     } else {
-      inMain(random_.below(100));
+      inMain(random_.below(120));
     }
     watch();
   } catch (const Failure& failure) {
@@ -181,9 +181,10 @@ void Monkey::inMain(int kind) {
   constexpr std::array<WORD, 16> keys{VK_DOWN,   VK_UP,    VK_LEFT, VK_RIGHT, VK_HOME, VK_END,
                                       VK_RETURN, VK_SPACE, VK_F5,   VK_TAB,   VK_NEXT, VK_PRIOR,
                                       VK_ESCAPE, VK_F10,   VK_APPS, 'P'};
-  constexpr std::array<int, 10> commands{
-      ids::mnuCreate,       ids::mnuRename, ids::mnuDelete, ids::mnuList,   ids::mnuIcon,
-      ids::mnuHelpContents, ids::mnuWeb,    ids::mnuAbout,  ids::mnuDelete, ids::mnuRename};
+  constexpr std::array commands{ids::mnuCreate, ids::mnuRename,      ids::mnuDelete,
+                                ids::mnuList,   ids::mnuIcon,        ids::mnuHelpContents,
+                                ids::mnuWeb,    ids::mnuAbout,       ids::mnuDelete,
+                                ids::mnuRename, ids::mnuNewestFirst, ids::mnuFitColumns};
   if (kind < 30) {
     clickSomewhere(main, kind < 8);
   } else if (kind < 55) {
@@ -221,6 +222,10 @@ void Monkey::inMain(int kind) {
     }
   } else if (kind < 99) {
     changeFiles();
+  } else if (kind >= 108) {
+    inFindBox();
+  } else if (kind >= 100) {
+    overName();
   } else {
     note("close");
     if (takesCommands()) {
@@ -362,6 +367,7 @@ void Monkey::tidyUp() {
   SendMessageTimeoutW(app_.main(), WM_CANCELMODE, 0, 0, SMTO_NORMAL, longestAnswerMs, nullptr);
   harness::post(app_.main(), WM_SYSCOMMAND, SC_RESTORE);
   SetWindowPos(app_.main(), nullptr, 50, 50, 800, 600, SWP_NOZORDER);
+  showEverything();
 }
 
 void Monkey::leave() {

@@ -20,7 +20,8 @@ class Monkey {
   /// has crashed or does not answer within `longestAnswerMs` ten times.
   void act();
 
-  /// Answers and closes everything that is open, so that the main window takes input again.
+  /// Answers and closes everything that is open, so that the main window takes input again, and
+  /// lets each list show all of its entries.
   void tidyUp();
 
   /// Closes the program. Raises `Failure` when it does not end.
@@ -39,6 +40,13 @@ class Monkey {
   void act(int kind);
   void inMain(int kind);
   void inDialog(HWND dialog);
+  /// Types in the find box, or empties it.
+  void inFindBox();
+  /// Edits the name of the selected entry in the list itself.
+  void overName();
+  void typeLetters();
+  /// Empties the find box of each tab.
+  void showEverything() const;
   void changeFiles();
   void watch();
   void restart();

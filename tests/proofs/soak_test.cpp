@@ -183,6 +183,26 @@ TEST_F(Soak, Dialogs) {
   });
 }
 
+TEST_F(Soak, LettersInTheFindBox) {
+  chooseTab(Tab::open);
+  const harness::ListViewReader list = app_->list(Tab::open);
+  HWND const box = GetDlgItem(app_->main(), ids::txtFind);
+  // Three of the files have such a name. After the last letter the box is emptied.
+  const std::wstring words = L"plot 7.fp3";
+  const int all = list.count();
+  std::size_t place = 0;
+  expectFlat("letters typed in the find box", amount(500, 10'000), [&](int) {
+    harness::send(box, WM_CHAR, words[place]);
+    if (++place == words.size()) {
+      EXPECT_EQ(list.count(), 3) << harness::utf8(harness::text(box));
+      harness::send(box, WM_KEYDOWN, VK_ESCAPE);
+      EXPECT_EQ(list.count(), all);
+      place = 0;
+    }
+    paint(app_->main());
+  });
+}
+
 TEST_F(Soak, TabWalks) {
   expectFlat("walks through the tabs", amount(30, 1000), [&](int) {
     for (const int tab : {Tab::open, Tab::newFile, Tab::web, Tab::tools}) {

@@ -5,6 +5,7 @@ set(platform_sources
   src/platform/dispatcher.cpp
   src/platform/drives.cpp
   src/platform/error_report.cpp
+  src/platform/explorer.cpp
   src/platform/processes.cpp
   src/platform/run_time_error.cpp
   src/platform/subclass.cpp
@@ -26,6 +27,7 @@ set(icons_sources
 set(paths_sources
   src/startup/paths.cpp)
 set(listfile_sources
+  src/listfile/list_exchange.cpp
   src/listfile/list_file.cpp
   src/listfile/suite_lists.cpp)
 set(flatlook_sources
@@ -34,7 +36,9 @@ set(flatlook_sources
   src/flatlook/form_style.cpp
   src/flatlook/frames.cpp)
 set(catalogue_sources
+  src/catalogue/catalogue_additions.cpp
   src/catalogue/catalogue_file.cpp
+  src/catalogue/catalogue_listing.cpp
   src/catalogue/catalogue_rename.cpp
   src/catalogue/catalogue_view.cpp
   src/catalogue/data_types.cpp
@@ -60,6 +64,7 @@ set(mainwindow_sources
   src/mainwindow/command_objects.cpp
   src/mainwindow/commands.cpp
   src/mainwindow/main_layout.cpp
+  src/mainwindow/main_listing.cpp
   src/mainwindow/main_memory.cpp
   src/mainwindow/main_routing.cpp
   src/mainwindow/main_find.cpp
@@ -110,6 +115,7 @@ set(win32_pictures_sources
   src/platform/win32/pictures/pictures.cpp)
 set(win32_shell_sources
   src/platform/win32/shell/browser.cpp
+  src/platform/win32/shell/clipboard.cpp
   src/platform/win32/shell/folders.cpp
   src/platform/win32/shell/help.cpp
   src/platform/win32/shell/link_object.cpp

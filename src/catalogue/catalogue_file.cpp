@@ -14,7 +14,6 @@
 #include "platform/files.h"
 #include "platform/plain_text.h"
 #include "platform/text.h"
-#include "platform/trap.h"
 #include "startup/paths.h"
 
 namespace modQMKGeneral {
@@ -30,7 +29,6 @@ namespace files = platform::files;
 namespace {
 
 /// Fields of a catalogue record.
-constexpr std::size_t typeField = 0;
 constexpr std::size_t pathField = 1;
 
 std::wstring trimmed(const std::wstring& text) {
@@ -69,11 +67,10 @@ class DataFolder {
  public:
   DataFolder() : inCodePage_(platform::text::fitsCodePage(path_)) {}
 
-  /// Whether the record's file is in the data folder. If the code page cannot hold the folder's
-  /// path, records with its short form or with substitutes count too, because earlier versions
-  /// wrote those.
-  [[nodiscard]] bool holds(const Record& record) const {
-    const std::string_view path = record.fields.at(pathField);
+  /// Whether a record's path is one of the data folder. If the code page cannot hold the folder's
+  /// path, its short form and forms with substitutes count too, because earlier versions wrote
+  /// those.
+  [[nodiscard]] bool holds(std::string_view path) const {
     if (const std::size_t last = path.rfind('\\');
         inCodePage_ && last != std::string_view::npos && path.front() != ' ' &&
         std::all_of(path.begin(), path.end(), platform::text::plain::isPlain<char>)) {
@@ -82,7 +79,7 @@ class DataFolder {
     }
     std::wstring name;
     std::wstring folder;
-    SmodMisc::SplitPath(record.text(pathField), name, folder);
+    SmodMisc::SplitPath(platform::text::fromCodePage(path), name, folder);
     folder = trimmed(upper(folder));
     return folder == upper_ || (!inCodePage_ && forms_.match(folder));
   }
@@ -94,66 +91,9 @@ class DataFolder {
   stored_path::Forms forms_{path_, stored_path::Substitutes::all};
 };
 
-/// The record with another path and today's date. Its type code and everything after the three
-/// fields keep their bytes.
-std::string restamped(const Record& record, const std::string& path) {
-  std::string line =
-      list_file::line({record.fields.at(typeField), path, toCodePage(clock::todayText())});
-  line.insert(line.size() - 2, record.rest);
-  return line;
-}
-
-/// The path of an entry that is to be added, and the forms in which the list may already have it.
-class AddedPath {
- public:
-  explicit AddedPath(const std::wstring& path)
-      : upper_(upper(path)),
-        inCodePage_(platform::text::fitsCodePage(path)),
-        forms_(path, stored_path::Substitutes::unique),
-        listed_(stored_path::forList(path)) {}
-
-  [[nodiscard]] bool isIn(const Record& record) const {
-    const std::string_view listed = record.fields.at(pathField);
-    return record.has(pathField) && (platform::text::upperCodePageEquals(listed, upper_) ||
-                                     (!inCodePage_ && forms_.match(record.text(pathField))));
-  }
-  /// The path as it is written to the list.
-  [[nodiscard]] std::string bytes() const { return toCodePage(listed_); }
-  /// Whether other forms of the path are duplicates of the form that is written.
-  [[nodiscard]] bool isOnlyOne() const {
-    return !inCodePage_ && platform::text::fitsCodePage(listed_);
-  }
-
- private:
-  std::wstring upper_;
-  bool inCodePage_;
-  stored_path::Forms forms_;
-  std::wstring listed_;
-};
-
-/// The catalogue with the record of `path` updated, or with a new record at its end.
-std::string withEntry(std::string old, const AddedPath& path, const std::wstring& typeCode) {
-  const std::string pathBytes = path.bytes();
-  bool found = false;
-  std::string bytes =
-      list_file::edited(std::move(old), [&](const Record& record, std::string& changed) {
-        if (!path.isIn(record)) {
-          return list_file::Change::none;
-        }
-        if (!found || !path.isOnlyOne()) {
-          changed = restamped(record, pathBytes);
-        }
-        found = true;
-        return list_file::Change::replaced;
-      });
-  if (!found) {
-    list_file::append(
-        bytes, list_file::line({toCodePage(typeCode), pathBytes, toCodePage(clock::todayText())}));
-  }
-  return bytes;
-}
-
 }  // namespace
+
+bool isOfDataFolder(const std::wstring& path) { return DataFolder().holds(toCodePage(path)); }
 
 std::wstring cataloguePath() { return AppFolder() + L"\\QMKFileList3.txt"; }
 
@@ -167,19 +107,6 @@ void appendDataFolderRecords() {
 void BuildCatalogue(CatalogueView& view) {
   appendDataFolderRecords();
   LoadCatalogueView(view);
-}
-
-void AddOrUpdateCatalogueEntry(const std::wstring& path, const std::wstring& typeCode) {
-  const auto failure = platform::trapped([&] {
-    const Missing missing =
-        files::fileExists(cataloguePath()) ? Missing::isError : Missing::isEmpty;
-    const AddedPath added(path);
-    list_file::rewrite(cataloguePath(), temporaryPath(), missing,
-                       [&](std::string old) { return withEntry(std::move(old), added, typeCode); });
-  });
-  if (failure) {
-    showListFileProblem(L"Problem saving to QMK list", *failure);
-  }
 }
 
 void dropCatalogueEntry(const std::wstring& path) {
@@ -204,14 +131,15 @@ void RefreshDataFolderEntries(CatalogueView& view) {
   const DataFolder dataFolder;
   // One replacement does both the dropping and the building. So the catalogue is never without the
   // data folder's entries, not even for a moment.
-  list_file::rewrite(
-      cataloguePath(), temporaryPath(), Missing::isError, [&dataFolder](std::string old) {
-        std::string bytes = list_file::filtered(
-            std::move(old),
-            [&dataFolder](const Record& record) { return !dataFolder.holds(record); });
-        appendDataFolder(bytes);
-        return bytes;
-      });
+  list_file::rewrite(cataloguePath(), temporaryPath(), Missing::isError,
+                     [&dataFolder](std::string old) {
+                       std::string bytes =
+                           list_file::filtered(std::move(old), [&dataFolder](const Record& record) {
+                             return !dataFolder.holds(record.fields.at(pathField));
+                           });
+                       appendDataFolder(bytes);
+                       return bytes;
+                     });
   LoadCatalogueView(view);
 }
 

@@ -1,7 +1,10 @@
 // The catalogue file of data files: "QMKFileList3.txt" in the application folder.
 #pragma once
 
+#include <cstddef>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "catalogue/catalogue_view.h"
 
@@ -25,6 +28,19 @@ void appendDataFolderRecords();
 /// "Problem saving to QMK list".
 void AddOrUpdateCatalogueEntry(const std::wstring& path, const std::wstring& typeCode);
 
+/// What became of files that were to be added.
+struct AddedFiles {
+  std::size_t added = 0;      ///< Files that have a new record.
+  std::size_t present = 0;    ///< Files whose record has today's date now.
+  std::size_t wrongType = 0;  ///< None of the four types of data files.
+  std::size_t missing = 0;    ///< There is no such file.
+};
+
+/// Does for each file what `AddOrUpdateCatalogueEntry` does, with the type code of its extension,
+/// in one replacement of the catalogue. Errors are trapped and shown as "Problem saving to QMK
+/// list"; nothing is returned then, and nothing is changed.
+[[nodiscard]] std::optional<AddedFiles> AddDataFiles(const std::vector<std::wstring>& paths);
+
 /// Drops every record whose path is exactly `path` (case matters), then deletes the data file
 /// itself if it exists. Errors go to the caller (`error::fileNotFound`: no catalogue;
 /// `error::badFileName`: the path may mean several files, nothing is changed).
@@ -32,6 +48,9 @@ void RemoveCatalogueEntry(const std::wstring& path);
 
 /// The same for a missing data file: drops only its records, even if the file exists again by now.
 void dropCatalogueEntry(const std::wstring& path);
+
+/// Whether a path of the list is one of the data folder, whose files each start lists anew.
+[[nodiscard]] bool isOfDataFolder(const std::wstring& path);
 
 /// Replaces the records of the data folder by what the folder holds now. They follow the records of
 /// files elsewhere. Then reloads the view. Errors go to the caller (`error::fileNotFound`: no

@@ -1,6 +1,10 @@
 #include "listfile/suite_lists.h"
 
+#include <utility>
+
+#include "listfile/list_file.h"
 #include "platform/dialogs.h"
+#include "platform/trap.h"
 #include "startup/paths.h"
 
 namespace modQMKGeneral {
@@ -9,6 +13,24 @@ std::wstring temporaryPath() { return AppFolder() + L"\\qmklist.tmp"; }
 
 void showListFileProblem(const std::wstring& sentence, const platform::RunTimeError& failure) {
   platform::dialogs::showMessage(sentence + L"\r" + failure.numberAndDescription());
+}
+
+std::optional<list_file::Merged> addRecords(const std::wstring& path, const std::string& bytes,
+                                            const list_file::KeyOf& keyOf,
+                                            const std::function<void()>& reload) {
+  list_file::Merged merged;
+  const auto failure = platform::trapped([&] {
+    list_file::rewrite(path, temporaryPath(), list_file::Missing::isEmpty, [&](std::string old) {
+      merged = list_file::merged(std::move(old), bytes, keyOf);
+      return std::move(merged.content);
+    });
+  });
+  if (failure) {
+    showListFileProblem(L"Problem saving to QMK list", *failure);
+    return std::nullopt;
+  }
+  reload();
+  return merged;
 }
 
 }  // namespace modQMKGeneral

@@ -1,8 +1,11 @@
 // What the suite's two list files have in common besides their format.
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <string>
 
+#include "listfile/list_exchange.h"
 #include "platform/run_time_error.h"
 
 namespace modQMKGeneral {
@@ -12,5 +15,12 @@ namespace modQMKGeneral {
 
 /// Shows `sentence`, a line break, and the error's number and description.
 void showListFileProblem(const std::wstring& sentence, const platform::RunTimeError& failure);
+
+/// Appends to the list file at `path` those records of another list, `bytes`, whose entry it does
+/// not have yet, and then calls `reload`. A missing file is created. Errors of the file are trapped
+/// and shown as "Problem saving to QMK list"; nothing is returned then.
+std::optional<list_file::Merged> addRecords(const std::wstring& path, const std::string& bytes,
+                                            const list_file::KeyOf& keyOf,
+                                            const std::function<void()>& reload);
 
 }  // namespace modQMKGeneral

@@ -161,8 +161,17 @@ std::wstring CommandObjects::explanation(const controls::MenuItem& item) const {
   if (found == objects_.end() || found->command.explanation == nullptr) {
     return {};
   }
+  if (const wchar_t* const reason = whyNot(*found)) {
+    return reason;
+  }
   const std::wstring key = keyName(found->command.key.stroke);
   return found->command.explanation + (key.empty() ? key : L" (" + key + L")");
+}
+
+const wchar_t* CommandObjects::whyNot(const Object& object) const {
+  return object.allowed && !object.item.enabled() && object.command.refusal != nullptr
+             ? object.command.refusal(form_)
+             : nullptr;
 }
 
 bool CommandObjects::enabled(int id) {
@@ -191,6 +200,8 @@ bool CommandObjects::press(const controls::KeyStroke& stroke, Reach reach, int l
   refresh();
   if (found->item.enabled()) {
     found->command.handler(form_, list);
+  } else if (const wchar_t* const reason = whyNot(*found)) {
+    form_.tell(reason);
   }
   return true;
 }

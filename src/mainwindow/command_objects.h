@@ -61,6 +61,8 @@ class CommandObjects {
   };
 
   Object& find(int id);
+  /// Why a command cannot be run now; nullptr when it can, or when there is nothing to say.
+  [[nodiscard]] const wchar_t* whyNot(const Object& object) const;
   /// The commands of the toolbar in its order.
   [[nodiscard]] std::vector<const Object*> buttons();
   void showEnabled(Object& object);

@@ -3,6 +3,8 @@
 #include <functional>
 #include <type_traits>
 
+#include "catalogue/catalogue_file.h"
+#include "catalogue/entry.h"
 #include "mainwindow/control_ids.h"
 #include "mainwindow/main_window.h"
 
@@ -24,9 +26,25 @@ void run(frmQMK& form, int list) {
 
 constexpr OnTab allowed{.enabled = true};
 
-bool showsColumns(const frmQMK& form) {
-  return form.lstQMK.at(static_cast<std::size_t>(form.TabMain.current())).view() ==
-         controls::reportView;
+constexpr OnTab forbidden{.enabled = false};
+/// Of the commands for the two list files.
+constexpr std::array<OnTab, 4> onLists{{forbidden, allowed, forbidden, allowed}};
+
+const controls::ListView& listOf(const frmQMK& form) {
+  return form.lstQMK.at(static_cast<std::size_t>(form.TabMain.current()));
+}
+
+bool showsColumns(const frmQMK& form) { return listOf(form).view() == controls::reportView; }
+
+bool hasRow(const frmQMK& form) { return listOf(form).selectedRow().has_value(); }
+
+bool isRemovable(const frmQMK& form) {
+  return hasRow(form) &&
+         !modQMKGeneral::isOfDataFolder(modQMKGeneral::selectedEntry(listOf(form)).path());
+}
+
+const wchar_t* whyNotRemovable(const frmQMK& form) {
+  return hasRow(form) ? L"Files of the data folder are always listed" : nullptr;
 }
 
 constexpr std::array rows{
@@ -76,6 +94,67 @@ constexpr std::array rows{
                        {L"Delete File", L"Delete File", true},
                        {L"Delete", nullptr, false},
                        {L"Delete Web Shortcut", L"Delete web shortcut", true}}}},
+    Command{.id = ids::mnuCopy,
+            .name = L"mnuCopy",
+            .caption = L"Copy",
+            .menu = Menu::edit,
+            .separated = true,
+            .explanation = L"Copies the selected row as text, and its file for pasting elsewhere.",
+            .key = {{.key = 'C', .control = true}},
+            .handler = run<&frmQMK::mnuCopy_Click>,
+            .available = hasRow,
+            .onTab = {{allowed, allowed, forbidden, allowed}}},
+    Command{.id = ids::mnuCopyPath,
+            .name = L"mnuCopyPath",
+            .caption = L"Copy Path",
+            .menu = Menu::edit,
+            .explanation = L"Copies the path, the target or the address as text.",
+            .key = {{.key = 'C', .control = true, .shift = true}},
+            .handler = run<&frmQMK::mnuCopyPath_Click>,
+            .available = hasRow,
+            .onTab = {{allowed, allowed, forbidden, allowed}}},
+    Command{.id = ids::mnuOpenFolder,
+            .name = L"mnuOpenFolder",
+            .caption = L"Open Folder",
+            .menu = Menu::edit,
+            .explanation = L"Shows the file, or the program of the shortcut, in its folder.",
+            .key = {{.key = 'E', .control = true}},
+            .handler = run<&frmQMK::mnuOpenFolder_Click>,
+            .available = hasRow,
+            .onTab = {{allowed, allowed, forbidden, forbidden}}},
+    Command{.id = ids::mnuRemoveFromList,
+            .name = L"mnuRemoveFromList",
+            .caption = L"Remove from List",
+            .menu = Menu::edit,
+            .explanation = L"Takes the entry out of the list. The file itself stays.",
+            .key = {{.key = controls::keys::remove, .control = true}},
+            .handler = run<&frmQMK::mnuRemoveFromList_Click>,
+            .available = isRemovable,
+            .refusal = whyNotRemovable,
+            .onTab = {{forbidden, allowed, forbidden, forbidden}}},
+    Command{.id = ids::mnuAddFiles,
+            .name = L"mnuAddFiles",
+            .caption = L"Add to List...",
+            .menu = Menu::edit,
+            .separated = true,
+            .explanation = L"Adds data files to the list, several at a time.",
+            .key = {{.key = 'O', .control = true}, Reach::window},
+            .handler = run<&frmQMK::mnuAddFiles_Click>,
+            .onTab = {{forbidden, allowed, forbidden, forbidden}}},
+    Command{.id = ids::mnuAddList,
+            .name = L"mnuAddList",
+            .caption = L"Add List...",
+            .menu = Menu::edit,
+            .explanation = L"Adds the entries of another list that are not here yet.",
+            .handler = run<&frmQMK::mnuAddList_Click>,
+            .onTab = onLists},
+    Command{.id = ids::mnuSaveListAs,
+            .name = L"mnuSaveListAs",
+            .caption = L"Save List As...",
+            .menu = Menu::edit,
+            .explanation = L"Saves what the list shows as a list file or as a table.",
+            .handler = run<&frmQMK::mnuSaveListAs_Click>,
+            .onTab = onLists},
     Command{
         .id = ids::mnuList,
         .name = L"mnuList",
@@ -152,10 +231,18 @@ constexpr std::array toolbar{ids::mnuDelete, ids::mnuRename,      ids::mnuCreate
                              ids::mnuIcon,   ids::mnuList,        separator,      ids::mnuExit,
                              separator,      ids::mnuHelpContents};
 
-constexpr std::array editCommands{ids::mnuCreate, ids::mnuRename, ids::mnuDelete};
+constexpr std::array onTools{ids::mnuCreate, ids::mnuRename,   ids::mnuDelete,    separator,
+                             ids::mnuCopy,   ids::mnuCopyPath, ids::mnuOpenFolder};
+constexpr std::array onOpen{ids::mnuCreate,     ids::mnuRename,         ids::mnuDelete,
+                            separator,          ids::mnuCopy,           ids::mnuCopyPath,
+                            ids::mnuOpenFolder, ids::mnuRemoveFromList, separator,
+                            ids::mnuAddFiles,   ids::mnuAddList,        ids::mnuSaveListAs};
+constexpr std::array onNew{ids::mnuCreate, ids::mnuRename, ids::mnuDelete};
+constexpr std::array onWeb{ids::mnuCreate, ids::mnuRename,  ids::mnuDelete,
+                           separator,      ids::mnuCopy,    ids::mnuCopyPath,
+                           separator,      ids::mnuAddList, ids::mnuSaveListAs};
 
-constexpr CommandTable table{
-    rows, toolbar, {editCommands, editCommands, editCommands, editCommands}};
+constexpr CommandTable table{rows, toolbar, {onTools, onOpen, onNew, onWeb}};
 
 }  // namespace
 

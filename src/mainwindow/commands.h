@@ -61,6 +61,9 @@ struct Command {
   void (*handler)(frmQMK& form, int list) = nullptr;
   /// Whether it can be run at the moment, where the tab allows it; nullptr: always.
   bool (*available)(const frmQMK& form) = nullptr;
+  /// Why it cannot be run at the moment, for the status line; nullptr where there is nothing to
+  /// say.
+  const wchar_t* (*refusal)(const frmQMK& form) = nullptr;
   std::array<OnTab, 4> onTab = {};  ///< Tools, Open, New, Web.
 };
 

@@ -24,6 +24,10 @@ inline constexpr int mnuCreate = 2011;
 inline constexpr int mnuRename = 2012;
 inline constexpr int mnuDelete = 2013;
 inline constexpr int mnuEditName = 2014;
+inline constexpr int mnuCopy = 2015;
+inline constexpr int mnuCopyPath = 2016;
+inline constexpr int mnuOpenFolder = 2017;
+inline constexpr int mnuRemoveFromList = 2018;
 inline constexpr int mnuView = 2020;
 inline constexpr int mnuList = 2021;
 inline constexpr int mnuIcon = 2022;
@@ -35,6 +39,9 @@ inline constexpr int mnuHelp = 2030;
 inline constexpr int mnuHelpContents = 2031;
 inline constexpr int mnuWeb = 2032;
 inline constexpr int mnuAbout = 2033;
+inline constexpr int mnuAddList = 2040;
+inline constexpr int mnuSaveListAs = 2041;
+inline constexpr int mnuAddFiles = 2042;
 
 // Toolbar buttons
 inline constexpr int buttonDelete = 2100;

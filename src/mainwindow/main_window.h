@@ -10,6 +10,7 @@
 #include "catalogue/opening.h"
 #include "mainwindow/command_objects.h"
 #include "mainwindow/presence.h"
+#include "platform/clipboard.h"
 #include "platform/controls/bars.h"
 #include "platform/controls/common_dialog.h"
 #include "platform/controls/image_list.h"
@@ -99,6 +100,13 @@ class frmQMK : public controls::Window {
   void mnuFitColumns_Click();
   /// Makes a column of a list as wide as its longest text, but not wider than the list.
   void fitColumn(int index, std::size_t column);
+  void mnuCopy_Click();
+  void mnuCopyPath_Click();
+  void mnuOpenFolder_Click();
+  void mnuRemoveFromList_Click();
+  void mnuSaveListAs_Click();
+  void mnuAddList_Click();
+  void mnuAddFiles_Click();
   /// Edits the name of the selected entry of a list in the list itself. On the Web tab it opens the
   /// dialog.
   void editName(int index);
@@ -106,6 +114,8 @@ class frmQMK : public controls::Window {
   void tmrNews_Timer();
   /// Says what an operation has done, in the status line for ten seconds.
   void tell(const std::wstring& news);
+  /// What it says so at the moment; "" for nothing.
+  [[nodiscard]] const std::wstring& news() const { return news_; }
   void lstQMK_DblClick(int index);
   void lstQMK_ColumnClick(int index, int column);
   void lstQMK_KeyDown(int index, const controls::KeyStroke& stroke);
@@ -154,6 +164,10 @@ class frmQMK : public controls::Window {
   void showStatus();
   /// Path, target or address of the selected row; "" without one.
   [[nodiscard]] std::wstring selectedPlace();
+  /// The data file or the shortcut of the selected row, if it is there; "" otherwise.
+  [[nodiscard]] std::wstring selectedFile();
+  void copy(const platform::clipboard::Content& content);
+  void tellUnlessCancelled(const platform::RunTimeError& failure);
   void renameTo(int index, const controls::ItemKey& item, const std::wstring& name);
   void tellWhereItWent(const std::optional<std::wstring>& link);
   [[nodiscard]] controls::ListView& currentList();

@@ -30,4 +30,17 @@ std::wstring countText(int tab, const Counts& counts) {
   return text;
 }
 
+std::wstring addedText(const Additions& additions) {
+  std::wstring text = std::to_wstring(additions.added) + L" added";
+  if (additions.present > 0) {
+    text += L", " + std::to_wstring(additions.present) + L" already there";
+  }
+  for (const Refusal& refusal : additions.refusals) {
+    if (refusal.count > 0) {
+      text += L", " + std::to_wstring(refusal.count) + L" not added: " + refusal.reason;
+    }
+  }
+  return text;
+}
+
 }  // namespace mainwindow

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <string>
+#include <vector>
 
 namespace mainwindow {
 
@@ -16,5 +17,21 @@ struct Counts {
 
 /// The counts of the list of a tab (from 0), as in "279 files, 12 shown".
 [[nodiscard]] std::wstring countText(int tab, const Counts& counts);
+
+/// Entries that were not added, and why.
+struct Refusal {
+  std::size_t count = 0;
+  const wchar_t* reason = L"";
+};
+
+/// What became of entries that were to be added.
+struct Additions {
+  std::size_t added = 0;
+  std::size_t present = 0;
+  std::vector<Refusal> refusals;
+};
+
+/// As in "30 added, 5 already there, 2 not added: wrong type".
+[[nodiscard]] std::wstring addedText(const Additions& additions);
 
 }  // namespace mainwindow

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "platform/run_time_error.h"
 
@@ -34,8 +35,8 @@ Answer showMessage(const std::wstring& text, MessageStyle style, const std::wstr
 /// application's title.
 void reportRunTimeError(const RunTimeError& error);
 
-/// What an open dialog starts with.
-struct OpenFileRequest {
+/// What a file dialog starts with.
+struct FileRequest {
   std::wstring initialFolder;
   std::wstring fileName;  ///< Preset; its path overrides `initialFolder`. May hold wildcards.
   std::wstring title;
@@ -46,6 +47,18 @@ struct OpenFileRequest {
 /// Shows the open dialog and returns the full path that the user chose. The file need not exist.
 /// The current folder of the program does not change. Raises `error::cancelled` when the user
 /// cancels, and 32767 minus the extended dialog error when the dialog fails.
-[[nodiscard]] std::wstring openFile(const OpenFileRequest& request);
+[[nodiscard]] std::wstring openFile(const FileRequest& request);
+
+/// The same for any number of files.
+[[nodiscard]] std::vector<std::wstring> openFiles(const FileRequest& request);
+
+/// What the user chose in a save dialog.
+struct SaveFileChoice {
+  std::wstring path;    ///< Full, as typed: it may lack an extension, and may exist.
+  int filterIndex = 1;  ///< Counts from 1.
+};
+
+/// Shows the save dialog. Asks nothing about a file that exists. Errors as with `openFile`.
+[[nodiscard]] SaveFileChoice saveFile(const FileRequest& request);
 
 }  // namespace platform::dialogs

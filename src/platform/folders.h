@@ -1,4 +1,4 @@
-// The shell's special folders.
+// The folders of the shell and of the system.
 #pragma once
 
 #include <optional>
@@ -17,5 +17,8 @@ inline constexpr int personal = 5;
 /// Nothing when the shell does not know the folder, or when it has no path. `owner` is the owner
 /// window of anything that the shell shows meanwhile.
 [[nodiscard]] std::optional<std::wstring> specialFolder(const controls::Window& owner, int id);
+
+/// Folder of the system itself, without a trailing backslash.
+[[nodiscard]] std::wstring windowsFolder();
 
 }  // namespace platform::folders

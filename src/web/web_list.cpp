@@ -96,6 +96,23 @@ bool SaveWebList(WebList& web, const std::wstring& name, const std::wstring& url
   return true;
 }
 
+std::optional<list_file::Merged> addWebRecords(WebList& web, const std::string& bytes) {
+  const auto nameAndAddress = [](const Record& record) {
+    return record.has(urlColumn) ? std::optional(record.text(0) + L'\n' + record.text(urlColumn))
+                                 : std::nullopt;
+  };
+  return addRecords(webListPath(), bytes, nameAndAddress, [&web] { LoadWebList(web); });
+}
+
+std::string shownWebRecords(const ListView& list) {
+  std::string bytes;
+  for (std::size_t row = 0; row < list.rows(); ++row) {
+    const std::size_t item = list.itemOfRow(row);
+    bytes += recordOf(list.text(item), list.subItem(item, urlColumn));
+  }
+  return bytes;
+}
+
 void DeleteWebEntry(WebList& web, const std::wstring& name) {
   list_file::rewrite(webListPath(), temporaryPath(), Missing::isError, [&](std::string old) {
     return list_file::filtered(std::move(old), [&name](const Record& record) {

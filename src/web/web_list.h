@@ -2,9 +2,11 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "listfile/list_exchange.h"
 #include "platform/controls/bars.h"
 #include "platform/controls/image_list.h"
 #include "platform/controls/list_view.h"
@@ -42,6 +44,14 @@ void AppendWebEntry(WebList& web, const std::wstring& name, const std::wstring& 
 /// false and changes nothing, after a message, when a reload has removed the item that was to be
 /// changed.
 bool SaveWebList(WebList& web, const std::wstring& name, const std::wstring& url);
+
+/// Appends those records of another web list, `bytes`, whose name and address the file does not
+/// have yet, byte for byte, and reloads the list. Errors of the file are trapped and shown as
+/// "Problem saving to QMK list"; nothing is returned then.
+std::optional<list_file::Merged> addWebRecords(WebList& web, const std::string& bytes);
+
+/// The rows that the Web list shows, as the contents of a list file.
+[[nodiscard]] std::string shownWebRecords(const controls::ListView& list);
 
 /// Drops every record with exactly that name and reloads the list. Errors go to the caller
 /// (`error::fileNotFound`: no file).

@@ -194,21 +194,34 @@ class ContextMenu : public Keyboard {
   static void expectGone() {
     EXPECT_TRUE(eventually([] { return FindWindowW(L"#32768", nullptr); }, IsNull()));
   }
-  /// The expected menu of a tab.
+  /// The expected menu of a tab: the commands of the Edit menu, and what else the tab has. "" is a
+  /// separator.
   static auto commandsOf(int tab) {
+    std::vector<std::pair<std::wstring, bool>> commands;
+    const auto add = [&commands](const std::vector<std::wstring>& captions, bool enabled = true) {
+      for (const std::wstring& caption : captions) {
+        commands.emplace_back(caption, enabled);
+      }
+    };
     switch (tab) {
       case Tab::tools:
-        return ElementsAre(Pair(L"Create Shortcut", true), Pair(L"Rename Shortcut", true),
-                           Pair(L"Delete Shortcut", true));
+        add({L"Create Shortcut", L"Rename Shortcut", L"Delete Shortcut", L"", L"Copy", L"Copy Path",
+             L"Open Folder"});
+        break;
       case Tab::open:
-        return ElementsAre(Pair(L"Create Shortcut", false), Pair(L"Rename File", true),
-                           Pair(L"Delete File", true));
+        add({L"Create Shortcut"}, false);
+        add({L"Rename File", L"Delete File", L"", L"Copy", L"Copy Path", L"Open Folder",
+             L"Remove from List", L"", L"Add to List...", L"Add List...", L"Save List As..."});
+        break;
       case Tab::newFile:
-        return ElementsAre(Pair(L"Create", false), Pair(L"Rename", false), Pair(L"Delete", false));
+        add({L"Create", L"Rename", L"Delete"}, false);
+        break;
       default:
-        return ElementsAre(Pair(L"Create Web Shortcut", true), Pair(L"Rename Web Shortcut", true),
-                           Pair(L"Delete Web Shortcut", true));
+        add({L"Create Web Shortcut", L"Rename Web Shortcut", L"Delete Web Shortcut", L"", L"Copy",
+             L"Copy Path", L"", L"Add List...", L"Save List As..."});
+        break;
     }
+    return ::testing::ElementsAreArray(commands);
   }
   void fillAndStart() {
     addShortcut(L"Alder");

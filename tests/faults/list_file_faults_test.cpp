@@ -5,6 +5,8 @@
 
 #include "catalogue/catalogue_file.h"
 #include "faults/sweep.h"
+#include "mainwindow/control_ids.h"
+#include "platform/run_time_error.h"
 #include "web/web_list.h"
 
 namespace faults {
@@ -126,6 +128,45 @@ void declineToLocate(Rig& rig) {
   rig.main().lstQMK[frmQMK::open].fireDoubleClick();
 }
 
+const std::wstring otherList = L"D:\\Other.txt";
+
+void putOtherList(Rig& /*rig*/) {
+  desktop().putFile(otherList, record("fp3", "d:\\one.fp3", "9/9/2009") +
+                                   record("cw3", "D:\\Far.cw3", "9/9/2009"));
+}
+
+void addList(Rig& rig) {
+  script([] { desktop().fileDialogResults = {otherList}; });
+  rig.main().commands.item(ids::mnuAddList).fireClick();
+}
+
+void saveList(Rig& rig, const std::wstring& path) {
+  script([&path] {
+    desktop().saveDialogResults = {platform::dialogs::SaveFileChoice{path, 1}};
+    desktop().answers = {Answer::yes};
+  });
+  rig.main().commands.item(ids::mnuSaveListAs).fireClick();
+}
+
+/// News of the status line about a dialog that failed; a cancelled one needs none.
+Texts problemWithDialog(const Fault& fault) {
+  const platform::RunTimeError error(fault.number);
+  return error.number() == platform::error::cancelled
+             ? Texts{}
+             : Texts{L"status: The dialog cannot be shown: " + error.description()};
+}
+
+Texts problemWithAdding(const Fault& fault) {
+  if (fault.was(L"open file dialog")) {
+    return problemWithDialog(fault);
+  }
+  if (fault.was(L"read " + otherList)) {
+    return {L"status: Nothing was added: " + platform::RunTimeError(fault.number).description()};
+  }
+  return fault.inReload() ? Texts{trapped(fault), fault.clean.messages.back()}
+                          : Texts{trapped(fault)};
+}
+
 void takeCatalogue(Rig& /*rig*/) { desktop().take(catalogueFile); }
 
 Texts withQuestion(const std::wstring& question, const Fault& fault) {
@@ -231,6 +272,82 @@ std::vector<Operation> operations() {
        .told =
            [](const Fault& fault) {
              return Texts{L"File does not exists, removing entry", trapped(fault)};
+           }},
+      {.name = "take out of the list",
+       .prepare = selectOne,
+       .run = [](Rig& rig) { rig.main().commands.item(ids::mnuRemoveFromList).fireClick(); },
+       .told =
+           [](const Fault& fault) {
+             return fault.inReload() ? Texts{trapped(fault), fault.clean.messages.back()}
+                                     : Texts{trapped(fault)};
+           }},
+      {.name = "add files",
+       .prepare =
+           [selectOne](Rig& rig) {
+             selectOne(rig);
+             desktop().putFile(L"D:\\Far.cw3", "far");
+           },
+       .run =
+           [](Rig& rig) {
+             script([] {
+               desktop().filesDialogResults = {
+                   std::vector<std::wstring>{L"D:\\Far.cw3", L"d:\\one.fp3", L"D:\\Two.txt"}};
+             });
+             rig.main().commands.item(ids::mnuAddFiles).fireClick();
+           },
+       .told = problemWithAdding},
+      {.name = "add a list",
+       .prepare =
+           [selectOne](Rig& rig) {
+             selectOne(rig);
+             putOtherList(rig);
+           },
+       .run = addList,
+       .told = problemWithAdding},
+      {.name = "add a list while another program writes",
+       .prepare =
+           [selectOne](Rig& rig) {
+             selectOne(rig);
+             putOtherList(rig);
+           },
+       .run =
+           [](Rig& rig) {
+             disturbOnce();
+             addList(rig);
+           },
+       .told = problemWithAdding,
+       .addOthersWork = addOthersRecord},
+      {.name = "add a web list",
+       .prepare =
+           [](Rig& rig) {
+             rig.select(frmQMK::web, L"Weather");
+             desktop().putFile(otherList, record("Storms", "http://storms.example"));
+           },
+       .run = addList,
+       .told = problemWithAdding},
+      {.name = "save the list",
+       .prepare = selectOne,
+       .run = [](Rig& rig) { saveList(rig, L"D:\\Mine.txt"); },
+       .told =
+           [](const Fault& fault) {
+             return fault.was(L"save file dialog") ? problemWithDialog(fault)
+                                                   : Texts{savingProblem(fault)};
+           }},
+      {.name = "save the list as a table in the place of another file",
+       .prepare =
+           [selectOne](Rig& rig) {
+             selectOne(rig);
+             desktop().putFile(L"D:\\Mine.csv", "mine");
+           },
+       .run = [](Rig& rig) { saveList(rig, L"D:\\Mine.csv"); },
+       .told =
+           [](const Fault& fault) {
+             if (fault.was(L"save file dialog")) {
+               return problemWithDialog(fault);
+             }
+             return fault.followed(L"message ", L"Replace it?")
+                        ? Texts{L"Mine.csv already exists. Replace it?", savingProblem(fault)}
+                        : Texts{savingProblem(fault)};
            }},
       {.name = "tick of the watch",
        .prepare = nothing,

@@ -29,11 +29,23 @@ void RandomUse::prepareAnswers() {
   desktop().answers.assign(40, oneIn(2) ? Answer::yes : Answer::no);
   desktop().inputAnswers.clear();
   desktop().fileDialogResults.clear();
+  desktop().saveDialogResults.clear();
+  desktop().filesDialogResults.assign(
+      10, std::vector<std::wstring>{L"D:\\One.fp3", L"D:\\Two.bi3", L"C:\\Tools\\calc.exe"});
+  desktop().clipboardBusy = oneIn(8);
   for (int n = 0; n < 10; ++n) {
     desktop().inputAnswers.emplace_back(oneIn(4) ? L"" : someName());
     if (oneIn(3)) {
       desktop().fileDialogResults.emplace_back(32755);
+      desktop().saveDialogResults.emplace_back(32755);
+    } else if (oneIn(3)) {
+      // For commands that add a list, and for one that saves it in the place of the program's own.
+      desktop().fileDialogResults.emplace_back(oneIn(2) ? catalogueFile : webListFile);
+      desktop().saveDialogResults.emplace_back(platform::dialogs::SaveFileChoice{
+          oneIn(2) ? catalogueFile : webListFile, 1 + static_cast<int>(below(2))});
     } else {
+      desktop().saveDialogResults.emplace_back(platform::dialogs::SaveFileChoice{
+          L"D:\\Saved " + std::to_wstring(below(3)) + (oneIn(2) ? L".csv" : L""), 1});
       desktop().fileDialogResults.emplace_back(
           std::wstring(oneIn(2) ? L"D:\\One.fp3" : L"C:\\Tools\\calc.exe"));
     }

@@ -48,6 +48,7 @@ void layOutDisk() {
   desktop().putProgram(L"C:\\App\\plv3.exe");
   desktop().putProgram(L"C:\\App\\brtpc3.exe");
   desktop().putProgram(L"C:\\Tools\\calc.exe");
+  desktop().putProgram(L"C:\\Windows\\explorer.exe");
   desktop().setIcon(L"C:\\Tools\\calc.exe", 0xFF00FF00);
   desktop().putFolder(L"C:\\App\\shortcuts");
   platform::shell_links::Link link;
@@ -129,7 +130,7 @@ State stateOf(const frmQMK& main) {
       std::wstring path = folder;
       path += L'\\';
       path += name;
-      if (const auto bytes = desktop().bytesOf(path); bytes && path != temporaryFile) {
+      if (const auto bytes = desktop().bytesOf(path); bytes && name != L"qmklist.tmp") {
         state.files[path] = *bytes;
       }
     }
@@ -147,6 +148,9 @@ State stateOf(const frmQMK& main) {
   }
   for (const memory::Message& message : desktop().messages) {
     state.messages.push_back(message.text);
+  }
+  if (!main.news().empty()) {
+    state.messages.push_back(L"status: " + main.news());
   }
   const frmWeb* const dialog = main.webDialog();
   state.dialogOpen = dialog != nullptr && dialog->loaded();
@@ -208,11 +212,13 @@ std::vector<int> errorsOf(const std::wstring& call) {
       {L"read to append ", {75, 76, 70, 67, 57}},
       {L"read ", {53, 76, 70, 75, 67, 57}},
       {L"create C:", {70, 75, 76, 61, 67, 57}},
+      {L"create D:", {70, 75, 76, 61, 67, 57}},
       {L"create frm", {7}},
       {L"write ", {61, 57, 70, 75, 76}},
       {L"replace ", {53, 75, 70, 57}},
       {L"show ", {7}},
       {L"open file dialog", {32755, 20477, 7}},
+      {L"save file dialog", {32755, 20477, 7}},
       {L"start ", {53, 5, 70, 75, 57}},  // "start elevated " too
       {L"link ", {429, 70, 75, 76, 61, 57}},
       {L"setting ", {75}},

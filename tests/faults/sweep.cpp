@@ -153,7 +153,7 @@ void checkLook(const Operation& operation, const Fault& fault, LookFault kind) {
     const Texts& messages = fault.now.messages;
     const auto tells = [](const std::wstring& message) {
       return message == L"Run-time error '7':\r\n\r\nOut of memory" ||
-             message.ends_with(L"\r7-Out of memory");
+             message.ends_with(L"\r7-Out of memory") || message.ends_with(L": Out of memory");
     };
     const auto told = std::count_if(messages.begin(), messages.end(), tells);
     // Where it lasts, what follows a routine that has told of it may meet it again.

@@ -56,7 +56,7 @@ void script(Step step) {
 struct State {
   std::map<std::wstring, std::string> files;  ///< All of them, by path.
   std::vector<Texts> lists;                   ///< The items of the four lists with sub-items.
-  Texts messages;
+  Texts messages;  ///< Message boxes, and then the news of the status line, if there are any.
   bool dialogOpen = false;  ///< The web shortcut dialog.
   [[nodiscard]] std::string file(const std::wstring& path) const;
   bool operator==(const State&) const = default;

@@ -3,6 +3,7 @@
 
 #include "faults/sweep.h"
 #include "mainwindow/control_ids.h"
+#include "platform/run_time_error.h"
 
 namespace faults {
 namespace {
@@ -72,6 +73,21 @@ std::vector<Operation> operations() {
            [](Rig& rig) {
              rig.main().TabMain.fireSwitch(frmQMK::open);
              rig.main().commands.item(ids::mnuFitColumns).fireClick();
+           }},
+      {.name = "copy an entry and its path",
+       .prepare = [](Rig& rig) { rig.select(frmQMK::open, L"One.fp3"); },
+       .run =
+           [](Rig& rig) {
+             rig.main().commands.item(ids::mnuCopyPath).fireClick();
+             rig.main().commands.item(ids::mnuCopy).fireClick();
+           }},
+      {.name = "show the folder of an entry",
+       .prepare = [](Rig& rig) { rig.select(frmQMK::open, L"Gone.fp3"); },
+       .run = [](Rig& rig) { rig.main().commands.item(ids::mnuOpenFolder).fireClick(); },
+       .told =
+           [](const Fault& fault) {
+             return Texts{L"status: The folder cannot be shown: " +
+                          platform::RunTimeError(fault.number).description()};
            }},
       {.name = "look for what is not there",
        .prepare = nothing,

@@ -85,6 +85,10 @@ void Desktop::reset() {
   fileDialogResults.clear();
   fileDialogs.clear();
   onFileDialog = nullptr;
+  filesDialogResults.clear();
+  saveDialogResults.clear();
+  clipboard = {};
+  clipboardBusy = false;
   starts.clear();
   linkWrites.clear();
   linkFailure.reset();

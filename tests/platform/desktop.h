@@ -18,6 +18,7 @@
 #include <vector>
 
 #include "platform/application.h"
+#include "platform/clipboard.h"
 #include "platform/clock.h"
 #include "platform/code_pages.h"
 #include "platform/controls/window.h"
@@ -160,11 +161,11 @@ class Desktop {
   /// What the program did to the desktop, in order: "make folder P", "remove P", "rename P -> Q",
   /// "copy P -> Q", "short name of new P", "read P", "read to append P", "create P", "write P",
   /// "replace P -> Q" (with " (changed)" when it was refused), "setting S\K = V", "link P", "start
-  /// E", "browse A", "classic help F", "compiled help F", "message T", "error N", "input P", "open
-  /// file dialog", "create W", "show W", "activate W", "menu M at X Y", "destroy W", "modal W",
-  /// "run W", "tick T", "pump", "end", "start elevated E", "close help", "wait of W: T",
-  /// "wait of W is over". Calls that only look are not in it; a call that failed is,
-  /// with " failed N" behind it.
+  /// E", "browse A", "copy T", "save file dialog", "classic help F", "compiled help F", "message
+  /// T", "error N", "input P", "open file dialog", "create W", "show W", "activate W", "menu M at X
+  /// Y", "destroy W", "modal W", "run W", "tick T", "pump", "end", "start elevated E", "close
+  /// help", "wait of W: T", "wait of W is over". Calls that only look are not in it; a call that
+  /// failed is, with " failed N" behind it.
   [[nodiscard]] const std::vector<std::wstring>& journal() const { return journal_; }
   /// Whether the journal has that line.
   [[nodiscard]] bool journalHas(const std::wstring& line) const;
@@ -212,12 +213,19 @@ class Desktop {
   /// Results of the next file dialogs: a path, or the number of an error (`error::cancelled` for
   /// Cancel).
   std::deque<std::variant<std::wstring, int>> fileDialogResults;
-  std::vector<platform::dialogs::OpenFileRequest> fileDialogs;
+  std::vector<platform::dialogs::FileRequest> fileDialogs;
+  /// The same for dialogs in which the user may choose several files.
+  std::deque<std::variant<std::vector<std::wstring>, int>> filesDialogResults;
+  /// The same for save dialogs, which are in `fileDialogs`, too.
+  std::deque<std::variant<platform::dialogs::SaveFileChoice, int>> saveDialogResults;
   /// Called while a file dialog is open.
   std::function<void()> onFileDialog;
 
   // --- other programs, the shell ---
 
+  platform::clipboard::Content clipboard;
+  /// Another program keeps the clipboard open.
+  bool clipboardBusy = false;
   std::vector<Start> starts;
   /// Programs that run with an administrator's rights only, and whether the user gives them.
   std::map<std::wstring, bool> elevated;

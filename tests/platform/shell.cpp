@@ -1,11 +1,14 @@
 // Dialogs and the shell: shortcuts, starting programs, browsing, help, icons.
 #include <algorithm>
 #include <cstddef>
+#include <deque>
 #include <functional>
 #include <optional>
 #include <utility>
+#include <variant>
 
 #include "platform/browser.h"
+#include "platform/clipboard.h"
 #include "platform/desktop.h"
 #include "platform/dialogs.h"
 #include "platform/dispatcher.h"
@@ -49,14 +52,18 @@ void reportRunTimeError(const RunTimeError& error) {
       {reportText(error), MessageStyle::critical, application::title, Answer::ok, before});
 }
 
-std::wstring openFile(const OpenFileRequest& request) {
-  std::wstring chosen;
-  desktop().call(L"open file dialog", [&] {
+namespace {
+
+/// Shows a file dialog, whose results are scripted in `results`.
+template <class Result>
+Result fileDialog(const std::wstring& name, const FileRequest& request,
+                  std::deque<std::variant<Result, int>>& results) {
+  Result chosen;
+  desktop().call(name, [&] {
     desktop().fileDialogs.push_back(request);
     if (desktop().onFileDialog) {
       desktop().onFileDialog();
     }
-    auto& results = desktop().fileDialogResults;
     if (results.empty()) {
       desktop().mistake("A file dialog asks and the test has no result for it");
       throw RunTimeError(error::cancelled);
@@ -66,12 +73,43 @@ std::wstring openFile(const OpenFileRequest& request) {
     if (const auto* const number = std::get_if<int>(&result)) {
       throw RunTimeError(*number);
     }
-    chosen = std::get<std::wstring>(result);
+    chosen = std::get<Result>(result);
   });
   return chosen;
 }
 
+}  // namespace
+
+std::wstring openFile(const FileRequest& request) {
+  return fileDialog(L"open file dialog", request, desktop().fileDialogResults);
+}
+
+std::vector<std::wstring> openFiles(const FileRequest& request) {
+  return fileDialog(L"open file dialog", request, desktop().filesDialogResults);
+}
+
+SaveFileChoice saveFile(const FileRequest& request) {
+  return fileDialog(L"save file dialog", request, desktop().saveDialogResults);
+}
+
 }  // namespace dialogs
+
+namespace clipboard {
+
+bool put(const Content& content) {
+  desktop().note(L"copy " + content.text);
+  if (desktop().clipboardBusy || desktop().blinded()) {
+    return false;
+  }
+  desktop().clipboard = content;
+  return true;
+}
+
+Content content() {
+  return desktop().clipboardBusy || desktop().blinded() ? Content{} : desktop().clipboard;
+}
+
+}  // namespace clipboard
 
 namespace processes {
 

@@ -154,5 +154,7 @@ std::optional<std::wstring> specialFolder(const controls::Window& /*owner*/, int
   return id == personal && !desktop().blinded() ? desktop().documents : std::nullopt;
 }
 
+std::wstring windowsFolder() { return L"C:\\Windows"; }
+
 }  // namespace folders
 }  // namespace platform

@@ -181,10 +181,13 @@ void Monkey::inMain(int kind) {
   constexpr std::array<WORD, 16> keys{VK_DOWN,   VK_UP,    VK_LEFT, VK_RIGHT, VK_HOME, VK_END,
                                       VK_RETURN, VK_SPACE, VK_F5,   VK_TAB,   VK_NEXT, VK_PRIOR,
                                       VK_ESCAPE, VK_F10,   VK_APPS, 'P'};
-  constexpr std::array commands{ids::mnuCreate, ids::mnuRename,      ids::mnuDelete,
-                                ids::mnuList,   ids::mnuIcon,        ids::mnuHelpContents,
-                                ids::mnuWeb,    ids::mnuAbout,       ids::mnuDelete,
-                                ids::mnuRename, ids::mnuNewestFirst, ids::mnuFitColumns};
+  // Not "Open Folder": the clicks that follow would go to Explorer, which changes files itself.
+  constexpr std::array commands{ids::mnuCreate,  ids::mnuRename,      ids::mnuDelete,
+                                ids::mnuList,    ids::mnuIcon,        ids::mnuHelpContents,
+                                ids::mnuWeb,     ids::mnuAbout,       ids::mnuDelete,
+                                ids::mnuRename,  ids::mnuNewestFirst, ids::mnuFitColumns,
+                                ids::mnuCopy,    ids::mnuCopyPath,    ids::mnuRemoveFromList,
+                                ids::mnuAddList, ids::mnuSaveListAs};
   if (kind < 30) {
     clickSomewhere(main, kind < 8);
   } else if (kind < 55) {

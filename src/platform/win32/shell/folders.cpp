@@ -20,4 +20,11 @@ std::optional<std::wstring> specialFolder(const controls::Window& owner, int id)
   return path.data();
 }
 
+std::wstring windowsFolder() {
+  // Not the one of the session that a terminal server may give each user.
+  std::wstring folder(GetSystemWindowsDirectoryW(nullptr, 0), L'\0');
+  folder.resize(GetSystemWindowsDirectoryW(folder.data(), static_cast<UINT>(folder.size())));
+  return folder;
+}
+
 }  // namespace platform::folders

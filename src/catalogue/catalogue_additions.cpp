@@ -1,0 +1,216 @@
+// Adding data files to the catalogue.
+#include <optional>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+#include "catalogue/catalogue_file.h"
+#include "catalogue/data_types.h"
+#include "catalogue/stored_path.h"
+#include "listfile/list_file.h"
+#include "listfile/suite_lists.h"
+#include "platform/clock.h"
+#include "platform/files.h"
+#include "platform/text.h"
+#include "platform/trap.h"
+
+namespace modQMKGeneral {
+
+using list_file::Missing;
+using list_file::Record;
+using platform::text::toCodePage;
+using platform::text::upper;
+
+namespace clock = platform::clock;
+namespace files = platform::files;
+
+namespace {
+
+/// Fields of a catalogue record.
+constexpr std::size_t typeField = 0;
+constexpr std::size_t pathField = 1;
+
+/// The record with another path and today's date. Its type code and everything after the three
+/// fields keep their bytes.
+std::string restamped(const Record& record, const std::string& path) {
+  std::string line =
+      list_file::line({record.fields.at(typeField), path, toCodePage(clock::todayText())});
+  line.insert(line.size() - 2, record.rest);
+  return line;
+}
+
+/// The path of an entry that is to be added, and the forms in which the list may already have it.
+class AddedPath {
+ public:
+  explicit AddedPath(const std::wstring& path)
+      : upper_(upper(path)),
+        inCodePage_(platform::text::fitsCodePage(path)),
+        forms_(path, stored_path::Substitutes::unique),
+        listed_(stored_path::forList(path)) {}
+
+  [[nodiscard]] bool isIn(const Record& record) const {
+    const std::string_view listed = record.fields.at(pathField);
+    return record.has(pathField) && (platform::text::upperCodePageEquals(listed, upper_) ||
+                                     (!inCodePage_ && forms_.match(record.text(pathField))));
+  }
+  /// The path as it is written to the list.
+  [[nodiscard]] std::string bytes() const { return toCodePage(listed_); }
+  /// Whether other forms of the path are duplicates of the form that is written.
+  [[nodiscard]] bool isOnlyOne() const {
+    return !inCodePage_ && platform::text::fitsCodePage(listed_);
+  }
+
+ private:
+  std::wstring upper_;
+  bool inCodePage_;
+  stored_path::Forms forms_;
+  std::wstring listed_;
+};
+
+/// The catalogue with the record of `path` updated, or with a new record at its end.
+std::string withEntry(std::string old, const AddedPath& path, const std::wstring& typeCode) {
+  const std::string pathBytes = path.bytes();
+  bool found = false;
+  std::string bytes =
+      list_file::edited(std::move(old), [&](const Record& record, std::string& changed) {
+        if (!path.isIn(record)) {
+          return list_file::Change::none;
+        }
+        if (!found || !path.isOnlyOne()) {
+          changed = restamped(record, pathBytes);
+        }
+        found = true;
+        return list_file::Change::replaced;
+      });
+  if (!found) {
+    list_file::append(
+        bytes, list_file::line({toCodePage(typeCode), pathBytes, toCodePage(clock::todayText())}));
+  }
+  return bytes;
+}
+
+/// Several of them, found by a record's path at once.
+class AddedPaths {
+ public:
+  /// Adds a path; false when it is there already, in whatever letter case.
+  bool add(const std::wstring& path, const std::wstring& typeCode) {
+    if (!places_.try_emplace(upper(path), paths_.size()).second) {
+      return false;
+    }
+    paths_.push_back({AddedPath(path), typeCode});
+    if (!platform::text::fitsCodePage(path)) {
+      withForms_.push_back(paths_.size() - 1);
+    }
+    return true;
+  }
+  [[nodiscard]] std::size_t count() const { return paths_.size(); }
+  [[nodiscard]] const AddedPath& at(std::size_t n) const { return paths_[n].path; }
+  [[nodiscard]] std::string newRecord(std::size_t n) const {
+    return list_file::line(
+        {toCodePage(paths_[n].typeCode), paths_[n].path.bytes(), toCodePage(clock::todayText())});
+  }
+  /// The path of a record; nothing when it is none of them.
+  [[nodiscard]] std::optional<std::size_t> of(const Record& record) const {
+    if (!record.has(pathField)) {
+      return std::nullopt;
+    }
+    if (const auto place = places_.find(upper(record.text(pathField))); place != places_.end()) {
+      return place->second;
+    }
+    for (const std::size_t n : withForms_) {
+      if (paths_[n].path.isIn(record)) {
+        return n;
+      }
+    }
+    return std::nullopt;
+  }
+
+ private:
+  struct Path {
+    AddedPath path;
+    std::wstring typeCode;
+  };
+  std::vector<Path> paths_;
+  std::unordered_map<std::wstring, std::size_t> places_;
+  std::vector<std::size_t> withForms_;  // those that a record may name in several ways
+};
+
+/// The catalogue with today's date in the records of the paths, or with new records at its end.
+/// `present` becomes the number of paths that had a record.
+std::string withEntries(std::string old, const AddedPaths& paths, std::size_t& present) {
+  std::vector<bool> found(paths.count(), false);
+  present = 0;
+  std::string bytes =
+      list_file::edited(std::move(old), [&](const Record& record, std::string& changed) {
+        const auto n = paths.of(record);
+        if (!n) {
+          return list_file::Change::none;
+        }
+        if (!found[*n] || !paths.at(*n).isOnlyOne()) {
+          changed = restamped(record, paths.at(*n).bytes());
+        }
+        present += found[*n] ? 0 : 1;
+        found[*n] = true;
+        return list_file::Change::replaced;
+      });
+  for (std::size_t n = 0; n < paths.count(); ++n) {
+    if (!found[n]) {
+      list_file::append(bytes, paths.newRecord(n));
+    }
+  }
+  return bytes;
+}
+
+/// The type that a file name ends with; nullptr for another ending.
+const DataType* typeOfName(const std::wstring& path) {
+  const std::size_t dot = path.find_last_of(L".\\");
+  return dot == std::wstring::npos || path[dot] != L'.' ? nullptr
+                                                        : typeOfCode(path.substr(dot + 1));
+}
+
+}  // namespace
+
+void AddOrUpdateCatalogueEntry(const std::wstring& path, const std::wstring& typeCode) {
+  const auto failure = platform::trapped([&] {
+    const Missing missing =
+        files::fileExists(cataloguePath()) ? Missing::isError : Missing::isEmpty;
+    const AddedPath added(path);
+    list_file::rewrite(cataloguePath(), temporaryPath(), missing,
+                       [&](std::string old) { return withEntry(std::move(old), added, typeCode); });
+  });
+  if (failure) {
+    showListFileProblem(L"Problem saving to QMK list", *failure);
+  }
+}
+
+std::optional<AddedFiles> AddDataFiles(const std::vector<std::wstring>& paths) {
+  AddedFiles result;
+  std::size_t present = 0;
+  std::size_t doubles = 0;
+  const auto failure = platform::trapped([&] {
+    AddedPaths added;
+    for (const std::wstring& path : paths) {
+      if (const DataType* const type = typeOfName(path); type == nullptr) {
+        ++result.wrongType;
+      } else if (!files::fileExists(path)) {
+        ++result.missing;
+      } else if (!added.add(path, std::wstring(type->code))) {
+        ++doubles;
+      }
+    }
+    if (added.count() > 0) {
+      list_file::rewrite(cataloguePath(), temporaryPath(), Missing::isEmpty, [&](std::string old) {
+        return withEntries(std::move(old), added, present);
+      });
+    }
+    result.added = added.count() - present;
+    result.present = present + doubles;
+  });
+  if (failure) {
+    showListFileProblem(L"Problem saving to QMK list", *failure);
+    return std::nullopt;
+  }
+  return result;
+}
+
+}  // namespace modQMKGeneral

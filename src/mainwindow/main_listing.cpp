@@ -64,6 +64,15 @@ std::wstring nearestFolder(std::wstring path) {
   return root + L"\\";
 }
 
+/// Where the user keeps files. Without it the dialogs would begin in the current folder, which a
+/// shortcut may have set.
+std::wstring documentsFolder() {
+  std::wstring name;
+  std::wstring folder;
+  SmodMisc::SplitPath(modQMKGeneral::UserFolder, name, folder);
+  return folder;
+}
+
 bool hasExtension(const std::wstring& path) {
   const std::size_t dot = path.find_last_of(L".\\");
   return dot != std::wstring::npos && path[dot] == L'.';
@@ -169,7 +178,7 @@ void frmQMK::mnuSaveListAs_Click() {
   dialogs::SaveFileChoice choice;
   const auto noChoice = trapped([&choice] {
     choice =
-        dialogs::saveFile({.initialFolder = {},
+        dialogs::saveFile({.initialFolder = documentsFolder(),
                            .fileName = {},
                            .title = L"Save List As",
                            .filter = L"List (*.txt)|*.txt|Table for spreadsheets (*.csv)|*.csv",
@@ -221,7 +230,7 @@ void frmQMK::mnuAddList_Click() {
   std::wstring path;
   std::string bytes;
   const auto noChoice = trapped([&path] {
-    path = dialogs::openFile({.initialFolder = {},
+    path = dialogs::openFile({.initialFolder = documentsFolder(),
                               .fileName = {},
                               .title = L"Add List",
                               .filter = L"Lists (*.txt)|*.txt|All files (*.*)|*.*",

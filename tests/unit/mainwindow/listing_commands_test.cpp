@@ -226,6 +226,7 @@ TEST_F(ListingCommands, SaveWritesWhatIsShownAsAList) {
   EXPECT_FALSE(desktop().has(L"D:\\qmklist.tmp"));
   EXPECT_EQ(news(), L"1 file saved in Mine.txt");
   EXPECT_EQ(desktop().fileDialogs.front().title, L"Save List As");
+  EXPECT_EQ(desktop().fileDialogs.front().initialFolder, L"C:\\Users\\Ann\\Documents\\");
 }
 
 TEST_F(ListingCommands, SaveWritesATable) {
@@ -317,6 +318,7 @@ TEST_F(ListingCommands, AddListAddsWhatIsNotThere) {
   EXPECT_EQ(news(), L"1 added, 1 already there, 1 not added: no path");
   EXPECT_EQ(textsOf(list), (unit::Texts{L"New.cw3", L"Plot.fp3", L"Ridge.fp3", L"Slope.bi3"}));
   EXPECT_EQ(desktop().fileDialogs.front().title, L"Add List");
+  EXPECT_EQ(desktop().fileDialogs.front().initialFolder, L"C:\\Users\\Ann\\Documents\\");
 }
 
 TEST_F(ListingCommands, AddListOnWebComparesNameAndAddress) {

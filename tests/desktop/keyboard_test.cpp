@@ -56,6 +56,17 @@ class Keyboard : public GatewayTest {
   }
 };
 
+TEST_F(Keyboard, TheListHasTheFocusAtTheStart) {
+  addShortcut(L"Alder");
+  app->startToMain();
+  harness::bringToFront(app->main());
+  EXPECT_TRUE(focusComesTo(ids::lstQMK0));
+  // So a letter goes to a tool at once.
+  harness::typeText(L"a");
+  EXPECT_TRUE(eventually([&] { return app->list(Tab::tools).selected().has_value(); }, true));
+  EXPECT_EQ(GetWindowTextLengthW(GetDlgItem(app->main(), ids::txtFind)), 0);
+}
+
 TEST_F(Keyboard, TheTabKeyGoesThroughTheControlsInReadingOrderAndBack) {
   app->startToMain();
   struct Way {

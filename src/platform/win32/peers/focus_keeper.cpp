@@ -46,6 +46,12 @@ HWND FocusKeeper::next(HWND from, bool backwards) const {
 }
 
 HWND FocusKeeper::first() const {
+  // A window with a list is about that list, whatever comes before it.
+  for (const auto& control : controls_) {
+    if (usable(control->window()) && classOf(control->window()) == WC_LISTVIEWW) {
+      return control->window();
+    }
+  }
   HWND const first = next(nullptr, false);
   // Not on a command: a key pressed too early must not run one.
   for (HWND candidate = first; candidate != nullptr;) {

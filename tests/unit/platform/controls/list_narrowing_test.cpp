@@ -175,6 +175,14 @@ TEST_F(ListNarrowing, AChangeOfTheItemsIsSeenWhenALetterIsDeleted) {
   EXPECT_EQ(list.rowCell(0, 0), L"xo");
 }
 
+TEST_F(ListNarrowing, AChangeOfTheItemsIsSeenWhenALetterIsTyped) {
+  list.setFind(L"n");
+  ASSERT_EQ(list.rows(), 2U);
+  list.add(L"North 5.cw3", L"cw3", {L"E:\\"});
+  list.setFind(L"no");
+  EXPECT_EQ(shown(), (Texts{L"North 1.fp3", L"North 3.bi3", L"North 5.cw3"}));
+}
+
 TEST_F(ListNarrowing, ASelectionThatMovedByItIsNotChosen) {
   list.select(0);
   EXPECT_FALSE(list.lostSelection());

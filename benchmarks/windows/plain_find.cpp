@@ -52,8 +52,8 @@ void readRows(const wchar_t* path) {
   const bench::Bytes file = bench::readFile(path);
   std::string_view left = file.view();
   for (bench::PlainRecord record; bench::nextRecord(left, record);) {
-    find.rows.push_back(
-        {wide(record.name), wide(record.date), labelOf(record.type), wide(record.folder)});
+    find.rows.push_back({bench::wide(record.name), bench::wide(record.date), labelOf(record.type),
+                         bench::wide(record.folder)});
   }
 }
 

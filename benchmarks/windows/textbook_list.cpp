@@ -43,7 +43,7 @@ HWND makeList() {
 }
 
 void setCell(HWND list, int row, int column, std::string_view bytes) {
-  std::wstring text = wide(bytes);
+  std::wstring text = bench::wide(bytes);
   LVITEMW cell{};
   cell.mask = LVIF_TEXT;
   cell.iItem = row;
@@ -57,7 +57,7 @@ void fill(HWND list, const wchar_t* path, std::vector<std::wstring>& names) {
   SendMessageW(list, WM_SETREDRAW, FALSE, 0);
   std::string_view left = file.view();
   for (bench::PlainRecord record; bench::nextRecord(left, record);) {
-    names.push_back(wide(record.name));
+    names.push_back(bench::wide(record.name));
     LVITEMW item{};
     item.mask = LVIF_TEXT | LVIF_PARAM;
     item.iItem = static_cast<int>(names.size()) - 1;

@@ -26,10 +26,6 @@ namespace files = platform::files;
 
 namespace {
 
-/// Fields of a catalogue record.
-constexpr std::size_t typeField = 0;
-constexpr std::size_t pathField = 1;
-
 /// The record with another path and today's date. Its type code and everything after the three
 /// fields keep their bytes.
 std::string restamped(const Record& record, const std::string& path) {
@@ -67,29 +63,7 @@ class AddedPath {
   std::wstring listed_;
 };
 
-/// The catalogue with the record of `path` updated, or with a new record at its end.
-std::string withEntry(std::string old, const AddedPath& path, const std::wstring& typeCode) {
-  const std::string pathBytes = path.bytes();
-  bool found = false;
-  std::string bytes =
-      list_file::edited(std::move(old), [&](const Record& record, std::string& changed) {
-        if (!path.isIn(record)) {
-          return list_file::Change::none;
-        }
-        if (!found || !path.isOnlyOne()) {
-          changed = restamped(record, pathBytes);
-        }
-        found = true;
-        return list_file::Change::replaced;
-      });
-  if (!found) {
-    list_file::append(
-        bytes, list_file::line({toCodePage(typeCode), pathBytes, toCodePage(clock::todayText())}));
-  }
-  return bytes;
-}
-
-/// Several of them, found by a record's path at once.
+/// The paths of the entries that are to be added.
 class AddedPaths {
  public:
   /// Adds a path; false when it is there already, in whatever letter case.
@@ -113,6 +87,10 @@ class AddedPaths {
   [[nodiscard]] std::optional<std::size_t> of(const Record& record) const {
     if (!record.has(pathField)) {
       return std::nullopt;
+    }
+    if (paths_.size() == 1) {
+      // Without a copy of the record's path, because the list may be long.
+      return paths_.front().path.isIn(record) ? std::optional<std::size_t>(0) : std::nullopt;
     }
     if (const auto place = places_.find(upper(record.text(pathField))); place != places_.end()) {
       return place->second;
@@ -161,6 +139,16 @@ std::string withEntries(std::string old, const AddedPaths& paths, std::size_t& p
   return bytes;
 }
 
+/// Gives the paths records of today in the catalogue file. Returns how many of them had one
+/// already.
+std::size_t putIntoCatalogue(const AddedPaths& paths) {
+  const Missing missing = files::fileExists(cataloguePath()) ? Missing::isError : Missing::isEmpty;
+  std::size_t present = 0;
+  list_file::rewrite(cataloguePath(), temporaryPath(), missing,
+                     [&](std::string old) { return withEntries(std::move(old), paths, present); });
+  return present;
+}
+
 /// The type that a file name ends with; nullptr for another ending.
 const DataType* typeOfName(const std::wstring& path) {
   const std::size_t dot = path.find_last_of(L".\\");
@@ -172,11 +160,9 @@ const DataType* typeOfName(const std::wstring& path) {
 
 void AddOrUpdateCatalogueEntry(const std::wstring& path, const std::wstring& typeCode) {
   const auto failure = platform::trapped([&] {
-    const Missing missing =
-        files::fileExists(cataloguePath()) ? Missing::isError : Missing::isEmpty;
-    const AddedPath added(path);
-    list_file::rewrite(cataloguePath(), temporaryPath(), missing,
-                       [&](std::string old) { return withEntry(std::move(old), added, typeCode); });
+    AddedPaths added;
+    added.add(path, typeCode);
+    putIntoCatalogue(added);
   });
   if (failure) {
     showListFileProblem(L"Problem saving to QMK list", *failure);
@@ -185,8 +171,6 @@ void AddOrUpdateCatalogueEntry(const std::wstring& path, const std::wstring& typ
 
 std::optional<AddedFiles> AddDataFiles(const std::vector<std::wstring>& paths) {
   AddedFiles result;
-  std::size_t present = 0;
-  std::size_t doubles = 0;
   const auto failure = platform::trapped([&] {
     AddedPaths added;
     for (const std::wstring& path : paths) {
@@ -195,16 +179,14 @@ std::optional<AddedFiles> AddDataFiles(const std::vector<std::wstring>& paths) {
       } else if (!files::fileExists(path)) {
         ++result.missing;
       } else if (!added.add(path, std::wstring(type->code))) {
-        ++doubles;
+        ++result.present;
       }
     }
     if (added.count() > 0) {
-      list_file::rewrite(cataloguePath(), temporaryPath(), Missing::isEmpty, [&](std::string old) {
-        return withEntries(std::move(old), added, present);
-      });
+      const std::size_t present = putIntoCatalogue(added);
+      result.present += present;
+      result.added = added.count() - present;
     }
-    result.added = added.count() - present;
-    result.present = present + doubles;
   });
   if (failure) {
     showListFileProblem(L"Problem saving to QMK list", *failure);

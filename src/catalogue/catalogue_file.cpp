@@ -28,9 +28,6 @@ namespace files = platform::files;
 
 namespace {
 
-/// Fields of a catalogue record.
-constexpr std::size_t pathField = 1;
-
 std::wstring trimmed(const std::wstring& text) {
   const std::size_t first = text.find_first_not_of(L' ');
   const std::size_t last = text.find_last_not_of(L' ');

@@ -10,6 +10,10 @@
 
 namespace modQMKGeneral {
 
+/// Fields of a catalogue record.
+inline constexpr std::size_t typeField = 0;
+inline constexpr std::size_t pathField = 1;
+
 /// Path of the catalogue file.
 [[nodiscard]] std::wstring cataloguePath();
 

@@ -22,7 +22,6 @@ bool removeFromList(CatalogueView& view, const std::wstring& path) {
 
 std::optional<list_file::Merged> addCatalogueRecords(CatalogueView& view,
                                                      const std::string& bytes) {
-  constexpr std::size_t pathField = 1;
   const auto path = [](const list_file::Record& record) {
     const std::wstring listed = record.text(pathField);
     return listed.find(L'\\') == std::wstring::npos ? std::nullopt

@@ -40,7 +40,12 @@ CommandObjects::CommandObjects(frmQMK& form, controls::Toolbar& toolbar, const C
   for (const Command& command : table.rows) {
     Object& object = objects_.emplace_back(command);
     object.item.setEnabled(object.allowed);
-    object.item.onClick = [this, &command] { command.handler(form_, form_.TabMain.current()); };
+    object.item.onClick = [this, &object] {
+      // The entry may have been enabled when the window was another.
+      if (isAvailable(object)) {
+        object.command.handler(form_, form_.TabMain.current());
+      }
+    };
     if (command.menu != Menu::none) {
       if (command.separated) {
         menu(command.menu).add(separators_.emplace_back(L"", 0, L"-"));
@@ -122,9 +127,13 @@ void CommandObjects::dressButtons() {
   }
 }
 
+bool CommandObjects::isAvailable(const Object& object) const {
+  return object.allowed && (object.command.available == nullptr || object.command.available(form_));
+}
+
 void CommandObjects::showEnabled(Object& object) {
   const Command& command = object.command;
-  const bool enabled = object.allowed && (command.available == nullptr || command.available(form_));
+  const bool enabled = isAvailable(object);
   object.item.setEnabled(enabled);
   if (command.button.key != nullptr) {
     toolbar_.setButtonEnabled(command.button.key, enabled);

@@ -65,6 +65,8 @@ class CommandObjects {
   [[nodiscard]] const wchar_t* whyNot(const Object& object) const;
   /// The commands of the toolbar in its order.
   [[nodiscard]] std::vector<const Object*> buttons();
+  /// Whether a command can be run now.
+  [[nodiscard]] bool isAvailable(const Object& object) const;
   void showEnabled(Object& object);
 
   frmQMK& form_;

@@ -1,4 +1,5 @@
 // Taking entries out of the window: their paths, their places, whole lists; and bringing lists in.
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -88,11 +89,7 @@ bool isSameFile(const std::wstring& one, const std::wstring& other) {
 
 std::wstring frmQMK::selectedFile() {
   const ListView& list = currentList();
-  const auto row = list.selectedRow();
-  if (!row) {
-    return {};
-  }
-  const std::size_t item = list.itemOfRow(*row);
+  const std::size_t item = list.itemOfRow(list.selectedRow().value());
   std::wstring path;
   if (TabMain.current() == tools) {
     path = list.subItem(item, modSC::shortcut_column::file);
@@ -111,20 +108,20 @@ void frmQMK::copy(const platform::clipboard::Content& content) {
   }
 }
 
-void frmQMK::tellUnlessCancelled(const platform::RunTimeError& failure) {
-  if (failure.number() != platform::error::cancelled) {
-    tell(L"The dialog cannot be shown: " + failure.description());
+bool frmQMK::chosen(const std::function<void()>& ask) {
+  const auto failure = trapped(ask);
+  if (failure && failure->number() != platform::error::cancelled) {
+    tell(L"The dialog cannot be shown: " + failure->description());
   }
+  return !failure;
 }
 
 void frmQMK::mnuCopy_Click() {
-  if (!currentList().selectedRow()) {
-    return;
-  }
   std::wstring text;
   for (const std::wstring& cell : shownCells(currentList(), currentList().selectedRow())) {
-    text += (text.empty() ? L"" : L"\t") + cell;
+    text += cell + L'\t';
   }
+  text.pop_back();
   const std::wstring file = selectedFile();
   copy({text, file.empty() ? std::vector<std::wstring>() : std::vector{file}});
 }
@@ -137,8 +134,10 @@ void frmQMK::mnuCopyPath_Click() {
 
 void frmQMK::mnuOpenFolder_Click() {
   std::wstring path = selectedPlace();
-  if (TabMain.current() == tools ? path.empty() : !selectedFile().empty()) {
-    path = selectedFile();
+  // The file behind a name with substitutes; the shortcut itself, if it has no target.
+  const std::wstring file = selectedFile();
+  if (TabMain.current() == tools ? path.empty() : !file.empty()) {
+    path = file;
   }
   if (path.empty()) {
     return;
@@ -159,33 +158,24 @@ void frmQMK::mnuOpenFolder_Click() {
 }
 
 void frmQMK::mnuRemoveFromList_Click() {
-  const auto row = lstQMK[open].selectedRow();
-  if (!row || TabMain.current() != open) {
-    return;
-  }
-  const auto entry = modQMKGeneral::dataEntry(lstQMK[open], lstQMK[open].itemOfRow(*row));
+  const modQMKGeneral::DataEntry entry = modQMKGeneral::selectedEntry(lstQMK[open]);
   if (modQMKGeneral::removeFromList(catalogue, entry.path())) {
     tell(entry.name + L" is no longer listed; the file itself stays");
   }
 }
 
 void frmQMK::mnuSaveListAs_Click() {
-  if (TabMain.current() != open && TabMain.current() != web) {
-    return;
-  }
   const ListView& list = currentList();
   constexpr int asTable = 2;
   dialogs::SaveFileChoice choice;
-  const auto noChoice = trapped([&choice] {
-    choice =
-        dialogs::saveFile({.initialFolder = documentsFolder(),
-                           .fileName = {},
-                           .title = L"Save List As",
-                           .filter = L"List (*.txt)|*.txt|Table for spreadsheets (*.csv)|*.csv",
-                           .filterIndex = 1});
-  });
-  if (noChoice) {
-    tellUnlessCancelled(*noChoice);
+  if (!chosen([&choice] {
+        choice =
+            dialogs::saveFile({.initialFolder = documentsFolder(),
+                               .fileName = {},
+                               .title = L"Save List As",
+                               .filter = L"List (*.txt)|*.txt|Table for spreadsheets (*.csv)|*.csv",
+                               .filterIndex = 1});
+      })) {
     return;
   }
   if (!hasExtension(choice.path)) {
@@ -207,10 +197,9 @@ void frmQMK::mnuSaveListAs_Click() {
       return;
     }
     const bool csv = platform::text::upper(name).ends_with(L".CSV");
-    const std::string bytes = csv ? table(list)
-                              : TabMain.current() == open
-                                  ? modQMKGeneral::shownCatalogueRecords(list)
-                                  : modQMKGeneral::shownWebRecords(list);
+    std::string bytes = csv                         ? table(list)
+                        : TabMain.current() == open ? modQMKGeneral::shownCatalogueRecords(list)
+                                                    : modQMKGeneral::shownWebRecords(list);
     list_file::rewrite(choice.path, temporary, list_file::Missing::isEmpty,
                        [&bytes](const std::string& /*old*/) { return bytes; });
     tell(mainwindow::countText(TabMain.current(), {.all = list.rows()}) + L" saved in " + name);
@@ -224,20 +213,15 @@ void frmQMK::mnuSaveListAs_Click() {
 
 void frmQMK::mnuAddList_Click() {
   const int tab = TabMain.current();
-  if (tab != open && tab != web) {
-    return;
-  }
   std::wstring path;
   std::string bytes;
-  const auto noChoice = trapped([&path] {
-    path = dialogs::openFile({.initialFolder = documentsFolder(),
-                              .fileName = {},
-                              .title = L"Add List",
-                              .filter = L"Lists (*.txt)|*.txt|All files (*.*)|*.*",
-                              .filterIndex = 1});
-  });
-  if (noChoice) {
-    tellUnlessCancelled(*noChoice);
+  if (!chosen([&path] {
+        path = dialogs::openFile({.initialFolder = documentsFolder(),
+                                  .fileName = {},
+                                  .title = L"Add List",
+                                  .filter = L"Lists (*.txt)|*.txt|All files (*.*)|*.*",
+                                  .filterIndex = 1});
+      })) {
     return;
   }
   if (const auto failure = trapped([&] { bytes = files::readWhole(path).bytes; })) {
@@ -255,19 +239,14 @@ void frmQMK::mnuAddList_Click() {
 }
 
 void frmQMK::mnuAddFiles_Click() {
-  if (TabMain.current() != open) {
-    return;
-  }
   std::vector<std::wstring> paths;
-  const auto noChoice = trapped([&paths] {
-    paths = dialogs::openFiles({.initialFolder = modQMKGeneral::AppFolder() + L"\\data",
-                                .fileName = {},
-                                .title = L"Add to List",
-                                .filter = modQMKGeneral::dataFileFilter(),
-                                .filterIndex = 1});
-  });
-  if (noChoice) {
-    tellUnlessCancelled(*noChoice);
+  if (!chosen([&paths] {
+        paths = dialogs::openFiles({.initialFolder = modQMKGeneral::AppFolder() + L"\\data",
+                                    .fileName = {},
+                                    .title = L"Add to List",
+                                    .filter = modQMKGeneral::dataFileFilter(),
+                                    .filterIndex = 1});
+      })) {
     return;
   }
   if (const auto files = modQMKGeneral::AddDataFiles(paths)) {

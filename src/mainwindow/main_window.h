@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -167,7 +168,9 @@ class frmQMK : public controls::Window {
   /// The data file or the shortcut of the selected row, if it is there; "" otherwise.
   [[nodiscard]] std::wstring selectedFile();
   void copy(const platform::clipboard::Content& content);
-  void tellUnlessCancelled(const platform::RunTimeError& failure);
+  /// Shows a dialog for choosing files. False when nothing was chosen; if the dialog failed, the
+  /// status line says so.
+  [[nodiscard]] bool chosen(const std::function<void()>& ask);
   void renameTo(int index, const controls::ItemKey& item, const std::wstring& name);
   void tellWhereItWent(const std::optional<std::wstring>& link);
   [[nodiscard]] controls::ListView& currentList();

@@ -6,7 +6,7 @@
 
 namespace platform::clipboard {
 
-/// What is copied or pasted; either part may be empty.
+/// What is copied; either part may be empty.
 struct Content {
   std::wstring text;
   std::vector<std::wstring> files;  ///< Full paths, as Explorer copies files.
@@ -15,9 +15,5 @@ struct Content {
 
 /// Replaces what is on the clipboard. False when another program does not let go of it.
 [[nodiscard]] bool put(const Content& content);
-
-/// What is on the clipboard; empty parts for everything else, and when another program does not let
-/// go of it.
-[[nodiscard]] Content content();
 
 }  // namespace platform::clipboard

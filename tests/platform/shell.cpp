@@ -105,10 +105,6 @@ bool put(const Content& content) {
   return true;
 }
 
-Content content() {
-  return desktop().clipboardBusy || desktop().blinded() ? Content{} : desktop().clipboard;
-}
-
 }  // namespace clipboard
 
 namespace processes {

@@ -89,6 +89,14 @@ TEST_F(ListingCommands, CopyOnWebTakesNameAndAddress) {
   EXPECT_EQ(desktop().clipboard, (platform::clipboard::Content{L"http://weather.example", {}}));
 }
 
+TEST_F(ListingCommands, CopyKeepsTheColumnsOfAnEntryWithoutAName) {
+  switchTo(frmQMK::web);
+  controls::ListView& web = window.lstQMK[frmQMK::web];
+  web.setText(web.selectedItem(), L"");
+  run(ids::mnuCopy);
+  EXPECT_EQ(desktop().clipboard.text, L"\thttp://weather.example");
+}
+
 TEST_F(ListingCommands, CopyPathIsTextWithoutQuotes) {
   list.fireKey({.key = 'C', .control = true, .shift = true});
   EXPECT_EQ(desktop().clipboard, (platform::clipboard::Content{L"C:\\Field\\Ridge.fp3", {}}));

@@ -2,12 +2,10 @@
 
 #include <windows.h>
 // Needs <windows.h> first.
-#include <shellapi.h>
 #include <shlobj.h>
 
-#include <algorithm>
 #include <cstring>
-#include <utility>
+#include <vector>
 
 #include "platform/win32/modality.h"
 
@@ -37,15 +35,22 @@ class Open {
   bool open_ = false;
 };
 
-/// Puts bytes there, which then belong to the system.
-bool putBytes(UINT format, const void* bytes, std::size_t size) {
+/// A copy of the bytes in memory of the kind that the clipboard takes; null when there is none
+/// left.
+HGLOBAL copyOf(const void* bytes, std::size_t size) {
   HGLOBAL const memory = GlobalAlloc(GMEM_MOVEABLE, size);
-  if (memory == nullptr) return false;
-  if (void* const place = GlobalLock(memory); place != nullptr) {
-    std::memcpy(place, bytes, size);
+  if (memory != nullptr) {
+    std::memcpy(GlobalLock(memory), bytes, size);
     GlobalUnlock(memory);
-    if (SetClipboardData(format, memory) != nullptr) return true;
   }
+  return memory;
+}
+
+/// Puts bytes there. If that succeeds, the system owns the copy.
+bool putBytes(UINT format, const void* bytes, std::size_t size) {
+  HGLOBAL const memory = copyOf(bytes, size);
+  if (memory == nullptr) return false;
+  if (SetClipboardData(format, memory) != nullptr) return true;
   GlobalFree(memory);
   return false;
 }
@@ -68,31 +73,6 @@ bool putFiles(const std::vector<std::wstring>& files) {
   return putBytes(CF_HDROP, bytes.data(), bytes.size());
 }
 
-std::wstring textThere() {
-  HANDLE const memory = GetClipboardData(CF_UNICODETEXT);
-  const auto* const text = memory == nullptr ? nullptr : static_cast<wchar_t*>(GlobalLock(memory));
-  if (text == nullptr) return {};
-  // Another program may have forgotten the final NUL.
-  const std::size_t most = GlobalSize(memory) / sizeof(wchar_t);
-  std::wstring copied(text, std::find(text, text + most, L'\0'));
-  GlobalUnlock(memory);
-  return copied;
-}
-
-std::vector<std::wstring> filesThere() {
-  const auto drop = static_cast<HDROP>(GetClipboardData(CF_HDROP));
-  if (drop == nullptr) return {};
-  std::vector<std::wstring> files;
-  constexpr UINT all = 0xFFFFFFFF;
-  const UINT count = DragQueryFileW(drop, all, nullptr, 0);
-  for (UINT n = 0; n < count; ++n) {
-    std::wstring path(DragQueryFileW(drop, n, nullptr, 0), L'\0');
-    DragQueryFileW(drop, n, path.data(), static_cast<UINT>(path.size()) + 1);
-    files.push_back(std::move(path));
-  }
-  return files;
-}
-
 }  // namespace
 
 bool put(const Content& content) {
@@ -100,11 +80,6 @@ bool put(const Content& content) {
   if (!open || EmptyClipboard() == 0) return false;
   return (content.text.empty() || putText(content.text)) &&
          (content.files.empty() || putFiles(content.files));
-}
-
-Content content() {
-  const Open open;
-  return open ? Content{textThere(), filesThere()} : Content{};
 }
 
 }  // namespace platform::clipboard

@@ -4,6 +4,7 @@
 
 #include "platform/application.h"
 #include "platform/dispatcher.h"
+#include "platform/win32/object_counts.h"
 #include "platform/win32/peers/window_peer.h"
 #include "platform/win32/peers/window_table.h"
 #include "platform/windows.h"
@@ -62,7 +63,19 @@ void runModal(controls::Window& window) {
   win32::endModal();
 }
 
-void run(controls::Window& mainWindow) { win32::processUntilUnloaded(mainWindow); }
+namespace {
+
+/// Counted while the main window processes its messages: from outside, this shows the end of
+/// start-up.
+struct MainLoop {};
+
+}  // namespace
+
+void run(controls::Window& mainWindow) {
+  win32::countObject<MainLoop>(1);
+  win32::processUntilUnloaded(mainWindow);
+  win32::countObject<MainLoop>(-1);
+}
 
 }  // namespace platform::windows
 

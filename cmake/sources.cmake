@@ -6,8 +6,10 @@ set(platform_sources
   src/platform/drives.cpp
   src/platform/error_report.cpp
   src/platform/explorer.cpp
+  src/platform/folder_walk.cpp
   src/platform/processes.cpp
   src/platform/run_time_error.cpp
+  src/platform/transfer_format.cpp
   src/platform/subclass.cpp
   src/platform/controls/bars.cpp
   src/platform/controls/common_dialog.cpp
@@ -48,12 +50,14 @@ set(catalogue_sources
   src/catalogue/stored_path.cpp
   src/catalogue/tool_command.cpp)
 set(shortcuts_sources
+  src/shortcuts/shortcut_additions.cpp
   src/shortcuts/shortcut_edit.cpp
   src/shortcuts/shortcut_file.cpp
   src/shortcuts/shortcut_list.cpp
   src/shortcuts/slow_icons.cpp)
 set(web_sources
   src/web/browser.cpp
+  src/web/web_addresses.cpp
   src/web/web_dialog.cpp
   src/web/web_list.cpp)
 set(about_sources
@@ -63,6 +67,9 @@ set(about_sources
 set(mainwindow_sources
   src/mainwindow/command_objects.cpp
   src/mainwindow/commands.cpp
+  src/mainwindow/file_search.cpp
+  src/mainwindow/incoming.cpp
+  src/mainwindow/main_incoming.cpp
   src/mainwindow/main_layout.cpp
   src/mainwindow/main_listing.cpp
   src/mainwindow/main_memory.cpp
@@ -107,6 +114,7 @@ set(win32_files_sources
   src/platform/win32/files/drives.cpp
   src/platform/win32/files/file_contents.cpp
   src/platform/win32/files/files.cpp
+  src/platform/win32/files/folder_contents.cpp
   src/platform/win32/files/open_files.cpp
   src/platform/win32/files/paths.cpp)
 set(win32_pictures_sources
@@ -121,7 +129,8 @@ set(win32_shell_sources
   src/platform/win32/shell/link_object.cpp
   src/platform/win32/shell/processes.cpp
   src/platform/win32/shell/script_link.cpp
-  src/platform/win32/shell/shell_links.cpp)
+  src/platform/win32/shell/shell_links.cpp
+  src/platform/win32/shell/transfer.cpp)
 set(win32_system_sources
   src/platform/win32/system/application.cpp
   src/platform/win32/system/background.cpp
@@ -135,6 +144,7 @@ set(win32_system_sources
   src/platform/win32/system/text.cpp)
 set(win32_peers_sources
   src/platform/win32/peers/button_peer.cpp
+  src/platform/win32/peers/dragging.cpp
   src/platform/win32/peers/control_peers.cpp
   src/platform/win32/peers/cool_button_peer.cpp
   src/platform/win32/peers/focus_keeper.cpp

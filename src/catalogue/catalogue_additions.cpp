@@ -10,6 +10,7 @@
 #include "listfile/list_file.h"
 #include "listfile/suite_lists.h"
 #include "platform/clock.h"
+#include "platform/drives.h"
 #include "platform/files.h"
 #include "platform/text.h"
 #include "platform/trap.h"
@@ -150,10 +151,11 @@ std::size_t putIntoCatalogue(const AddedPaths& paths) {
 }
 
 /// The type that a file name ends with; nullptr for another ending.
-const DataType* typeOfName(const std::wstring& path) {
+const DataType* typeOfName(std::wstring_view path) {
   const std::size_t dot = path.find_last_of(L".\\");
-  return dot == std::wstring::npos || path[dot] != L'.' ? nullptr
-                                                        : typeOfCode(path.substr(dot + 1));
+  return dot == std::wstring_view::npos || path[dot] != L'.'
+             ? nullptr
+             : typeOfCode(std::wstring(path.substr(dot + 1)));
 }
 
 }  // namespace
@@ -169,18 +171,27 @@ void AddOrUpdateCatalogueEntry(const std::wstring& path, const std::wstring& typ
   }
 }
 
-std::optional<AddedFiles> AddDataFiles(const std::vector<std::wstring>& paths) {
+bool isDataFileName(std::wstring_view name) { return typeOfName(name) != nullptr; }
+
+std::optional<AddedFiles> AddDataFiles(const std::vector<std::wstring>& paths,
+                                       const std::vector<std::wstring>& found) {
   AddedFiles result;
   const auto failure = platform::trapped([&] {
     AddedPaths added;
-    for (const std::wstring& path : paths) {
+    const auto add = [&](const std::wstring& path, bool isThere) {
       if (const DataType* const type = typeOfName(path); type == nullptr) {
         ++result.wrongType;
-      } else if (!files::fileExists(path)) {
+      } else if (!isThere && !(platform::drives::namesOneFile(path) && files::fileExists(path))) {
         ++result.missing;
       } else if (!added.add(path, std::wstring(type->code))) {
         ++result.present;
       }
+    };
+    for (const std::wstring& path : paths) {
+      add(path, false);
+    }
+    for (const std::wstring& path : found) {
+      add(path, true);
     }
     if (added.count() > 0) {
       const std::size_t present = putIntoCatalogue(added);

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "catalogue/catalogue_view.h"
@@ -43,7 +44,13 @@ struct AddedFiles {
 /// Does for each file what `AddOrUpdateCatalogueEntry` does, with the type code of its extension,
 /// in one replacement of the catalogue. Errors are trapped and shown as "Problem saving to QMK
 /// list"; nothing is returned then, and nothing is changed.
-[[nodiscard]] std::optional<AddedFiles> AddDataFiles(const std::vector<std::wstring>& paths);
+/// Files that have just been `found` in a folder are added, too, without a look whether they are
+/// there.
+[[nodiscard]] std::optional<AddedFiles> AddDataFiles(const std::vector<std::wstring>& paths,
+                                                     const std::vector<std::wstring>& found = {});
+
+/// Whether a file name ends like one of a data file.
+[[nodiscard]] bool isDataFileName(std::wstring_view name);
 
 /// Drops every record whose path is exactly `path` (case matters), then deletes the data file
 /// itself if it exists. Errors go to the caller (`error::fileNotFound`: no catalogue;

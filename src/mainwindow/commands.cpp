@@ -113,6 +113,14 @@ constexpr std::array rows{
             .handler = run<&frmQMK::mnuCopyPath_Click>,
             .available = hasRow,
             .onTab = {{allowed, allowed, forbidden, allowed}}},
+    Command{.id = ids::mnuPaste,
+            .name = L"mnuPaste",
+            .caption = L"Paste",
+            .menu = Menu::edit,
+            .explanation = L"Adds the copied files or addresses to the list.",
+            .key = {{.key = 'V', .control = true}},
+            .handler = run<&frmQMK::mnuPaste_Click>,
+            .onTab = {{allowed, allowed, forbidden, allowed}}},
     Command{.id = ids::mnuOpenFolder,
             .name = L"mnuOpenFolder",
             .caption = L"Open Folder",
@@ -231,16 +239,17 @@ constexpr std::array toolbar{ids::mnuDelete, ids::mnuRename,      ids::mnuCreate
                              ids::mnuIcon,   ids::mnuList,        separator,      ids::mnuExit,
                              separator,      ids::mnuHelpContents};
 
-constexpr std::array onTools{ids::mnuCreate, ids::mnuRename,   ids::mnuDelete,    separator,
-                             ids::mnuCopy,   ids::mnuCopyPath, ids::mnuOpenFolder};
-constexpr std::array onOpen{ids::mnuCreate,     ids::mnuRename,         ids::mnuDelete,
-                            separator,          ids::mnuCopy,           ids::mnuCopyPath,
-                            ids::mnuOpenFolder, ids::mnuRemoveFromList, separator,
-                            ids::mnuAddFiles,   ids::mnuAddList,        ids::mnuSaveListAs};
+constexpr std::array onTools{ids::mnuCreate, ids::mnuRename,   ids::mnuDelete, separator,
+                             ids::mnuCopy,   ids::mnuCopyPath, ids::mnuPaste,  ids::mnuOpenFolder};
+constexpr std::array onOpen{ids::mnuCreate,    ids::mnuRename,     ids::mnuDelete,
+                            separator,         ids::mnuCopy,       ids::mnuCopyPath,
+                            ids::mnuPaste,     ids::mnuOpenFolder, ids::mnuRemoveFromList,
+                            separator,         ids::mnuAddFiles,   ids::mnuAddList,
+                            ids::mnuSaveListAs};
 constexpr std::array onNew{ids::mnuCreate, ids::mnuRename, ids::mnuDelete};
-constexpr std::array onWeb{ids::mnuCreate, ids::mnuRename,  ids::mnuDelete,
-                           separator,      ids::mnuCopy,    ids::mnuCopyPath,
-                           separator,      ids::mnuAddList, ids::mnuSaveListAs};
+constexpr std::array onWeb{ids::mnuCreate,  ids::mnuRename,    ids::mnuDelete, separator,
+                           ids::mnuCopy,    ids::mnuCopyPath,  ids::mnuPaste,  separator,
+                           ids::mnuAddList, ids::mnuSaveListAs};
 
 constexpr CommandTable table{rows, toolbar, {onTools, onOpen, onNew, onWeb}};
 

@@ -15,6 +15,7 @@ inline constexpr int lblFind = 1052;
 inline constexpr int barStatus = 1060;
 inline constexpr int tmrIdle = 1070;
 inline constexpr int tmrNews = 1071;
+inline constexpr int tmrSearch = 1072;
 
 // Menus
 inline constexpr int mnuFile = 2000;
@@ -42,6 +43,7 @@ inline constexpr int mnuAbout = 2033;
 inline constexpr int mnuAddList = 2040;
 inline constexpr int mnuSaveListAs = 2041;
 inline constexpr int mnuAddFiles = 2042;
+inline constexpr int mnuPaste = 2044;
 
 // Toolbar buttons
 inline constexpr int buttonDelete = 2100;

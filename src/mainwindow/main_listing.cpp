@@ -249,11 +249,5 @@ void frmQMK::mnuAddFiles_Click() {
       })) {
     return;
   }
-  if (const auto files = modQMKGeneral::AddDataFiles(paths)) {
-    modQMKGeneral::LoadCatalogueView(catalogue);
-    tell(mainwindow::addedText(
-        {.added = files->added,
-         .present = files->present,
-         .refusals = {{files->wrongType, L"wrong type"}, {files->missing, L"not there"}}}));
-  }
+  addFiles(paths, {});
 }

@@ -255,6 +255,9 @@ void frmQMK::lstQMK_KeyDown(int index, const controls::KeyStroke& stroke) {
 }
 
 bool frmQMK::Form_KeyDown(const controls::KeyStroke& stroke) {
+  if (stroke == controls::KeyStroke{controls::keys::escape} && stopSearch()) {
+    return true;
+  }
   if (const auto tab = mainwindow::tabOfKey(stroke, TabMain.current(),
                                             static_cast<int>(TabMain.captions().size()))) {
     TabMain.setCurrent(*tab);

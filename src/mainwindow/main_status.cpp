@@ -32,6 +32,11 @@ void frmQMK::showStatus() {
                                                 .shown = list.rows(),
                                                 .missing = presence ? presence->missing() : 0,
                                                 .narrowed = list.narrowed()});
+  if (search_.running()) {
+    barStatus.setTexts(mainwindow::searchText(searchFor_, search_.found()), {});
+    barStatus.setProgress(search_.progress());
+    return;
+  }
   barStatus.setTexts(news_.empty() ? counts : news_, selectedPlace());
 }
 

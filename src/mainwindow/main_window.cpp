@@ -6,6 +6,7 @@
 #include "catalogue/stored_path.h"
 #include "flatlook/form_style.h"
 #include "mainwindow/control_ids.h"
+#include "mainwindow/incoming.h"
 #include "mainwindow/main_layout.h"
 #include "platform/application.h"
 #include "platform/dialogs.h"
@@ -25,6 +26,7 @@ namespace {
 constexpr int watchInterval = 1000;
 constexpr int idleInterval = 10;
 constexpr int newsTime = 10'000;
+constexpr int searchInterval = 100;
 constexpr platform::Size initialSize{780, 500};
 constexpr platform::Size smallestSize{420, 300};
 constexpr platform::Size largeIcon{32, 32};
@@ -61,6 +63,7 @@ frmQMK::frmQMK()
       barStatus(L"barStatus", ids::barStatus),
       tmrFileUpdate(L"tmrFileUpdate", ids::tmrFileUpdate, watchInterval, true),
       tmrIdle(L"tmrIdle", ids::tmrIdle, idleInterval, false),
+      tmrSearch(L"tmrSearch", ids::tmrSearch, searchInterval, false),
       tmrNews(L"tmrNews", ids::tmrNews, newsTime, false),
       commands(*this, barMain, mainwindow::commandTable()),
       mnuFile(commands.menu(Menu::file)),
@@ -139,6 +142,7 @@ void frmQMK::buildLists() {
   add(barStatus);
   add(tmrFileUpdate);
   add(tmrIdle);
+  add(tmrSearch);
   add(tmrNews);
   lstQMK[tools].setEmptyText(L"No shortcuts yet. Create (Insert) makes one.");
   lstQMK[open].setEmptyText(L"No data files yet. Browse opens one.");
@@ -161,6 +165,7 @@ void frmQMK::connect() {
   cmdBrowse.onPointerLeave = [this] { OC_COLOR::SetButtonIdle(cmdBrowse); };
   tmrFileUpdate.onTimer = [this] { tmrFileUpdate_Timer(); };
   tmrIdle.onTimer = [this] { tmrIdle_Timer(); };
+  tmrSearch.onTimer = [this] { tmrSearch_Timer(); };
   tmrNews.onTimer = [this] { tmrNews_Timer(); };
 }
 
@@ -184,6 +189,13 @@ void frmQMK::connectList(int index) {
   list.onNameTyped = [this, index](const controls::ItemKey& item, const std::wstring& name) {
     renameTo(index, item, name);
   };
+  list.takes = [index](const platform::clipboard::Content& content) {
+    return mainwindow::canBeTaken(index, content);
+  };
+  list.onDropped = [this, index](const platform::clipboard::Content& content) {
+    bringIn(index, content);
+  };
+  list.dragged = [this] { return dragged(); };
   // A status line that comes late must not disturb an operation.
   const auto later = [this] {
     static_cast<void>(platform::trapped([this] { tmrIdle.setEnabled(true); }));

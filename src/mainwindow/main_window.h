@@ -5,11 +5,14 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "about/about_box.h"
 #include "catalogue/catalogue_view.h"
 #include "catalogue/opening.h"
 #include "mainwindow/command_objects.h"
+#include "mainwindow/file_search.h"
 #include "mainwindow/presence.h"
 #include "platform/clipboard.h"
 #include "platform/controls/bars.h"
@@ -39,8 +42,9 @@ class frmQMK : public controls::Window {
   controls::CoolButton cmdBrowse;
   controls::StatusBar barStatus;
   controls::Timer tmrFileUpdate;
-  controls::Timer tmrIdle;  ///< Runs while there is something to do when nothing else is.
-  controls::Timer tmrNews;  ///< Runs while the status line tells news.
+  controls::Timer tmrIdle;    ///< Runs while there is something to do when nothing else is.
+  controls::Timer tmrSearch;  ///< Runs during a search, to show how far it is.
+  controls::Timer tmrNews;    ///< Runs while the status line tells news.
   /// [0] large and [1] small pictures of the lists, [2] pictures of the toolbar.
   std::array<controls::ImageList, 3> imgIcons;
   std::array<controls::ImageList, 2> imgShortCut;
@@ -108,6 +112,15 @@ class frmQMK : public controls::Window {
   void mnuSaveListAs_Click();
   void mnuAddList_Click();
   void mnuAddFiles_Click();
+  void mnuPaste_Click();
+  /// Adds to the list of a tab what was pasted or dropped there.
+  void bringIn(int tab, const platform::clipboard::Content& content);
+  /// Looks for files in folders and below them, while the status line shows how far it is. Esc ends
+  /// that. `wanted` runs on another thread; `done` gets the full paths. Another search ends.
+  void searchFolders(const std::wstring& what, std::vector<std::wstring> folders,
+                     std::function<bool(std::wstring_view name)> wanted,
+                     const std::function<void(const std::vector<std::wstring>& found)>& done);
+  void tmrSearch_Timer();
   /// Edits the name of the selected entry of a list in the list itself. On the Web tab it opens the
   /// dialog.
   void editName(int index);
@@ -168,6 +181,18 @@ class frmQMK : public controls::Window {
   /// The data file or the shortcut of the selected row, if it is there; "" otherwise.
   [[nodiscard]] std::wstring selectedFile();
   void copy(const platform::clipboard::Content& content);
+  /// What the selected row of the current tab gives to others.
+  [[nodiscard]] platform::clipboard::Content dragged();
+  /// Adds data files to the list: `named` ones, and those `found` in folders.
+  void addFiles(const std::vector<std::wstring>& named, const std::vector<std::wstring>& found);
+  /// The same after a question, if many were found.
+  void addFoundFiles(const std::vector<std::wstring>& named,
+                     const std::vector<std::wstring>& found);
+  void addShortcuts(const std::vector<std::wstring>& paths);
+  void addWebShortcuts(const platform::clipboard::Content& content);
+  void endSearch();
+  /// Ends a search at the user's wish. False when there is none.
+  bool stopSearch();
   /// Shows a dialog for choosing files. False when nothing was chosen; if the dialog failed, the
   /// status line says so.
   [[nodiscard]] bool chosen(const std::function<void()>& ask);
@@ -184,6 +209,8 @@ class frmQMK : public controls::Window {
   void deleteWebShortcut();
 
   std::wstring news_;
+  mainwindow::FileSearch search_;
+  std::wstring searchFor_;
   int dpi_ = platform::designDpi;
   bool askingToExit_ = false;
   bool sessionWaits_ = false;  // the end of the session waits for that answer

@@ -43,4 +43,8 @@ std::wstring addedText(const Additions& additions) {
   return text;
 }
 
+std::wstring searchText(const std::wstring& what, std::size_t found) {
+  return what + L": " + std::to_wstring(found) + L" found (Esc stops)";
+}
+
 }  // namespace mainwindow

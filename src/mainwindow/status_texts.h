@@ -21,7 +21,7 @@ struct Counts {
 /// Entries that were not added, and why.
 struct Refusal {
   std::size_t count = 0;
-  const wchar_t* reason = L"";
+  std::wstring reason{};
 };
 
 /// What became of entries that were to be added.
@@ -33,5 +33,8 @@ struct Additions {
 
 /// As in "30 added, 5 already there, 2 not added: wrong type".
 [[nodiscard]] std::wstring addedText(const Additions& additions);
+
+/// As in "Looking for data files: 12 found (Esc stops)".
+[[nodiscard]] std::wstring searchText(const std::wstring& what, std::size_t found);
 
 }  // namespace mainwindow

@@ -10,6 +10,13 @@ namespace platform::drives {
 /// ("\\\\server\\share"). "" for a path that begins with neither.
 [[nodiscard]] std::wstring rootOf(std::wstring_view path);
 
+/// Whether a path is the root of a drive or a share: a root and one backslash.
+[[nodiscard]] bool isRoot(std::wstring_view path);
+
+/// Whether a path can name a single file: it is full, and has no wildcard, no stream, no device and
+/// no character that no name has. The disk is not asked.
+[[nodiscard]] bool namesOneFile(std::wstring_view path);
+
 /// Whether the drive of a full path may take long to answer or not answer at all: a network path, a
 /// network drive, a drive whose medium can be taken out. The drive itself is not asked.
 [[nodiscard]] bool mayBeSlow(const std::wstring& path);

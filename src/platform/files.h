@@ -6,6 +6,7 @@
 // else the source.
 #pragma once
 
+#include <compare>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -65,6 +66,24 @@ struct Entry {
 
 /// Whether a directory search that includes folders finds that path.
 [[nodiscard]] bool folderExists(const std::wstring& path);
+
+/// What tells one folder from all others, by whatever path it is reached.
+struct FolderId {
+  std::uint64_t volume = 0;
+  std::uint64_t number = 0;
+  auto operator<=>(const FolderId&) const = default;
+};
+
+/// What is directly in a folder.
+struct FolderContents {
+  std::vector<std::wstring> files;    ///< Names of the normal files.
+  std::vector<std::wstring> folders;  ///< Names of the normal folders; no links, no junctions.
+  std::optional<FolderId> id;         ///< Nothing where the file system does not tell.
+};
+
+/// What is in a folder; empty when it cannot be read, for whatever reason. May be called on any
+/// thread.
+[[nodiscard]] FolderContents contentsOf(const std::wstring& folder);
 
 /// Creates one folder. Raises `error::pathFileAccess` when it exists, `error::pathNotFound` when
 /// its parent is missing.

@@ -133,17 +133,7 @@ void createShortcut(ShortcutList& shortcuts) {
   std::wstring program;
   BrowseForProgram(shortcuts.diaCommon, errorNumber, program);
   if (errorNumber != platform::error::cancelled) {
-    std::wstring name;
-    std::wstring folder;
-    SplitPath(program, name, folder);
-    const std::wstring link = CanonicalPath(ShortCutsFolder) + L"\\Shortcut to " + name + L".lnk";
-    platform::shell_links::write(link, {.arguments = L"",
-                                        .description = name,
-                                        .hotKey = L"",
-                                        .iconLocation = program,
-                                        .targetPath = program,
-                                        .windowStyle = startMaximised,
-                                        .workingDirectory = folder});
+    writeProgramShortcut(program);
   }
   LoadShortcutList(shortcuts);
 }

@@ -5,6 +5,7 @@
 #include <array>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/controls/common_dialog.h"
@@ -54,6 +55,26 @@ void BrowseForProgram(controls::CommonDialog& dialog, int& errorNumber, std::wst
 
 /// Create on the Tools tab: creates a shortcut to a program that the user chooses.
 void createShortcut(ShortcutList& shortcuts);
+
+/// Writes the shortcut that Create makes for a program. Raises what writing a shortcut raises.
+void writeProgramShortcut(const std::wstring& program);
+
+/// What became of files that were to be in the list.
+struct AddedShortcuts {
+  std::size_t added = 0;
+  std::size_t present = 0;    ///< Shortcuts whose name is taken; what has it stays.
+  std::size_t wrongType = 0;  ///< No programs, help files or shortcuts.
+  std::size_t missing = 0;    ///< There is no such file.
+  std::size_t failed = 0;     ///< Could not be written.
+  std::wstring failure;       ///< Why the first of these could not.
+};
+
+/// Makes shortcuts to programs and help files, as Create does, and copies shortcuts into the
+/// shortcuts folder under their own names. Then reloads the list; errors of that go to the caller.
+AddedShortcuts addShortcuts(ShortcutList& shortcuts, const std::vector<std::wstring>& paths);
+
+/// Whether `addShortcuts` takes a file of that name.
+[[nodiscard]] bool canBeShortcut(std::wstring_view name);
 
 /// Rename on the Tools tab. Returns the new path of the shortcut's file; nothing when it was not
 /// renamed. Raises `error::objectNotSet` without a selected item, and what the copy raises.

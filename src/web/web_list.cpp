@@ -23,15 +23,11 @@ namespace files = platform::files;
 
 namespace {
 
-std::string recordOf(const std::wstring& name, const std::wstring& url) {
-  return list_file::line({toCodePage(name), toCodePage(url)});
-}
-
 /// All items of a list as the contents of the file.
 std::string recordsOf(const ListView& list) {
   std::string bytes;
   for (std::size_t index = 0; index < list.count(); ++index) {
-    bytes += recordOf(list.text(index), list.subItem(index, urlColumn));
+    bytes += webRecord(list.text(index), list.subItem(index, urlColumn));
   }
   return bytes;
 }
@@ -65,7 +61,7 @@ void LoadWebList(WebList& web) {
 
 void AppendWebEntry(WebList& web, const std::wstring& name, const std::wstring& url) {
   list_file::rewrite(webListPath(), temporaryPath(), Missing::isEmpty, [&](std::string bytes) {
-    list_file::append(bytes, recordOf(name, url));
+    list_file::append(bytes, webRecord(name, url));
     return bytes;
   });
   LoadWebList(web);
@@ -96,6 +92,10 @@ bool SaveWebList(WebList& web, const std::wstring& name, const std::wstring& url
   return true;
 }
 
+std::string webRecord(const std::wstring& name, const std::wstring& url) {
+  return list_file::line({toCodePage(name), toCodePage(url)});
+}
+
 std::optional<list_file::Merged> addWebRecords(WebList& web, const std::string& bytes) {
   const auto nameAndAddress = [](const Record& record) {
     return record.has(urlColumn) ? std::optional(record.text(0) + L'\n' + record.text(urlColumn))
@@ -108,7 +108,7 @@ std::string shownWebRecords(const ListView& list) {
   std::string bytes;
   for (std::size_t row = 0; row < list.rows(); ++row) {
     const std::size_t item = list.itemOfRow(row);
-    bytes += recordOf(list.text(item), list.subItem(item, urlColumn));
+    bytes += webRecord(list.text(item), list.subItem(item, urlColumn));
   }
   return bytes;
 }

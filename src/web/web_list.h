@@ -45,6 +45,9 @@ void AppendWebEntry(WebList& web, const std::wstring& name, const std::wstring& 
 /// changed.
 bool SaveWebList(WebList& web, const std::wstring& name, const std::wstring& url);
 
+/// A record of the web list, in the code page.
+[[nodiscard]] std::string webRecord(const std::wstring& name, const std::wstring& url);
+
 /// Appends those records of another web list, `bytes`, whose name and address the file does not
 /// have yet, byte for byte, and reloads the list. Errors of the file are trapped and shown as
 /// "Problem saving to QMK list"; nothing is returned then.

@@ -20,6 +20,8 @@ struct FileSystem::Node {
   bool hidden = false;
   bool system = false;
   bool locked = false;
+  bool isLink = false;       ///< Whether the disk tells that the folder leads to another one.
+  Node* target = nullptr;    ///< The folder that this one leads to, not owned.
   bool isProtected = false;  ///< A folder in which nothing may be made, changed or deleted.
   std::string bytes;
   platform::files::FileTime modified = 0;

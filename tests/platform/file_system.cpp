@@ -1,6 +1,8 @@
 #include "platform/file_system.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstdint>
 #include <cwctype>
 #include <utility>
 
@@ -53,6 +55,9 @@ FileSystem::Place FileSystem::locate(const std::wstring& path) const {
       return place;
     }
     node = node->child(name);
+    if (node != nullptr && node->target != nullptr) {
+      node = node->target;
+    }
   }
   place.node = node;
   if (node == nullptr) {
@@ -147,6 +152,21 @@ std::vector<platform::files::Entry> FileSystem::search(const std::wstring& patte
     }
   }
   return found;
+}
+
+platform::files::FolderContents FileSystem::contentsOf(const std::wstring& folder) const {
+  platform::files::FolderContents contents;
+  const Node* node = locate(folder).node;
+  if (node == nullptr || !node->folder) {
+    return contents;
+  }
+  contents.id = {0, std::bit_cast<std::uintptr_t>(node)};
+  for (const auto& child : node->children) {
+    if (!child->hidden && !child->system && !child->isLink) {
+      (child->folder ? contents.folders : contents.files).push_back(child->name);
+    }
+  }
+  return contents;
 }
 
 std::optional<platform::files::Entry> FileSystem::entryAt(const std::wstring& path) const {

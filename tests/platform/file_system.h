@@ -43,6 +43,9 @@ class FileSystem {
   void setModified(const std::wstring& path, FileTime modified);
   void setLocked(const std::wstring& path, bool locked);
   void setProtected(const std::wstring& folder, bool isProtected);
+  /// Lets a new folder at `path` lead to an existing one. `recognisable` says whether the disk
+  /// tells that it is a link.
+  void linkFolder(const std::wstring& path, const std::wstring& target, bool recognisable);
   void alias(const std::wstring& shortPath, const std::wstring& longPath);
   void giveShortNames(const std::wstring& drive);
   /// Free space on the disk in bytes; nothing means no limit. A write that needs more raises
@@ -53,6 +56,7 @@ class FileSystem {
 
   [[nodiscard]] std::vector<platform::files::Entry> search(const std::wstring& pattern,
                                                            unsigned attributes) const;
+  [[nodiscard]] platform::files::FolderContents contentsOf(const std::wstring& folder) const;
   [[nodiscard]] std::optional<platform::files::Entry> entryAt(const std::wstring& path) const;
   [[nodiscard]] std::wstring shortNameOfNew(const std::wstring& path);
   [[nodiscard]] bool mayWriteTo(const std::wstring& folder) const;

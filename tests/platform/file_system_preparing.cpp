@@ -71,6 +71,13 @@ void FileSystem::setLocked(const std::wstring& path, bool locked) {
   existing(path).locked = locked;
 }
 
+void FileSystem::linkFolder(const std::wstring& path, const std::wstring& target,
+                            bool recognisable) {
+  Node& link = folderFor(path);
+  link.target = &existing(target);
+  link.isLink = recognisable;
+}
+
 void FileSystem::setProtected(const std::wstring& folder, bool isProtected) {
   existing(folder).isProtected = isProtected;
 }

@@ -41,6 +41,10 @@ std::optional<Entry> entryAt(const std::wstring& path) {
   return desktop().blinded() ? std::nullopt : desktop().disk().entryAt(path);
 }
 
+FolderContents contentsOf(const std::wstring& folder) {
+  return desktop().blinded() ? FolderContents() : desktop().disk().contentsOf(folder);
+}
+
 std::wstring shortNameOfNew(const std::wstring& path) {
   std::wstring name;
   desktop().call(

@@ -105,6 +105,10 @@ bool put(const Content& content) {
   return true;
 }
 
+Content content() {
+  return desktop().clipboardBusy || desktop().blinded() ? Content{} : desktop().clipboard;
+}
+
 }  // namespace clipboard
 
 namespace processes {

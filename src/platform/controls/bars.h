@@ -74,11 +74,18 @@ class StatusBar : public Control {
   /// A text over the whole line instead of the two; "" shows the two again.
   void setNote(std::wstring note) { assign(note_, std::move(note), Change::value); }
   [[nodiscard]] const std::wstring& note() const { return note_; }
+  /// A bar instead of the right text that shows how much of something is done, in thousandths;
+  /// nothing ends it.
+  void setProgress(std::optional<int> thousandths) {
+    assign(progress_, thousandths, Change::value);
+  }
+  [[nodiscard]] std::optional<int> progress() const { return progress_; }
 
  private:
   std::wstring left_;
   std::wstring right_;
   std::wstring note_;
+  std::optional<int> progress_;
 };
 
 /// `text` if it is at most `width` wide, as `widthOf` measures it. Otherwise its beginning, an

@@ -280,6 +280,30 @@ void ListView::fireColumnClick(int index) {
   });
 }
 
+bool ListView::fireTakes(const platform::clipboard::Content& content) const {
+  bool taken = false;
+  platform::dispatch([&] { taken = takes && takes(content); });
+  return taken;
+}
+
+void ListView::fireDropped(const platform::clipboard::Content& content) const {
+  platform::dispatch([&] {
+    if (onDropped) {
+      onDropped(content);
+    }
+  });
+}
+
+platform::clipboard::Content ListView::fireDragged() const {
+  platform::clipboard::Content content;
+  platform::dispatch([&] {
+    if (dragged) {
+      content = dragged();
+    }
+  });
+  return content;
+}
+
 void ListView::fireContextMenu(int x, int y) {
   platform::dispatch([this, x, y] {
     if (onContextMenu) {

@@ -19,6 +19,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/clipboard.h"
 #include "platform/controls/control.h"
 #include "platform/controls/find_words.h"
 #include "platform/controls/image_list.h"
@@ -236,6 +237,18 @@ class ListView : public Control {
   /// The user confirms a text, or leaves the editor. A blank or unchanged text changes nothing.
   void fireNameTyped(const std::wstring& text);
   void fireNameClick() const;
+
+  // --- dragging ---
+
+  /// Whether the list takes what is dragged over it. Without it, nothing can be dropped.
+  std::function<bool(const platform::clipboard::Content&)> takes;
+  /// Something that the list takes was dropped on it.
+  std::function<void(const platform::clipboard::Content&)> onDropped;
+  /// What the selected row gives to others when it is dragged there; empty for nothing.
+  std::function<platform::clipboard::Content()> dragged;
+  [[nodiscard]] bool fireTakes(const platform::clipboard::Content& content) const;
+  void fireDropped(const platform::clipboard::Content& content) const;
+  [[nodiscard]] platform::clipboard::Content fireDragged() const;
 
   // --- events ---
 

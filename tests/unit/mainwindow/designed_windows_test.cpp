@@ -97,6 +97,7 @@ TEST_F(MainWindowTest, IsMadeOfTheseParts) {
                                     {L"barStatus", 1060, L"", L"Status"},
                                     {L"tmrFileUpdate", 1040, L"", L""},
                                     {L"tmrIdle", 1070, L"", L""},
+                                    {L"tmrSearch", 1072, L"", L""},
                                     {L"tmrNews", 1071, L"", L""}}));
   EXPECT_EQ(window.cmdBrowse.toolTip(), L"Browse for a data file");
 }
@@ -110,8 +111,8 @@ TEST_F(MainWindowTest, ItsMenusAndButtonsHaveStableIds) {
     }
   }
   EXPECT_EQ(menus, (std::vector<int>{2000, 2001, 2010, 2011, 2012, 2013, 0,    2015, 2016,
-                                     2017, 2018, 0,    2042, 2040, 2041, 2020, 2021, 2022,
-                                     0,    2025, 2026, 2030, 2031, 2032, 2033}));
+                                     2044, 2017, 2018, 0,    2042, 2040, 2041, 2020, 2021,
+                                     2022, 0,    2025, 2026, 2030, 2031, 2032, 2033}));
   std::vector<int> commands;
   for (const auto& button : window.barMain.buttons()) {
     if (!button.separator()) {

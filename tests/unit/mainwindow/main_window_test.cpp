@@ -93,6 +93,7 @@ TEST_F(DesignedMainWindowTest, HasTheMenusWithTheirEntries) {
        {L"", L"-"},
        {L"mnuCopy", L"Copy"},
        {L"mnuCopyPath", L"Copy Path"},
+       {L"mnuPaste", L"Paste"},
        {L"mnuOpenFolder", L"Open Folder"},
        {L"mnuRemoveFromList", L"Remove from List"},
        {L"", L"-"},

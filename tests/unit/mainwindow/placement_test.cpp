@@ -300,10 +300,10 @@ TEST_F(RememberedWindow, ShowsTheEditCommandsWhereTheUserAsksForThem) {
   const auto window = made();
   window->show();
   const std::array<std::wstring, 4> additions{
-      L" - mnuCopy mnuCopyPath mnuOpenFolder",
-      L" - mnuCopy mnuCopyPath mnuOpenFolder mnuRemoveFromList - mnuAddFiles mnuAddList "
+      L" - mnuCopy mnuCopyPath mnuPaste mnuOpenFolder",
+      L" - mnuCopy mnuCopyPath mnuPaste mnuOpenFolder mnuRemoveFromList - mnuAddFiles mnuAddList "
       L"mnuSaveListAs",
-      L"", L" - mnuCopy mnuCopyPath - mnuAddList mnuSaveListAs"};
+      L"", L" - mnuCopy mnuCopyPath mnuPaste - mnuAddList mnuSaveListAs"};
   for (std::size_t tab = 0; tab < additions.size(); ++tab) {
     desktop().clearJournal();
     window->lstQMK.at(tab).fireContextMenu(30, 40);

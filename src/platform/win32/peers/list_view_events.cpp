@@ -19,6 +19,9 @@ namespace {
 /// Posted to show the selection again after the native list has finished changing it.
 constexpr UINT selectionMessage = WM_APP + 3;
 
+/// Posted to give the list what was dropped, after the other program has been let go.
+constexpr UINT droppedMessage = WM_APP + 4;
+
 /// Ends when the click on a name was not the first of a double-click. The native list's own timers
 /// have small numbers.
 constexpr UINT_PTR clickTimer = 0x51C;
@@ -70,6 +73,9 @@ std::optional<LRESULT> ListViewPeer::notification(NMHDR& header) {
       return 0;
     case static_cast<int>(NM_RETURN):
       list_.fireDoubleClick();
+      return 0;
+    case static_cast<int>(LVN_BEGINDRAG):
+      dragSelected();
       return 0;
     case static_cast<int>(NM_CUSTOMDRAW):
       return customDraw(reinterpret_cast<NMLVCUSTOMDRAW&>(header));
@@ -138,6 +144,10 @@ LRESULT ListViewPeer::search(const NMLVFINDITEMW& request) const {
 std::optional<LRESULT> ListViewPeer::message(UINT message, WPARAM first, LPARAM second) {
   if (message == selectionMessage) {
     showSelection();
+    return 0;
+  }
+  if (message == droppedMessage) {
+    takeDropped();
     return 0;
   }
   if (message == NameEditor::doneMessage) {
@@ -277,6 +287,35 @@ void ListViewPeer::placeEditor() {
   RECT label{};
   if (row && ListView_GetItemRect(window(), static_cast<int>(*row), &label, LVIR_LABEL) != 0) {
     editor_->place(label, host().dpi(), report());
+  }
+}
+
+void ListViewPeer::openForDrops() {
+  drop_ = std::make_unique<DropPlace>(
+      window(), DropPlace::Owner{.takes =
+                                     [this](const clipboard::Content& content) {
+                                       return !detached() && list_.fireTakes(content);
+                                     },
+                                 .dropped =
+                                     [this](clipboard::Content content) {
+                                       dropped_.push_back(std::move(content));
+                                       PostMessageW(window(), droppedMessage, 0, 0);
+                                     }});
+}
+
+void ListViewPeer::takeDropped() {
+  for (const clipboard::Content& content : std::exchange(dropped_, {})) {
+    if (!detached()) {
+      list_.fireDropped(content);
+    }
+  }
+}
+
+void ListViewPeer::dragSelected() {
+  showSelection();
+  if (const clipboard::Content content = list_.fireDragged(); content != clipboard::Content()) {
+    forgetClick();
+    dragOut(content);
   }
 }
 

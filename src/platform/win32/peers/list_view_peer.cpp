@@ -37,6 +37,7 @@ ListViewPeer::ListViewPeer(WindowPeer& host, controls::ListView& list)
   showItems();
   showSorting();
   watchMessages();
+  openForDrops();
   list_.attach(this);
 }
 

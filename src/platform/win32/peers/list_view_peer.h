@@ -5,9 +5,11 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/controls/list_view.h"
 #include "platform/win32/accessible_name.h"
+#include "platform/win32/peers/dragging.h"
 #include "platform/win32/peers/name_editor.h"
 #include "platform/win32/peers/native_control.h"
 #include "platform/win32/pictures/image_resources.h"
@@ -54,6 +56,10 @@ class ListViewPeer final : public controls::ListViewPeer, public NativeControl {
   void forgetClick();
   /// Whether a point is on the name of the selected row.
   [[nodiscard]] bool nameAt(POINT point) const;
+  /// Lets other programs drop things on the list.
+  void openForDrops();
+  void takeDropped();
+  void dragSelected();
   /// Shows or closes the editor of a name.
   void showEditor();
   void placeEditor();
@@ -95,7 +101,9 @@ class ListViewPeer final : public controls::ListViewPeer, public NativeControl {
   int markSide_ = 0;
   AccessibleDescriptions descriptions_;
   std::unique_ptr<NameEditor> editor_;
-  bool clicked_ = false;  // the button went down on the selected name
+  std::unique_ptr<DropPlace> drop_;
+  std::vector<clipboard::Content> dropped_;  // not yet given to the list
+  bool clicked_ = false;                     // the button went down on the selected name
   int shownColumns_ = 0;
   bool showing_ = false;  // the program changes the native list: ignore notifications
 };

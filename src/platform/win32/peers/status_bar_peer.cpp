@@ -17,6 +17,9 @@ namespace {
 // At 96 dpi: the space beside a text, and the least width of the left part.
 constexpr int padding = 8;
 constexpr int leastLeft = 120;
+// Of the bar that shows progress: its width, and the space above and below it.
+constexpr int barWidth = 240;
+constexpr int barGap = 3;
 
 }  // namespace
 
@@ -51,6 +54,7 @@ void StatusBarPeer::showTexts() {
     send(SB_SIMPLE, simple ? TRUE : FALSE);
   }
   if (simple) {
+    progress_.reset();
     send(SB_SETTEXTW, SB_SIMPLEID | SBT_NOBORDERS, parameterFrom(bar_.note().c_str()));
     host().setToolTip(window(), {});
     return;
@@ -65,6 +69,28 @@ void StatusBarPeer::showTexts() {
                                   [this](const std::wstring& text) { return widthOf(text); });
   send(SB_SETTEXTW, 1 | SBT_NOBORDERS, parameterFrom(shown.c_str()));
   host().setToolTip(window(), shown == bar_.right() ? std::wstring() : bar_.right());
+  showProgress(whole - grip - space);
+}
+
+void StatusBarPeer::showProgress(int end) {
+  constexpr int thousandths = 1000;
+  if (!bar_.progress()) {
+    progress_.reset();
+    return;
+  }
+  if (!progress_) {
+    progress_.reset(CreateWindowExW(0, PROGRESS_CLASSW, L"Progress", WS_CHILD | WS_VISIBLE, 0, 0, 0,
+                                    0, window(), nullptr, GetModuleHandleW(nullptr), nullptr));
+    SendMessageW(progress_.get(), PBM_SETRANGE32, 0, thousandths);
+  }
+  RECT part{};
+  send(SB_GETRECT, 1, parameterFrom(&part));
+  const int gap = scaled(barGap, host().dpi());
+  const int left = static_cast<int>(part.left) + scaled(padding, host().dpi());
+  const int width = std::min(scaled(barWidth, host().dpi()), std::max(0, end - left));
+  MoveWindow(progress_.get(), end - width, static_cast<int>(part.top) + gap, width,
+             std::max(0, static_cast<int>(part.bottom - part.top) - 2 * gap), TRUE);
+  SendMessageW(progress_.get(), PBM_SETPOS, static_cast<WPARAM>(*bar_.progress()), 0);
 }
 
 void StatusBarPeer::changed(Change change) {

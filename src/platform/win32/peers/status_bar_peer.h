@@ -22,7 +22,11 @@ class StatusBarPeer final : public controls::Peer, public NativeControl {
   void showTexts();
   [[nodiscard]] int widthOf(const std::wstring& text) const;
 
+  /// Shows the bar that stands for the right text up to `end`, or takes it away.
+  void showProgress(int end);
+
   controls::StatusBar& bar_;
+  NativeWindow progress_;
 };
 
 }  // namespace platform::win32

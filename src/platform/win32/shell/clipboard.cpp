@@ -5,12 +5,16 @@
 #include <shlobj.h>
 
 #include <cstring>
-#include <vector>
+#include <string>
+#include <string_view>
 
+#include "platform/transfer_format.h"
 #include "platform/win32/modality.h"
 
 namespace platform::clipboard {
 namespace {
+
+namespace format = platform::transfer_format;
 
 /// The open clipboard. Another program may have it open for a moment.
 class Open {
@@ -37,40 +41,34 @@ class Open {
 
 /// A copy of the bytes in memory of the kind that the clipboard takes; null when there is none
 /// left.
-HGLOBAL copyOf(const void* bytes, std::size_t size) {
-  HGLOBAL const memory = GlobalAlloc(GMEM_MOVEABLE, size);
+HGLOBAL copyOf(std::string_view bytes) {
+  HGLOBAL const memory = GlobalAlloc(GMEM_MOVEABLE, bytes.size());
   if (memory != nullptr) {
-    std::memcpy(GlobalLock(memory), bytes, size);
+    std::memcpy(GlobalLock(memory), bytes.data(), bytes.size());
     GlobalUnlock(memory);
   }
   return memory;
 }
 
 /// Puts bytes there. If that succeeds, the system owns the copy.
-bool putBytes(UINT format, const void* bytes, std::size_t size) {
-  HGLOBAL const memory = copyOf(bytes, size);
+bool putBytes(UINT format, std::string_view bytes) {
+  HGLOBAL const memory = copyOf(bytes);
   if (memory == nullptr) return false;
   if (SetClipboardData(format, memory) != nullptr) return true;
   GlobalFree(memory);
   return false;
 }
 
-bool putText(const std::wstring& text) {
-  return putBytes(CF_UNICODETEXT, text.c_str(), (text.size() + 1) * sizeof(wchar_t));
-}
-
-/// A header, then the paths, each with its final NUL, and another NUL.
-bool putFiles(const std::vector<std::wstring>& files) {
-  DROPFILES header{};
-  header.pFiles = sizeof header;
-  header.fWide = TRUE;
-  std::wstring paths;
-  for (const std::wstring& file : files) paths.append(file).push_back(L'\0');
-  paths.push_back(L'\0');
-  std::vector<char> bytes(sizeof header + paths.size() * sizeof(wchar_t));
-  std::memcpy(bytes.data(), &header, sizeof header);
-  std::memcpy(bytes.data() + sizeof header, paths.data(), paths.size() * sizeof(wchar_t));
-  return putBytes(CF_HDROP, bytes.data(), bytes.size());
+/// The bytes of a format that is there; "" for none.
+std::string bytesThere(UINT format) {
+  HANDLE const memory = GetClipboardData(format);
+  const auto* const place =
+      memory == nullptr ? nullptr : static_cast<const char*>(GlobalLock(memory));
+  if (place == nullptr) return {};
+  // Other programs give the memory, so what is in it must not decide how far it is read.
+  std::string bytes(place, GlobalSize(memory));
+  GlobalUnlock(memory);
+  return bytes;
 }
 
 }  // namespace
@@ -78,8 +76,16 @@ bool putFiles(const std::vector<std::wstring>& files) {
 bool put(const Content& content) {
   const Open open;
   if (!open || EmptyClipboard() == 0) return false;
-  return (content.text.empty() || putText(content.text)) &&
-         (content.files.empty() || putFiles(content.files));
+  return (content.text.empty() || putBytes(CF_UNICODETEXT, format::fromText(content.text))) &&
+         (content.files.empty() || putBytes(CF_HDROP, format::fromFiles(content.files)));
+}
+
+Content content() {
+  const Open open;
+  if (!open) return {};
+  return {.text = format::textIn(bytesThere(CF_UNICODETEXT)),
+          .files = format::filesIn(bytesThere(CF_HDROP)),
+          .address = format::textIn(bytesThere(RegisterClipboardFormatW(CFSTR_INETURLW)))};
 }
 
 }  // namespace platform::clipboard

@@ -1,9 +1,6 @@
 // Copying entries, showing where they are, and lists that go out and come in.
-#include <windows.h>
-// Needs <windows.h> first.
-#include <shellapi.h>
-
 #include "gateway_test.h"
+#include "harness/clipboard.h"
 #include "harness/files.h"
 #include "harness/paths.h"
 #include "harness/status_bar.h"
@@ -11,36 +8,9 @@
 namespace desktop_tests {
 namespace {
 
+using harness::clipboardFiles;
+using harness::clipboardText;
 using harness::FileDialogReader;
-
-/// What another program finds on the clipboard.
-std::wstring clipboardText() {
-  std::wstring text;
-  if (OpenClipboard(nullptr) != 0) {
-    if (HANDLE const memory = GetClipboardData(CF_UNICODETEXT); memory != nullptr) {
-      text = static_cast<const wchar_t*>(GlobalLock(memory));
-      GlobalUnlock(memory);
-    }
-    CloseClipboard();
-  }
-  return text;
-}
-
-std::vector<std::wstring> clipboardFiles() {
-  std::vector<std::wstring> files;
-  if (OpenClipboard(nullptr) != 0) {
-    if (auto* const drop = static_cast<HDROP>(GetClipboardData(CF_HDROP)); drop != nullptr) {
-      const UINT count = DragQueryFileW(drop, 0xFFFFFFFF, nullptr, 0);
-      for (UINT n = 0; n < count; ++n) {
-        std::wstring path(DragQueryFileW(drop, n, nullptr, 0), L'\0');
-        DragQueryFileW(drop, n, path.data(), static_cast<UINT>(path.size()) + 1);
-        files.push_back(path);
-      }
-    }
-    CloseClipboard();
-  }
-  return files;
-}
 
 class Listing : public GatewayTest {
  protected:

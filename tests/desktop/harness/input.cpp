@@ -88,6 +88,23 @@ void rightClickAt(POINT place, HWND expected) {
 
 void doubleClickAt(POINT place, HWND expected) { clicks(place, expected, 2); }
 
+void beginDrag(POINT from, POINT to, HWND expected) {
+  goTo(from, expected);
+  sendAll({mouse(MOUSEEVENTF_LEFTDOWN)});
+  send(expected, WM_NULL);
+  // A drag begins with a short way on the window itself.
+  for (int step = 1; step <= 4; ++step) {
+    moveTo({from.x + 3 * step, from.y});
+    send(expected, WM_NULL);
+  }
+  const int steps = 8;
+  for (int step = 1; step <= steps; ++step) {
+    moveTo({from.x + (to.x - from.x) * step / steps, from.y + (to.y - from.y) * step / steps});
+  }
+}
+
+void endDrag() { sendAll({mouse(MOUSEEVENTF_LEFTUP)}); }
+
 void drag(POINT from, POINT to, HWND expected) {
   goTo(from, expected);
   sendAll({mouse(MOUSEEVENTF_LEFTDOWN)});

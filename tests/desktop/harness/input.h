@@ -21,6 +21,12 @@ void clickAt(POINT place, HWND expected);
 void rightClickAt(POINT place, HWND expected);
 void doubleClickAt(POINT place, HWND expected);
 
+/// Presses the left button at `from`, which must be on `expected`, moves to `to` and keeps the
+/// button down.
+void beginDrag(POINT from, POINT to, HWND expected);
+/// Releases the left button.
+void endDrag();
+
 /// Drags with the left button.
 void drag(POINT from, POINT to, HWND expected);
 

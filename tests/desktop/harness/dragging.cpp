@@ -1,0 +1,173 @@
+#include "harness/dragging.h"
+
+#include <ole2.h>
+#include <shlobj.h>
+
+#include "harness/clipboard.h"
+#include "harness/input.h"
+#include "harness/wait.h"
+#include "harness/windows_of_process.h"
+#include "platform/win32/com_object.h"
+
+namespace harness {
+
+namespace {
+
+constexpr const wchar_t* foreignClass = L"ForeignWindow";
+constexpr int side = 60;
+
+std::wstring wideTextIn(IDataObject* data, CLIPFORMAT format) {
+  FORMATETC wanted{format, nullptr, DVASPECT_CONTENT, -1, TYMED_HGLOBAL};
+  STGMEDIUM medium{};
+  std::wstring text;
+  if (SUCCEEDED(data->GetData(&wanted, &medium))) {
+    text = static_cast<const wchar_t*>(GlobalLock(medium.hGlobal));
+    GlobalUnlock(medium.hGlobal);
+    ReleaseStgMedium(&medium);
+  }
+  return text;
+}
+
+std::vector<std::wstring> filesIn(IDataObject* data) {
+  FORMATETC wanted{CF_HDROP, nullptr, DVASPECT_CONTENT, -1, TYMED_HGLOBAL};
+  STGMEDIUM medium{};
+  std::vector<std::wstring> files;
+  if (SUCCEEDED(data->GetData(&wanted, &medium))) {
+    files = filesOf(static_cast<HDROP>(medium.hGlobal));
+    ReleaseStgMedium(&medium);
+  }
+  return files;
+}
+
+}  // namespace
+
+void ForeignWindow::open(POINT corner) {
+  corner_ = corner;
+  thread_ = CreateThread(nullptr, 0, live, this, 0, nullptr);
+  waitUntil("another program's window", [this] { return window_ != nullptr; });
+}
+
+void ForeignWindow::close() {
+  PostMessageW(window_, WM_CLOSE, 0, 0);
+  WaitForSingleObject(thread_, INFINITE);
+  CloseHandle(thread_);
+}
+
+ForeignWindow::~ForeignWindow() = default;
+
+POINT ForeignWindow::centre() const { return centreOf(screenRect(window_)); }
+
+DWORD WINAPI ForeignWindow::live(void* parameter) {
+  auto* const self = static_cast<ForeignWindow*>(parameter);
+  OleInitialize(nullptr);
+  WNDCLASSW wanted{};
+  wanted.lpfnWndProc = receive;
+  wanted.hInstance = GetModuleHandleW(nullptr);
+  wanted.lpszClassName = foreignClass;
+  wanted.hCursor = LoadCursorW(nullptr, MAKEINTRESOURCEW(32512));
+  RegisterClassW(&wanted);
+  HWND const window = CreateWindowExW(WS_EX_TOPMOST | WS_EX_NOACTIVATE, foreignClass, L"", WS_POPUP,
+                                      self->corner_.x, self->corner_.y, side, side, nullptr,
+                                      nullptr, wanted.hInstance, nullptr);
+  SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(self));
+  ShowWindow(window, SW_SHOWNOACTIVATE);
+  self->opened(window);
+  self->window_ = window;
+  MSG message{};
+  while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+    DispatchMessageW(&message);
+  }
+  OleUninitialize();
+  return 0;
+}
+
+LRESULT CALLBACK ForeignWindow::receive(HWND window, UINT message, WPARAM first, LPARAM second) {
+  auto* const self = reinterpret_cast<ForeignWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (message == WM_LBUTTONDOWN && self != nullptr) {
+    self->buttonDown();
+    return 0;
+  }
+  if (message == WM_CLOSE && self != nullptr) {
+    self->closing(window);
+    DestroyWindow(window);
+    PostQuitMessage(0);
+    return 0;
+  }
+  return DefWindowProcW(window, message, first, second);
+}
+
+class DragSource::Source final : public platform::win32::ComObject<IDropSource> {
+ public:
+  explicit Source(DragSource& owner) : ComObject(IID_IDropSource), owner_(owner) {}
+  HRESULT STDMETHODCALLTYPE QueryContinueDrag(BOOL escape, DWORD keys) override {
+    if (escape != FALSE) {
+      return DRAGDROP_S_CANCEL;
+    }
+    return (keys & MK_LBUTTON) == 0 ? DRAGDROP_S_DROP : S_OK;
+  }
+  HRESULT STDMETHODCALLTYPE GiveFeedback(DWORD effect) override {
+    owner_.feedback_ = effect;
+    return DRAGDROP_S_USEDEFAULTCURSORS;
+  }
+
+ private:
+  DragSource& owner_;
+};
+
+DragSource::DragSource(POINT corner, DWORD allowed) : allowed_(allowed) { open(corner); }
+
+void DragSource::buttonDown() {
+  IDataObject* data = nullptr;
+  if (FAILED(OleGetClipboard(&data))) {
+    return;
+  }
+  auto* const source = new Source(*this);
+  DWORD effect = 0;
+  feedback_ = 0;
+  DoDragDrop(data, source, allowed_, &effect);
+  source->Release();
+  data->Release();
+  effect_ = effect;
+  ++ended_;
+}
+
+class DropReceiver::Target final : public platform::win32::ComObject<IDropTarget> {
+ public:
+  explicit Target(DropReceiver& owner) : ComObject(IID_IDropTarget), owner_(owner) {}
+  HRESULT STDMETHODCALLTYPE DragEnter(IDataObject* /*data*/, DWORD /*keys*/, POINTL /*point*/,
+                                      DWORD* effect) override {
+    owner_.allowed_ = *effect;
+    return DragOver(0, {}, effect);
+  }
+  HRESULT STDMETHODCALLTYPE DragOver(DWORD /*keys*/, POINTL /*point*/, DWORD* effect) override {
+    *effect &= DROPEFFECT_COPY;
+    return S_OK;
+  }
+  HRESULT STDMETHODCALLTYPE DragLeave() override { return S_OK; }
+  HRESULT STDMETHODCALLTYPE Drop(IDataObject* data, DWORD /*keys*/, POINTL /*point*/,
+                                 DWORD* effect) override {
+    owner_.files_ = filesIn(data);
+    owner_.text_ = wideTextIn(data, CF_UNICODETEXT);
+    owner_.address_ =
+        wideTextIn(data, static_cast<CLIPFORMAT>(RegisterClipboardFormatW(CFSTR_INETURLW)));
+    *effect = DROPEFFECT_COPY;
+    ++owner_.drops_;
+    return S_OK;
+  }
+
+ private:
+  DropReceiver& owner_;
+};
+
+DropReceiver::DropReceiver(POINT corner) : target_(new Target(*this)) { open(corner); }
+
+DropReceiver::~DropReceiver() {
+  close();
+  target_->Release();
+}
+
+void DropReceiver::opened(HWND window) { RegisterDragDrop(window, target_); }
+
+void DropReceiver::closing(HWND window) { RevokeDragDrop(window); }
+
+}  // namespace harness

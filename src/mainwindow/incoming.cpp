@@ -72,7 +72,8 @@ IncomingAddresses addressesOf(const Content& content) {
       continue;
     }
     std::string bytes;
-    if (platform::trapped([&] { bytes = files::readWhole(path).bytes; })) {
+    if (const auto failure = platform::trapped([&] { bytes = files::readWhole(path).bytes; })) {
+      incoming.failure = incoming.unreadable == 0 ? failure->description() : incoming.failure;
       ++incoming.unreadable;
       continue;
     }

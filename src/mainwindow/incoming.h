@@ -21,6 +21,7 @@ struct IncomingAddresses {
   std::vector<modQMKGeneral::WebEntry> entries;
   std::size_t wrongType = 0;   ///< Other files, and lines that are no addresses.
   std::size_t unreadable = 0;  ///< Files that cannot be read.
+  std::wstring failure;        ///< Why the first of these cannot.
 };
 
 /// Reads the .url files; without files takes the address, or each line of the text.

@@ -8,6 +8,7 @@
 #include "mainwindow/status_texts.h"
 #include "platform/controls/key_stroke.h"
 #include "platform/dialogs.h"
+#include "platform/run_time_error.h"
 #include "platform/trap.h"
 #include "web/web_addresses.h"
 
@@ -92,7 +93,7 @@ void frmQMK::addWebShortcuts(const Content& content) {
   tell(mainwindow::addedText({.added = merged.added,
                               .present = merged.present,
                               .refusals = {{incoming.wrongType, L"wrong type"},
-                                           {incoming.unreadable, L"cannot be read"}}}));
+                                           {incoming.unreadable, incoming.failure}}}));
 }
 
 Content frmQMK::dragged() {
@@ -112,18 +113,20 @@ void frmQMK::searchFolders(
     const std::wstring& what, std::vector<std::wstring> folders,
     std::function<bool(std::wstring_view name)> wanted,
     const std::function<void(const std::vector<std::wstring>& found)>& done) {
-  const bool started = search_.start(std::move(folders), std::move(wanted),
-                                     [this, done](const mainwindow::FileSearch::Found& found) {
-                                       endSearch();
-                                       if (found) {
-                                         done(*found);
-                                       } else {
-                                         tell(L"Nothing was done: there is not enough memory");
-                                       }
-                                     });
+  const bool started =
+      search_.start(std::move(folders), std::move(wanted),
+                    [this, done](const mainwindow::FileSearch::Found& found) {
+                      endSearch();
+                      if (found) {
+                        done(*found);
+                      } else {
+                        const platform::RunTimeError error(platform::error::outOfMemory);
+                        tell(L"The search was broken off: " + error.description());
+                      }
+                    });
   if (!started) {
     endSearch();
-    tell(L"Nothing was done: the search cannot be started");
+    tell(L"The search cannot be started");
     return;
   }
   searchFor_ = what;

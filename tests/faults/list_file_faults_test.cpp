@@ -296,6 +296,43 @@ std::vector<Operation> operations() {
              rig.main().commands.item(ids::mnuAddFiles).fireClick();
            },
        .told = problemWithAdding},
+      {.name = "drop a folder",
+       .prepare =
+           [selectOne](Rig& rig) {
+             selectOne(rig);
+             desktop().putFile(L"D:\\Season\\East\\Far.cw3", "far");
+           },
+       .run =
+           [](Rig& rig) {
+             rig.main().lstQMK[frmQMK::open].fireDropped({.text = {}, .files = {L"D:\\Season"}});
+             rig.finishBackground();
+           },
+       .told = problemWithAdding},
+      {.name = "paste addresses",
+       .prepare = [](Rig& rig) { rig.select(frmQMK::web, L"Weather"); },
+       .run =
+           [](Rig& rig) {
+             script([] { desktop().clipboard = {.text = L"http://storms.example"}; });
+             rig.main().commands.item(ids::mnuPaste).fireClick();
+           },
+       .told = problemWithAdding},
+      {.name = "drop a web shortcut",
+       .prepare =
+           [](Rig& rig) {
+             rig.select(frmQMK::web, L"Weather");
+             desktop().putFile(L"D:\\Storms.url", "[InternetShortcut]\nURL=http://storms.example");
+           },
+       .run =
+           [](Rig& rig) {
+             rig.main().lstQMK[frmQMK::web].fireDropped({.text = {}, .files = {L"D:\\Storms.url"}});
+           },
+       .told =
+           [](const Fault& fault) {
+             return fault.was(L"read D:\\Storms.url")
+                        ? Texts{L"status: 0 added, 1 not added: " +
+                                platform::RunTimeError(fault.number).description()}
+                        : problemWithAdding(fault);
+           }},
       {.name = "add a list",
        .prepare =
            [selectOne](Rig& rig) {

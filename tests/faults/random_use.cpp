@@ -280,7 +280,7 @@ void RandomUse::dialogs() {
 }
 
 void RandomUse::act() {
-  switch (below(13)) {
+  switch (below(14)) {
     case 0:
       otherProgram();
       break;
@@ -308,6 +308,9 @@ void RandomUse::act() {
       break;
     case 12:
       renameNarrowed();
+      break;
+    case 13:
+      drag();
       break;
     default:
       command();

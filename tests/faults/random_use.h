@@ -44,6 +44,9 @@ class RandomUse : public ::memory::DesktopTest {
   void editName();
   /// A name that somebody types over that of an entry: any, none, the same, or another entry's.
   std::wstring nameTyped(const controls::ListView& list);
+  /// Something is dragged out, dropped or copied elsewhere.
+  void drag();
+  platform::clipboard::Content someContent();
   void dialogs();
   void act();
   /// Called while a box is open: time passes and other programs write. Sometimes a command arrives

@@ -276,6 +276,7 @@ void RandomUse::use(unsigned seed, int events) {
   // Afterwards the Open list has what is in the file.
   desktop().onMessage = nullptr;
   desktop().onPump = nullptr;
+  desktop().advance(4000);  // a search in the background may still add something
   desktop().putFile(catalogueFile, record("fp3", "D:\\Last.fp3", "z"));
   desktop().advance(2000);
   EXPECT_EQ(main_->lstQMK[frmQMK::open].count(), 1U) << "seed " << seed;

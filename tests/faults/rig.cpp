@@ -113,6 +113,12 @@ void Rig::select(frmQMK::Tab tab, const std::wstring& text) {
   ADD_FAILURE() << "no such item";
 }
 
+void Rig::finishBackground() {
+  // No idle moment comes, which would look for other things.
+  main_->tmrIdle.setEnabled(false);
+  desktop().advance(desktop().backgroundMilliseconds);
+}
+
 void Rig::handle(const std::function<void()>& step) { platform::dispatch(step); }
 
 std::string State::file(const std::wstring& path) const {

@@ -62,6 +62,34 @@ void renameInList(Rig& rig) {
   list.fireNameTyped(L"Sums");
 }
 
+const std::wstring droppedProgram = L"D:\\Fuel.exe";
+const std::wstring droppedLink = L"D:\\Desk.lnk";
+
+void putProgramsElsewhere(Rig& rig) {
+  desktop().putProgram(droppedProgram);
+  desktop().putLink(droppedLink, {.targetPath = droppedProgram});
+  rig.main().TabMain.fireSwitch(frmQMK::tools);
+}
+
+void drop(Rig& rig) {
+  rig.main().lstQMK[frmQMK::tools].fireDropped(
+      {.text = {}, .files = {droppedProgram, droppedLink}});
+}
+
+/// One of the shortcuts could not be made; the status line says so, and the list has the other.
+bool othersAreMade(const Fault& fault) {
+  const bool link = fault.was(L"link ");
+  if (!link && !fault.was(L"copy ")) {
+    return false;
+  }
+  const std::wstring reason = platform::RunTimeError(fault.number).description();
+  const bool both = fault.forever && fault.failures > 1;
+  EXPECT_EQ(fault.now.messages, Texts{both ? L"status: 0 added, 2 not added: " + reason
+                                           : L"status: 1 added, 1 not added: " + reason});
+  expectWholeFiles(fault);
+  return true;
+}
+
 void erase(Rig& rig) {
   script([] { desktop().answers = {Answer::yes}; });
   rig.main().mnuDelete.fireClick();
@@ -160,6 +188,11 @@ std::vector<Operation> operations() {
            },
        .run = renameInList,
        .told = reported},
+      {.name = "drop",
+       .prepare = putProgramsElsewhere,
+       .run = drop,
+       .told = reported,
+       .goesOn = othersAreMade},
       {.name = "erase",
        .prepare = selectCalc,
        .run = erase,

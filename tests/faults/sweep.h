@@ -38,6 +38,8 @@ class Rig {
   /// Fills the lists again and clears the messages and the journal.
   void settle();
   void select(frmQMK::Tab tab, const std::wstring& text);
+  /// Lets work in the background end.
+  void finishBackground();
   /// Runs a step like an event handler.
   static void handle(const std::function<void()>& step);
 

@@ -310,7 +310,7 @@ TEST_F(Incoming, UrlFilesKeepTheirNames) {
   EXPECT_EQ(webList(),
             "\"Weather\",\"http://weather.example\"\r\n"
             "\"Fuel page\",\"http://fuel.example/\"\r\n");
-  EXPECT_EQ(news(), L"1 added, 2 not added: wrong type, 1 not added: cannot be read");
+  EXPECT_EQ(news(), L"1 added, 2 not added: wrong type, 1 not added: File not found");
 }
 
 TEST_F(Incoming, NoAddressChangesNothing) {

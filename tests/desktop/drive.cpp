@@ -19,6 +19,7 @@
 //   drive click 2100           clicks there
 //   drive press 2100           holds the mouse button down there, until "release"
 //   drive wait-tip             until a tool tip is up
+//   drive copy-file PATH       puts a file or a folder on the clipboard, as Explorer copies it
 //   drive key 27               presses a key by its virtual code
 //   drive type TEXT            types text into whatever has the focus
 //   drive push 2               pushes a button of the dialog in front by its id
@@ -37,6 +38,7 @@
 #include <vector>
 
 #include "harness/bars.h"
+#include "harness/clipboard.h"
 #include "harness/dialogs.h"
 #include "harness/input.h"
 #include "harness/list_view.h"
@@ -226,6 +228,7 @@ constexpr std::array steps{
            button(MOUSEEVENTF_LEFTUP);
          }},
     Step{L"wait-tip", [](Argument) { shownWindow(TOOLTIPS_CLASSW); }},
+    Step{L"copy-file", [](Argument path) { copyFiles({path}); }},
     Step{L"key", [](Argument code) { pressKey(static_cast<WORD>(std::stoi(code))); }},
     Step{L"type", [](Argument text) { typeText(text); }},
     Step{L"push", [](Argument id) { pushButton(waitForDialog(), std::stoi(id)); }},

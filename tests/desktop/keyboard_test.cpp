@@ -217,11 +217,11 @@ class ContextMenu : public Keyboard {
     switch (tab) {
       case Tab::tools:
         add({L"Create Shortcut", L"Rename Shortcut", L"Delete Shortcut", L"", L"Copy", L"Copy Path",
-             L"Open Folder"});
+             L"Paste", L"Open Folder"});
         break;
       case Tab::open:
         add({L"Create Shortcut"}, false);
-        add({L"Rename File", L"Delete File", L"", L"Copy", L"Copy Path", L"Open Folder",
+        add({L"Rename File", L"Delete File", L"", L"Copy", L"Copy Path", L"Paste", L"Open Folder",
              L"Remove from List", L"", L"Add to List...", L"Add List...", L"Save List As..."});
         break;
       case Tab::newFile:

@@ -227,7 +227,7 @@ TEST_F(MainWindow, HasItsMenus) {
   }
   EXPECT_THAT(shown,
               ElementsAre(L"File", L" Exit", L"Edit", L" Create", L" Rename", L" Delete File",
-                          L" Copy", L" Copy Path", L" Open Folder", L" Remove from List",
+                          L" Copy", L" Copy Path", L" Paste", L" Open Folder", L" Remove from List",
                           L" Add to List...", L" Add List...", L" Save List As...", L"View",
                           L" List View", L" Icon View", L" Newest First", L" Fit Columns", L"Help",
                           L" Help Contents", L" Web Based Support", L" About"));

@@ -88,7 +88,6 @@ LRESULT CALLBACK ForeignWindow::receive(HWND window, UINT message, WPARAM first,
     return 0;
   }
   if (message == WM_CLOSE && self != nullptr) {
-    self->closing(window);
     DestroyWindow(window);
     PostQuitMessage(0);
     return 0;
@@ -131,43 +130,72 @@ void DragSource::buttonDown() {
   ++ended_;
 }
 
-class DropReceiver::Target final : public platform::win32::ComObject<IDropTarget> {
+class DropReceiver::Window final : public ForeignWindow {
  public:
-  explicit Target(DropReceiver& owner) : ComObject(IID_IDropTarget), owner_(owner) {}
-  HRESULT STDMETHODCALLTYPE DragEnter(IDataObject* /*data*/, DWORD /*keys*/, POINTL /*point*/,
-                                      DWORD* effect) override {
-    owner_.allowed_ = *effect;
-    return DragOver(0, {}, effect);
+  explicit Window(POINT corner) : target_(new Target(*this)) { open(corner); }
+  using ForeignWindow::hide;
+  void begin(POINT corner) {
+    drops = 0;
+    files.clear();
+    text.clear();
+    address.clear();
+    show(corner);
   }
-  HRESULT STDMETHODCALLTYPE DragOver(DWORD /*keys*/, POINTL /*point*/, DWORD* effect) override {
-    *effect &= DROPEFFECT_COPY;
-    return S_OK;
-  }
-  HRESULT STDMETHODCALLTYPE DragLeave() override { return S_OK; }
-  HRESULT STDMETHODCALLTYPE Drop(IDataObject* data, DWORD /*keys*/, POINTL /*point*/,
-                                 DWORD* effect) override {
-    owner_.files_ = filesIn(data);
-    owner_.text_ = wideTextIn(data, CF_UNICODETEXT);
-    owner_.address_ =
-        wideTextIn(data, static_cast<CLIPFORMAT>(RegisterClipboardFormatW(CFSTR_INETURLW)));
-    *effect = DROPEFFECT_COPY;
-    ++owner_.drops_;
-    return S_OK;
-  }
+
+  std::atomic<int> drops = 0;
+  std::atomic<DWORD> allowed = 0;
+  std::vector<std::wstring> files;
+  std::wstring text;
+  std::wstring address;
 
  private:
-  DropReceiver& owner_;
+  class Target final : public platform::win32::ComObject<IDropTarget> {
+   public:
+    explicit Target(Window& owner) : ComObject(IID_IDropTarget), owner_(owner) {}
+    HRESULT STDMETHODCALLTYPE DragEnter(IDataObject* /*data*/, DWORD /*keys*/, POINTL /*point*/,
+                                        DWORD* effect) override {
+      owner_.allowed = *effect;
+      return DragOver(0, {}, effect);
+    }
+    HRESULT STDMETHODCALLTYPE DragOver(DWORD /*keys*/, POINTL /*point*/, DWORD* effect) override {
+      *effect &= DROPEFFECT_COPY;
+      return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE DragLeave() override { return S_OK; }
+    HRESULT STDMETHODCALLTYPE Drop(IDataObject* data, DWORD /*keys*/, POINTL /*point*/,
+                                   DWORD* effect) override {
+      owner_.files = filesIn(data);
+      owner_.text = wideTextIn(data, CF_UNICODETEXT);
+      owner_.address =
+          wideTextIn(data, static_cast<CLIPFORMAT>(RegisterClipboardFormatW(CFSTR_INETURLW)));
+      *effect = DROPEFFECT_COPY;
+      ++owner_.drops;
+      return S_OK;
+    }
+
+   private:
+    Window& owner_;
+  };
+
+  void opened(HWND window) override { RegisterDragDrop(window, target_); }
+  Target* target_;
 };
 
-DropReceiver::DropReceiver(POINT corner) : target_(new Target(*this)) { open(corner); }
-
-DropReceiver::~DropReceiver() {
-  close();
-  target_->Release();
+DropReceiver::DropReceiver(POINT corner)
+    : window_([corner]() -> Window& {
+        static auto& only = *new Window(corner);
+        return only;
+      }()) {
+  window_.begin(corner);
 }
 
-void DropReceiver::opened(HWND window) { RegisterDragDrop(window, target_); }
+DropReceiver::~DropReceiver() { window_.hide(); }
 
-void DropReceiver::closing(HWND window) { RevokeDragDrop(window); }
+POINT DropReceiver::centre() const { return window_.centre(); }
+int DropReceiver::drops() const { return window_.drops; }
+const std::vector<std::wstring>& DropReceiver::files() const { return window_.files; }
+const std::wstring& DropReceiver::text() const { return window_.text; }
+const std::wstring& DropReceiver::address() const { return window_.address; }
+DWORD DropReceiver::allowed() const { return window_.allowed; }
 
 }  // namespace harness

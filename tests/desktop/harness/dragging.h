@@ -22,10 +22,15 @@ class ForeignWindow {
   ForeignWindow() = default;
   /// Shows the window at a place of the screen. Called by the derived class when it is complete.
   void open(POINT corner);
+  /// Hides it, and shows it again.
+  void hide() const { ShowWindow(window_, SW_HIDE); }
+  void show(POINT corner) const {
+    SetWindowPos(window_, HWND_TOPMOST, corner.x, corner.y, 0, 0,
+                 SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
+  }
   /// Ends the thread. Called by the derived class before it goes.
   void close();
   virtual void opened(HWND /*window*/) {}
-  virtual void closing(HWND /*window*/) {}
   virtual void buttonDown() {}
 
  private:
@@ -58,29 +63,26 @@ class DragSource final : public ForeignWindow {
   std::atomic<int> ended_ = 0;
 };
 
-/// Takes whatever is dropped on it, as a copy.
-class DropReceiver final : public ForeignWindow {
+/// Takes whatever is dropped on it, as a copy. One at a time. Its window and its thread stay until
+/// the process ends, because the program may still hold on to them after the drop.
+class DropReceiver {
  public:
   explicit DropReceiver(POINT corner);
-  ~DropReceiver() override;
+  DropReceiver(const DropReceiver&) = delete;
+  DropReceiver& operator=(const DropReceiver&) = delete;
+  ~DropReceiver();
+  [[nodiscard]] POINT centre() const;
   /// The number of drops, and what the last one had.
-  [[nodiscard]] int drops() const { return drops_; }
-  [[nodiscard]] const std::vector<std::wstring>& files() const { return files_; }
-  [[nodiscard]] const std::wstring& text() const { return text_; }
-  [[nodiscard]] const std::wstring& address() const { return address_; }
+  [[nodiscard]] int drops() const;
+  [[nodiscard]] const std::vector<std::wstring>& files() const;
+  [[nodiscard]] const std::wstring& text() const;
+  [[nodiscard]] const std::wstring& address() const;
   /// The effects that its source allows.
-  [[nodiscard]] DWORD allowed() const { return allowed_; }
+  [[nodiscard]] DWORD allowed() const;
 
  private:
-  void opened(HWND window) override;
-  void closing(HWND window) override;
-  class Target;
-  Target* target_;
-  std::atomic<int> drops_ = 0;
-  std::vector<std::wstring> files_;
-  std::wstring text_;
-  std::wstring address_;
-  std::atomic<DWORD> allowed_ = 0;
+  class Window;
+  Window& window_;
 };
 
 }  // namespace harness

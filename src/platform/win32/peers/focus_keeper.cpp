@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/win32/peers/native_control.h"
+#include "platform/win32/peers/own_messages.h"
 
 namespace platform::win32 {
 
@@ -117,7 +118,7 @@ void FocusKeeper::restoreInDialog() const {
 void FocusKeeper::requestCheck() {
   if (!checkRequested_) {
     checkRequested_ = true;
-    PostMessageW(window_, focusMessage, 0, 0);
+    PostMessageW(window_, own_message::focus, 0, 0);
   }
 }
 

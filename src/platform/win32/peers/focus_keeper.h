@@ -10,10 +10,6 @@ namespace platform::win32 {
 
 class NativeControl;
 
-/// The message with which a window asks itself to look after its focus once the present message is
-/// done with.
-inline constexpr UINT focusMessage = WM_APP + 2;
-
 /// Remembers which control of a window had the focus, and finds another one for a control that goes
 /// out of use.
 class FocusKeeper {
@@ -39,7 +35,7 @@ class FocusKeeper {
   void restore();
   /// The same in a dialog, in the dialog's own way.
   void restoreInDialog() const;
-  /// Looks after the focus; the window's answer to `focusMessage`.
+  /// Looks after the focus; the window's answer to `own_message::focus`.
   void check();
 
  private:

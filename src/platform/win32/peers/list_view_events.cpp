@@ -10,17 +10,12 @@
 #include "platform/win32/native_handle.h"
 #include "platform/win32/parameters.h"
 #include "platform/win32/peers/list_view_peer.h"
+#include "platform/win32/peers/own_messages.h"
 #include "platform/win32/peers/window_peer.h"
 
 namespace platform::win32 {
 
 namespace {
-
-/// Posted to show the selection again after the native list has finished changing it.
-constexpr UINT selectionMessage = WM_APP + 3;
-
-/// Posted to give the list what was dropped, after the other program has been let go.
-constexpr UINT droppedMessage = WM_APP + 4;
 
 /// Ends when the click on a name was not the first of a double-click. The native list's own timers
 /// have small numbers.
@@ -126,7 +121,7 @@ void ListViewPeer::accept(const NMLISTVIEW& change) {
   if ((lost & LVIS_SELECTED) != 0) {
     // If no other item is selected at once, the item stays selected: only the program removes the
     // selection.
-    PostMessageW(window(), selectionMessage, 0, 0);
+    PostMessageW(window(), own_message::selection, 0, 0);
   }
 }
 
@@ -142,15 +137,15 @@ LRESULT ListViewPeer::search(const NMLVFINDITEMW& request) const {
 }
 
 std::optional<LRESULT> ListViewPeer::message(UINT message, WPARAM first, LPARAM second) {
-  if (message == selectionMessage) {
+  if (message == own_message::selection) {
     showSelection();
     return 0;
   }
-  if (message == droppedMessage) {
+  if (message == own_message::dropped) {
     takeDropped();
     return 0;
   }
-  if (message == NameEditor::doneMessage) {
+  if (message == own_message::nameDone) {
     if (editor_) {
       list_.fireNameTyped(editor_->result());
     }
@@ -299,7 +294,7 @@ void ListViewPeer::openForDrops() {
                                  .dropped =
                                      [this](clipboard::Content content) {
                                        dropped_.push_back(std::move(content));
-                                       PostMessageW(window(), droppedMessage, 0, 0);
+                                       PostMessageW(window(), own_message::dropped, 0, 0);
                                      }});
 }
 

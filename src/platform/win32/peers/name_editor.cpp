@@ -1,4 +1,5 @@
 #include "platform/win32/peers/name_editor.h"
+#include "platform/win32/peers/own_messages.h"
 
 // Needs <windows.h> first.
 #include <commctrl.h>
@@ -69,7 +70,7 @@ void NameEditor::show() {
 
 void NameEditor::confirm() {
   if (!std::exchange(done_, true)) {
-    PostMessageW(list_, doneMessage, 0, 0);
+    PostMessageW(list_, own_message::nameDone, 0, 0);
   }
 }
 

@@ -17,12 +17,10 @@ namespace platform::win32 {
 /// the editor stays.
 ///
 /// It is the program's own, because the native list takes its editor away whenever its items are
-/// set anew.
+/// set anew. When it is done, it posts `own_message::nameDone` to the list, and `result` says what
+/// the name is to be.
 class NameEditor {
  public:
-  /// Posted to the list when the editor is done; `result` says what the name is to be.
-  static constexpr UINT doneMessage = WM_APP + 4;
-
   /// Raises `error::outOfMemory`.
   NameEditor(HWND list, HFONT font, const std::wstring& text, std::size_t stem);
   NameEditor(const NameEditor&) = delete;

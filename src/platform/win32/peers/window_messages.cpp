@@ -11,6 +11,7 @@
 #include "platform/win32/dpi.h"
 #include "platform/win32/native_handle.h"
 #include "platform/win32/parameters.h"
+#include "platform/win32/peers/own_messages.h"
 #include "platform/win32/peers/window_peer.h"
 
 namespace platform::win32 {
@@ -110,10 +111,10 @@ std::optional<LRESULT> WindowPeer::handle(UINT message, WPARAM first, LPARAM sec
     case WM_SYSCOLORCHANGE:
       forwardToControls(message, first, second);
       return std::nullopt;
-    case layoutMessage:
+    case own_message::layout:
       layout();
       return 0;
-    case focusMessage:
+    case own_message::focus:
       focus_.check();
       return 0;
     default:

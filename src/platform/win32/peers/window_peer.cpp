@@ -1,4 +1,5 @@
 #include "platform/win32/peers/window_peer.h"
+#include "platform/win32/peers/own_messages.h"
 
 #include <bit>
 
@@ -128,7 +129,7 @@ void WindowPeer::place(HWND control, const Rect& bounds, bool redraw) {
 void WindowPeer::requestLayout() {
   if (building_.completed() && !layoutRequested_) {
     layoutRequested_ = true;
-    PostMessageW(window(), layoutMessage, 0, 0);
+    PostMessageW(window(), own_message::layout, 0, 0);
   }
 }
 

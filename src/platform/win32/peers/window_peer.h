@@ -20,9 +20,6 @@
 
 namespace platform::win32 {
 
-/// The message with which a window asks itself for a layout once the present message is done with.
-inline constexpr UINT layoutMessage = WM_APP + 1;
-
 /// Native window of a `controls::Window` with the peers of all its controls.
 ///
 /// It outlives the tie to its window object: after `detach` it is hidden and deaf, and is deleted

@@ -229,7 +229,7 @@ class ContextMenu : public Keyboard {
         break;
       default:
         add({L"Create Web Shortcut", L"Rename Web Shortcut", L"Delete Web Shortcut", L"", L"Copy",
-             L"Copy Path", L"", L"Add List...", L"Save List As..."});
+             L"Copy Path", L"Paste", L"", L"Add List...", L"Save List As..."});
         break;
     }
     return ::testing::ElementsAreArray(commands);

@@ -170,6 +170,7 @@ set(win32_peers_sources
   src/platform/win32/peers/window_table.cpp)
 set(win32_windows_sources
   src/platform/win32/windows/file_dialog.cpp
+  src/platform/win32/windows/folder_dialog.cpp
   src/platform/win32/windows/input_box.cpp
   src/platform/win32/windows/message_boxes.cpp
   src/platform/win32/windows/message_loop.cpp

@@ -61,4 +61,8 @@ struct SaveFileChoice {
 /// Shows the save dialog. Asks nothing about a file that exists. Errors as with `openFile`.
 [[nodiscard]] SaveFileChoice saveFile(const FileRequest& request);
 
+/// Shows the dialog for choosing a folder and returns its full path. It begins in the folder that
+/// was chosen last. Errors as with `openFile`, and `error::cannotCreateObject`.
+[[nodiscard]] std::wstring chooseFolder(const std::wstring& title);
+
 }  // namespace platform::dialogs

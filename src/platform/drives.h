@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace platform::drives {
 
@@ -24,6 +25,9 @@ namespace platform::drives {
 /// Whether the system knows the root of a full path: the drive's letter, or any network path. The
 /// drive itself is not asked.
 [[nodiscard]] bool isConnected(const std::wstring& path);
+
+/// The drives that the system knows ("C:"), in the order of their letters. They are not asked.
+[[nodiscard]] std::vector<std::wstring> connected();
 
 /// Whether the root of a full path answers: the drive has a medium, the share can be reached. Asks
 /// the drive, so it may take long; may be called on any thread.

@@ -225,6 +225,7 @@ std::vector<int> errorsOf(const std::wstring& call) {
       {L"show ", {7}},
       {L"open file dialog", {32755, 20477, 7}},
       {L"save file dialog", {32755, 20477, 7}},
+      {L"folder dialog", {32755, 57, 429, 7}},
       {L"start ", {53, 5, 70, 75, 57}},  // "start elevated " too
       {L"link ", {429, 70, 75, 76, 61, 57}},
       {L"setting ", {75}},

@@ -84,6 +84,8 @@ void Desktop::reset() {
   onInput = nullptr;
   fileDialogResults.clear();
   fileDialogs.clear();
+  folderDialogResults.clear();
+  folderDialogs.clear();
   onFileDialog = nullptr;
   filesDialogResults.clear();
   saveDialogResults.clear();

@@ -162,7 +162,7 @@ class Desktop {
   /// "copy P -> Q", "short name of new P", "read P", "read to append P", "create P", "write P",
   /// "replace P -> Q" (with " (changed)" when it was refused), "setting S\K = V", "link P", "start
   /// E", "browse A", "copy T", "save file dialog", "classic help F", "compiled help F", "message
-  /// T", "error N", "input P", "open file dialog", "create W", "show W", "activate W", "menu M at X
+  /// T", "error N", "input P", "open file dialog", "folder dialog", "create W", "show W", "activate W", "menu M at X
   /// Y", "destroy W", "modal W", "run W", "tick T", "pump", "end", "start elevated E", "close
   /// help", "wait of W: T", "wait of W is over". Calls that only look are not in it; a call that
   /// failed is, with " failed N" behind it.
@@ -218,7 +218,10 @@ class Desktop {
   std::deque<std::variant<std::vector<std::wstring>, int>> filesDialogResults;
   /// The same for save dialogs, which are in `fileDialogs`, too.
   std::deque<std::variant<platform::dialogs::SaveFileChoice, int>> saveDialogResults;
-  /// Called while a file dialog is open.
+  /// The same for dialogs in which the user chooses a folder; their titles.
+  std::deque<std::variant<std::wstring, int>> folderDialogResults;
+  std::vector<std::wstring> folderDialogs;
+  /// Called while a file dialog or a folder dialog is open.
   std::function<void()> onFileDialog;
 
   // --- other programs, the shell ---

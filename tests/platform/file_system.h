@@ -48,6 +48,8 @@ class FileSystem {
   void linkFolder(const std::wstring& path, const std::wstring& target, bool recognisable);
   void alias(const std::wstring& shortPath, const std::wstring& longPath);
   void giveShortNames(const std::wstring& drive);
+  /// The drives that anything was put on ("C:"); network paths are none.
+  [[nodiscard]] std::vector<std::wstring> driveLetters() const;
   /// Free space on the disk in bytes; nothing means no limit. A write that needs more raises
   /// `error::diskFull` and leaves what fitted.
   void setFreeBytes(std::optional<std::uint64_t> bytes) { freeBytes_ = bytes; }

@@ -55,6 +55,16 @@ std::vector<std::wstring> FileSystem::namesIn(const std::wstring& folder) const 
   return names;
 }
 
+std::vector<std::wstring> FileSystem::driveLetters() const {
+  std::vector<std::wstring> letters;
+  for (const auto& [drive, root] : drives_) {
+    if (drive.ends_with(L':')) {
+      letters.push_back(drive);
+    }
+  }
+  return letters;
+}
+
 void FileSystem::setReadOnly(const std::wstring& path, bool readOnly) {
   existing(path).readOnly = readOnly;
 }

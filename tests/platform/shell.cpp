@@ -54,13 +54,14 @@ void reportRunTimeError(const RunTimeError& error) {
 
 namespace {
 
-/// Shows a file dialog, whose results are scripted in `results`.
-template <class Result>
-Result fileDialog(const std::wstring& name, const FileRequest& request,
+/// Shows a dialog, whose results are scripted in `results`, and remembers in `requests` what the
+/// program asked for.
+template <class Result, class Request>
+Result fileDialog(const std::wstring& name, const Request& request, std::vector<Request>& requests,
                   std::deque<std::variant<Result, int>>& results) {
   Result chosen;
   desktop().call(name, [&] {
-    desktop().fileDialogs.push_back(request);
+    requests.push_back(request);
     if (desktop().onFileDialog) {
       desktop().onFileDialog();
     }
@@ -81,15 +82,23 @@ Result fileDialog(const std::wstring& name, const FileRequest& request,
 }  // namespace
 
 std::wstring openFile(const FileRequest& request) {
-  return fileDialog(L"open file dialog", request, desktop().fileDialogResults);
+  return fileDialog(L"open file dialog", request, desktop().fileDialogs,
+                    desktop().fileDialogResults);
 }
 
 std::vector<std::wstring> openFiles(const FileRequest& request) {
-  return fileDialog(L"open file dialog", request, desktop().filesDialogResults);
+  return fileDialog(L"open file dialog", request, desktop().fileDialogs,
+                    desktop().filesDialogResults);
 }
 
 SaveFileChoice saveFile(const FileRequest& request) {
-  return fileDialog(L"save file dialog", request, desktop().saveDialogResults);
+  return fileDialog(L"save file dialog", request, desktop().fileDialogs,
+                    desktop().saveDialogResults);
+}
+
+std::wstring chooseFolder(const std::wstring& title) {
+  return fileDialog(L"folder dialog", title, desktop().folderDialogs,
+                    desktop().folderDialogResults);
 }
 
 }  // namespace dialogs

@@ -105,6 +105,18 @@ bool mayBeSlow(const std::wstring& path) {
   return path.starts_with(L"\\\\") || desktop().slowDrives.contains(path.substr(0, 2));
 }
 
+std::vector<std::wstring> connected() {
+  std::vector<std::wstring> drives;
+  if (!desktop().blinded()) {
+    for (std::wstring& drive : desktop().disk().driveLetters()) {
+      if (isConnected(drive)) {
+        drives.push_back(std::move(drive));
+      }
+    }
+  }
+  return drives;
+}
+
 bool answers(const std::wstring& path) { return isConnected(path); }
 
 bool isConnected(const std::wstring& path) {

@@ -29,6 +29,15 @@ bool isConnected(const std::wstring& path) {
   return kindOf(win32::ordinaryPath(path)) != DRIVE_NO_ROOT_DIR;
 }
 
+std::vector<std::wstring> connected() {
+  const DWORD letters = GetLogicalDrives();  // the lowest bit is drive A
+  std::vector<std::wstring> drives;
+  for (unsigned n = 0; n < L'Z' - L'A' + 1U; ++n) {
+    if ((letters >> n & 1U) != 0) drives.push_back({static_cast<wchar_t>(L'A' + n), L':'});
+  }
+  return drives;
+}
+
 bool answers(const std::wstring& path) {
   const std::wstring root = rootOf(win32::ordinaryPath(path)) + L"\\";
   return GetFileAttributesW(root.c_str()) != INVALID_FILE_ATTRIBUTES;

@@ -46,6 +46,10 @@ set(catalogue_sources
   src/catalogue/data_types.cpp
   src/catalogue/date_order.cpp
   src/catalogue/entry.cpp
+  src/catalogue/missing_files.cpp
+  src/catalogue/moved_files.cpp
+  src/catalogue/moved_questions.cpp
+  src/catalogue/moved_records.cpp
   src/catalogue/opening.cpp
   src/catalogue/stored_path.cpp
   src/catalogue/tool_command.cpp)

@@ -5,6 +5,7 @@
 
 #include "platform/run_time_error.h"
 #include "platform/text.h"
+#include "platform/trap.h"
 
 namespace stored_path {
 
@@ -122,6 +123,24 @@ std::optional<std::wstring> realFile(const std::wstring& listed) {
   }
   return files::fileExists(path) ? std::optional(path) : std::nullopt;
 }
+
+Meaning meaningOf(const std::wstring& listed) {
+  Meaning meaning;
+  const auto failure = platform::trapped([&] { meaning.file = realFile(listed); });
+  meaning.several = failure && failure->number() == platform::error::badFileName;
+  if (failure && !meaning.several) {
+    throw platform::RunTimeError(*failure);
+  }
+  return meaning;
+}
+
+bool isExact(std::wstring_view listed) {
+  const std::size_t begin = beginOf(listed);
+  return listed.find_first_of(neverInNames, begin) == std::wstring_view::npos &&
+         listed.find_first_of(substitutes, begin) == std::wstring_view::npos;
+}
+
+std::wstring comparable(std::wstring_view text) { return upper(asListed(text)); }
 
 std::wstring lackingCharacters(std::wstring_view text) {
   const auto isIn = [](wchar_t unit, unsigned first) {

@@ -30,6 +30,23 @@ namespace stored_path {
 /// wildcard matches nothing.
 [[nodiscard]] std::optional<std::wstring> realFile(const std::wstring& listed);
 
+/// What a path of the list means.
+struct Meaning {
+  std::optional<std::wstring> file;  ///< As `realFile` returns it.
+  bool several = false;              ///< It may mean several files; `file` is none of them.
+};
+
+/// The same as `realFile`, but a path that may mean several files raises no error.
+[[nodiscard]] Meaning meaningOf(const std::wstring& listed);
+
+/// Whether `listed` contains no substitutes and no wildcards, so that it can only mean the file or
+/// folder of exactly that path.
+[[nodiscard]] bool isExact(std::wstring_view listed);
+
+/// A text as the list would show it, in upper case: paths and names that may mean the same file
+/// have the same one. Short names are not considered.
+[[nodiscard]] std::wstring comparable(std::wstring_view text);
+
 /// The characters of `text` that the code page lacks, each once, with blanks between them; "" when
 /// it lacks none.
 [[nodiscard]] std::wstring lackingCharacters(std::wstring_view text);

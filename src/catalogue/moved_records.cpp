@@ -1,0 +1,138 @@
+#include "catalogue/moved_records.h"
+
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+
+#include "catalogue/catalogue_file.h"
+#include "catalogue/stored_path.h"
+#include "listfile/list_file.h"
+#include "listfile/suite_lists.h"
+#include "platform/files.h"
+#include "platform/text.h"
+#include "platform/trap.h"
+
+namespace modQMKGeneral {
+
+using list_file::Change;
+using list_file::Record;
+using platform::text::upper;
+
+namespace {
+
+/// The record with another path. All other bytes stay.
+std::string withPath(const Record& record, const std::string& path) {
+  const std::string_view field = record.fields.at(pathField);
+  const auto begin = static_cast<std::size_t>(field.data() - record.line.data());
+  const bool quoted = begin > 0 && record.line[begin - 1] == '"';
+  std::string line(record.line.substr(0, begin));
+  // A path without quotes may get a comma now.
+  line += quoted ? path : '"' + path + '"';
+  return line.append(record.line.substr(begin + field.size()));
+}
+
+/// The changes by the paths of records.
+class ChangesByPath {
+ public:
+  explicit ChangesByPath(const std::vector<PathChange>& changes) {
+    for (const PathChange& change : changes) {
+      const auto [known, added] = byFrom_.try_emplace(upper(change.from), targets_.size());
+      if (!added) {
+        continue;
+      }
+      const std::wstring listed = stored_path::forList(change.to);
+      const auto [place, isNew] = byTo_.try_emplace(upper(listed), targets_.size());
+      targets_.push_back({platform::text::toCodePage(listed), !isNew});
+      // The list may have it with substitutes.
+      byTo_.try_emplace(stored_path::comparable(change.to), place->second);
+    }
+  }
+
+  /// Looks for new paths that a list has already.
+  void noteListed(const std::string& list) {
+    for (Target& target : targets_) {
+      target.listed = false;
+    }
+    std::wstring path;
+    list_file::Reader reader(list);
+    for (Record record; reader.next(record);) {
+      if (record.has(pathField)) {
+        record.text(pathField, path);
+        if (const auto target = byTo_.find(upper(path)); target != byTo_.end()) {
+          targets_[target->second].listed = true;
+        }
+      }
+    }
+  }
+
+  struct Target {
+    std::string bytes;     ///< The path as it is written to the list.
+    bool double_ = false;  ///< Another entry gets it.
+    bool listed = false;
+  };
+  /// The new path of a record; nullptr when it keeps its own.
+  [[nodiscard]] const Target* of(const Record& record, std::wstring& path) const {
+    if (!record.has(pathField)) {
+      return nullptr;
+    }
+    record.text(pathField, path);
+    const auto change = byFrom_.find(upper(path));
+    return change == byFrom_.end() ? nullptr : &targets_[change->second];
+  }
+
+ private:
+  std::vector<Target> targets_;
+  std::unordered_map<std::wstring, std::size_t> byFrom_;
+  std::unordered_map<std::wstring, std::size_t> byTo_;
+};
+
+/// The catalogue with the new paths.
+std::string withChanges(std::string old, ChangesByPath& changes, PathChanges& result) {
+  changes.noteListed(old);
+  result = {};
+  std::wstring path;
+  return list_file::edited(std::move(old), [&](const Record& record, std::string& changed) {
+    const auto* const target = changes.of(record, path);
+    if (target == nullptr) {
+      return Change::none;
+    }
+    if (target->listed || target->double_) {
+      ++result.listed;
+      return Change::none;
+    }
+    ++result.changed;
+    changed = withPath(record, target->bytes);
+    return Change::replaced;
+  });
+}
+
+}  // namespace
+
+std::size_t dropThoseGone(std::vector<PathChange>& changes) {
+  return std::erase_if(
+      changes, [](const PathChange& change) { return !platform::files::fileExists(change.to); });
+}
+
+std::optional<PathChanges> changePaths(const std::vector<PathChange>& changes) {
+  PathChanges result;
+  const auto failure = platform::trapped([&] {
+    ChangesByPath byPath(changes);
+    list_file::rewrite(
+        cataloguePath(), temporaryPath(), list_file::Missing::isError,
+        [&](std::string old) { return withChanges(std::move(old), byPath, result); });
+  });
+  if (failure) {
+    showListFileProblem(L"Problem saving to QMK list", *failure);
+    return std::nullopt;
+  }
+  return result;
+}
+
+std::wstring changedText(const PathChanges& changes) {
+  std::wstring text = std::to_wstring(changes.changed) +
+                      (changes.changed == 1 ? L" entry changed" : L" entries changed");
+  return changes.listed == 0 ? text
+                             : text + L", " + std::to_wstring(changes.listed) + L" already listed";
+}
+
+}  // namespace modQMKGeneral

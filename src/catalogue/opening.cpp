@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <optional>
+#include <vector>
 
 #include "catalogue/catalogue_file.h"
 #include "catalogue/data_types.h"
 #include "catalogue/entry.h"
+#include "catalogue/moved_records.h"
 #include "catalogue/stored_path.h"
 #include "platform/controls/item_key.h"
 #include "platform/dialogs.h"
@@ -41,6 +43,31 @@ std::optional<std::wstring> pathForTools(const std::wstring& file) {
   return std::nullopt;
 }
 
+/// After the user has found a missing file: asks whether its entry is to show it there.
+void offerToList(Opening& opening, const controls::ItemKey& key, const DataEntry& entry) {
+  // A copy, because another file may be opened while the question is up.
+  const std::wstring found = opening.browsed;
+  const DataType* const type = modQMKGeneral::typeOfCode(entry.type);
+  // The entry keeps its type, so a file of another type would be opened in the wrong tool.
+  const bool fits = type == nullptr || modQMKGeneral::typeOfNumber(
+                                           modQMKGeneral::TypeNumberFromExtension(found)) == type;
+  if (found.empty() || !fits ||
+      platform::text::upper(found) == platform::text::upper(entry.path()) ||
+      !files::fileExists(found) ||
+      dialogs::showMessage(found + L"\rLet the list show it there from now on?",
+                           dialogs::MessageStyle::yesNoQuestion) != dialogs::Answer::yes ||
+      !controls::findAgain(opening.view.dataList, key)) {
+    return;
+  }
+  std::vector<modQMKGeneral::PathChange> changes{{entry.path(), found}};
+  if (modQMKGeneral::dropThoseGone(changes) > 0) {
+    opening.tell(L"Nothing was changed: " + found + L" is no longer there");
+  } else if (const auto changed = modQMKGeneral::changePaths(changes)) {
+    modQMKGeneral::LoadCatalogueView(opening.view);
+    opening.tell(modQMKGeneral::changedText(*changed));
+  }
+}
+
 void recoverMissingFile(Opening& opening, const controls::ItemKey& key, const DataEntry& entry) {
   const std::wstring question =
       L"File does not exist: " + encodePath(entry.folder) + encodePath(entry.name) +
@@ -48,7 +75,9 @@ void recoverMissingFile(Opening& opening, const controls::ItemKey& key, const Da
   if (dialogs::showMessage(question, dialogs::MessageStyle::yesNoWarning) == dialogs::Answer::yes) {
     // The dialog takes the question marks as wildcards and lists every name that matches.
     opening.cmdBrowse.setTag(encodePath(entry.name));
+    opening.browsed.clear();
     opening.clickBrowse();
+    offerToList(opening, key, entry);
   } else if (controls::findAgain(opening.view.dataList, key)) {
     // The user was asked about a missing file. If the file exists again by now, it is not deleted.
     modQMKGeneral::dropCatalogueEntry(entry.path());
@@ -63,10 +92,12 @@ std::wstring encodePath(std::wstring path) {
   return path;
 }
 
-void RunToolCommand(modQMKGeneral::CatalogueView& view, const ToolCommand& command) {
-  if (startTool(command)) {
-    modQMKGeneral::LoadCatalogueView(view);
+bool RunToolCommand(modQMKGeneral::CatalogueView& view, const ToolCommand& command) {
+  if (!startTool(command)) {
+    return false;
   }
+  modQMKGeneral::LoadCatalogueView(view);
+  return true;
 }
 
 void openSelectedDataFile(Opening& opening) {
@@ -112,8 +143,10 @@ void browseForDataFile(Opening& opening) {
   if (type == nullptr) {
     dialogs::showMessage(L"The file can not be opened");
   } else if (const auto handed = pathForTools(path)) {
-    RunToolCommand(opening.view,
-                   {toolOf(*type), std::wstring(type->browseSwitch) + encodePath(*handed)});
+    if (RunToolCommand(opening.view,
+                       {toolOf(*type), std::wstring(type->browseSwitch) + encodePath(*handed)})) {
+      opening.browsed = path;
+    }
   }
 }
 

@@ -17,19 +17,23 @@ struct Opening {
   controls::CommonDialog& diaCommon;
   controls::Control& cmdBrowse;       ///< Its tag may hold a file name to preset in the dialog.
   std::function<void()> clickBrowse;  ///< Runs the click handler of `cmdBrowse`.
+  /// Says in the status line what has been done.
+  std::function<void(const std::wstring& news)> tell;
+  std::wstring browsed{};  ///< The file that `cmdBrowse` has last opened in its tool; "" for none.
 };
 
 /// Starts a tool, then reloads the catalogue view. If the tool cannot be started, a message is
-/// shown and nothing else happens.
-void RunToolCommand(modQMKGeneral::CatalogueView& view, const ToolCommand& command);
+/// shown, nothing else happens, and false is returned.
+bool RunToolCommand(modQMKGeneral::CatalogueView& view, const ToolCommand& command);
 
 /// The path in the form that a tool expects: never quoted, every blank replaced by a question mark.
 [[nodiscard]] std::wstring encodePath(std::wstring path);
 
 /// Double-click on the Open tab: opens the selected data file in its tool. If the file is missing,
-/// offers to locate it, and drops its entry when the user declines. A file whose path the tools
-/// cannot read is not opened; a message names the characters that are the reason. Raises
-/// `error::badFileName` when the entry may mean several files.
+/// offers to locate it, and drops its entry when the user declines. If the user locates it, the
+/// entry may show it there from then on. A file whose path the tools cannot read is not opened; a
+/// message names the characters that are the reason. Raises `error::badFileName` when the entry may
+/// mean several files.
 void openSelectedDataFile(Opening& opening);
 
 /// Double-click on the New tab: starts the tool of the selected item's type on a new file.

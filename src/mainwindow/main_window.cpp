@@ -82,7 +82,8 @@ frmQMK::frmQMK()
       catalogue{lstQMK[open], lstQMK[newFiles], imgIcons[0], imgIcons[1]},
       shortcuts{lstQMK[tools], imgShortCut, picShortCuts, diaCommon},
       webList{lstQMK, TabMain, imgIcons[0], imgIcons[1]},
-      opening{catalogue, diaCommon, cmdBrowse, [this] { cmdBrowse_Click(); }},
+      opening{catalogue, diaCommon, cmdBrowse, [this] { cmdBrowse_Click(); },
+              [this](const std::wstring& news) { tell(news); }},
       toolsThere(lstQMK[tools], {std::nullopt, modSC::shortcut_column::target}, targetExists),
       filesThere(lstQMK[open], {modQMKGeneral::data_column::folder, 0}, dataFileExists) {
   setCaption(platform::application::title);

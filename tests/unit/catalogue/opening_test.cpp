@@ -174,6 +174,119 @@ TEST_F(Opening, ALocatedFileIsOpenedAsTheBrowseButtonDoes) {
             (Starts{{L"C:\\App\\brtpc3.exe", L"C:\\App\\brtpc3.exe bpi E:\\found?it.bi3"}}));
 }
 
+// --- the offer after a file was located ---
+
+const std::wstring offer = L"E:\\found it.bi3\rLet the list show it there from now on?";
+
+/// A missing file, and the one that the user finds.
+class LocatedFile : public Opening {
+ protected:
+  LocatedFile() {
+    putCatalogue("\"bi3\",\"D:\\gone.bi3\",\"1\",more\n" + record({"FP3", "D:\\other.fp3", "2"}));
+    modQMKGeneral::LoadCatalogueView(view);
+    select(list, L"gone.bi3");
+    desktop().putFile(L"E:\\found it.bi3", "");
+    desktop().fileDialogResults = {L"E:\\found it.bi3"};
+  }
+  void locate(Answer toOffer) {
+    desktop().answers = {Answer::yes, toOffer};
+    doubleClick(frmQMK::open);
+  }
+  const std::string before =
+      "\"bi3\",\"D:\\gone.bi3\",\"1\",more\n" + record({"FP3", "D:\\other.fp3", "2"});
+  const std::string after =
+      "\"bi3\",\"E:\\found it.bi3\",\"1\",more\n" + record({"FP3", "D:\\other.fp3", "2"});
+};
+
+TEST_F(LocatedFile, YesLetsTheListShowItThere) {
+  locate(Answer::yes);
+  EXPECT_EQ(catalogue(), after);
+  EXPECT_EQ(rows(), (Texts{L"found it.bi3", L"other.fp3"}));
+  EXPECT_EQ(main.news(), L"1 entry changed");
+  ASSERT_EQ(messages().size(), 2U);
+  EXPECT_EQ(messages().back(), offer);
+  EXPECT_EQ(desktop().messages[1].style, MessageStyle::yesNoQuestion);
+}
+
+TEST_F(LocatedFile, TheToolStartsFirst) {
+  locate(Answer::yes);
+  const auto started = desktop().journalPlace(L"start C:\\App\\brtpc3.exe");
+  const auto asked = desktop().journalPlace(L"message " + offer);
+  ASSERT_TRUE(started && asked);
+  EXPECT_LT(*started, *asked);
+}
+
+TEST_F(LocatedFile, NoLeavesTheList) {
+  locate(Answer::no);
+  EXPECT_EQ(catalogue(), before);
+  EXPECT_EQ(messages().size(), 2U);
+}
+
+TEST_F(LocatedFile, NothingIsOfferedWhenTheToolDoesNotStart) {
+  desktop().take(L"C:\\App\\brtpc3.exe");
+  locate(Answer::yes);
+  EXPECT_EQ(catalogue(), before);
+  ASSERT_EQ(messages().size(), 2U);
+  EXPECT_TRUE(messages().back().starts_with(L"Can't start application"));
+}
+
+TEST_F(LocatedFile, NothingIsOfferedForAFileOfAnotherType) {
+  desktop().putFile(L"E:\\other.fp3", "");
+  desktop().fileDialogResults = {L"E:\\other.fp3"};
+  locate(Answer::yes);
+  EXPECT_EQ(desktop().starts.size(), 1U);
+  EXPECT_EQ(messages().size(), 1U);
+}
+
+TEST_F(LocatedFile, NothingIsOfferedAfterCancel) {
+  // An earlier file that was opened does not count.
+  main.cmdBrowse.fireClick();
+  desktop().fileDialogResults = {32755};
+  locate(Answer::yes);
+  EXPECT_EQ(messages().size(), 1U);
+}
+
+TEST_F(LocatedFile, AFileThatIsListedAlreadyIsNotListedTwice) {
+  putCatalogue(before + record({"BI3", "e:\\FOUND IT.bi3", "3"}));
+  modQMKGeneral::LoadCatalogueView(view);
+  select(list, L"gone.bi3");
+  locate(Answer::yes);
+  EXPECT_EQ(catalogue(), before + record({"BI3", "e:\\FOUND IT.bi3", "3"}));
+  EXPECT_EQ(main.news(), L"0 entries changed, 1 already listed");
+  EXPECT_EQ(messages().size(), 2U);
+}
+
+TEST_F(LocatedFile, AnEntryThatIsGoneMeanwhileIsNotAddedAnew) {
+  desktop().onMessage = [this](const ::memory::Message& message) {
+    if (message.text == offer) {
+      putCatalogue(record({"FP3", "D:\\other.fp3", "2"}));
+      modQMKGeneral::LoadCatalogueView(view);
+    }
+  };
+  locate(Answer::yes);
+  EXPECT_EQ(catalogue(), record({"FP3", "D:\\other.fp3", "2"}));
+  EXPECT_EQ(messages().back(), L"gone.bi3 is no longer in the list");
+}
+
+TEST_F(LocatedFile, AFileThatIsGoneMeanwhileChangesNothing) {
+  desktop().onMessage = [](const ::memory::Message& message) {
+    if (message.text == offer) {
+      desktop().take(L"E:\\found it.bi3");
+    }
+  };
+  locate(Answer::yes);
+  EXPECT_EQ(catalogue(), before);
+  EXPECT_EQ(main.news(), L"Nothing was changed: E:\\found it.bi3 is no longer there");
+  EXPECT_EQ(messages().size(), 2U);
+}
+
+TEST_F(LocatedFile, AFailureIsReported) {
+  desktop().setReadOnly(unit::catalogueFile);
+  locate(Answer::yes);
+  EXPECT_EQ(catalogue(), before);
+  EXPECT_EQ(messages().back(), L"Problem saving to QMK list\r75-Path/File access error");
+}
+
 TEST_F(Opening, TheListMayBeReloadedWhileTheQuestionIsUp) {
   listOne("FP3", "D:\\gone.fp3");
   desktop().answers = {Answer::no};

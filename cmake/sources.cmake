@@ -77,6 +77,7 @@ set(mainwindow_sources
   src/mainwindow/main_layout.cpp
   src/mainwindow/main_listing.cpp
   src/mainwindow/main_memory.cpp
+  src/mainwindow/main_repair.cpp
   src/mainwindow/main_routing.cpp
   src/mainwindow/main_find.cpp
   src/mainwindow/main_names.cpp

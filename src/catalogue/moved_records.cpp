@@ -66,8 +66,8 @@ class ChangesByPath {
   }
 
   struct Target {
-    std::string bytes;     ///< The path as it is written to the list.
-    bool double_ = false;  ///< Another entry gets it.
+    std::string bytes;   ///< The path as it is written to the list.
+    bool taken = false;  ///< Another entry gets it.
     bool listed = false;
   };
   /// The new path of a record; nullptr when it keeps its own.
@@ -96,7 +96,7 @@ std::string withChanges(std::string old, ChangesByPath& changes, PathChanges& re
     if (target == nullptr) {
       return Change::none;
     }
-    if (target->listed || target->double_) {
+    if (target->listed || target->taken) {
       ++result.listed;
       return Change::none;
     }
@@ -131,8 +131,15 @@ std::optional<PathChanges> changePaths(const std::vector<PathChange>& changes) {
 std::wstring changedText(const PathChanges& changes) {
   std::wstring text = std::to_wstring(changes.changed) +
                       (changes.changed == 1 ? L" entry changed" : L" entries changed");
-  return changes.listed == 0 ? text
-                             : text + L", " + std::to_wstring(changes.listed) + L" already listed";
+  const auto add = [&text](std::size_t count, const wchar_t* what) {
+    if (count > 0) {
+      text += L", " + std::to_wstring(count) + what;
+    }
+  };
+  add(changes.listed, L" already listed");
+  add(changes.gone, L" no longer there");
+  add(changes.unclear, L" in too many folders");
+  return text;
 }
 
 }  // namespace modQMKGeneral

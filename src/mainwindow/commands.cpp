@@ -47,6 +47,12 @@ const wchar_t* whyNotRemovable(const frmQMK& form) {
   return hasRow(form) ? L"Files of the data folder are always listed" : nullptr;
 }
 
+bool missesFiles(const frmQMK& form) { return form.filesThere.missing() > 0; }
+
+const wchar_t* whyNotFound(const frmQMK& /*form*/) {
+  return L"No file of the list is known to be missing";
+}
+
 constexpr std::array rows{
     Command{.id = ids::mnuExit,
             .name = L"mnuExit",
@@ -163,6 +169,15 @@ constexpr std::array rows{
             .explanation = L"Saves what the list shows as a list file or as a table.",
             .handler = run<&frmQMK::mnuSaveListAs_Click>,
             .onTab = onLists},
+    Command{.id = ids::mnuFindMoved,
+            .name = L"mnuFindMoved",
+            .caption = L"Find Moved Files...",
+            .menu = Menu::edit,
+            .explanation = L"Looks for missing files elsewhere and changes their entries.",
+            .handler = run<&frmQMK::mnuFindMoved_Click>,
+            .available = missesFiles,
+            .refusal = whyNotFound,
+            .onTab = {{forbidden, allowed, forbidden, forbidden}}},
     Command{
         .id = ids::mnuList,
         .name = L"mnuList",
@@ -241,11 +256,11 @@ constexpr std::array toolbar{ids::mnuDelete, ids::mnuRename,      ids::mnuCreate
 
 constexpr std::array onTools{ids::mnuCreate, ids::mnuRename,   ids::mnuDelete, separator,
                              ids::mnuCopy,   ids::mnuCopyPath, ids::mnuPaste,  ids::mnuOpenFolder};
-constexpr std::array onOpen{ids::mnuCreate,    ids::mnuRename,     ids::mnuDelete,
-                            separator,         ids::mnuCopy,       ids::mnuCopyPath,
-                            ids::mnuPaste,     ids::mnuOpenFolder, ids::mnuRemoveFromList,
-                            separator,         ids::mnuAddFiles,   ids::mnuAddList,
-                            ids::mnuSaveListAs};
+constexpr std::array onOpen{ids::mnuCreate,     ids::mnuRename,     ids::mnuDelete,
+                            separator,          ids::mnuCopy,       ids::mnuCopyPath,
+                            ids::mnuPaste,      ids::mnuOpenFolder, ids::mnuRemoveFromList,
+                            separator,          ids::mnuAddFiles,   ids::mnuAddList,
+                            ids::mnuSaveListAs, ids::mnuFindMoved};
 constexpr std::array onNew{ids::mnuCreate, ids::mnuRename, ids::mnuDelete};
 constexpr std::array onWeb{ids::mnuCreate,  ids::mnuRename,    ids::mnuDelete, separator,
                            ids::mnuCopy,    ids::mnuCopyPath,  ids::mnuPaste,  separator,

@@ -43,6 +43,7 @@ inline constexpr int mnuAbout = 2033;
 inline constexpr int mnuAddList = 2040;
 inline constexpr int mnuSaveListAs = 2041;
 inline constexpr int mnuAddFiles = 2042;
+inline constexpr int mnuFindMoved = 2043;
 inline constexpr int mnuPaste = 2044;
 
 // Toolbar buttons

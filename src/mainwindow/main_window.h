@@ -113,6 +113,7 @@ class frmQMK : public controls::Window {
   void mnuAddList_Click();
   void mnuAddFiles_Click();
   void mnuPaste_Click();
+  void mnuFindMoved_Click();
   /// Adds to the list of a tab what was pasted or dropped there.
   void bringIn(int tab, const platform::clipboard::Content& content);
   /// Looks for files in folders and below them, while the status line shows how far it is. Esc ends
@@ -190,6 +191,17 @@ class frmQMK : public controls::Window {
                      const std::vector<std::wstring>& found);
   void addShortcuts(const std::vector<std::wstring>& paths);
   void addWebShortcuts(const platform::clipboard::Content& content);
+  struct Repair;
+  /// Runs a step of the search for moved files in the background and then `next`, unless the
+  /// command was given again.
+  void nextStep(const std::shared_ptr<Repair>& repair, const std::function<void(Repair&)>& work,
+                void (frmQMK::*next)(const std::shared_ptr<Repair>&));
+  /// Asks what the other drives have, and then for a folder with the rest.
+  void lookInFolder(const std::shared_ptr<Repair>& repair);
+  void askAboutFound(const std::shared_ptr<Repair>& repair);
+  /// Changes what the user has agreed to, in two steps.
+  void changeMoved(const std::shared_ptr<Repair>& repair);
+  void endRepair(const std::shared_ptr<Repair>& repair);
   void endSearch();
   /// Ends a search at the user's wish. False when there is none.
   bool stopSearch();
@@ -211,6 +223,8 @@ class frmQMK : public controls::Window {
   std::wstring news_;
   mainwindow::FileSearch search_;
   std::wstring searchFor_;
+  /// Of the last search for moved files; those before it are given up.
+  std::shared_ptr<bool> repairing_;
   int dpi_ = platform::designDpi;
   bool askingToExit_ = false;
   bool sessionWaits_ = false;  // the end of the session waits for that answer

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "mainwindow/control_ids.h"
 #include "platform/text.h"
 
 namespace faults {
@@ -122,6 +123,31 @@ std::vector<Between::Question> Between::questions() {
          answer(Answer::yes);
          desktop().fileDialogResults.emplace_front(std::wstring(L"D:\\Two.bi3"));
          open();
+       }},
+      {"show a missing file elsewhere", frmQMK::open,
+       [this, open] {
+         const controls::ListView& list = main_->lstQMK[frmQMK::open];
+         const std::wstring found = L"D:\\Found." + list.subItem(list.selectedItem(), 4);
+         takeIfThere(path_);
+         desktop().putFile(found, "found");
+         look();
+         answer(Answer::yes);
+         answer(Answer::yes);
+         desktop().fileDialogResults.emplace_front(found);
+         open();
+       }},
+      {"find moved files", frmQMK::open,
+       [this] {
+         takeIfThere(path_);
+         desktop().putFile(L"E:" + path_.substr(2), "moved");
+         // The command needs to know of a missing file.
+         desktop().advance(100);
+         look();
+         desktop().answers.assign(20, Answer::yes);
+         desktop().folderDialogResults = {32755};
+         main_->commands.refresh();
+         main_->commands.item(ids::mnuFindMoved).fireClick();
+         desktop().advance(100);
        }},
       {"open a file", frmQMK::open,
        [this, open] {

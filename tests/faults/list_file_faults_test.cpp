@@ -169,6 +169,34 @@ Texts problemWithAdding(const Fault& fault) {
 
 void takeCatalogue(Rig& /*rig*/) { desktop().take(catalogueFile); }
 
+// --- files that have moved ---
+
+constexpr const wchar_t* movedQuestion =
+    L"1 of 1 missing entries under D:\\ are in D:\\New. Change them?";
+
+void knowOfMissing(Rig& rig) {
+  rig.select(frmQMK::open, L"Gone.fp3");
+  desktop().advance(100);
+  rig.settle();
+  desktop().advance(100);
+}
+
+void findMoved(Rig& rig) {
+  script([] {
+    desktop().answers = {Answer::yes};
+    desktop().folderDialogResults = {std::wstring(L"D:\\New")};
+  });
+  rig.main().commands.refresh();
+  rig.main().commands.item(ids::mnuFindMoved).fireClick();
+  desktop().advance(100);
+}
+
+/// The messages after a question, when the list could not be written or shown.
+Texts afterQuestion(const std::wstring& question, const Fault& fault) {
+  return fault.inReload() ? Texts{question, trapped(fault), fault.clean.messages.back()}
+                          : Texts{question, trapped(fault)};
+}
+
 Texts withQuestion(const std::wstring& question, const Fault& fault) {
   return {question, untrapped(fault)};
 }
@@ -385,6 +413,70 @@ std::vector<Operation> operations() {
              return fault.followed(L"message ", L"Replace it?")
                         ? Texts{L"Mine.csv already exists. Replace it?", savingProblem(fault)}
                         : Texts{savingProblem(fault)};
+           }},
+      {.name = "find moved files in a folder",
+       .prepare =
+           [](Rig& rig) {
+             desktop().putFile(L"D:\\New\\Gone.fp3", "gone");
+             knowOfMissing(rig);
+           },
+       .run = findMoved,
+       .told =
+           [](const Fault& fault) {
+             return fault.was(L"folder dialog") ? problemWithDialog(fault)
+                                                : afterQuestion(movedQuestion, fault);
+           }},
+      {.name = "find moved files on another drive while another program writes",
+       .prepare =
+           [](Rig& rig) {
+             desktop().putFile(L"E:\\Gone.fp3", "gone");
+             knowOfMissing(rig);
+           },
+       .run =
+           [](Rig& rig) {
+             disturbOnce();
+             findMoved(rig);
+           },
+       .told =
+           [](const Fault& fault) {
+             return afterQuestion(L"1 of 1 missing entries under D:\\ are in E:\\. Change them?",
+                                  fault);
+           },
+       .addOthersWork = addOthersRecord},
+      {.name = "let the list show a missing file elsewhere",
+       .prepare =
+           [selectGone](Rig& rig) {
+             selectGone(rig);
+             desktop().putFile(L"D:\\Found.fp3", "found");
+           },
+       .run =
+           [](Rig& rig) {
+             script([] {
+               desktop().answers = {Answer::yes, Answer::yes};
+               desktop().fileDialogResults = {std::wstring(L"D:\\Found.fp3")};
+             });
+             rig.main().lstQMK[frmQMK::open].fireDoubleClick();
+           },
+       .told =
+           [gone](const Fault& fault) {
+             const std::wstring offer = L"D:\\Found.fp3\rLet the list show it there from now on?";
+             if (fault.was(L"open file dialog")) {
+               return Texts{gone};
+             }
+             if (fault.was(L"start ")) {
+               return Texts{gone, L"Can't start application\r" + fault.reason() +
+                                      L"\rPath: C:\\App\\plv3.exe D:\\Found.fp3"};
+             }
+             Texts told = afterQuestion(offer, fault);
+             told.insert(told.begin(), gone);
+             return told;
+           },
+       // The list that is shown after the start of the tool may be incomplete, and then the entry
+       // is said to be gone.
+       .goesOn =
+           [](const Fault& fault) {
+             return fault.was(L"read " + catalogueFile) &&
+                    !fault.followed(L"create " + temporaryFile, L"");
            }},
       {.name = "tick of the watch",
        .prepare = nothing,

@@ -19,7 +19,8 @@ using memory::desktop;
 bool tellsOfMemory(const std::wstring& message) {
   return message.find(L"Run-time error '7':\r\n\r\nOut of memory") != std::wstring::npos ||
          message.find(L"\r7-Out of memory") != std::wstring::npos ||
-         message.ends_with(L": Out of memory");
+         message.ends_with(L": Out of memory") ||
+         message.ends_with(L": there is not enough memory");
 }
 
 namespace {

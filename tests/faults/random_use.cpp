@@ -30,12 +30,15 @@ void RandomUse::prepareAnswers() {
   desktop().inputAnswers.clear();
   desktop().fileDialogResults.clear();
   desktop().saveDialogResults.clear();
+  desktop().folderDialogResults.clear();
   desktop().filesDialogResults.assign(
       10, std::vector<std::wstring>{L"D:\\One.fp3", L"D:\\Two.bi3", L"C:\\Tools\\calc.exe"});
   desktop().clipboardBusy = oneIn(8);
   for (int n = 0; n < 10; ++n) {
     desktop().inputAnswers.emplace_back(oneIn(4) ? L"" : someName());
+    desktop().folderDialogResults.emplace_back(std::wstring(oneIn(2) ? L"D:" : L"C:\\App"));
     if (oneIn(3)) {
+      desktop().folderDialogResults.back() = 32755;
       desktop().fileDialogResults.emplace_back(32755);
       desktop().saveDialogResults.emplace_back(32755);
     } else if (oneIn(3)) {

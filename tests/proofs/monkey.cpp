@@ -187,7 +187,7 @@ void Monkey::inMain(int kind) {
                                 ids::mnuWeb,     ids::mnuAbout,       ids::mnuDelete,
                                 ids::mnuRename,  ids::mnuNewestFirst, ids::mnuFitColumns,
                                 ids::mnuCopy,    ids::mnuCopyPath,    ids::mnuRemoveFromList,
-                                ids::mnuAddList, ids::mnuSaveListAs};
+                                ids::mnuAddList, ids::mnuSaveListAs,  ids::mnuFindMoved};
   if (kind < 30) {
     clickSomewhere(main, kind < 8);
   } else if (kind < 55) {

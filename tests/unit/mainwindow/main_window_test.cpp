@@ -80,7 +80,7 @@ TEST_F(DesignedMainWindowTest, HasTheMenusWithTheirEntries) {
       found.back().push_back({entry->name(), entry->caption()});
       // What is not for the first tab.
       const std::set<std::wstring> others{L"mnuRemoveFromList", L"mnuAddFiles", L"mnuAddList",
-                                          L"mnuSaveListAs"};
+                                          L"mnuSaveListAs", L"mnuFindMoved"};
       EXPECT_EQ(entry->enabled(), !others.contains(entry->name()));
     }
   }
@@ -99,7 +99,8 @@ TEST_F(DesignedMainWindowTest, HasTheMenusWithTheirEntries) {
        {L"", L"-"},
        {L"mnuAddFiles", L"Add to List..."},
        {L"mnuAddList", L"Add List..."},
-       {L"mnuSaveListAs", L"Save List As..."}},
+       {L"mnuSaveListAs", L"Save List As..."},
+       {L"mnuFindMoved", L"Find Moved Files..."}},
       {{L"mnuView", L"View"},
        {L"mnuList", L"List View"},
        {L"mnuIcon", L"Icon View"},

@@ -302,7 +302,7 @@ TEST_F(RememberedWindow, ShowsTheEditCommandsWhereTheUserAsksForThem) {
   const std::array<std::wstring, 4> additions{
       L" - mnuCopy mnuCopyPath mnuPaste mnuOpenFolder",
       L" - mnuCopy mnuCopyPath mnuPaste mnuOpenFolder mnuRemoveFromList - mnuAddFiles mnuAddList "
-      L"mnuSaveListAs",
+      L"mnuSaveListAs mnuFindMoved",
       L"", L" - mnuCopy mnuCopyPath mnuPaste - mnuAddList mnuSaveListAs"};
   for (std::size_t tab = 0; tab < additions.size(); ++tab) {
     desktop().clearJournal();

@@ -1,0 +1,169 @@
+// Entries whose files have been moved: finding the files and changing the entries.
+#include <memory>
+#include <optional>
+#include <unordered_set>
+#include <utility>
+
+#include "catalogue/catalogue_view.h"
+#include "catalogue/missing_files.h"
+#include "catalogue/moved_files.h"
+#include "catalogue/moved_records.h"
+#include "catalogue/stored_path.h"
+#include "mainwindow/main_window.h"
+#include "platform/background.h"
+#include "platform/dialogs.h"
+#include "platform/trap.h"
+
+using modQMKGeneral::FoundFile;
+using modQMKGeneral::ListedFolder;
+
+/// One search for moved files, from the command to its end. While a step runs in the background,
+/// nobody else uses it.
+struct frmQMK::Repair {
+  std::vector<ListedFolder> missing;                 ///< The entries without a file so far.
+  std::vector<modQMKGeneral::Move> moves{};          ///< What to ask about.
+  std::vector<modQMKGeneral::PathChange> changes{};  ///< What the user has agreed to.
+  std::size_t unclear = 0;  ///< Entries whose file may be in too many places.
+  std::size_t gone = 0;     ///< Changes to files that are not there any more.
+
+  /// Asks about the moves. What the user agrees to is missing no longer.
+  void ask();
+};
+
+namespace {
+
+/// Takes the names of these files out of the folders.
+void takeOut(std::vector<ListedFolder>& folders, const std::vector<FoundFile>& files) {
+  // The files go by numbers, so nothing may move before all of them are marked. No file has an
+  // empty name.
+  for (const FoundFile& file : files) {
+    folders[file.folder].names[file.name].clear();
+  }
+  for (ListedFolder& folder : folders) {
+    std::erase(folder.names, L"");
+  }
+}
+
+/// Whether a file may be one of the missing entries, by its name.
+std::function<bool(std::wstring_view)> namesAmong(const std::vector<ListedFolder>& missing) {
+  const auto wanted = std::make_shared<std::unordered_set<std::wstring>>();
+  for (const ListedFolder& folder : missing) {
+    for (const std::wstring& name : folder.names) {
+      wanted->insert(stored_path::comparable(name));
+    }
+  }
+  return
+      [wanted](std::wstring_view name) { return wanted->contains(stored_path::comparable(name)); };
+}
+
+}  // namespace
+
+void frmQMK::Repair::ask() {
+  const std::vector<FoundFile> chosen =
+      modQMKGeneral::askAboutMoves(missing, std::exchange(moves, {}));
+  for (const FoundFile& file : chosen) {
+    const ListedFolder& folder = missing[file.folder];
+    changes.push_back({folder.path + folder.names[file.name], file.path});
+  }
+  takeOut(missing, chosen);
+}
+
+void frmQMK::nextStep(const std::shared_ptr<Repair>& repair,
+                      const std::function<void(Repair&)>& work,
+                      void (frmQMK::*next)(const std::shared_ptr<Repair>&)) {
+  const auto failure = std::make_shared<std::optional<platform::RunTimeError>>();
+  const bool started = platform::background::run(
+      [repair, work, failure] { *failure = platform::trapped([&] { work(*repair); }); },
+      [this, repair, next, failure, still = std::weak_ptr(repairing_)] {
+        // The command may have been given again, and the window may be gone.
+        if (still.expired()) {
+          return;
+        }
+        if (*failure) {
+          tell(L"Nothing was changed: " + (*failure)->description());
+        } else {
+          (this->*next)(repair);
+        }
+      });
+  if (!started) {
+    tell(L"Nothing was done: the search cannot be started");
+  }
+}
+
+void frmQMK::mnuFindMoved_Click() {
+  repairing_ = std::make_shared<bool>();
+  const auto repair =
+      std::make_shared<Repair>(Repair{.missing = modQMKGeneral::entriesByFolder(lstQMK[open])});
+  nextStep(
+      repair,
+      [](Repair& step) {
+        modQMKGeneral::keepMissing(step.missing);
+        step.moves =
+            modQMKGeneral::movesOf(step.missing, modQMKGeneral::onOtherDrives(step.missing));
+      },
+      &frmQMK::lookInFolder);
+  tell(L"Looking on the other drives");
+}
+
+void frmQMK::lookInFolder(const std::shared_ptr<Repair>& repair) {
+  if (repair->missing.empty()) {
+    tell(L"No file of the list is missing");
+    return;
+  }
+  tell({});
+  repair->ask();
+  std::wstring folder;
+  if (modQMKGeneral::countOf(repair->missing) == 0 ||
+      !chosen([&folder] { folder = platform::dialogs::chooseFolder(L"Find Moved Files"); })) {
+    changeMoved(repair);
+    return;
+  }
+  searchFolders(L"Looking for moved files", {folder}, namesAmong(repair->missing),
+                [this, repair](const std::vector<std::wstring>& found) {
+                  nextStep(
+                      repair,
+                      [found](Repair& step) {
+                        auto files = modQMKGeneral::amongFiles(step.missing, found);
+                        step.unclear = files.unclear;
+                        step.moves = modQMKGeneral::movesOf(step.missing, std::move(files.files));
+                      },
+                      &frmQMK::askAboutFound);
+                });
+}
+
+void frmQMK::askAboutFound(const std::shared_ptr<Repair>& repair) {
+  if (repair->moves.empty() && repair->unclear == 0 && repair->changes.empty()) {
+    tell(L"None of them is there.");
+    return;
+  }
+  repair->ask();
+  if (repair->changes.empty() && repair->unclear == 0) {
+    tell(L"Nothing was changed");
+  }
+  changeMoved(repair);
+}
+
+void frmQMK::changeMoved(const std::shared_ptr<Repair>& repair) {
+  if (repair->changes.empty() && repair->unclear == 0) {
+    return;
+  }
+  // Time has passed with questions. Only what is there now is listed.
+  nextStep(
+      repair, [](Repair& step) { step.gone = modQMKGeneral::dropThoseGone(step.changes); },
+      &frmQMK::endRepair);
+}
+
+void frmQMK::endRepair(const std::shared_ptr<Repair>& repair) {
+  modQMKGeneral::PathChanges result;
+  if (!repair->changes.empty()) {
+    const auto changed = modQMKGeneral::changePaths(repair->changes);
+    if (!changed) {
+      return;
+    }
+    result = *changed;
+    modQMKGeneral::LoadCatalogueView(catalogue);
+  }
+  result.gone = repair->gone;
+  result.unclear = repair->unclear;
+  tell(modQMKGeneral::changedText(result));
+}

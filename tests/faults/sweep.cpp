@@ -151,11 +151,7 @@ void checkLook(const Operation& operation, const Fault& fault, LookFault kind) {
   if (kind == LookFault::outOfMemory) {
     expectWholeFiles(fault, operation.mayBeGone);
     const Texts& messages = fault.now.messages;
-    const auto tells = [](const std::wstring& message) {
-      return message == L"Run-time error '7':\r\n\r\nOut of memory" ||
-             message.ends_with(L"\r7-Out of memory") || message.ends_with(L": Out of memory");
-    };
-    const auto told = std::count_if(messages.begin(), messages.end(), tells);
+    const auto told = std::count_if(messages.begin(), messages.end(), tellsOfMemory);
     // Where it lasts, what follows a routine that has told of it may meet it again.
     EXPECT_GE(told, 1) << ::testing::PrintToString(messages);
     if (!fault.forever) {

@@ -186,12 +186,22 @@ void findMoved(Rig& rig) {
     desktop().answers = {Answer::yes};
     desktop().folderDialogResults = {std::wstring(L"D:\\New")};
   });
-  rig.main().commands.refresh();
-  rig.main().commands.item(ids::mnuFindMoved).fireClick();
+  // The steps go on if the command fails after it has begun them.
+  Rig::handle([&rig] {
+    rig.main().commands.refresh();
+    rig.main().commands.item(ids::mnuFindMoved).fireClick();
+  });
   // The steps in the background. Nothing that the window does when it is idle comes between.
   for (int step = 0; step < 10; ++step) {
     desktop().advance(0);
   }
+}
+
+/// Whether there was no memory to begin the step after the look on the other drives. Nothing is
+/// changed then, and only the status line says for a while that the program is looking.
+bool endsLooking(const Fault& fault) {
+  return fault.now.files == fault.old.files && fault.now.lists == fault.old.lists &&
+         fault.now.messages == Texts{errorReport(fault), L"status: Looking on the other drives"};
 }
 
 /// The messages after a question, when the list could not be written or shown.
@@ -428,7 +438,8 @@ std::vector<Operation> operations() {
            [](const Fault& fault) {
              return fault.was(L"folder dialog") ? problemWithDialog(fault)
                                                 : afterQuestion(movedQuestion, fault);
-           }},
+           },
+       .goesOn = endsLooking},
       {.name = "find moved files on another drive while another program writes",
        .prepare =
            [](Rig& rig) {
@@ -445,6 +456,7 @@ std::vector<Operation> operations() {
              return afterQuestion(L"1 of 1 missing entries under D:\\ are in E:\\. Change them?",
                                   fault);
            },
+       .goesOn = endsLooking,
        .addOthersWork = addOthersRecord},
       {.name = "let the list show a missing file elsewhere",
        .prepare =

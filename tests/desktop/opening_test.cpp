@@ -186,6 +186,7 @@ TEST_F(Opening, AMissingFileMayBeLocatedByHand) {
   EXPECT_EQ(dialog.fileName(), L"my?plot?1.bi3");
   dialog.open(found);
   expectStart(1, tool(L"brtpc3.exe bpi ") + encoded(found));
+  expectMessage(found + L"\rLet the list show it there from now on?", questionIcon, yesAndNo, IDNO);
   EXPECT_EQ(app->catalogue(), catalogue) << "the entry stays";
 
   // The preset is used once.
@@ -193,6 +194,25 @@ TEST_F(Opening, AMissingFileMayBeLocatedByHand) {
   const FileDialogReader next = app->waitForFileDialog();
   EXPECT_EQ(next.fileName().find(L"my?plot"), std::wstring::npos);
   next.cancel();
+}
+
+TEST_F(Opening, ALocatedFileCanBeShownThereFromThenOn) {
+  const std::wstring found = app->addFileElsewhere(L"Field Work\\found it.bi3");
+  const std::string other = record(L"CW3", L"D:\\z.cw3");
+  startWith(record(L"BI3", L"D:\\gone\\plot.bi3", L"some day") + other, 2);
+  app->doubleClickRow(Tab::open, L"plot.bi3");
+  expectMessage(
+      L"File does not exist: D:\\gone\\plot.bi3\rIt may have been moved or deleted. Do you wish to "
+      L"locate the file yourself? ",
+      exclamationIcon, yesAndNo, IDYES);
+  app->waitForFileDialog().open(found);
+  expectStart(1, tool(L"brtpc3.exe bpi ") + encoded(found));
+  expectMessage(found + L"\rLet the list show it there from now on?", questionIcon, yesAndNo,
+                IDYES);
+  EXPECT_TRUE(eventually([&] { return app->catalogue(); },
+                         std::optional(record(L"BI3", found, L"some day") + other)));
+  EXPECT_TRUE(
+      eventually([&] { return app->list(Tab::open).find(L"found it.bi3").has_value(); }, true));
 }
 
 TEST_F(Opening, AMissingFileThatIsNotLocatedLosesItsEntry) {

@@ -154,6 +154,44 @@ TEST_F(Writers, AForeignProgramThatAppendsInPlace) {
   EXPECT_EQ(foreign->notes().messages, 0);
 }
 
+/// Lists are added and moved files are listed elsewhere, while two others write.
+TEST_F(Writers, AddedListsAndMovedFilesAmongTheOthers) {
+  const int count = amount(40, 1500);
+  const int appends = amount(1000, 40'000);
+  std::string old;
+  for (int number = 0; number < count; ++number) {
+    old += harness::codePageBytes(L"\"FP3\",\"" + pathOf(L"old", number) + L"\",\"1/2/2003\"\r\n");
+  }
+  harness::writeFile(catalogue_, old);
+  const auto moving =
+      std::make_unique<Worker>(folder_, L"move old new " + std::to_wstring(count), job_);
+  const auto merging =
+      std::make_unique<Worker>(folder_, L"merge merged " + std::to_wstring(count), job_);
+  const auto ours = writer(L"ours", count);
+  const auto foreign = appender(L"foreign", appends);
+  for (const Worker* const worker : {moving.get(), merging.get(), ours.get(), foreign.get()}) {
+    worker->waitUntilDone(longestRunMs);
+  }
+  const Catalogue catalogue = read(catalogue_);
+  const Fate moved = fateOf(catalogue, L"new", moving->notes(), count);
+  const Fate merged = fateOf(catalogue, L"merged", merging->notes(), count);
+  figure(std::string("writers, files listed elsewhere") + columns, shown(moved, moving->notes()));
+  figure(std::string("writers, added lists") + columns, shown(merged, merging->notes()));
+  expectIntact("the files listed elsewhere", moved);
+  expectIntact("the added lists", merged);
+  expectIntact("the copy", fateOf(catalogue, L"ours", ours->notes(), count));
+  expectIntact("the appender", fateOf(catalogue, L"foreign", foreign->notes(), appends));
+  EXPECT_EQ(catalogue.torn, 0);
+  for (int number = 0; number < count; ++number) {
+    // An entry is at one of the two places, never at both.
+    EXPECT_EQ(catalogue.paths.count(pathOf(L"old", number)),
+              moving->notes().wanted[number] != 0 ? 0U : 1U)
+        << number;
+  }
+  EXPECT_GT(moved.wanted, 0);
+  EXPECT_GT(merged.wanted, 0);
+}
+
 /// The real program deletes entries and keeps its list up to date, while a copy of its code and a
 /// foreign program write.
 TEST_F(Writers, TheProgramAmongTheOthers) {

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <cwctype>
 #include <string>
+#include <vector>
 
 #include "harness/files.h"
 #include "harness/paths.h"
@@ -81,6 +82,16 @@ TEST(Drives, OnTheNetworkMayBeSlowAndTheSystemsIsNot) {
   for (const wchar_t* const path : {LR"(C:\tool.exe)", LR"(\\?\C:\tool.exe)", L"tool.exe", L""}) {
     EXPECT_FALSE(platform::drives::mayBeSlow(path)) << path;
   }
+}
+
+TEST(Drives, OfTheSystemIsConnectedAndAnswers) {
+  const std::vector<std::wstring> drives = platform::drives::connected();
+  EXPECT_NE(std::find(drives.begin(), drives.end(), L"C:"), drives.end());
+  EXPECT_TRUE(std::is_sorted(drives.begin(), drives.end()));
+  for (const std::wstring& drive : drives) {
+    EXPECT_TRUE(platform::drives::isConnected(drive + L"\\"));
+  }
+  EXPECT_TRUE(platform::drives::answers(L"C:\\"));
 }
 
 TEST(Screens, HaveAWorkAreaAndADensity) {

@@ -2,6 +2,8 @@
 //
 //   worker.exe churn <seed> <first operation> <end>   until <end>, or until it is killed
 //   worker.exe write <tag> <count>                    adds, updates and removes numbered records
+//   worker.exe merge <tag> <count>                    adds lists of one numbered record each
+//   worker.exe move <from> <to> <count>               lets records of one tag show files of another
 //   worker.exe append <file> <tag> <count>            appends in place, like a foreign program
 //   worker.exe hold <file> <share> <ms>               keeps a file open
 //

@@ -9,6 +9,8 @@
 #include <vector>
 
 #include "catalogue/catalogue_file.h"
+#include "catalogue/catalogue_listing.h"
+#include "catalogue/moved_records.h"
 #include "mainwindow/main_window.h"
 #include "platform/run_time_error.h"
 #include "platform/text.h"
@@ -141,6 +143,41 @@ void write(const std::wstring& tag, int count) {
   }
 }
 
+/// Adds lists, each with a new record and the one before.
+void merge(const std::wstring& tag, int count) {
+  const auto window = std::make_unique<frmQMK>();
+  std::string before;
+  for (int number = 0; number < count; ++number) {
+    notes->ready = 1;
+    const std::string line = platform::text::toCodePage(
+        L"\"FP3\",\"" + proofs::pathOf(tag, number) + L"\",\"11/20/2026\"\r\n");
+    if (succeeds([&] {
+          static_cast<void>(modQMKGeneral::addCatalogueRecords(window->catalogue, before + line));
+        })) {
+      notes->wanted[number] = 1;
+      before = line;
+    }
+    notes->finished = number + 1;
+  }
+}
+
+/// Changes the paths of records that are there already.
+void move(const std::wstring& from, const std::wstring& to, int count) {
+  for (int number = 0; number < count; ++number) {
+    notes->ready = 1;
+    if (succeeds([&] {
+          const auto result = modQMKGeneral::changePaths(
+              {{proofs::pathOf(from, number), proofs::pathOf(to, number)}});
+          if (result && result->changed != 1) {
+            note(L"the record was not there");
+          }
+        })) {
+      notes->wanted[number] = 1;
+    }
+    notes->finished = number + 1;
+  }
+}
+
 /// Appends a line in place like a program that does not know this one: usual sharing, one write,
 /// and another try when the file is in use.
 bool appended(const std::wstring& path, const std::string& line) {
@@ -202,6 +239,10 @@ int run(const std::vector<std::wstring>& words) {
     churn(static_cast<std::uint64_t>(number(2)), number(3), number(4));
   } else if (order == L"write") {
     write(words.at(2), static_cast<int>(number(3)));
+  } else if (order == L"merge") {
+    merge(words.at(2), static_cast<int>(number(3)));
+  } else if (order == L"move") {
+    move(words.at(2), words.at(3), static_cast<int>(number(4)));
   } else if (order == L"append") {
     append(words.at(2), words.at(3), static_cast<int>(number(4)));
   } else if (order == L"hold") {

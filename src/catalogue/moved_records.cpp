@@ -1,16 +1,19 @@
 #include "catalogue/moved_records.h"
 
+#include <algorithm>
 #include <string_view>
 #include <unordered_map>
 #include <utility>
 
 #include "catalogue/catalogue_file.h"
+#include "catalogue/entry.h"
 #include "catalogue/stored_path.h"
 #include "listfile/list_file.h"
 #include "listfile/suite_lists.h"
 #include "platform/files.h"
 #include "platform/text.h"
 #include "platform/trap.h"
+#include "startup/paths.h"
 
 namespace modQMKGeneral {
 
@@ -126,6 +129,29 @@ std::optional<PathChanges> changePaths(const std::vector<PathChange>& changes) {
     return std::nullopt;
   }
   return result;
+}
+
+void loadChanged(CatalogueView& view, const std::vector<PathChange>& changes) {
+  controls::ListView& list = view.dataList;
+  std::optional<controls::ItemKey> selected;
+  if (list.selected()) {
+    const std::wstring path = upper(selectedEntry(list).path());
+    const auto change =
+        std::find_if(changes.begin(), changes.end(),
+                     [&path](const PathChange& one) { return upper(one.from) == path; });
+    if (change != changes.end()) {
+      selected = selectedKey(list);
+      const std::wstring listed = stored_path::forList(change->to);
+      SmodMisc::SplitPath(listed, selected->cells.front(), selected->cells.back());
+      selected->number = 0;
+    }
+  }
+  LoadCatalogueView(view);
+  if (selected) {
+    if (const auto item = list.find(*selected); list.rowOf(item)) {
+      list.select(*item);
+    }
+  }
 }
 
 std::wstring changedText(const PathChanges& changes) {

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "catalogue/catalogue_view.h"
+
 namespace modQMKGeneral {
 
 /// An entry that is to show another file.
@@ -31,6 +33,9 @@ std::size_t dropThoseGone(std::vector<PathChange>& changes);
 /// regard to case. Errors are trapped and shown as "Problem saving to QMK list"; nothing is
 /// returned then, and nothing is changed.
 [[nodiscard]] std::optional<PathChanges> changePaths(const std::vector<PathChange>& changes);
+
+/// Loads the view after these changes. If the selected entry is one of them, it stays selected.
+void loadChanged(CatalogueView& view, const std::vector<PathChange>& changes);
 
 /// As in "12 entries changed, 2 already listed, 1 no longer there, 3 in too many folders".
 [[nodiscard]] std::wstring changedText(const PathChanges& changes);

@@ -63,7 +63,7 @@ void offerToList(Opening& opening, const controls::ItemKey& key, const DataEntry
   if (modQMKGeneral::dropThoseGone(changes) > 0) {
     opening.tell(L"Nothing was changed: " + found + L" is no longer there");
   } else if (const auto changed = modQMKGeneral::changePaths(changes)) {
-    modQMKGeneral::LoadCatalogueView(opening.view);
+    modQMKGeneral::loadChanged(opening.view, changes);
     opening.tell(modQMKGeneral::changedText(*changed));
   }
 }

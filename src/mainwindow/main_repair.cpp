@@ -4,7 +4,6 @@
 #include <unordered_set>
 #include <utility>
 
-#include "catalogue/catalogue_view.h"
 #include "catalogue/missing_files.h"
 #include "catalogue/moved_files.h"
 #include "catalogue/moved_records.h"
@@ -161,7 +160,7 @@ void frmQMK::endRepair(const std::shared_ptr<Repair>& repair) {
       return;
     }
     result = *changed;
-    modQMKGeneral::LoadCatalogueView(catalogue);
+    modQMKGeneral::loadChanged(catalogue, repair->changes);
   }
   result.gone = repair->gone;
   result.unclear = repair->unclear;

@@ -202,6 +202,8 @@ TEST_F(LocatedFile, YesLetsTheListShowItThere) {
   locate(Answer::yes);
   EXPECT_EQ(catalogue(), after);
   EXPECT_EQ(rows(), (Texts{L"found it.bi3", L"other.fp3"}));
+  EXPECT_EQ(list.text(list.selectedItem()), L"found it.bi3");
+  EXPECT_FALSE(list.lostSelection().has_value());
   EXPECT_EQ(main.news(), L"1 entry changed");
   ASSERT_EQ(messages().size(), 2U);
   EXPECT_EQ(messages().back(), offer);

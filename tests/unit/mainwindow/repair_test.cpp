@@ -83,6 +83,20 @@ TEST_F(Repair, ChangesWhatIsBelowTheFolder) {
   EXPECT_EQ(desktop().folderDialogs, Texts{L"Find Moved Files"});
 }
 
+TEST_F(Repair, TheSelectedEntryStaysSelected) {
+  putFiles(L"D:\\New\\", {L"Deep\\1.fp3", L"2.bi3"});
+  for (const wchar_t* const name : {L"2.bi3", L"Ridge.fp3", L"3.fp3"}) {
+    putCatalogue(ridge + lost);
+    show();
+    select(list, name);
+    desktop().answers = {Answer::yes};
+    find(L"D:\\New");
+    EXPECT_EQ(list.text(list.selectedItem()), name);
+    EXPECT_FALSE(list.lostSelection().has_value());
+  }
+  EXPECT_EQ(desktop().messages.size(), 3U);
+}
+
 TEST_F(Repair, NoChangesNothing) {
   putFiles(L"D:\\New\\", {L"Deep\\1.fp3"});
   desktop().answers = {Answer::no};

@@ -66,7 +66,7 @@ class PathsByEnd {
   /// longest common beginning are neighbours of the place where the path itself would be.
   [[nodiscard]] Range closestTo(const std::wstring& path) const {
     const std::wstring wanted = backwards(comparable(path));
-    const Place here = std::lower_bound(
+    const auto here = std::lower_bound(
         sorted_.begin(), sorted_.end(), wanted,
         [](const auto& entry, const std::wstring& text) { return entry.first < text; });
     const std::size_t before =
@@ -77,7 +77,7 @@ class PathsByEnd {
       return {here, here};  // nothing; or the file is there again
     }
     const auto begins = [&common](const auto& entry) { return entry.first.starts_with(common); };
-    const Place first = std::lower_bound(
+    const auto first = std::lower_bound(
         sorted_.begin(), sorted_.end(), common,
         [](const auto& entry, const std::wstring& text) { return entry.first < text; });
     return {first, std::partition_point(first, sorted_.end(), begins)};

@@ -162,10 +162,10 @@ class Desktop {
   /// "copy P -> Q", "short name of new P", "read P", "read to append P", "create P", "write P",
   /// "replace P -> Q" (with " (changed)" when it was refused), "setting S\K = V", "link P", "start
   /// E", "browse A", "copy T", "save file dialog", "classic help F", "compiled help F", "message
-  /// T", "error N", "input P", "open file dialog", "folder dialog", "create W", "show W", "activate W", "menu M at X
-  /// Y", "destroy W", "modal W", "run W", "tick T", "pump", "end", "start elevated E", "close
-  /// help", "wait of W: T", "wait of W is over". Calls that only look are not in it; a call that
-  /// failed is, with " failed N" behind it.
+  /// T", "error N", "input P", "open file dialog", "folder dialog", "create W", "show W", "activate
+  /// W", "menu M at X Y", "destroy W", "modal W", "run W", "tick T", "pump", "end", "start elevated
+  /// E", "close help", "wait of W: T", "wait of W is over". Calls that only look are not in it; a
+  /// call that failed is, with " failed N" behind it.
   [[nodiscard]] const std::vector<std::wstring>& journal() const { return journal_; }
   /// Whether the journal has that line.
   [[nodiscard]] bool journalHas(const std::wstring& line) const;

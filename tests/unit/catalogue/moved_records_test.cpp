@@ -14,7 +14,6 @@ using memory::desktop;
 using modQMKGeneral::changedText;
 using modQMKGeneral::changePaths;
 using modQMKGeneral::PathChange;
-using modQMKGeneral::PathChanges;
 using unit::record;
 using unit::Texts;
 

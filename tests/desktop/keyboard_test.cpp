@@ -223,6 +223,7 @@ class ContextMenu : public Keyboard {
         add({L"Create Shortcut"}, false);
         add({L"Rename File", L"Delete File", L"", L"Copy", L"Copy Path", L"Paste", L"Open Folder",
              L"Remove from List", L"", L"Add to List...", L"Add List...", L"Save List As..."});
+        add({L"Find Moved Files..."}, false);  // none is missing
         break;
       case Tab::newFile:
         add({L"Create", L"Rename", L"Delete"}, false);

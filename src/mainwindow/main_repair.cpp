@@ -19,6 +19,7 @@ using modQMKGeneral::ListedFolder;
 /// One search for moved files, from the command to its end. While a step runs in the background,
 /// nobody else uses it.
 struct frmQMK::Repair {
+  std::weak_ptr<bool> current;  ///< Expires when the command is given again or the window ends.
   std::vector<ListedFolder> missing;                 ///< The entries without a file so far.
   std::vector<modQMKGeneral::Move> moves{};          ///< What to ask about.
   std::vector<modQMKGeneral::PathChange> changes{};  ///< What the user has agreed to.
@@ -67,15 +68,14 @@ void frmQMK::Repair::ask() {
   takeOut(missing, chosen);
 }
 
-void frmQMK::nextStep(const std::shared_ptr<Repair>& repair,
+bool frmQMK::nextStep(const std::shared_ptr<Repair>& repair,
                       const std::function<void(Repair&)>& work,
                       void (frmQMK::*next)(const std::shared_ptr<Repair>&)) {
   const auto failure = std::make_shared<std::optional<platform::RunTimeError>>();
   const bool started = platform::background::run(
       [repair, work, failure] { *failure = platform::trapped([&] { work(*repair); }); },
-      [this, repair, next, failure, still = std::weak_ptr(repairing_)] {
-        // The command may have been given again, and the window may be gone.
-        if (still.expired()) {
+      [this, repair, next, failure] {
+        if (repair->current.expired()) {
           return;
         }
         if (*failure) {
@@ -87,21 +87,20 @@ void frmQMK::nextStep(const std::shared_ptr<Repair>& repair,
   if (!started) {
     tell(L"Nothing was done: the search cannot be started");
   }
+  return started;
 }
 
 void frmQMK::mnuFindMoved_Click() {
   repairing_ = std::make_shared<bool>();
-  const auto repair =
-      std::make_shared<Repair>(Repair{.missing = modQMKGeneral::entriesByFolder(lstQMK[open])});
-  nextStep(
-      repair,
-      [](Repair& step) {
-        modQMKGeneral::keepMissing(step.missing);
-        step.moves =
-            modQMKGeneral::movesOf(step.missing, modQMKGeneral::onOtherDrives(step.missing));
-      },
-      &frmQMK::lookInFolder);
-  tell(L"Looking on the other drives");
+  const auto repair = std::make_shared<Repair>(
+      Repair{.current = repairing_, .missing = modQMKGeneral::entriesByFolder(lstQMK[open])});
+  const auto look = [](Repair& step) {
+    modQMKGeneral::keepMissing(step.missing);
+    step.moves = modQMKGeneral::movesOf(step.missing, modQMKGeneral::onOtherDrives(step.missing));
+  };
+  if (nextStep(repair, look, &frmQMK::lookInFolder)) {
+    tell(L"Looking on the other drives");
+  }
 }
 
 void frmQMK::lookInFolder(const std::shared_ptr<Repair>& repair) {
@@ -119,14 +118,12 @@ void frmQMK::lookInFolder(const std::shared_ptr<Repair>& repair) {
   }
   searchFolders(L"Looking for moved files", {folder}, namesAmong(repair->missing),
                 [this, repair](const std::vector<std::wstring>& found) {
-                  nextStep(
-                      repair,
-                      [found](Repair& step) {
-                        auto files = modQMKGeneral::amongFiles(step.missing, found);
-                        step.unclear = files.unclear;
-                        step.moves = modQMKGeneral::movesOf(step.missing, std::move(files.files));
-                      },
-                      &frmQMK::askAboutFound);
+                  const auto fit = [found](Repair& step) {
+                    auto files = modQMKGeneral::amongFiles(step.missing, found);
+                    step.unclear = files.unclear;
+                    step.moves = modQMKGeneral::movesOf(step.missing, std::move(files.files));
+                  };
+                  static_cast<void>(nextStep(repair, fit, &frmQMK::askAboutFound));
                 });
 }
 
@@ -147,9 +144,8 @@ void frmQMK::changeMoved(const std::shared_ptr<Repair>& repair) {
     return;
   }
   // Time has passed with questions. Only what is there now is listed.
-  nextStep(
-      repair, [](Repair& step) { step.gone = modQMKGeneral::dropThoseGone(step.changes); },
-      &frmQMK::endRepair);
+  const auto check = [](Repair& step) { step.gone = modQMKGeneral::dropThoseGone(step.changes); };
+  static_cast<void>(nextStep(repair, check, &frmQMK::endRepair));
 }
 
 void frmQMK::endRepair(const std::shared_ptr<Repair>& repair) {

@@ -193,8 +193,9 @@ class frmQMK : public controls::Window {
   void addWebShortcuts(const platform::clipboard::Content& content);
   struct Repair;
   /// Runs a step of the search for moved files in the background and then `next`, unless the
-  /// command was given again.
-  void nextStep(const std::shared_ptr<Repair>& repair, const std::function<void(Repair&)>& work,
+  /// command was given again. If the step cannot be started, the status line says so, and false is
+  /// returned.
+  bool nextStep(const std::shared_ptr<Repair>& repair, const std::function<void(Repair&)>& work,
                 void (frmQMK::*next)(const std::shared_ptr<Repair>&));
   /// Asks what the other drives have, and then for a folder with the rest.
   void lookInFolder(const std::shared_ptr<Repair>& repair);

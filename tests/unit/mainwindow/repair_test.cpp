@@ -5,6 +5,7 @@
 #include <string>
 
 #include "mainwindow/control_ids.h"
+#include "platform/faults.h"
 #include "unit/support/catalogue_test.h"
 
 namespace {
@@ -235,6 +236,25 @@ TEST_F(Repair, TheCommandGivenAgainBeginsAgain) {
   desktop().advance(5000);
   EXPECT_EQ(desktop().messages.size(), 1U);
   EXPECT_EQ(window.news(), L"3 entries changed");
+}
+
+TEST_F(Repair, GivenAgainDuringTheSearchOnlyTheSecondGoesOn) {
+  putFiles(L"D:\\New\\", {L"Deep\\1.fp3"});
+  desktop().folderDialogResults = {std::wstring(L"D:\\New"), platform::error::cancelled};
+  desktop().onFileDialog = [] { desktop().backgroundMilliseconds = 1000; };
+  giveCommand();
+  settle();
+  giveCommand();  // the search of the first ends while the second looks at the other drives
+  desktop().advance(5000);
+  EXPECT_EQ(desktop().folderDialogs.size(), 2U);
+  EXPECT_EQ(catalogue(), ridge + lost);
+  EXPECT_TRUE(messages().empty());
+}
+
+TEST_F(Repair, ASearchThatCannotBeStartedIsTold) {
+  desktop().faults().failLook(1, memory::Faults::LookFault::findsNothing);
+  giveCommand();
+  EXPECT_EQ(window.news(), L"Nothing was done: the search cannot be started");
 }
 
 TEST_F(Repair, AFailureIsReported) {

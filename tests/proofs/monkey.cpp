@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 
+#include "harness/clipboard.h"
 #include "harness/files.h"
 #include "harness/input.h"
 #include "harness/text.h"
@@ -176,6 +177,23 @@ std::wstring Monkey::someText() {
   return text;
 }
 
+void Monkey::copySomething() {
+  const std::wstring data = app_.folder() + L"\\data";
+  switch (random_.below(4)) {
+    case 0:
+      harness::copyFiles({data});
+      break;
+    case 1:
+      harness::copyFiles({data + L"\\Plot 1.fp3", app_.folder() + L"\\plv3.exe", L"Q:\\gone.fp3"});
+      break;
+    case 2:
+      harness::copyText(L"http://pasted.example/\r\n\"" + data + L"\"\r\njavascript:1");
+      break;
+    default:  // what the program or an earlier turn has left there
+      break;
+  }
+}
+
 void Monkey::inMain(int kind) {
   HWND const main = app_.main();
   constexpr std::array<WORD, 16> keys{VK_DOWN,   VK_UP,    VK_LEFT, VK_RIGHT, VK_HOME, VK_END,
@@ -187,7 +205,8 @@ void Monkey::inMain(int kind) {
                                 ids::mnuWeb,     ids::mnuAbout,       ids::mnuDelete,
                                 ids::mnuRename,  ids::mnuNewestFirst, ids::mnuFitColumns,
                                 ids::mnuCopy,    ids::mnuCopyPath,    ids::mnuRemoveFromList,
-                                ids::mnuAddList, ids::mnuSaveListAs,  ids::mnuFindMoved};
+                                ids::mnuAddList, ids::mnuSaveListAs,  ids::mnuFindMoved,
+                                ids::mnuPaste,   ids::mnuPaste};
   if (kind < 30) {
     clickSomewhere(main, kind < 8);
   } else if (kind < 55) {
@@ -197,6 +216,9 @@ void Monkey::inMain(int kind) {
   } else if (kind < 72) {
     const int command = commands.at(static_cast<std::size_t>(random_.below(commands.size())));
     note("command " + std::to_string(command));
+    if (command == ids::mnuPaste) {
+      copySomething();
+    }
     if (takesCommands()) {
       PostMessageW(main, WM_COMMAND, static_cast<WPARAM>(command), 0);
     }

@@ -38,6 +38,8 @@ class Monkey {
 
  private:
   void act(int kind);
+  /// Puts something on the clipboard that can be pasted, or leaves what is there.
+  void copySomething();
   void inMain(int kind);
   void inDialog(HWND dialog);
   /// Types in the find box, or empties it.

@@ -29,7 +29,7 @@ FolderContents contentsOf(const std::wstring& folder) {
   const std::optional<std::wstring> itself = win32::nativePath(folder);
   // A wildcard in the folder's own name would search in other folders.
   constexpr std::wstring_view longForm = LR"(\\?\)";
-  if (!native || !itself ||
+  if (folder.empty() || !native || !itself ||
       itself->find_first_of(L"*?<>\"", itself->starts_with(longForm) ? longForm.size() : 0) !=
           std::wstring::npos) {
     return contents;

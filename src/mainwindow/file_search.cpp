@@ -28,7 +28,9 @@ bool FileSearch::start(std::vector<std::wstring> folders,
     while (more && !state->stopped) {
       more = walk.lookOn([&](const std::wstring& folder, const std::wstring& name) {
         if (wanted(name)) {
-          state->paths.push_back(folder + (folder.ends_with(L'\\') ? L"" : L"\\") + name);
+          std::wstring& path = state->paths.emplace_back(folder);
+          path += path.ends_with(L'\\') ? L"" : L"\\";
+          path += name;
         }
       });
       state->count = state->paths.size();

@@ -6,7 +6,6 @@
 // else the source.
 #pragma once
 
-#include <compare>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -71,7 +70,11 @@ struct Entry {
 struct FolderId {
   std::uint64_t volume = 0;
   std::uint64_t number = 0;
-  auto operator<=>(const FolderId&) const = default;
+  bool operator==(const FolderId&) const = default;
+  /// An order of folders, without a meaning.
+  bool operator<(const FolderId& other) const {
+    return volume == other.volume ? number < other.number : volume < other.volume;
+  }
 };
 
 /// What is directly in a folder.

@@ -1,13 +1,17 @@
 #include "platform/folder_walk.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace platform::files {
 
 FolderWalk::FolderWalk(const std::vector<std::wstring>& folders) {
-  for (auto folder = folders.rbegin(); folder != folders.rend(); ++folder) {
-    ahead_.push_back({*folder, 1.0 / static_cast<double>(folders.size())});
-  }
+  const double share = 1.0 / static_cast<double>(folders.size());
+  std::transform(folders.rbegin(), folders.rend(), std::back_inserter(ahead_),
+                 [share](const std::wstring& folder) {
+                   return Ahead{folder, share};
+                 });
 }
 
 bool FolderWalk::lookOn(
@@ -27,9 +31,10 @@ bool FolderWalk::lookOn(
   }
   const double share = next.share / static_cast<double>(contents.folders.size() + 1);
   const std::wstring base = next.path.ends_with(L'\\') ? next.path : next.path + L'\\';
-  for (auto name = contents.folders.rbegin(); name != contents.folders.rend(); ++name) {
-    ahead_.push_back({base + *name, share});
-  }
+  std::transform(contents.folders.rbegin(), contents.folders.rend(), std::back_inserter(ahead_),
+                 [&base, share](const std::wstring& name) {
+                   return Ahead{base + name, share};
+                 });
   done_ += share;
   return !ahead_.empty();
 }

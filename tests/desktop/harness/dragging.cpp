@@ -13,6 +13,7 @@ namespace harness {
 
 namespace {
 
+constexpr const wchar_t* selfProperty = L"self";
 constexpr const wchar_t* foreignClass = L"ForeignWindow";
 constexpr int side = 60;
 
@@ -69,7 +70,7 @@ DWORD WINAPI ForeignWindow::live(void* parameter) {
   HWND const window = CreateWindowExW(WS_EX_TOPMOST | WS_EX_NOACTIVATE, foreignClass, L"", WS_POPUP,
                                       self->corner_.x, self->corner_.y, side, side, nullptr,
                                       nullptr, wanted.hInstance, nullptr);
-  SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(self));
+  SetPropW(window, selfProperty, self);
   ShowWindow(window, SW_SHOWNOACTIVATE);
   self->opened(window);
   self->window_ = window;
@@ -82,7 +83,7 @@ DWORD WINAPI ForeignWindow::live(void* parameter) {
 }
 
 LRESULT CALLBACK ForeignWindow::receive(HWND window, UINT message, WPARAM first, LPARAM second) {
-  auto* const self = reinterpret_cast<ForeignWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  auto* const self = static_cast<ForeignWindow*>(GetPropW(window, selfProperty));
   if (message == WM_LBUTTONDOWN && self != nullptr) {
     self->buttonDown();
     return 0;

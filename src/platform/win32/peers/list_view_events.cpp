@@ -254,7 +254,7 @@ void ListViewPeer::forgetClick() {
   KillTimer(window(), clickTimer);
 }
 
-bool ListViewPeer::leavesEditor(UINT message) const {
+bool ListViewPeer::leavesEditor(UINT message) {
   return message == WM_VSCROLL || message == WM_HSCROLL || message == WM_MOUSEWHEEL ||
          message == WM_LBUTTONDOWN || message == WM_RBUTTONDOWN;
 }

@@ -64,7 +64,7 @@ class ListViewPeer final : public controls::ListViewPeer, public NativeControl {
   void showEditor();
   void placeEditor();
   /// Whether a message means that the user has turned to something else than the editor.
-  [[nodiscard]] bool leavesEditor(UINT message) const;
+  [[nodiscard]] static bool leavesEditor(UINT message);
 
   // list_view_drawing.cpp
   [[nodiscard]] LRESULT customDraw(NMLVCUSTOMDRAW& stage);

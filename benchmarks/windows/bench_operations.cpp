@@ -15,6 +15,7 @@
 #include "catalogue_lists.h"
 #include "catalogue_text.h"
 #include "platform/application.h"
+#include "platform/folder_walk.h"
 #include "platform/text.h"
 #include "platform/win32/system/sort_keys.h"
 #include "windows/rows.h"
@@ -130,6 +131,75 @@ void measureRefresh(const Table& table) {
   });
 }
 
+/// A tree of folders with data files.
+constexpr int treeFolders = 100;
+constexpr int filesPerFolder = 1000;
+
+std::wstring treePath() { return platform::application::folder() + L"\\season"; }
+
+void makeTree() {
+  CreateDirectoryW(treePath().c_str(), nullptr);
+  for (int n = 0; n < treeFolders; ++n) {
+    const std::wstring folder = treePath() + L"\\" + std::to_wstring(n);
+    CreateDirectoryW(folder.c_str(), nullptr);
+    for (int file = 0; file < filesPerFolder; ++file) {
+      CloseHandle(CreateFileW((folder + L"\\plot " + std::to_wstring(file) + L".fp3").c_str(),
+                              GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL,
+                              nullptr));
+    }
+  }
+}
+
+/// Enumerates the tree once and writes as many bytes as the addition does.
+double enumerateTreeAndWrite(std::string_view bytes) {
+  DeleteFileW(copyPath().c_str());
+  return bench::timed([&] {
+    int count = 0;
+    for (int n = 0; n < treeFolders; ++n) {
+      WIN32_FIND_DATAW found{};
+      HANDLE const search = FindFirstFileExW(
+          (treePath() + L"\\" + std::to_wstring(n) + L"\\*").c_str(), FindExInfoBasic, &found,
+          FindExSearchNameMatch, nullptr, FIND_FIRST_EX_LARGE_FETCH);
+      do {
+        count += (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0 ? 1 : 0;
+      } while (FindNextFileW(search, &found) != 0);
+      FindClose(search);
+    }
+    if (count != treeFolders * filesPerFolder) {
+      bench::giveUp("not all files of the tree were found");
+    }
+    bench::writeFlushed(copyPath(), bytes);
+  });
+}
+
+void measureFolder(const Table& table) {
+  table.section({"folder.100k"}, [&] {
+    makeTree();
+    const auto addAll = [] {
+      DeleteFileW(cataloguePath().c_str());
+      return bench::timed([] {
+        std::vector<std::wstring> found;
+        platform::files::FolderWalk walk({treePath()});
+        while (walk.lookOn([&found](const std::wstring& folder, const std::wstring& name) {
+          if (modQMKGeneral::isDataFileName(name)) {
+            found.push_back(folder + L"\\" + name);
+          }
+        })) {
+        }
+        const auto added = modQMKGeneral::AddDataFiles({}, found);
+        if (!added || added->added != std::size_t{treeFolders} * filesPerFolder) {
+          bench::giveUp("not all files of the tree were added");
+        }
+      });
+    };
+    static_cast<void>(addAll());
+    const bench::Bytes bytes = bench::readFile(cataloguePath().c_str());
+    const Pair pair =
+        Pair::inTurns(table.runs(9), addAll, [&] { return enumerateTreeAndWrite(bytes.view()); });
+    table.printRatio("folder.100k", pair, 2.5);
+  });
+}
+
 /// A row number and its key, which exists already.
 struct Keyed {
   std::string_view key;
@@ -231,6 +301,7 @@ int main(int argumentCount, char** arguments) {
   const Table table(filter, quick);
   measureAddAndRemove(table);
   measureRefresh(table);
+  measureFolder(table);
   measureSort(table);
   measureTick(table);
   return 0;

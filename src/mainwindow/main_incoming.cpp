@@ -6,10 +6,8 @@
 #include "mainwindow/incoming.h"
 #include "mainwindow/main_window.h"
 #include "mainwindow/status_texts.h"
-#include "platform/controls/key_stroke.h"
 #include "platform/dialogs.h"
 #include "platform/run_time_error.h"
-#include "platform/trap.h"
 #include "web/web_addresses.h"
 
 namespace dialogs = platform::dialogs;

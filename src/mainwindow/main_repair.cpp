@@ -85,7 +85,7 @@ bool frmQMK::nextStep(const std::shared_ptr<Repair>& repair,
         }
       });
   if (!started) {
-    tell(L"Nothing was done: the search cannot be started");
+    tell(L"The search cannot be started");
   }
   return started;
 }

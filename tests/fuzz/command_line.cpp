@@ -32,7 +32,8 @@ struct Lists {
   controls::CommonDialog diaCommon;
   controls::CoolButton cmdBrowse{L"cmdBrowse", 3};
   modQMKGeneral::CatalogueView view{data, fresh, large, small};
-  ModQMKgeneral2::Opening opening{view, diaCommon, cmdBrowse, [] {}};
+  ModQMKgeneral2::Opening opening{view, diaCommon, cmdBrowse, [] {},
+                                  [](const std::wstring& /*news*/) {}};
 };
 
 /// Whether `encoded` is `path` with a question mark for every blank and nothing else changed.

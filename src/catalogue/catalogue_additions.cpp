@@ -29,9 +29,8 @@ namespace {
 
 /// The record with another path and today's date. Its type code and everything after the three
 /// fields keep their bytes.
-std::string restamped(const Record& record, const std::string& path) {
-  std::string line =
-      list_file::line({record.fields.at(typeField), path, toCodePage(clock::todayText())});
+std::string restamped(const Record& record, const std::string& path, const std::string& today) {
+  std::string line = list_file::line({record.fields.at(typeField), path, today});
   line.insert(line.size() - 2, record.rest);
   return line;
 }
@@ -42,26 +41,29 @@ class AddedPath {
   explicit AddedPath(const std::wstring& path)
       : upper_(upper(path)),
         inCodePage_(platform::text::fitsCodePage(path)),
-        forms_(path, stored_path::Substitutes::unique),
-        listed_(stored_path::forList(path)) {}
+        listed_(inCodePage_ ? path : stored_path::forList(path)) {
+    if (!inCodePage_) {
+      forms_.emplace(path, stored_path::Substitutes::unique);
+    }
+  }
 
   [[nodiscard]] bool isIn(const Record& record) const {
     const std::string_view listed = record.fields.at(pathField);
     return record.has(pathField) && (platform::text::upperCodePageEquals(listed, upper_) ||
-                                     (!inCodePage_ && forms_.match(record.text(pathField))));
+                                     (forms_ && forms_->match(record.text(pathField))));
   }
   /// The path as it is written to the list.
   [[nodiscard]] std::string bytes() const { return toCodePage(listed_); }
+  /// Whether the list may have it in several forms.
+  [[nodiscard]] bool hasForms() const { return forms_.has_value(); }
   /// Whether other forms of the path are duplicates of the form that is written.
-  [[nodiscard]] bool isOnlyOne() const {
-    return !inCodePage_ && platform::text::fitsCodePage(listed_);
-  }
+  [[nodiscard]] bool isOnlyOne() const { return forms_ && platform::text::fitsCodePage(listed_); }
 
  private:
   std::wstring upper_;
   bool inCodePage_;
-  stored_path::Forms forms_;
   std::wstring listed_;
+  std::optional<stored_path::Forms> forms_;  // of a path that the code page cannot hold
 };
 
 /// The paths of the entries that are to be added.
@@ -73,7 +75,7 @@ class AddedPaths {
       return false;
     }
     paths_.push_back({AddedPath(path), typeCode});
-    if (!platform::text::fitsCodePage(path)) {
+    if (paths_.back().path.hasForms()) {
       withForms_.push_back(paths_.size() - 1);
     }
     return true;
@@ -81,8 +83,11 @@ class AddedPaths {
   [[nodiscard]] std::size_t count() const { return paths_.size(); }
   [[nodiscard]] const AddedPath& at(std::size_t n) const { return paths_[n].path; }
   [[nodiscard]] std::string newRecord(std::size_t n) const {
-    return list_file::line(
-        {toCodePage(paths_[n].typeCode), paths_[n].path.bytes(), toCodePage(clock::todayText())});
+    return list_file::line({toCodePage(paths_[n].typeCode), paths_[n].path.bytes(), today_});
+  }
+  /// The record with today's date, for path `n`.
+  [[nodiscard]] std::string updated(const Record& record, std::size_t n) const {
+    return restamped(record, paths_[n].path.bytes(), today_);
   }
   /// The path of a record; nothing when it is none of them.
   [[nodiscard]] std::optional<std::size_t> of(const Record& record) const {
@@ -109,6 +114,7 @@ class AddedPaths {
     AddedPath path;
     std::wstring typeCode;
   };
+  std::string today_ = toCodePage(clock::todayText());
   std::vector<Path> paths_;
   std::unordered_map<std::wstring, std::size_t> places_;
   std::vector<std::size_t> withForms_;  // those that a record may name in several ways
@@ -126,7 +132,7 @@ std::string withEntries(std::string old, const AddedPaths& paths, std::size_t& p
           return list_file::Change::none;
         }
         if (!found[*n] || !paths.at(*n).isOnlyOne()) {
-          changed = restamped(record, paths.at(*n).bytes());
+          changed = paths.updated(record, *n);
         }
         present += found[*n] ? 0 : 1;
         found[*n] = true;

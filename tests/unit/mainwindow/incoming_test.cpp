@@ -79,6 +79,18 @@ TEST_F(Incoming, PastedTextIsPathsWithOrWithoutQuotes) {
                             "\"FP3\",\"D:\\d.fp3\",\"11/20/2026\"\r\n"));
 }
 
+TEST_F(Incoming, OnlyPairsOfQuotesAreTakenOff) {
+  EXPECT_EQ(mainwindow::pathsOf(textOf(L"\"\"\n\"\n\"a")),
+            (std::vector<std::wstring>{L"", L"\"", L"\"a"}));
+}
+
+TEST_F(Incoming, ASearchThatDoesNotRunHasFoundNothing) {
+  const mainwindow::FileSearch search;
+  EXPECT_FALSE(search.running());
+  EXPECT_EQ(search.progress(), 0);
+  EXPECT_EQ(search.found(), 0U);
+}
+
 TEST_F(Incoming, FilesCountMoreThanTheText) {
   desktop().putFile(L"D:\\a.fp3", "x");
   desktop().putFile(L"D:\\b.fp3", "x");

@@ -27,22 +27,12 @@ namespace files = platform::files;
 
 namespace {
 
-/// The record with another path and today's date. Its type code and everything after the three
-/// fields keep their bytes.
-std::string restamped(const Record& record, const std::string& path, const std::string& today) {
-  std::string line = list_file::line({record.fields.at(typeField), path, today});
-  line.insert(line.size() - 2, record.rest);
-  return line;
-}
-
 /// The path of an entry that is to be added, and the forms in which the list may already have it.
 class AddedPath {
  public:
-  explicit AddedPath(const std::wstring& path)
-      : upper_(upper(path)),
-        inCodePage_(platform::text::fitsCodePage(path)),
-        listed_(inCodePage_ ? path : stored_path::forList(path)) {
-    if (!inCodePage_) {
+  explicit AddedPath(const std::wstring& path) : upper_(upper(path)), listed_(path) {
+    if (!platform::text::fitsCodePage(path)) {
+      listed_ = stored_path::forList(path);
       forms_.emplace(path, stored_path::Substitutes::unique);
     }
   }
@@ -61,7 +51,6 @@ class AddedPath {
 
  private:
   std::wstring upper_;
-  bool inCodePage_;
   std::wstring listed_;
   std::optional<stored_path::Forms> forms_;  // of a path that the code page cannot hold
 };
@@ -85,9 +74,13 @@ class AddedPaths {
   [[nodiscard]] std::string newRecord(std::size_t n) const {
     return list_file::line({toCodePage(paths_[n].typeCode), paths_[n].path.bytes(), today_});
   }
-  /// The record with today's date, for path `n`.
+  /// The record with path `n` and today's date. Its type code and everything after the three fields
+  /// keep their bytes.
   [[nodiscard]] std::string updated(const Record& record, std::size_t n) const {
-    return restamped(record, paths_[n].path.bytes(), today_);
+    std::string line =
+        list_file::line({record.fields.at(typeField), paths_[n].path.bytes(), today_});
+    line.insert(line.size() - 2, record.rest);
+    return line;
   }
   /// The path of a record; nothing when it is none of them.
   [[nodiscard]] std::optional<std::size_t> of(const Record& record) const {

@@ -28,10 +28,9 @@ namespace files = platform::files;
 
 namespace {
 
-std::wstring trimmed(const std::wstring& text) {
-  const std::size_t first = text.find_first_not_of(L' ');
-  const std::size_t last = text.find_last_not_of(L' ');
-  return first == std::wstring::npos ? L"" : text.substr(first, last - first + 1);
+/// A folder in the form in which folders are compared.
+std::wstring upperTrimmed(const std::wstring& folder) {
+  return std::wstring(platform::text::plain::trimmed(upper(folder), L" "));
 }
 
 /// Appends the data folder's files to the records in `bytes`.
@@ -77,13 +76,13 @@ class DataFolder {
     std::wstring name;
     std::wstring folder;
     SmodMisc::SplitPath(platform::text::fromCodePage(path), name, folder);
-    folder = trimmed(upper(folder));
+    folder = upperTrimmed(folder);
     return folder == upper_ || (!inCodePage_ && forms_.match(folder));
   }
 
  private:
   std::wstring path_ = AppFolder() + L"\\Data\\";
-  std::wstring upper_ = trimmed(upper(path_));
+  std::wstring upper_ = upperTrimmed(path_);
   bool inCodePage_;
   stored_path::Forms forms_{path_, stored_path::Substitutes::all};
 };

@@ -90,7 +90,7 @@ std::size_t countOf(const std::vector<ListedFolder>& folders) {
 
 bool mayHaveFiles(const std::wstring& folder) {
   // A search does not find the root of a drive.
-  return folder.size() <= drives::rootOf(folder).size() + 1 || !stored_path::isExact(folder) ||
+  return drives::isRoot(folder) || !stored_path::isExact(folder) ||
          files::entryAt(folder.substr(0, folder.size() - 1)).has_value();
 }
 

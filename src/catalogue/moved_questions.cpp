@@ -22,8 +22,7 @@ using Entry = std::pair<std::size_t, std::size_t>;  // numbers of a folder and o
 
 /// A folder without the backslash at its end, which only a drive needs.
 std::wstring shown(const std::wstring& folder) {
-  const bool isDrive = folder.size() <= platform::drives::rootOf(folder).size() + 1;
-  return isDrive ? folder : folder.substr(0, folder.size() - 1);
+  return platform::drives::isRoot(folder) ? folder : folder.substr(0, folder.size() - 1);
 }
 
 /// Counts names and puts the first of them into a text.

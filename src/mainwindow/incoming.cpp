@@ -7,6 +7,7 @@
 #include "mainwindow/main_window.h"
 #include "platform/drives.h"
 #include "platform/files.h"
+#include "platform/plain_text.h"
 #include "platform/text.h"
 #include "platform/trap.h"
 #include "shortcuts/shortcut_list.h"
@@ -20,13 +21,11 @@ using platform::clipboard::Content;
 namespace {
 
 std::vector<std::wstring> linesOf(std::wstring_view text) {
-  constexpr std::wstring_view blanks = L" \t";
   std::vector<std::wstring> lines;
   while (!text.empty()) {
-    std::wstring_view line = text.substr(0, text.find_first_of(L"\r\n"));
-    text.remove_prefix(std::min(text.size(), line.size() + 1));
-    line.remove_prefix(std::min(line.size(), line.find_first_not_of(blanks)));
-    line.remove_suffix(line.size() - std::min(line.size(), line.find_last_not_of(blanks) + 1));
+    const std::wstring_view whole = text.substr(0, text.find_first_of(L"\r\n"));
+    text.remove_prefix(std::min(text.size(), whole.size() + 1));
+    const std::wstring_view line = platform::text::plain::trimmed(whole, L" \t");
     if (!line.empty()) {
       lines.emplace_back(line);
     }

@@ -25,6 +25,11 @@ void frmQMK::showStatus() {
   if (static_cast<std::size_t>(TabMain.current()) >= lstQMK.size()) {
     return;
   }
+  if (search_.running()) {
+    barStatus.setTexts(mainwindow::searchText(searchFor_, search_.found()), {});
+    barStatus.setProgress(search_.progress());
+    return;
+  }
   const controls::ListView& list = currentList();
   const Presence* const presence = presenceOf(TabMain.current());
   const std::wstring counts =
@@ -32,11 +37,6 @@ void frmQMK::showStatus() {
                                                 .shown = list.rows(),
                                                 .missing = presence ? presence->missing() : 0,
                                                 .narrowed = list.narrowed()});
-  if (search_.running()) {
-    barStatus.setTexts(mainwindow::searchText(searchFor_, search_.found()), {});
-    barStatus.setProgress(search_.progress());
-    return;
-  }
   barStatus.setTexts(news_.empty() ? counts : news_, selectedPlace());
 }
 

@@ -74,4 +74,12 @@ template <class Slow>
   return equals(bytes, wanted, upper, slow);
 }
 
+/// The text without such characters at its beginning and its end.
+[[nodiscard]] inline std::wstring_view trimmed(std::wstring_view text, std::wstring_view blanks) {
+  const std::size_t first = text.find_first_not_of(blanks);
+  return first == std::wstring_view::npos
+             ? std::wstring_view()
+             : text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
 }  // namespace platform::text::plain

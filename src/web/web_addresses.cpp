@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/plain_text.h"
 #include "platform/text.h"
 
 namespace modQMKGeneral {
@@ -33,11 +34,7 @@ std::wstring_view hostOf(std::wstring_view text) {
 }
 
 std::wstring_view trimmed(std::wstring_view text) {
-  constexpr std::wstring_view blanks = L" \t\r\n";
-  const std::size_t first = text.find_first_not_of(blanks);
-  return first == std::wstring_view::npos
-             ? std::wstring_view()
-             : text.substr(first, text.find_last_not_of(blanks) - first + 1);
+  return platform::text::plain::trimmed(text, L" \t\r\n");
 }
 
 }  // namespace

@@ -80,6 +80,12 @@ struct KernelTraits {
   static void close(Type value) noexcept { CloseHandle(value); }
 };
 
+struct GlobalMemoryTraits {
+  using Type = HGLOBAL;
+  static Type invalid() noexcept { return nullptr; }
+  static void close(Type value) noexcept { GlobalFree(value); }
+};
+
 struct RegistryKeyTraits {
   using Type = HKEY;
   static Type invalid() noexcept { return nullptr; }
@@ -129,6 +135,8 @@ using FileHandle = Handle<FileTraits>;
 using FindHandle = Handle<FindTraits>;
 /// A mutex, event, process or thread: handles whose invalid value is null.
 using KernelHandle = Handle<KernelTraits>;
+/// Memory that programs give to each other; it is the system's or the other program's then.
+using GlobalMemory = Handle<GlobalMemoryTraits>;
 using RegistryKey = Handle<RegistryKeyTraits>;
 /// An icon of our own; icons loaded as shared are never ours.
 using Icon = Handle<IconTraits>;

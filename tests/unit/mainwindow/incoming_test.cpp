@@ -7,26 +7,23 @@
 #include <vector>
 
 #include "mainwindow/control_ids.h"
-#include "unit/support/loaded_main_window.h"
+#include "unit/support/list_commands.h"
 
 namespace {
 
 using memory::desktop;
 using platform::clipboard::Content;
 using platform::dialogs::Answer;
+using unit::catalogueFile;
+using unit::webListFile;
 
-constexpr const wchar_t* catalogueFile = L"C:\\App\\QMKFileList3.txt";
-constexpr const wchar_t* webListFile = L"C:\\App\\QMKWebList.txt";
-
-class Incoming : public unit::LoadedMainWindow {
+class Incoming : public unit::ListCommands {
  protected:
   Incoming() {
     desktop().putFile(L"C:\\Field\\Ridge.fp3", "ridge");
     desktop().putFile(catalogueFile, "\"FP3\",\"C:\\Field\\Ridge.fp3\",\"1/2/2026\"\r\n");
     desktop().putFile(webListFile, "\"Weather\",\"http://weather.example\"\r\n");
-    modQMKGeneral::LoadCatalogueView(window.catalogue);
-    modQMKGeneral::LoadWebList(window.webList);
-    switchTo(frmQMK::open);
+    showLists();
     desktop().clearJournal();
   }
   void paste(const Content& content) {
@@ -42,16 +39,6 @@ class Incoming : public unit::LoadedMainWindow {
     return {.text = {}, .files = std::move(files)};
   }
   static Content textOf(std::wstring text) { return {.text = std::move(text)}; }
-  [[nodiscard]] static std::string catalogue() {
-    return desktop().bytesOf(catalogueFile).value_or("missing");
-  }
-  [[nodiscard]] static std::string webList() {
-    return desktop().bytesOf(webListFile).value_or("missing");
-  }
-  [[nodiscard]] std::wstring news() {
-    settle();
-    return window.barStatus.left();
-  }
 };
 
 // --- Open ---

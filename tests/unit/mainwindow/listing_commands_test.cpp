@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "mainwindow/control_ids.h"
-#include "unit/support/loaded_main_window.h"
+#include "unit/support/list_commands.h"
 
 namespace {
 
@@ -13,11 +13,10 @@ using memory::desktop;
 using memory::Start;
 using platform::dialogs::Answer;
 using platform::dialogs::SaveFileChoice;
+using unit::catalogueFile;
+using unit::webListFile;
 
-constexpr const wchar_t* catalogueFile = L"C:\\App\\QMKFileList3.txt";
-constexpr const wchar_t* webListFile = L"C:\\App\\QMKWebList.txt";
-
-class ListingCommands : public unit::LoadedMainWindow {
+class ListingCommands : public unit::ListCommands {
  protected:
   ListingCommands() {
     desktop().putProgram(L"C:\\Windows\\explorer.exe");
@@ -28,23 +27,11 @@ class ListingCommands : public unit::LoadedMainWindow {
                       "\"BI3\",\"C:\\Old\\Deep\\Slope.bi3\",\"1/3/2026\"\r\n"
                       "\"fp3\",\"C:\\App\\data\\Plot.fp3\",\"1/4/2026\"\r\n");
     desktop().putFile(webListFile, "\"Weather\",\"http://weather.example\"\r\n");
-    modQMKGeneral::LoadCatalogueView(window.catalogue);
-    modQMKGeneral::LoadWebList(window.webList);
-    switchTo(frmQMK::open);
+    showLists();
     select(list, L"Ridge.fp3");
     desktop().clearJournal();
   }
   void run(int id) { window.commands.item(id).fireClick(); }
-  [[nodiscard]] static std::string catalogue() {
-    return desktop().bytesOf(catalogueFile).value_or("missing");
-  }
-  [[nodiscard]] static std::string webList() {
-    return desktop().bytesOf(webListFile).value_or("missing");
-  }
-  [[nodiscard]] std::wstring news() {
-    settle();
-    return window.barStatus.left();
-  }
   void toTools(const std::wstring& target) {
     controls::ListView& tools = window.lstQMK[frmQMK::tools];
     tools.add(L"Notes", L"", {L"", L"C:\\Links\\Notes.lnk", target});

@@ -1,20 +1,17 @@
 #include "platform/clipboard.h"
 
 #include <windows.h>
-// Needs <windows.h> first.
-#include <shlobj.h>
 
-#include <cstring>
-#include <string>
-#include <string_view>
+#include <algorithm>
+#include <vector>
 
-#include "platform/transfer_format.h"
 #include "platform/win32/modality.h"
+#include "platform/win32/shell/transfer.h"
 
 namespace platform::clipboard {
 namespace {
 
-namespace format = platform::transfer_format;
+namespace transfer = platform::win32::transfer;
 
 /// The open clipboard. Another program may have it open for a moment.
 class Open {
@@ -39,36 +36,12 @@ class Open {
   bool open_ = false;
 };
 
-/// A copy of the bytes in memory of the kind that the clipboard takes; null when there is none
-/// left.
-HGLOBAL copyOf(std::string_view bytes) {
-  HGLOBAL const memory = GlobalAlloc(GMEM_MOVEABLE, bytes.size());
-  if (memory != nullptr) {
-    std::memcpy(GlobalLock(memory), bytes.data(), bytes.size());
-    GlobalUnlock(memory);
-  }
-  return memory;
-}
-
 /// Puts bytes there. If that succeeds, the system owns the copy.
-bool putBytes(UINT format, std::string_view bytes) {
-  HGLOBAL const memory = copyOf(bytes);
-  if (memory == nullptr) return false;
-  if (SetClipboardData(format, memory) != nullptr) return true;
-  GlobalFree(memory);
-  return false;
-}
-
-/// The bytes of a format that is there; "" for none.
-std::string bytesThere(UINT format) {
-  HANDLE const memory = GetClipboardData(format);
-  const auto* const place =
-      memory == nullptr ? nullptr : static_cast<const char*>(GlobalLock(memory));
-  if (place == nullptr) return {};
-  // Other programs give the memory, so what is in it must not decide how far it is read.
-  std::string bytes(place, GlobalSize(memory));
-  GlobalUnlock(memory);
-  return bytes;
+bool putFormat(const transfer::Format& format) {
+  win32::GlobalMemory memory = transfer::memoryWith(format.bytes);
+  if (!memory || SetClipboardData(format.number, memory.get()) == nullptr) return false;
+  static_cast<void>(memory.release());
+  return true;
 }
 
 }  // namespace
@@ -76,16 +49,15 @@ std::string bytesThere(UINT format) {
 bool put(const Content& content) {
   const Open open;
   if (!open || EmptyClipboard() == 0) return false;
-  return (content.text.empty() || putBytes(CF_UNICODETEXT, format::fromText(content.text))) &&
-         (content.files.empty() || putBytes(CF_HDROP, format::fromFiles(content.files)));
+  const std::vector<transfer::Format> formats = transfer::formatsOf(content);
+  return std::all_of(formats.begin(), formats.end(), putFormat);
 }
 
 Content content() {
   const Open open;
   if (!open) return {};
-  return {.text = format::textIn(bytesThere(CF_UNICODETEXT)),
-          .files = format::filesIn(bytesThere(CF_HDROP)),
-          .address = format::textIn(bytesThere(RegisterClipboardFormatW(CFSTR_INETURLW)))};
+  return transfer::contentFrom(
+      [](CLIPFORMAT number) { return transfer::bytesIn(GetClipboardData(number)); });
 }
 
 }  // namespace platform::clipboard

@@ -35,12 +35,8 @@ std::string bytesOf(IDataObject& data, CLIPFORMAT number) {
   if (FAILED(data.GetData(&wanted, &medium))) return {};
   std::string bytes;
   if (medium.tymed == TYMED_HGLOBAL) {
-    if (const auto* const place = static_cast<const char*>(GlobalLock(medium.hGlobal))) {
-      // Other programs give the memory, so what is in it must not decide how far it is read.
-      static_cast<void>(
-          platform::trapped([&] { bytes.assign(place, GlobalSize(medium.hGlobal)); }));
-      GlobalUnlock(medium.hGlobal);
-    }
+    // Without memory for them there are none.
+    static_cast<void>(platform::trapped([&] { bytes = bytesIn(medium.hGlobal); }));
   }
   ReleaseStgMedium(&medium);
   return bytes;
@@ -49,23 +45,18 @@ std::string bytesOf(IDataObject& data, CLIPFORMAT number) {
 /// Offers a content in all its formats.
 class Offer final : public ComObject<IDataObject> {
  public:
-  explicit Offer(const clipboard::Content& content) : ComObject(IID_IDataObject) {
-    if (!content.files.empty()) add(CF_HDROP, format::fromFiles(content.files));
-    if (!content.address.empty()) add(addressFormat(), format::fromText(content.address));
-    if (!content.text.empty()) add(CF_UNICODETEXT, format::fromText(content.text));
-  }
+  explicit Offer(const clipboard::Content& content)
+      : ComObject(IID_IDataObject), offered_(formatsOf(content)) {}
 
   HRESULT STDMETHODCALLTYPE GetData(FORMATETC* wanted, STGMEDIUM* medium) override {
     if (wanted == nullptr || medium == nullptr) return E_POINTER;
     const std::string* const bytes = bytesFor(*wanted);
     if (bytes == nullptr) return DV_E_FORMATETC;
-    HGLOBAL const memory = GlobalAlloc(GMEM_MOVEABLE, bytes->size());
-    if (memory == nullptr) return E_OUTOFMEMORY;
-    std::memcpy(GlobalLock(memory), bytes->data(), bytes->size());
-    GlobalUnlock(memory);
+    GlobalMemory memory = memoryWith(*bytes);
+    if (!memory) return E_OUTOFMEMORY;
     *medium = {};
     medium->tymed = TYMED_HGLOBAL;
-    medium->hGlobal = memory;
+    medium->hGlobal = memory.release();
     return S_OK;
   }
   HRESULT STDMETHODCALLTYPE GetDataHere(FORMATETC* /*wanted*/, STGMEDIUM* /*medium*/) override {
@@ -88,7 +79,7 @@ class Offer final : public ComObject<IDataObject> {
     *formats = nullptr;
     if (direction != DATADIR_GET) return E_NOTIMPL;
     std::vector<FORMATETC> all;
-    for (const auto& offered : offered_) all.push_back(inMemory(offered.first));
+    for (const Format& offered : offered_) all.push_back(inMemory(offered.number));
     return SHCreateStdEnumFmtEtc(static_cast<UINT>(all.size()), all.data(), formats);
   }
   HRESULT STDMETHODCALLTYPE DAdvise(FORMATETC* /*which*/, DWORD /*flags*/, IAdviseSink* /*sink*/,
@@ -103,29 +94,59 @@ class Offer final : public ComObject<IDataObject> {
   }
 
  private:
-  void add(CLIPFORMAT number, std::string bytes) {
-    offered_.emplace_back(number, std::move(bytes));
-  }
   [[nodiscard]] const std::string* bytesFor(const FORMATETC& wanted) const {
     if ((wanted.tymed & TYMED_HGLOBAL) == 0 || wanted.dwAspect != DVASPECT_CONTENT) return nullptr;
-    const auto found = std::find_if(offered_.begin(), offered_.end(), [&](const auto& offered) {
-      return offered.first == wanted.cfFormat;
+    const auto found = std::find_if(offered_.begin(), offered_.end(), [&](const Format& offered) {
+      return offered.number == wanted.cfFormat;
     });
-    return found == offered_.end() ? nullptr : &found->second;
+    return found == offered_.end() ? nullptr : &found->bytes;
   }
 
-  std::vector<std::pair<CLIPFORMAT, std::string>> offered_;
+  std::vector<Format> offered_;
 };
 
 }  // namespace
 
-clipboard::Content contentOf(IDataObject& data) {
+std::vector<Format> formatsOf(const clipboard::Content& content) {
+  std::vector<Format> formats;
+  if (!content.files.empty()) formats.push_back({CF_HDROP, format::fromFiles(content.files)});
+  if (!content.address.empty()) {
+    formats.push_back({addressFormat(), format::fromText(content.address)});
+  }
+  if (!content.text.empty()) formats.push_back({CF_UNICODETEXT, format::fromText(content.text)});
+  return formats;
+}
+
+clipboard::Content contentFrom(const std::function<std::string(CLIPFORMAT)>& bytesOf) {
   clipboard::Content content;
-  content.files = format::filesIn(bytesOf(data, CF_HDROP));
-  content.address = format::textIn(bytesOf(data, addressFormat()));
-  content.text = format::textIn(bytesOf(data, CF_UNICODETEXT));
-  if (content.text.empty()) content.text = format::codePageTextIn(bytesOf(data, CF_TEXT));
+  content.files = format::filesIn(bytesOf(CF_HDROP));
+  content.address = format::textIn(bytesOf(addressFormat()));
+  content.text = format::textIn(bytesOf(CF_UNICODETEXT));
+  if (content.text.empty()) content.text = format::codePageTextIn(bytesOf(CF_TEXT));
   return content;
+}
+
+GlobalMemory memoryWith(std::string_view bytes) {
+  GlobalMemory memory(GlobalAlloc(GMEM_MOVEABLE, bytes.size()));
+  if (memory) {
+    std::memcpy(GlobalLock(memory.get()), bytes.data(), bytes.size());
+    GlobalUnlock(memory.get());
+  }
+  return memory;
+}
+
+std::string bytesIn(HGLOBAL memory) {
+  const auto* const place =
+      memory == nullptr ? nullptr : static_cast<const char*>(GlobalLock(memory));
+  if (place == nullptr) return {};
+  // What is in the memory must not decide how far it is read.
+  std::string bytes(place, GlobalSize(memory));
+  GlobalUnlock(memory);
+  return bytes;
+}
+
+clipboard::Content contentOf(IDataObject& data) {
+  return contentFrom([&data](CLIPFORMAT number) { return bytesOf(data, number); });
 }
 
 ComPointer<IDataObject> objectOf(const clipboard::Content& content) {

@@ -1,0 +1,34 @@
+// Helpers of the tests of commands that change the list files.
+#pragma once
+
+#include <string>
+
+#include "unit/support/loaded_main_window.h"
+
+namespace unit {
+
+inline constexpr const wchar_t* catalogueFile = L"C:\\App\\QMKFileList3.txt";
+inline constexpr const wchar_t* webListFile = L"C:\\App\\QMKWebList.txt";
+
+class ListCommands : public LoadedMainWindow {
+ protected:
+  /// Shows what is on the disk by now, with the Open tab in front.
+  void showLists() {
+    modQMKGeneral::LoadCatalogueView(window.catalogue);
+    modQMKGeneral::LoadWebList(window.webList);
+    switchTo(frmQMK::open);
+  }
+  [[nodiscard]] static std::string catalogue() {
+    return memory::desktop().bytesOf(catalogueFile).value_or("missing");
+  }
+  [[nodiscard]] static std::string webList() {
+    return memory::desktop().bytesOf(webListFile).value_or("missing");
+  }
+  /// The left part of the status line.
+  [[nodiscard]] std::wstring news() {
+    settle();
+    return window.barStatus.left();
+  }
+};
+
+}  // namespace unit

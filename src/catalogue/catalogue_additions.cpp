@@ -144,8 +144,8 @@ std::string withEntries(std::string old, const AddedPaths& paths, std::size_t& p
 std::size_t putIntoCatalogue(const AddedPaths& paths) {
   const Missing missing = files::fileExists(cataloguePath()) ? Missing::isError : Missing::isEmpty;
   std::size_t present = 0;
-  list_file::rewrite(cataloguePath(), temporaryPath(), missing,
-                     [&](std::string old) { return withEntries(std::move(old), paths, present); });
+  rewriteList(cataloguePath(), missing,
+              [&](std::string old) { return withEntries(std::move(old), paths, present); });
   return present;
 }
 

@@ -94,7 +94,7 @@ bool isOfDataFolder(const std::wstring& path) { return DataFolder().holds(toCode
 std::wstring cataloguePath() { return AppFolder() + L"\\QMKFileList3.txt"; }
 
 void appendDataFolderRecords() {
-  list_file::rewrite(cataloguePath(), temporaryPath(), Missing::isEmpty, [](std::string bytes) {
+  rewriteList(cataloguePath(), Missing::isEmpty, [](std::string bytes) {
     appendDataFolder(bytes);
     return bytes;
   });
@@ -106,7 +106,7 @@ void BuildCatalogue(CatalogueView& view) {
 }
 
 void dropCatalogueEntry(const std::wstring& path) {
-  list_file::rewrite(cataloguePath(), temporaryPath(), Missing::isError, [&path](std::string old) {
+  rewriteList(cataloguePath(), Missing::isError, [&path](std::string old) {
     return list_file::filtered(std::move(old), [&path](const Record& record) {
       return !record.has(pathField) ||
              !platform::text::codePageEquals(record.fields.at(pathField), path);
@@ -127,15 +127,13 @@ void RefreshDataFolderEntries(CatalogueView& view) {
   const DataFolder dataFolder;
   // One replacement does both the dropping and the building. So the catalogue is never without the
   // data folder's entries, not even for a moment.
-  list_file::rewrite(cataloguePath(), temporaryPath(), Missing::isError,
-                     [&dataFolder](std::string old) {
-                       std::string bytes =
-                           list_file::filtered(std::move(old), [&dataFolder](const Record& record) {
-                             return !dataFolder.holds(record.fields.at(pathField));
-                           });
-                       appendDataFolder(bytes);
-                       return bytes;
-                     });
+  rewriteList(cataloguePath(), Missing::isError, [&dataFolder](std::string old) {
+    std::string bytes = list_file::filtered(std::move(old), [&dataFolder](const Record& record) {
+      return !dataFolder.holds(record.fields.at(pathField));
+    });
+    appendDataFolder(bytes);
+    return bytes;
+  });
   LoadCatalogueView(view);
 }
 

@@ -79,8 +79,8 @@ void saveRenamed(CatalogueView& view, std::size_t selected, const std::wstring& 
     if (item) {
       view.dataList.setText(*item, newName);
     }
-    if (list_file::replaceAll(cataloguePath(), temporaryPath(), recordsOf(view.dataList),
-                              view.shown) == files::Replaced::yes) {
+    if (replaceList(cataloguePath(), recordsOf(view.dataList), view.shown) ==
+        files::Replaced::yes) {
       LoadCatalogueView(view);
       return;
     }

@@ -120,9 +120,8 @@ std::optional<PathChanges> changePaths(const std::vector<PathChange>& changes) {
   PathChanges result;
   const auto failure = platform::trapped([&] {
     ChangesByPath byPath(changes);
-    list_file::rewrite(
-        cataloguePath(), temporaryPath(), list_file::Missing::isError,
-        [&](std::string old) { return withChanges(std::move(old), byPath, result); });
+    rewriteList(cataloguePath(), list_file::Missing::isError,
+                [&](std::string old) { return withChanges(std::move(old), byPath, result); });
   });
   if (failure) {
     showListFileProblem(L"Problem saving to QMK list", *failure);

@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "listfile/list_file.h"
 #include "platform/dialogs.h"
 #include "platform/trap.h"
 #include "startup/paths.h"
@@ -10,6 +9,20 @@
 namespace modQMKGeneral {
 
 std::wstring temporaryPath() { return AppFolder() + L"\\qmklist.tmp"; }
+
+void rewriteList(const std::wstring& path, list_file::Missing missing,
+                 const std::function<std::string(std::string)>& edit) {
+  list_file::rewrite(path, temporaryPath(), missing, edit);
+}
+
+void overwriteList(const std::wstring& path, const std::string& bytes) {
+  list_file::overwrite(path, temporaryPath(), bytes);
+}
+
+platform::files::Replaced replaceList(const std::wstring& path, const std::string& bytes,
+                                      const platform::files::Stamp& expected) {
+  return list_file::replaceAll(path, temporaryPath(), bytes, expected);
+}
 
 void showListFileProblem(const std::wstring& sentence, const platform::RunTimeError& failure) {
   platform::dialogs::showMessage(sentence + L"\r" + failure.numberAndDescription());
@@ -20,7 +33,7 @@ std::optional<list_file::Merged> addRecords(const std::wstring& path, const std:
                                             const std::function<void()>& reload) {
   list_file::Merged merged;
   const auto failure = platform::trapped([&] {
-    list_file::rewrite(path, temporaryPath(), list_file::Missing::isEmpty, [&](std::string old) {
+    rewriteList(path, list_file::Missing::isEmpty, [&](std::string old) {
       merged = list_file::merged(std::move(old), bytes, keyOf);
       return std::move(merged.content);
     });

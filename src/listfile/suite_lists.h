@@ -6,12 +6,27 @@
 #include <string>
 
 #include "listfile/list_exchange.h"
+#include "listfile/list_file.h"
+#include "platform/files.h"
 #include "platform/run_time_error.h"
 
 namespace modQMKGeneral {
 
 /// Path of the temporary file that every rewrite of a list file uses.
 [[nodiscard]] std::wstring temporaryPath();
+
+/// Replaces the contents of one of the two list files by the result of `edit`, as
+/// `list_file::rewrite` does.
+void rewriteList(const std::wstring& path, list_file::Missing missing,
+                 const std::function<std::string(std::string)>& edit);
+
+/// The same whatever the file contains, as `list_file::overwrite` does.
+void overwriteList(const std::wstring& path, const std::string& bytes);
+
+/// The same if the file is still in the state `expected`, as `list_file::replaceAll` does.
+[[nodiscard]] platform::files::Replaced replaceList(const std::wstring& path,
+                                                    const std::string& bytes,
+                                                    const platform::files::Stamp& expected);
 
 /// Shows `sentence`, a line break, and the error's number and description.
 void showListFileProblem(const std::wstring& sentence, const platform::RunTimeError& failure);

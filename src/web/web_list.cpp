@@ -60,7 +60,7 @@ void LoadWebList(WebList& web) {
 }
 
 void AppendWebEntry(WebList& web, const std::wstring& name, const std::wstring& url) {
-  list_file::rewrite(webListPath(), temporaryPath(), Missing::isEmpty, [&](std::string bytes) {
+  rewriteList(webListPath(), Missing::isEmpty, [&](std::string bytes) {
     list_file::append(bytes, webRecord(name, url));
     return bytes;
   });
@@ -83,7 +83,7 @@ bool SaveWebList(WebList& web, const std::wstring& name, const std::wstring& url
   });
   const auto failure = trapped([&web, &list] {
     // The file gets the contents of the list, whatever the file contains.
-    list_file::overwrite(webListPath(), temporaryPath(), recordsOf(list));
+    overwriteList(webListPath(), recordsOf(list));
     LoadWebList(web);
   });
   if (failure) {
@@ -114,7 +114,7 @@ std::string shownWebRecords(const ListView& list) {
 }
 
 void DeleteWebEntry(WebList& web, const std::wstring& name) {
-  list_file::rewrite(webListPath(), temporaryPath(), Missing::isError, [&](std::string old) {
+  rewriteList(webListPath(), Missing::isError, [&](std::string old) {
     return list_file::filtered(std::move(old), [&name](const Record& record) {
       return !record.has(0) || record.text(0) != name;
     });

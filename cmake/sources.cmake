@@ -31,6 +31,7 @@ set(paths_sources
 set(listfile_sources
   src/listfile/list_exchange.cpp
   src/listfile/list_file.cpp
+  src/listfile/list_patch.cpp
   src/listfile/suite_lists.cpp)
 set(flatlook_sources
   src/flatlook/flat_control.cpp

@@ -217,12 +217,14 @@ void rewrite(const std::wstring& path, const std::wstring& temporary, Missing mi
   platform::raiseAbout(path, platform::error::permissionDenied);
 }
 
-void overwrite(const std::wstring& path, const std::wstring& temporary, const std::string& bytes) {
+std::string overwrite(const std::wstring& path, const std::wstring& temporary,
+                      const std::string& bytes) {
   files::Draft draft(temporary);
   draft.write(bytes);
   for (int tries = 0; tries < mostTries; ++tries) {
-    if (draft.replace(path, files::readWhole(path).stamp) == files::Replaced::yes) {
-      return;
+    files::Contents old = files::readWhole(path);
+    if (draft.replace(path, old.stamp) == files::Replaced::yes) {
+      return std::move(old.bytes);
     }
   }
   throw platform::RunTimeError(platform::error::permissionDenied);

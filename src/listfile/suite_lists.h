@@ -7,6 +7,7 @@
 
 #include "listfile/list_exchange.h"
 #include "listfile/list_file.h"
+#include "listfile/list_patch.h"
 #include "platform/files.h"
 #include "platform/run_time_error.h"
 
@@ -16,12 +17,14 @@ namespace modQMKGeneral {
 [[nodiscard]] std::wstring temporaryPath();
 
 /// Replaces the contents of one of the two list files by the result of `edit`, as
-/// `list_file::rewrite` does.
+/// `list_file::rewrite` does. `patch`, if there is one, becomes what that has changed.
 void rewriteList(const std::wstring& path, list_file::Missing missing,
-                 const std::function<std::string(std::string)>& edit);
+                 const std::function<std::string(std::string)>& edit,
+                 list_file::Patch* patch = nullptr);
 
 /// The same whatever the file contains, as `list_file::overwrite` does.
-void overwriteList(const std::wstring& path, const std::string& bytes);
+void overwriteList(const std::wstring& path, const std::string& bytes,
+                   list_file::Patch* patch = nullptr);
 
 /// The same if the file is still in the state `expected`, as `list_file::replaceAll` does.
 [[nodiscard]] platform::files::Replaced replaceList(const std::wstring& path,
@@ -36,6 +39,7 @@ void showListFileProblem(const std::wstring& sentence, const platform::RunTimeEr
 /// and shown as "Problem saving to QMK list"; nothing is returned then.
 std::optional<list_file::Merged> addRecords(const std::wstring& path, const std::string& bytes,
                                             const list_file::KeyOf& keyOf,
-                                            const std::function<void()>& reload);
+                                            const std::function<void()>& reload,
+                                            list_file::Patch* patch = nullptr);
 
 }  // namespace modQMKGeneral

@@ -128,12 +128,14 @@ set(win32_pictures_sources
   src/platform/win32/pictures/image_resources.cpp
   src/platform/win32/pictures/pictures.cpp)
 set(win32_shell_sources
+  src/platform/win32/shell/bin_folder.cpp
   src/platform/win32/shell/browser.cpp
   src/platform/win32/shell/clipboard.cpp
   src/platform/win32/shell/folders.cpp
   src/platform/win32/shell/help.cpp
   src/platform/win32/shell/link_object.cpp
   src/platform/win32/shell/processes.cpp
+  src/platform/win32/shell/recycle_bin.cpp
   src/platform/win32/shell/script_link.cpp
   src/platform/win32/shell/shell_links.cpp
   src/platform/win32/shell/transfer.cpp)

@@ -9,7 +9,7 @@ if(NOT MSVC)
   target_link_options(gateway PUBLIC -fstack-protector-strong -Wl,--gc-sections)
 endif()
 target_link_libraries(gateway PUBLIC windows_definitions windows_alone comctl32 gdi32 ole32 oleaut32
-  shell32 uuid advapi32)
+  shell32 shlwapi uuid advapi32)
 target_link_libraries(gateway PRIVATE gateway_warnings)
 precompile(gateway ${GATEWAY_COMMON_HEADERS})
 

@@ -7,12 +7,14 @@
 
 #include "platform/text.h"
 #include "platform/win32/errors.h"
+#include "platform/win32/files/deletion.h"
 #include "platform/win32/files/open_files.h"
 #include "platform/win32/files/paths.h"
 #include "platform/win32/handles.h"
 
 namespace platform::files {
 
+using win32::existingAttributes;
 using win32::outcome;
 using win32::raise;
 using win32::requiredPath;
@@ -68,15 +70,6 @@ bool exists(const std::wstring& path, unsigned attributes) {
     if (reason == ERROR_FILE_NOT_FOUND || reason == ERROR_PATH_NOT_FOUND) return false;
   }
   return !findFirst(path, attributes).empty();
-}
-
-/// Attributes of an existing file; raises 53 when it (or its folder) is missing.
-DWORD existingAttributes(const std::wstring& native) {
-  const DWORD attributes = GetFileAttributesW(native.c_str());
-  if (attributes == INVALID_FILE_ATTRIBUTES) {
-    raise(GetLastError(), {{ERROR_PATH_NOT_FOUND, error::fileNotFound}});
-  }
-  return attributes;
 }
 
 /// Raises an error for a read-only file. The system's own check would let a user with special
@@ -194,10 +187,7 @@ void makeFolder(const std::wstring& path) {
 void remove(const std::wstring& path) {
   concerning(path, [&path] {
     const std::wstring native = requiredPath(path);
-    win32::refuseProtected(existingAttributes(native));
-    const DWORD result =
-        win32::whileBusy([&native] { return outcome(DeleteFileW(native.c_str())); });
-    if (result != ERROR_SUCCESS) raise(result, {{ERROR_PATH_NOT_FOUND, error::fileNotFound}});
+    win32::deleteBy(native, [&native] { return outcome(DeleteFileW(native.c_str())); });
   });
 }
 

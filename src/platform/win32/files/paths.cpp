@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "platform/run_time_error.h"
+#include "platform/win32/errors.h"
 
 namespace platform::win32 {
 namespace {
@@ -52,6 +53,14 @@ std::wstring requiredPath(const std::wstring& path) {
   std::optional<std::wstring> native = nativePath(path);
   if (!native) raiseAbout(path, error::badFileName);
   return *std::move(native);
+}
+
+DWORD existingAttributes(const std::wstring& native) {
+  const DWORD attributes = GetFileAttributesW(native.c_str());
+  if (attributes == INVALID_FILE_ATTRIBUTES) {
+    raise(GetLastError(), {{ERROR_PATH_NOT_FOUND, error::fileNotFound}});
+  }
+  return attributes;
 }
 
 void refuseProtected(DWORD attributes, DWORD refused) {

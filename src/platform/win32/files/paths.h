@@ -25,6 +25,9 @@ namespace platform::win32 {
   return text.find(L'\0') != std::wstring::npos;
 }
 
+/// Attributes of an existing file. Raises `error::fileNotFound` when it or its folder is missing.
+DWORD existingAttributes(const std::wstring& native);
+
 /// Raises `error::pathFileAccess` when a file has one of the `refused` attributes. A sufficiently
 /// privileged user would get past the system's own check. `INVALID_FILE_ATTRIBUTES`, those of a
 /// file that is missing, pass.

@@ -213,6 +213,8 @@ std::vector<int> errorsOf(const std::wstring& call) {
       {L"short name of new ", {58, 75, 76, 52, 61, 57}},
       {L"make folder ", {75, 76, 70, 61, 57}},
       {L"remove ", {53, 75, 70, 57}},
+      {L"recycle ", {53, 75, 70, 57}},
+      {L"restore ", {53, 58, 76, 57}},
       {L"rename ", {53, 58, 76, 70, 74, 75, 57}},
       {L"copy ", {53, 76, 75, 70, 61, 57}},
       {L"read to append ", {75, 76, 70, 67, 57}},

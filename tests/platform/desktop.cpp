@@ -69,6 +69,7 @@ void Desktop::reset() {
   putFolder(L"C:\\App");
   putFolder(L"C:\\Users\\Ann\\Documents");
   putFolder(L"C:\\Windows");
+  noBin.clear();
   onReplace = nullptr;
   *faults_ = {};
   journal_.clear();

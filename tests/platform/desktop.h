@@ -152,20 +152,26 @@ class Desktop {
   void giveShortNames(const std::wstring& drive);
   /// The shortcut stored in a file, nothing when the file is no shortcut.
   [[nodiscard]] std::optional<platform::shell_links::Link> linkAt(const std::wstring& path) const;
+  /// Drives ("E:") and shares without a Recycle Bin: what is deleted there is gone.
+  std::set<std::wstring> noBin;
+  /// What is in the bin, in the order of the deletions.
+  [[nodiscard]] std::vector<FileSystem::Recycled> bin() const { return disk_->bin(); }
+  /// As the user does it: nothing comes back.
+  void emptyBin() { disk_->emptyBin(); }
   /// Called once per replacement, just before the target file is compared: simulates another
   /// program that writes at that moment.
   std::function<void()> onReplace;
 
   // --- the journal ---
 
-  /// What the program did to the desktop, in order: "make folder P", "remove P", "rename P -> Q",
-  /// "copy P -> Q", "short name of new P", "read P", "read to append P", "create P", "write P",
-  /// "replace P -> Q" (with " (changed)" when it was refused), "setting S\K = V", "link P", "start
-  /// E", "browse A", "copy T", "save file dialog", "classic help F", "compiled help F", "message
-  /// T", "error N", "input P", "open file dialog", "folder dialog", "create W", "show W", "activate
-  /// W", "menu M at X Y", "destroy W", "modal W", "run W", "tick T", "pump", "end", "start elevated
-  /// E", "close help", "wait of W: T", "wait of W is over". Calls that only look are not in it; a
-  /// call that failed is, with " failed N" behind it.
+  /// What the program did to the desktop, in order: "make folder P", "remove P", "recycle P",
+  /// "restore P", "rename P -> Q", "copy P -> Q", "short name of new P", "read P", "read to append
+  /// P", "create P", "write P", "replace P -> Q" (with " (changed)" when it was refused), "setting
+  /// S\K = V", "link P", "start E", "browse A", "copy T", "save file dialog", "classic help F",
+  /// "compiled help F", "message T", "error N", "input P", "open file dialog", "folder dialog",
+  /// "create W", "show W", "activate W", "menu M at X Y", "destroy W", "modal W", "run W", "tick
+  /// T", "pump", "end", "start elevated E", "close help", "wait of W: T", "wait of W is over".
+  /// Calls that only look are not in it; a call that failed is, with " failed N" behind it.
   [[nodiscard]] const std::vector<std::wstring>& journal() const { return journal_; }
   /// Whether the journal has that line.
   [[nodiscard]] bool journalHas(const std::wstring& line) const;

@@ -19,10 +19,6 @@ using platform::files::Replaced;
 using platform::files::Stamp;
 namespace error = platform::error;
 
-FileSystem::FileSystem(std::function<FileTime()> now) : now_(std::move(now)) {}
-
-FileSystem::~FileSystem() = default;
-
 FileSystem::FileTime FileSystem::stampTime() {
   constexpr FileTime second = 10'000'000;
   const FileTime now = now_();

@@ -54,6 +54,24 @@ class FileSystem {
   /// `error::diskFull` and leaves what fitted.
   void setFreeBytes(std::optional<std::uint64_t> bytes) { freeBytes_ = bytes; }
 
+  /// A file in the Recycle Bin.
+  struct Recycled {
+    std::wstring path;  ///< Where it was, as the program gave it.
+    std::string bytes;
+    unsigned attributes = 0;  ///< As for a search.
+    FileTime modified = 0;
+  };
+  /// What is in the bin, in the order of the deletions.
+  [[nodiscard]] std::vector<Recycled> bin() const;
+  void emptyBin();
+
+  // --- the operations of platform/recycle_bin.h, with the same errors ---
+
+  /// Deletes a file into the bin. Returns its id there.
+  [[nodiscard]] std::string recycle(const std::wstring& path);
+  [[nodiscard]] bool holds(const std::string& id) const;
+  void restore(const std::wstring& path, const std::string& id);
+
   // --- the operations of platform/files.h, with the same errors ---
 
   [[nodiscard]] std::vector<platform::files::Entry> search(const std::wstring& pattern,
@@ -85,7 +103,12 @@ class FileSystem {
   FileTime stampTime();
 
   std::function<FileTime()> now_;
+  struct BinEntry;
+  [[nodiscard]] std::vector<std::unique_ptr<BinEntry>>::const_iterator inBin(
+      const std::string& id) const;
   std::map<std::wstring, std::unique_ptr<Node>> drives_;
+  std::vector<std::unique_ptr<BinEntry>> bin_;
+  std::uint64_t lastRecycled_ = 0;
   FileTime lastWrite_ = 0;
   std::uint64_t lastId_ = 0;
   std::optional<std::uint64_t> freeBytes_;

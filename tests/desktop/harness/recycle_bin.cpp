@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <array>
 
-#include "harness/files.h"
 #include "harness/permission.h"
 #include "harness/wait.h"
 
@@ -22,12 +21,8 @@ std::wstring variable(const wchar_t* name) {
   return value;
 }
 
-/// The folder in which Wine keeps the bin (tools/wine-env).
-std::wstring wineBin() {
-  std::wstring path = L"Z:" + variable(L"XDG_DATA_HOME") + L"\\Trash";
-  std::replace(path.begin(), path.end(), L'/', L'\\');
-  return path;
-}
+/// Names the folder in which Wine keeps the bin (tools/wine-env). A program reads it only once.
+constexpr const wchar_t* folderVariable = L"XDG_DATA_HOME";
 
 bool hasBin() {
   SHQUERYRBINFO facts{};
@@ -69,7 +64,7 @@ std::vector<std::wstring> pathsIn(IShellFolder2& bin) {
 }  // namespace
 
 std::optional<std::string> whyNoBin() {
-  if (runsUnderWine() && variable(L"XDG_DATA_HOME") != variable(L"WINEPREFIX") + L"/xdg") {
+  if (runsUnderWine() && variable(folderVariable) != variable(L"WINEPREFIX") + L"/xdg") {
     return "the bin under Wine is the waste of the real user's desktop";
   }
   return std::nullopt;
@@ -119,20 +114,16 @@ std::optional<std::string> whyAlwaysABin() {
   return whyNoBin();
 }
 
-MachineWithoutBin::MachineWithoutBin() : folder_(wineBin()) {
+MachineWithoutBin::MachineWithoutBin() : before_(variable(folderVariable)) {
   if (const auto why = whyAlwaysABin()) {
     throw Failure(*why);
   }
-  if (exists(folder_) && MoveFileExW(folder_.c_str(), (folder_ + L" kept").c_str(), 0) == FALSE) {
-    throw Failure("the Recycle Bin cannot be hidden");
-  }
-  // No bin can be made where a file has its name.
-  writeFile(folder_, "");
+  // Without the folder there is no bin.
+  SetEnvironmentVariableW(folderVariable, (before_ + L"/missing").c_str());
 }
 
 MachineWithoutBin::~MachineWithoutBin() {
-  DeleteFileW(folder_.c_str());
-  MoveFileExW((folder_ + L" kept").c_str(), folder_.c_str(), 0);
+  SetEnvironmentVariableW(folderVariable, before_.c_str());
 }
 
 }  // namespace harness

@@ -20,8 +20,8 @@ void emptyBin();
 /// Why there is always a bin on this system. Nothing when `MachineWithoutBin` can hide it.
 [[nodiscard]] std::optional<std::string> whyAlwaysABin();
 
-/// No drive has a bin while this object exists, for this program and every other. What is in the
-/// bin is there again afterwards. Not more than one object at a time.
+/// Programs that are started while this object exists find no bin on any drive. This program and
+/// the files in its bin are as they were.
 class MachineWithoutBin {
  public:
   MachineWithoutBin();
@@ -30,7 +30,7 @@ class MachineWithoutBin {
   ~MachineWithoutBin();
 
  private:
-  std::wstring folder_;
+  std::wstring before_;
 };
 
 }  // namespace harness

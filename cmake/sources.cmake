@@ -33,6 +33,9 @@ set(listfile_sources
   src/listfile/list_file.cpp
   src/listfile/list_patch.cpp
   src/listfile/suite_lists.cpp)
+set(undo_sources
+  src/undo/changes.cpp
+  src/undo/history.cpp)
 set(flatlook_sources
   src/flatlook/flat_control.cpp
   src/flatlook/flat_target.cpp
@@ -83,6 +86,7 @@ set(mainwindow_sources
   src/mainwindow/main_find.cpp
   src/mainwindow/main_names.cpp
   src/mainwindow/main_status.cpp
+  src/mainwindow/main_undo.cpp
   src/mainwindow/main_window.cpp
   src/mainwindow/placement.cpp
   src/mainwindow/presence.cpp
@@ -99,6 +103,7 @@ set(portable_sources
   ${icons_sources}
   ${paths_sources}
   ${listfile_sources}
+  ${undo_sources}
   ${flatlook_sources}
   ${catalogue_sources}
   ${shortcuts_sources}

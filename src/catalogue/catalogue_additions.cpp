@@ -141,11 +141,13 @@ std::string withEntries(std::string old, const AddedPaths& paths, std::size_t& p
 
 /// Gives the paths records of today in the catalogue file. Returns how many of them had one
 /// already.
-std::size_t putIntoCatalogue(const AddedPaths& paths) {
+std::size_t putIntoCatalogue(const AddedPaths& paths, undo::Changes* forUndo) {
   const Missing missing = files::fileExists(cataloguePath()) ? Missing::isError : Missing::isEmpty;
   std::size_t present = 0;
-  rewriteList(cataloguePath(), missing,
-              [&](std::string old) { return withEntries(std::move(old), paths, present); });
+  undo::rewriteList(
+      cataloguePath(), missing,
+      [&](std::string old) { return withEntries(std::move(old), paths, present); }, entryOf,
+      forUndo);
   return present;
 }
 
@@ -163,7 +165,7 @@ void AddOrUpdateCatalogueEntry(const std::wstring& path, const std::wstring& typ
   const auto failure = platform::trapped([&] {
     AddedPaths added;
     added.add(path, typeCode);
-    putIntoCatalogue(added);
+    putIntoCatalogue(added, nullptr);
   });
   if (failure) {
     showListFileProblem(L"Problem saving to QMK list", *failure);
@@ -173,7 +175,8 @@ void AddOrUpdateCatalogueEntry(const std::wstring& path, const std::wstring& typ
 bool isDataFileName(std::wstring_view name) { return typeOfName(name) != nullptr; }
 
 std::optional<AddedFiles> AddDataFiles(const std::vector<std::wstring>& paths,
-                                       const std::vector<std::wstring>& found) {
+                                       const std::vector<std::wstring>& found,
+                                       undo::Changes* forUndo) {
   AddedFiles result;
   const auto failure = platform::trapped([&] {
     AddedPaths added;
@@ -193,7 +196,7 @@ std::optional<AddedFiles> AddDataFiles(const std::vector<std::wstring>& paths,
       add(path, true);
     }
     if (added.count() > 0) {
-      const std::size_t present = putIntoCatalogue(added);
+      const std::size_t present = putIntoCatalogue(added, forUndo);
       result.present += present;
       result.added = added.count() - present;
     }

@@ -91,6 +91,11 @@ class DataFolder {
 
 bool isOfDataFolder(const std::wstring& path) { return DataFolder().holds(toCodePage(path)); }
 
+std::optional<std::wstring> entryOf(const Record& record) {
+  const std::wstring listed = record.text(pathField);
+  return listed.find(L'\\') == std::wstring::npos ? std::nullopt : std::optional(upper(listed));
+}
+
 std::wstring cataloguePath() { return AppFolder() + L"\\QMKFileList3.txt"; }
 
 void appendDataFolderRecords() {
@@ -105,21 +110,24 @@ void BuildCatalogue(CatalogueView& view) {
   LoadCatalogueView(view);
 }
 
-void dropCatalogueEntry(const std::wstring& path) {
-  rewriteList(cataloguePath(), Missing::isError, [&path](std::string old) {
-    return list_file::filtered(std::move(old), [&path](const Record& record) {
-      return !record.has(pathField) ||
-             !platform::text::codePageEquals(record.fields.at(pathField), path);
-    });
-  });
+void dropCatalogueEntry(const std::wstring& path, undo::Changes* forUndo) {
+  undo::rewriteList(
+      cataloguePath(), Missing::isError,
+      [&path](std::string old) {
+        return list_file::filtered(std::move(old), [&path](const Record& record) {
+          return !record.has(pathField) ||
+                 !platform::text::codePageEquals(record.fields.at(pathField), path);
+        });
+      },
+      entryOf, forUndo);
 }
 
-void RemoveCatalogueEntry(const std::wstring& path) {
+void RemoveCatalogueEntry(const std::wstring& path, undo::Changes* forUndo) {
   // A path that may mean several files raises an error here, before the entry is dropped.
   const std::optional<std::wstring> file = stored_path::realFile(path);
-  dropCatalogueEntry(path);
+  dropCatalogueEntry(path, forUndo);
   if (file && files::fileExists(*file)) {
-    files::remove(*file);
+    undo::recycle(*file, forUndo);
   }
 }
 

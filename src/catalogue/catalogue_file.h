@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "catalogue/catalogue_view.h"
+#include "undo/changes.h"
 
 namespace modQMKGeneral {
 
@@ -17,6 +18,12 @@ inline constexpr std::size_t pathField = 1;
 
 /// Path of the catalogue file.
 [[nodiscard]] std::wstring cataloguePath();
+
+/// What identifies the entry of a record: its path, in upper case. Nothing for a record without a
+/// path, or with one that names no folder.
+[[nodiscard]] std::optional<std::wstring> entryOf(const list_file::Record& record);
+
+// `forUndo`, where it is not nullptr, gets what the operation has changed, also when it fails.
 
 /// Appends one record per data file of the data folder to the catalogue (which is created when it
 /// is missing), then reloads the view. Errors go to the caller. No command calls it: the load of
@@ -47,18 +54,19 @@ struct AddedFiles {
 /// Files that have just been `found` in a folder are added, too, without a look whether they are
 /// there.
 [[nodiscard]] std::optional<AddedFiles> AddDataFiles(const std::vector<std::wstring>& paths,
-                                                     const std::vector<std::wstring>& found = {});
+                                                     const std::vector<std::wstring>& found = {},
+                                                     undo::Changes* forUndo = nullptr);
 
 /// Whether a file name ends like one of a data file.
 [[nodiscard]] bool isDataFileName(std::wstring_view name);
 
 /// Drops every record whose path is exactly `path` (case matters), then deletes the data file
-/// itself if it exists. Errors go to the caller (`error::fileNotFound`: no catalogue;
-/// `error::badFileName`: the path may mean several files, nothing is changed).
-void RemoveCatalogueEntry(const std::wstring& path);
+/// itself if it exists; the Recycle Bin keeps it. Errors go to the caller (`error::fileNotFound`:
+/// no catalogue; `error::badFileName`: the path may mean several files, nothing is changed).
+void RemoveCatalogueEntry(const std::wstring& path, undo::Changes* forUndo = nullptr);
 
 /// The same for a missing data file: drops only its records, even if the file exists again by now.
-void dropCatalogueEntry(const std::wstring& path);
+void dropCatalogueEntry(const std::wstring& path, undo::Changes* forUndo = nullptr);
 
 /// Whether a path of the list is one of the data folder, whose files each start lists anew.
 [[nodiscard]] bool isOfDataFolder(const std::wstring& path);
@@ -73,6 +81,7 @@ void RefreshDataFolderEntries(CatalogueView& view);
 /// instead. A name that the code page cannot hold is listed in its short form. Where the volume has
 /// no short names, such a name is refused with `error::badFileName` before anything is changed.
 /// Errors are trapped and shown as "Problem saving to QMK list".
-void RenameCatalogueFile(CatalogueView& view, const std::wstring& newName);
+void RenameCatalogueFile(CatalogueView& view, const std::wstring& newName,
+                         undo::Changes* forUndo = nullptr);
 
 }  // namespace modQMKGeneral

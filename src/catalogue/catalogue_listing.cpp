@@ -11,8 +11,8 @@ namespace modQMKGeneral {
 
 using platform::text::toCodePage;
 
-bool removeFromList(CatalogueView& view, const std::wstring& path) {
-  if (const auto failure = platform::trapped([&path] { dropCatalogueEntry(path); })) {
+bool removeFromList(CatalogueView& view, const std::wstring& path, undo::Changes* forUndo) {
+  if (const auto failure = platform::trapped([&] { dropCatalogueEntry(path, forUndo); })) {
     showListFileProblem(L"Problem saving to QMK list", *failure);
     return false;
   }
@@ -20,14 +20,10 @@ bool removeFromList(CatalogueView& view, const std::wstring& path) {
   return true;
 }
 
-std::optional<list_file::Merged> addCatalogueRecords(CatalogueView& view,
-                                                     const std::string& bytes) {
-  const auto path = [](const list_file::Record& record) {
-    const std::wstring listed = record.text(pathField);
-    return listed.find(L'\\') == std::wstring::npos ? std::nullopt
-                                                    : std::optional(platform::text::upper(listed));
-  };
-  return addRecords(cataloguePath(), bytes, path, [&view] { LoadCatalogueView(view); });
+std::optional<list_file::Merged> addCatalogueRecords(CatalogueView& view, const std::string& bytes,
+                                                     undo::Changes* forUndo) {
+  return undo::addRecords(
+      cataloguePath(), bytes, entryOf, [&view] { LoadCatalogueView(view); }, forUndo);
 }
 
 std::string shownCatalogueRecords(const controls::ListView& list) {

@@ -71,7 +71,8 @@ std::string recordsOf(const ListView& list) {
 /// Gives the entry its new name and writes the list to the catalogue. If another program has just
 /// written the file, the list is outdated. Then it is reloaded and the change is made again, so
 /// that the other program's records stay. The list is reloaded at the end.
-void saveRenamed(CatalogueView& view, std::size_t selected, const std::wstring& newName) {
+void saveRenamed(CatalogueView& view, std::size_t selected, const std::wstring& newName,
+                 undo::Changes* forUndo) {
   const controls::ItemKey entry = view.dataList.keyOf(selected, data_column::entry);
   constexpr int mostTries = 50;
   std::optional<std::size_t> item = selected;
@@ -79,8 +80,8 @@ void saveRenamed(CatalogueView& view, std::size_t selected, const std::wstring& 
     if (item) {
       view.dataList.setText(*item, newName);
     }
-    if (replaceList(cataloguePath(), recordsOf(view.dataList), view.shown) ==
-        files::Replaced::yes) {
+    if (undo::replaceList(cataloguePath(), recordsOf(view.dataList), view.shown, entryOf,
+                          forUndo) == files::Replaced::yes) {
       LoadCatalogueView(view);
       return;
     }
@@ -98,7 +99,7 @@ void saveRenamed(CatalogueView& view, std::size_t selected, const std::wstring& 
   throw RunTimeError(platform::error::permissionDenied);
 }
 
-void rename(CatalogueView& view, const std::wstring& newName) {
+void rename(CatalogueView& view, const std::wstring& newName, undo::Changes* forUndo) {
   list_file::discardStale(temporaryPath());
   const std::size_t selected = view.dataList.selectedItem();
   const DataEntry entry = dataEntry(view.dataList, selected);
@@ -108,19 +109,22 @@ void rename(CatalogueView& view, const std::wstring& newName) {
   if (!file) {
     platform::dialogs::showMessage(L"File does not exists, removing entry",
                                    platform::dialogs::MessageStyle::critical);
-    dropCatalogueEntry(oldPath);
+    dropCatalogueEntry(oldPath, forUndo);
     return;
   }
   const std::wstring realFolder = file->substr(0, file->rfind(L'\\') + 1);
   refuseUnlistable(realFolder, name);
   files::rename(*file, realFolder + name);
-  saveRenamed(view, selected, listedName(realFolder, name));
+  if (forUndo != nullptr) {
+    forUndo->add(undo::RenamePart{*file, realFolder + name});
+  }
+  saveRenamed(view, selected, listedName(realFolder, name), forUndo);
 }
 
 }  // namespace
 
-void RenameCatalogueFile(CatalogueView& view, const std::wstring& newName) {
-  const auto failure = platform::trapped([&] { rename(view, newName); });
+void RenameCatalogueFile(CatalogueView& view, const std::wstring& newName, undo::Changes* forUndo) {
+  const auto failure = platform::trapped([&] { rename(view, newName, forUndo); });
   if (failure) {
     showListFileProblem(L"Problem saving to QMK list", *failure);
   }

@@ -19,6 +19,12 @@ inline constexpr std::size_t type = 4;    ///< Type code as stored in the record
 inline const std::vector<std::size_t> entry{0, folder};
 }  // namespace data_column
 
+/// The Open tab (from 0).
+inline constexpr int openTab = 1;
+/// Operations on the catalogue that can be taken back, as in "Undo Remove from List".
+inline constexpr const wchar_t* removeStep = L"Remove from List";
+inline constexpr const wchar_t* findMovedStep = L"Find Moved Files";
+
 /// The lists that show the catalogue, and what was last seen of the file.
 struct CatalogueView {
   controls::ListView& dataList;  ///< Open tab.

@@ -116,12 +116,15 @@ std::size_t dropThoseGone(std::vector<PathChange>& changes) {
       changes, [](const PathChange& change) { return !platform::files::fileExists(change.to); });
 }
 
-std::optional<PathChanges> changePaths(const std::vector<PathChange>& changes) {
+std::optional<PathChanges> changePaths(const std::vector<PathChange>& changes,
+                                       undo::Changes* forUndo) {
   PathChanges result;
   const auto failure = platform::trapped([&] {
     ChangesByPath byPath(changes);
-    rewriteList(cataloguePath(), list_file::Missing::isError,
-                [&](std::string old) { return withChanges(std::move(old), byPath, result); });
+    undo::rewriteList(
+        cataloguePath(), list_file::Missing::isError,
+        [&](std::string old) { return withChanges(std::move(old), byPath, result); }, entryOf,
+        forUndo);
   });
   if (failure) {
     showListFileProblem(L"Problem saving to QMK list", *failure);

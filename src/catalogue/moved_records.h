@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "catalogue/catalogue_view.h"
+#include "undo/changes.h"
 
 namespace modQMKGeneral {
 
@@ -32,7 +33,8 @@ std::size_t dropThoseGone(std::vector<PathChange>& changes);
 /// else of a record changes, nor its place. Fills in `changed` and `listed`. Paths compare without
 /// regard to case. Errors are trapped and shown as "Problem saving to QMK list"; nothing is
 /// returned then, and nothing is changed.
-[[nodiscard]] std::optional<PathChanges> changePaths(const std::vector<PathChange>& changes);
+[[nodiscard]] std::optional<PathChanges> changePaths(const std::vector<PathChange>& changes,
+                                                     undo::Changes* forUndo = nullptr);
 
 /// Loads the view after these changes. If the selected entry is one of them, it stays selected.
 void loadChanged(CatalogueView& view, const std::vector<PathChange>& changes);

@@ -62,7 +62,11 @@ void offerToList(Opening& opening, const controls::ItemKey& key, const DataEntry
   std::vector<modQMKGeneral::PathChange> changes{{entry.path(), found}};
   if (modQMKGeneral::dropThoseGone(changes) > 0) {
     opening.tell(L"Nothing was changed: " + found + L" is no longer there");
-  } else if (const auto changed = modQMKGeneral::changePaths(changes)) {
+    return;
+  }
+  undo::Recording recording(opening.history, modQMKGeneral::findMovedStep, modQMKGeneral::openTab,
+                            key);
+  if (const auto changed = modQMKGeneral::changePaths(changes, recording.changes())) {
     modQMKGeneral::loadChanged(opening.view, changes);
     opening.tell(modQMKGeneral::changedText(*changed));
   }
@@ -80,7 +84,9 @@ void recoverMissingFile(Opening& opening, const controls::ItemKey& key, const Da
     offerToList(opening, key, entry);
   } else if (controls::findAgain(opening.view.dataList, key)) {
     // The user was asked about a missing file. If the file exists again by now, it is not deleted.
-    modQMKGeneral::dropCatalogueEntry(entry.path());
+    undo::Recording recording(opening.history, modQMKGeneral::removeStep, modQMKGeneral::openTab,
+                              key);
+    modQMKGeneral::dropCatalogueEntry(entry.path(), recording.changes());
     modQMKGeneral::LoadCatalogueView(opening.view);
   }
 }

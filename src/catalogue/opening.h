@@ -8,6 +8,7 @@
 #include "catalogue/tool_command.h"
 #include "platform/controls/common_dialog.h"
 #include "platform/controls/control.h"
+#include "undo/history.h"
 
 namespace ModQMKgeneral2 {
 
@@ -20,6 +21,7 @@ struct Opening {
   /// Says in the status line what has been done.
   std::function<void(const std::wstring& news)> tell;
   std::wstring browsed{};  ///< The file that `cmdBrowse` has last opened in its tool; "" for none.
+  undo::History* history = nullptr;  ///< Remembers what is changed; nullptr: nobody does.
 };
 
 /// Starts a tool, then reloads the catalogue view. If the tool cannot be started, a message is

@@ -158,6 +158,9 @@ void CommandObjects::showTab(int tab) {
 
 void CommandObjects::refresh() {
   for (Object& object : objects_) {
+    if (object.command.captionNow != nullptr) {
+      object.item.setCaption(object.command.captionNow(form_));
+    }
     if (object.command.available != nullptr) {
       showEnabled(object);
     }

@@ -47,6 +47,23 @@ const wchar_t* whyNotRemovable(const frmQMK& form) {
   return hasRow(form) ? L"Files of the data folder are always listed" : nullptr;
 }
 
+template <undo::Way way>
+bool canGo(const frmQMK& form) {
+  return form.history.canGo(way);
+}
+
+template <undo::Way way>
+std::wstring captionOf(const frmQMK& form) {
+  const std::wstring what = form.history.what(way);
+  return std::wstring(way == undo::Way::back ? L"Undo" : L"Redo") +
+         (what.empty() ? what : L" " + what);
+}
+
+template <undo::Way way>
+const wchar_t* whyNotGo(const frmQMK& /*form*/) {
+  return way == undo::Way::back ? L"There is nothing to undo" : L"There is nothing to redo";
+}
+
 bool missesFiles(const frmQMK& form) { return form.filesThere.missing() > 0; }
 
 const wchar_t* whyNotFound(const frmQMK& /*form*/) {
@@ -100,6 +117,27 @@ constexpr std::array rows{
                        {L"Delete File", L"Delete File", true},
                        {L"Delete", nullptr, false},
                        {L"Delete Web Shortcut", L"Delete web shortcut", true}}}},
+    Command{.id = ids::mnuUndo,
+            .name = L"mnuUndo",
+            .caption = L"Undo",
+            .menu = Menu::edit,
+            .separated = true,
+            .explanation = L"Takes back the last change of a list or a file.",
+            .key = {{.key = 'Z', .control = true}},
+            .handler = run<&frmQMK::mnuUndo_Click>,
+            .captionNow = captionOf<undo::Way::back>,
+            .available = canGo<undo::Way::back>,
+            .refusal = whyNotGo<undo::Way::back>},
+    Command{.id = ids::mnuRedo,
+            .name = L"mnuRedo",
+            .caption = L"Redo",
+            .menu = Menu::edit,
+            .explanation = L"Makes the change again that was undone last.",
+            .key = {{.key = 'Y', .control = true}},
+            .handler = run<&frmQMK::mnuRedo_Click>,
+            .captionNow = captionOf<undo::Way::again>,
+            .available = canGo<undo::Way::again>,
+            .refusal = whyNotGo<undo::Way::again>},
     Command{.id = ids::mnuCopy,
             .name = L"mnuCopy",
             .caption = L"Copy",

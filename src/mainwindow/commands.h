@@ -59,6 +59,8 @@ struct Command {
   Key key = {};
   /// Runs the command for the list of a tab (from 0).
   void (*handler)(frmQMK& form, int list) = nullptr;
+  /// What the menu entry says at the moment; nullptr: the caption of the tab.
+  std::wstring (*captionNow)(const frmQMK& form) = nullptr;
   /// Whether it can be run at the moment, where the tab allows it; nullptr: always.
   bool (*available)(const frmQMK& form) = nullptr;
   /// Why it cannot be run at the moment, for the status line; nullptr where there is nothing to

@@ -45,6 +45,8 @@ inline constexpr int mnuSaveListAs = 2041;
 inline constexpr int mnuAddFiles = 2042;
 inline constexpr int mnuFindMoved = 2043;
 inline constexpr int mnuPaste = 2044;
+inline constexpr int mnuUndo = 2045;
+inline constexpr int mnuRedo = 2046;
 
 // Toolbar buttons
 inline constexpr int buttonDelete = 2100;

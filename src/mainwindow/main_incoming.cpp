@@ -56,7 +56,8 @@ void frmQMK::addFoundFiles(const std::vector<std::wstring>& named,
 
 void frmQMK::addFiles(const std::vector<std::wstring>& named,
                       const std::vector<std::wstring>& found) {
-  if (const auto files = modQMKGeneral::AddDataFiles(named, found)) {
+  undo::Recording adding = recording(L"Add", open);
+  if (const auto files = modQMKGeneral::AddDataFiles(named, found, adding.changes())) {
     modQMKGeneral::LoadCatalogueView(catalogue);
     tell(mainwindow::addedText(
         {.added = files->added,
@@ -66,7 +67,8 @@ void frmQMK::addFiles(const std::vector<std::wstring>& named,
 }
 
 void frmQMK::addShortcuts(const std::vector<std::wstring>& paths) {
-  const modSC::AddedShortcuts made = modSC::addShortcuts(shortcuts, paths);
+  undo::Recording adding = recording(L"Add", tools);
+  const modSC::AddedShortcuts made = modSC::addShortcuts(shortcuts, paths, adding.changes());
   tell(mainwindow::addedText({.added = made.added,
                               .present = made.present,
                               .refusals = {{made.wrongType, L"wrong type"},
@@ -82,7 +84,8 @@ void frmQMK::addWebShortcuts(const Content& content) {
   }
   list_file::Merged merged;
   if (!bytes.empty()) {
-    const auto added = modQMKGeneral::addWebRecords(webList, bytes);
+    undo::Recording adding = recording(L"Add", web);
+    const auto added = modQMKGeneral::addWebRecords(webList, bytes, adding.changes());
     if (!added) {
       return;
     }

@@ -159,7 +159,8 @@ void frmQMK::mnuOpenFolder_Click() {
 
 void frmQMK::mnuRemoveFromList_Click() {
   const modQMKGeneral::DataEntry entry = modQMKGeneral::selectedEntry(lstQMK[open]);
-  if (modQMKGeneral::removeFromList(catalogue, entry.path())) {
+  undo::Recording removal = recordingOfSelected(modQMKGeneral::removeStep, open);
+  if (modQMKGeneral::removeFromList(catalogue, entry.path(), removal.changes())) {
     tell(entry.name + L" is no longer listed; the file itself stays");
   }
 }
@@ -228,8 +229,10 @@ void frmQMK::mnuAddList_Click() {
     tell(L"Nothing was added: " + failure->description());
     return;
   }
-  const auto merged = tab == open ? modQMKGeneral::addCatalogueRecords(catalogue, bytes)
-                                  : modQMKGeneral::addWebRecords(webList, bytes);
+  undo::Recording adding = recording(L"Add", tab);
+  const auto merged = tab == open
+                          ? modQMKGeneral::addCatalogueRecords(catalogue, bytes, adding.changes())
+                          : modQMKGeneral::addWebRecords(webList, bytes, adding.changes());
   if (merged) {
     tell(mainwindow::addedText(
         {.added = merged->added,

@@ -39,10 +39,11 @@ void frmQMK::renameTo(int index, const controls::ItemKey& item, const std::wstri
   if (list.selected() != found) {
     list.select(*found);
   }
+  undo::Recording renaming(&history, L"Rename", index, item);
   if (index == tools) {
-    tellWhereItWent(modSC::renameShortcutTo(shortcuts, name));
+    tellWhereItWent(modSC::renameShortcutTo(shortcuts, name, renaming.changes()));
   } else if (index == open) {
-    modQMKGeneral::RenameCatalogueFile(catalogue, name);
+    modQMKGeneral::RenameCatalogueFile(catalogue, name, renaming.changes());
   }
   // After a failure the entry may still be selected although it is not shown.
   list.update([] {});

@@ -151,7 +151,8 @@ void frmQMK::changeMoved(const std::shared_ptr<Repair>& repair) {
 void frmQMK::endRepair(const std::shared_ptr<Repair>& repair) {
   modQMKGeneral::PathChanges result;
   if (!repair->changes.empty()) {
-    const auto changed = modQMKGeneral::changePaths(repair->changes);
+    undo::Recording changing = recording(modQMKGeneral::findMovedStep, open);
+    const auto changed = modQMKGeneral::changePaths(repair->changes, changing.changes());
     if (!changed) {
       return;
     }

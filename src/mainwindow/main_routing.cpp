@@ -107,7 +107,8 @@ void frmQMK::lstQMK_ColumnClick(int /*index*/, int column) {
 void frmQMK::mnuCreate_Click() {
   const std::wstring caption = currentCaption();
   if (caption == L"Tools") {
-    modSC::createShortcut(shortcuts);
+    undo::Recording made = recording(L"Create", tools);
+    modSC::createShortcut(shortcuts, made.changes());
   } else if (caption == L"Web") {
     createWebShortcut();
   }
@@ -117,7 +118,8 @@ void frmQMK::mnuRename_Click() {
   const std::wstring caption = currentCaption();
   if (caption == L"Tools") {
     if (!nothingFound(lstQMK[tools])) {
-      tellWhereItWent(modSC::renameShortcut(shortcuts));
+      undo::Recording renaming = recordingOfSelected(L"Rename", tools);
+      tellWhereItWent(modSC::renameShortcut(shortcuts, renaming.changes()));
     }
   } else if (caption == L"Open") {
     renameCatalogueEntry();
@@ -130,7 +132,9 @@ void frmQMK::mnuDelete_Click() {
   const std::wstring caption = currentCaption();
   if (caption == L"Tools") {
     if (!nothingFound(lstQMK[tools])) {
-      modSC::deleteShortcut(shortcuts);
+      undo::Recording deletion = recordingOfSelected(L"Delete", tools);
+      modSC::deleteShortcut(shortcuts, deletion.changes());
+      tellIfFinal(deletion);
     }
   } else if (caption == L"Open") {
     deleteCatalogueEntry();
@@ -155,7 +159,8 @@ void frmQMK::renameCatalogueEntry() {
     if (list.selected() != item) {
       list.select(*item);
     }
-    modQMKGeneral::RenameCatalogueFile(catalogue, answer);
+    undo::Recording renaming = recordingOfSelected(L"Rename", open);
+    modQMKGeneral::RenameCatalogueFile(catalogue, answer, renaming.changes());
   }
 }
 
@@ -169,8 +174,10 @@ void frmQMK::deleteCatalogueEntry() {
   const controls::ItemKey key = modQMKGeneral::selectedKey(list);
   if (confirmed(L"Are your sure you want to delete " + upper(entry.name)) &&
       controls::findAgain(list, key)) {
-    modQMKGeneral::RemoveCatalogueEntry(entry.path());
+    undo::Recording deletion(&history, L"Delete", open, key);
+    modQMKGeneral::RemoveCatalogueEntry(entry.path(), deletion.changes());
     modQMKGeneral::LoadCatalogueView(catalogue);
+    tellIfFinal(deletion);
   }
 }
 
@@ -215,7 +222,8 @@ void frmQMK::deleteWebShortcut() {
   const controls::ItemKey entry = list.keyOf(list.selectedItem(), modQMKGeneral::webEntry);
   if (confirmed(L"Are your sure you want to delete " + upper(entry.text)) &&
       controls::findAgain(list, entry)) {
-    modQMKGeneral::DeleteWebEntry(webList, entry.text);
+    undo::Recording deletion(&history, L"Delete", web, entry);
+    modQMKGeneral::DeleteWebEntry(webList, entry.text, deletion.changes());
   }
 }
 

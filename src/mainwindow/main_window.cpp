@@ -81,9 +81,14 @@ frmQMK::frmQMK()
       mnuAbout(commands.item(ids::mnuAbout)),
       catalogue{lstQMK[open], lstQMK[newFiles], imgIcons[0], imgIcons[1]},
       shortcuts{lstQMK[tools], imgShortCut, picShortCuts, diaCommon},
-      webList{lstQMK, TabMain, imgIcons[0], imgIcons[1]},
-      opening{catalogue, diaCommon, cmdBrowse, [this] { cmdBrowse_Click(); },
-              [this](const std::wstring& news) { tell(news); }},
+      webList{lstQMK, TabMain, imgIcons[0], imgIcons[1], &history},
+      opening{catalogue,
+              diaCommon,
+              cmdBrowse,
+              [this] { cmdBrowse_Click(); },
+              [this](const std::wstring& news) { tell(news); },
+              {},
+              &history},
       toolsThere(lstQMK[tools], {std::nullopt, modSC::shortcut_column::target}, targetExists),
       filesThere(lstQMK[open], {modQMKGeneral::data_column::folder, 0}, dataFileExists) {
   setCaption(platform::application::title);

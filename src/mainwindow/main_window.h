@@ -21,6 +21,7 @@
 #include "platform/controls/list_view.h"
 #include "platform/controls/window.h"
 #include "shortcuts/shortcut_list.h"
+#include "undo/history.h"
 #include "web/web_dialog.h"
 #include "web/web_list.h"
 
@@ -67,6 +68,9 @@ class frmQMK : public controls::Window {
   controls::MenuItem& mnuWeb;
   controls::MenuItem& mnuAbout;
 
+  /// What the user can take back.
+  undo::History history;
+
   /// The parts of this window that each subsystem uses.
   modQMKGeneral::CatalogueView catalogue;
   modSC::ShortcutList shortcuts;
@@ -105,6 +109,8 @@ class frmQMK : public controls::Window {
   void mnuFitColumns_Click();
   /// Makes a column of a list as wide as its longest text, but not wider than the list.
   void fitColumn(int index, std::size_t column);
+  void mnuUndo_Click();
+  void mnuRedo_Click();
   void mnuCopy_Click();
   void mnuCopyPath_Click();
   void mnuOpenFolder_Click();
@@ -182,6 +188,14 @@ class frmQMK : public controls::Window {
   /// The data file or the shortcut of the selected row, if it is there; "" otherwise.
   [[nodiscard]] std::wstring selectedFile();
   void copy(const platform::clipboard::Content& content);
+  /// Remembers what an operation on the list of a tab changes, for Undo.
+  [[nodiscard]] undo::Recording recording(const wchar_t* what, int tab);
+  /// The same of an operation on the selected entry.
+  [[nodiscard]] undo::Recording recordingOfSelected(const wchar_t* what, int tab);
+  /// Undo or Redo.
+  void go(undo::Way way);
+  /// Says so if nobody keeps what an operation has deleted.
+  void tellIfFinal(undo::Recording& recording);
   /// What the selected row of the current tab gives to others.
   [[nodiscard]] platform::clipboard::Content dragged();
   /// Adds data files to the list: `named` ones, and those `found` in folders.

@@ -25,23 +25,26 @@ std::wstring ownFolder() { return SmodMisc::CanonicalPath(modQMKGeneral::ShortCu
 
 }  // namespace
 
-void writeProgramShortcut(const std::wstring& program) {
+void writeProgramShortcut(const std::wstring& program, undo::Changes* forUndo) {
   std::wstring name;
   std::wstring folder;
   SmodMisc::SplitPath(program, name, folder);
-  platform::shell_links::write(ownFolder() + L"Shortcut to " + name + L".lnk",
-                               {.arguments = L"",
-                                .description = name,
-                                .hotKey = L"",
-                                .iconLocation = program,
-                                .targetPath = program,
-                                .windowStyle = startMaximised,
-                                .workingDirectory = folder});
+  const std::wstring link = ownFolder() + L"Shortcut to " + name + L".lnk";
+  undo::writeFile(link, forUndo, [&] {
+    platform::shell_links::write(link, {.arguments = L"",
+                                        .description = name,
+                                        .hotKey = L"",
+                                        .iconLocation = program,
+                                        .targetPath = program,
+                                        .windowStyle = startMaximised,
+                                        .workingDirectory = folder});
+  });
 }
 
 bool canBeShortcut(std::wstring_view name) { return isLink(name) || isProgram(name); }
 
-AddedShortcuts addShortcuts(ShortcutList& shortcuts, const std::vector<std::wstring>& paths) {
+AddedShortcuts addShortcuts(ShortcutList& shortcuts, const std::vector<std::wstring>& paths,
+                            undo::Changes* forUndo) {
   AddedShortcuts result;
   for (const std::wstring& path : paths) {
     if (!canBeShortcut(path)) {
@@ -59,9 +62,9 @@ AddedShortcuts addShortcuts(ShortcutList& shortcuts, const std::vector<std::wstr
     }
     const auto failure = platform::trapped([&] {
       if (isLink(path)) {
-        files::copy(path, copy);
+        undo::writeFile(copy, forUndo, [&] { files::copy(path, copy); });
       } else {
-        writeProgramShortcut(path);
+        writeProgramShortcut(path, forUndo);
       }
     });
     if (failure) {

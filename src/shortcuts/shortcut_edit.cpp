@@ -9,7 +9,6 @@
 #include "platform/shell_links.h"
 #include "platform/text.h"
 #include "platform/trap.h"
-#include "shortcuts/shortcut_file.h"
 #include "shortcuts/shortcut_list.h"
 #include "startup/paths.h"
 
@@ -89,7 +88,7 @@ std::wstring bareName(const Changeable& shortcut) {
 /// Gives the shortcut the name that the user has chosen, "" for none, and reloads the list. Returns
 /// the new path of a renamed one.
 std::optional<std::wstring> rename(ShortcutList& shortcuts, const Changeable& selected,
-                                   const std::wstring& answer) {
+                                   const std::wstring& answer, undo::Changes* forUndo) {
   std::optional<std::wstring> renamed;
   if (!answer.empty()) {
     if (!controls::selectionIsChosen(shortcuts.list)) {
@@ -100,8 +99,9 @@ std::optional<std::wstring> rename(ShortcutList& shortcuts, const Changeable& se
     } else {
       // The renamed shortcut moves to the program's own folder and so leaves this list.
       renamed = CanonicalPath(AppFolder()) + L"\\shortcuts\\" + answer + L".lnk";
-      files::copy(selected.file, *renamed);
-      files::remove(selectedFile(shortcuts));
+      undo::writeFile(*renamed, forUndo, [&] { files::copy(selected.file, *renamed); });
+      const std::wstring moved = selectedFile(shortcuts);
+      undo::writeFile(moved, forUndo, [&moved] { files::remove(moved); });
     }
   }
   LoadShortcutList(shortcuts);
@@ -128,12 +128,12 @@ void BrowseForProgram(controls::CommonDialog& dialog, int& errorNumber, std::wst
   }
 }
 
-void createShortcut(ShortcutList& shortcuts) {
+void createShortcut(ShortcutList& shortcuts, undo::Changes* forUndo) {
   int errorNumber = 0;
   std::wstring program;
   BrowseForProgram(shortcuts.diaCommon, errorNumber, program);
   if (errorNumber != platform::error::cancelled) {
-    writeProgramShortcut(program);
+    writeProgramShortcut(program, forUndo);
   }
   LoadShortcutList(shortcuts);
 }
@@ -143,22 +143,23 @@ std::optional<std::wstring> nameToChange(ShortcutList& shortcuts) {
   return selected ? std::optional(bareName(*selected)) : std::nullopt;
 }
 
-std::optional<std::wstring> renameShortcut(ShortcutList& shortcuts) {
+std::optional<std::wstring> renameShortcut(ShortcutList& shortcuts, undo::Changes* forUndo) {
   const auto selected = renamable(shortcuts);
   if (!selected) {
     return std::nullopt;
   }
   const std::wstring answer =
       dialogs::inputBox(L"Rename shortcut " + bareName(*selected), L"  ", L" ");
-  return rename(shortcuts, *selected, answer);
+  return rename(shortcuts, *selected, answer, forUndo);
 }
 
-std::optional<std::wstring> renameShortcutTo(ShortcutList& shortcuts, const std::wstring& name) {
+std::optional<std::wstring> renameShortcutTo(ShortcutList& shortcuts, const std::wstring& name,
+                                             undo::Changes* forUndo) {
   const auto selected = renamable(shortcuts);
-  return selected ? rename(shortcuts, *selected, name) : std::nullopt;
+  return selected ? rename(shortcuts, *selected, name, forUndo) : std::nullopt;
 }
 
-void deleteShortcut(ShortcutList& shortcuts) {
+void deleteShortcut(ShortcutList& shortcuts, undo::Changes* forUndo) {
   const auto selected =
       changeable(shortcuts, protectedFromDeleting, L"Sorry, you can't delete this shortcut");
   if (!selected) {
@@ -177,7 +178,7 @@ void deleteShortcut(ShortcutList& shortcuts) {
     return;
   }
   // If the shortcut could not be deleted, the reload lists it again.
-  removeIgnoringErrors(doomed);
+  static_cast<void>(platform::trapped([&] { undo::recycle(doomed, forUndo); }));
   LoadShortcutList(shortcuts);
 }
 

@@ -12,6 +12,7 @@
 #include "platform/controls/image_list.h"
 #include "platform/controls/list_view.h"
 #include "shortcuts/slow_icons.h"
+#include "undo/changes.h"
 
 namespace modSC {
 
@@ -53,11 +54,13 @@ void redrawShortcutIcons(ShortcutList& shortcuts);
 /// cancelled) and `path` is "". No error escapes.
 void BrowseForProgram(controls::CommonDialog& dialog, int& errorNumber, std::wstring& path);
 
+// `forUndo`, where it is not nullptr, gets what the operation has changed, also when it fails.
+
 /// Create on the Tools tab: creates a shortcut to a program that the user chooses.
-void createShortcut(ShortcutList& shortcuts);
+void createShortcut(ShortcutList& shortcuts, undo::Changes* forUndo = nullptr);
 
 /// Writes the shortcut that Create makes for a program. Raises what writing a shortcut raises.
-void writeProgramShortcut(const std::wstring& program);
+void writeProgramShortcut(const std::wstring& program, undo::Changes* forUndo = nullptr);
 
 /// What became of files that were to be in the list.
 struct AddedShortcuts {
@@ -71,14 +74,16 @@ struct AddedShortcuts {
 
 /// Makes shortcuts to programs and help files, as Create does, and copies shortcuts into the
 /// shortcuts folder under their own names. Then reloads the list; errors of that go to the caller.
-AddedShortcuts addShortcuts(ShortcutList& shortcuts, const std::vector<std::wstring>& paths);
+AddedShortcuts addShortcuts(ShortcutList& shortcuts, const std::vector<std::wstring>& paths,
+                            undo::Changes* forUndo = nullptr);
 
 /// Whether `addShortcuts` takes a file of that name.
 [[nodiscard]] bool canBeShortcut(std::wstring_view name);
 
 /// Rename on the Tools tab. Returns the new path of the shortcut's file; nothing when it was not
 /// renamed. Raises `error::objectNotSet` without a selected item, and what the copy raises.
-std::optional<std::wstring> renameShortcut(ShortcutList& shortcuts);
+std::optional<std::wstring> renameShortcut(ShortcutList& shortcuts,
+                                           undo::Changes* forUndo = nullptr);
 
 /// The name of the selected shortcut, without its extension, to be changed in the list itself. When
 /// it cannot be renamed, shows the reason and returns nothing. Raises `error::objectNotSet` without
@@ -86,9 +91,11 @@ std::optional<std::wstring> renameShortcut(ShortcutList& shortcuts);
 [[nodiscard]] std::optional<std::wstring> nameToChange(ShortcutList& shortcuts);
 
 /// The same as Rename, with the answer that the user has given already.
-std::optional<std::wstring> renameShortcutTo(ShortcutList& shortcuts, const std::wstring& name);
+std::optional<std::wstring> renameShortcutTo(ShortcutList& shortcuts, const std::wstring& name,
+                                             undo::Changes* forUndo = nullptr);
 
-/// Delete on the Tools tab. Raises `error::objectNotSet` without a selected item.
-void deleteShortcut(ShortcutList& shortcuts);
+/// Delete on the Tools tab; the Recycle Bin keeps the file. Raises `error::objectNotSet` without a
+/// selected item.
+void deleteShortcut(ShortcutList& shortcuts, undo::Changes* forUndo = nullptr);
 
 }  // namespace modSC

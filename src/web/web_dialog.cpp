@@ -68,12 +68,13 @@ void frmWeb::layout(platform::Size client, int dpi) {
 }
 
 void frmWeb::cmdOK_Click() {
+  undo::Recording recording(web_.history, cmdOK.caption(), modQMKGeneral::webTab);
   if (cmdOK.caption() == L"Create") {
-    modQMKGeneral::AppendWebEntry(web_, txtName.text(), txtUrl.text());
+    modQMKGeneral::AppendWebEntry(web_, txtName.text(), txtUrl.text(), recording.changes());
     unload();
   } else if (cmdOK.caption() == L"Rename") {
     // If the entry is gone, the dialog stays open with what was typed.
-    if (modQMKGeneral::SaveWebList(web_, txtName.text(), txtUrl.text())) {
+    if (modQMKGeneral::SaveWebList(web_, txtName.text(), txtUrl.text(), recording.changes())) {
       unload();
     }
   }

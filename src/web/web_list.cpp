@@ -32,6 +32,12 @@ std::string recordsOf(const ListView& list) {
   return bytes;
 }
 
+/// What identifies the entry of a record.
+std::optional<std::wstring> nameAndAddress(const Record& record) {
+  return record.has(urlColumn) ? std::optional(record.text(0) + L'\n' + record.text(urlColumn))
+                               : std::nullopt;
+}
+
 void fill(WebList& web) {
   web.list().clear();
   web.list().setImages(&web.largeImages, &web.smallImages);
@@ -59,15 +65,20 @@ void LoadWebList(WebList& web) {
   }
 }
 
-void AppendWebEntry(WebList& web, const std::wstring& name, const std::wstring& url) {
-  rewriteList(webListPath(), Missing::isEmpty, [&](std::string bytes) {
-    list_file::append(bytes, webRecord(name, url));
-    return bytes;
-  });
+void AppendWebEntry(WebList& web, const std::wstring& name, const std::wstring& url,
+                    undo::Changes* forUndo) {
+  undo::rewriteList(
+      webListPath(), Missing::isEmpty,
+      [&](std::string bytes) {
+        list_file::append(bytes, webRecord(name, url));
+        return bytes;
+      },
+      nameAndAddress, forUndo);
   LoadWebList(web);
 }
 
-bool SaveWebList(WebList& web, const std::wstring& name, const std::wstring& url) {
+bool SaveWebList(WebList& web, const std::wstring& name, const std::wstring& url,
+                 undo::Changes* forUndo) {
   ListView& list = web.lists.at(static_cast<std::size_t>(web.tabs.current()));
   if (!web.list().whole()) {
     // A list that could not be read completely must not be written to the file.
@@ -81,9 +92,9 @@ bool SaveWebList(WebList& web, const std::wstring& name, const std::wstring& url
     list.setText(list.selectedItem(), name);
     list.setSubItem(list.selectedItem(), urlColumn, url);
   });
-  const auto failure = trapped([&web, &list] {
+  const auto failure = trapped([&] {
     // The file gets the contents of the list, whatever the file contains.
-    overwriteList(webListPath(), recordsOf(list));
+    undo::overwriteList(webListPath(), recordsOf(list), nameAndAddress, forUndo);
     LoadWebList(web);
   });
   if (failure) {
@@ -96,12 +107,10 @@ std::string webRecord(const std::wstring& name, const std::wstring& url) {
   return list_file::line({toCodePage(name), toCodePage(url)});
 }
 
-std::optional<list_file::Merged> addWebRecords(WebList& web, const std::string& bytes) {
-  const auto nameAndAddress = [](const Record& record) {
-    return record.has(urlColumn) ? std::optional(record.text(0) + L'\n' + record.text(urlColumn))
-                                 : std::nullopt;
-  };
-  return addRecords(webListPath(), bytes, nameAndAddress, [&web] { LoadWebList(web); });
+std::optional<list_file::Merged> addWebRecords(WebList& web, const std::string& bytes,
+                                               undo::Changes* forUndo) {
+  return undo::addRecords(
+      webListPath(), bytes, nameAndAddress, [&web] { LoadWebList(web); }, forUndo);
 }
 
 std::string shownWebRecords(const ListView& list) {
@@ -113,12 +122,15 @@ std::string shownWebRecords(const ListView& list) {
   return bytes;
 }
 
-void DeleteWebEntry(WebList& web, const std::wstring& name) {
-  rewriteList(webListPath(), Missing::isError, [&](std::string old) {
-    return list_file::filtered(std::move(old), [&name](const Record& record) {
-      return !record.has(0) || record.text(0) != name;
-    });
-  });
+void DeleteWebEntry(WebList& web, const std::wstring& name, undo::Changes* forUndo) {
+  undo::rewriteList(
+      webListPath(), Missing::isError,
+      [&](std::string old) {
+        return list_file::filtered(std::move(old), [&name](const Record& record) {
+          return !record.has(0) || record.text(0) != name;
+        });
+      },
+      nameAndAddress, forUndo);
   LoadWebList(web);
 }
 

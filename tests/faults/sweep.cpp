@@ -148,7 +148,8 @@ void checkLook(const Operation& operation, const Fault& fault, LookFault kind) {
           << "in " << toCodePage(path);
     }
   }
-  if (kind == LookFault::outOfMemory) {
+  // Without what is kept for Undo, an operation goes on.
+  if (kind == LookFault::outOfMemory && fault.now != fault.clean) {
     expectWholeFiles(fault, operation.mayBeGone);
     const Texts& messages = fault.now.messages;
     const auto told = std::count_if(messages.begin(), messages.end(), tellsOfMemory);

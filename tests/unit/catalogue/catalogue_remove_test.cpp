@@ -52,7 +52,7 @@ TEST_F(CatalogueRemove, DeletesTheFileOnlyAfterItsRecordIsGone) {
   RemoveCatalogueEntry(L"D:\\One.fp3");
   const auto replaced =
       desktop().journalPlace(L"replace " + unit::temporaryFile + L" -> " + unit::catalogueFile);
-  const auto removed = desktop().journalPlace(L"remove D:\\One.fp3");
+  const auto removed = desktop().journalPlace(L"recycle D:\\One.fp3");
   ASSERT_TRUE(replaced && removed);
   EXPECT_LT(*replaced, *removed);
 }
@@ -135,7 +135,7 @@ TEST_F(CatalogueRemove, WhateverCallFailsTheCatalogueIsTheOldOneOrTheNewOne) {
               [&raised] { raised = errorNumberOf([] { RemoveCatalogueEntry(L"D:\\One.fp3"); }); },
           .check =
               [&](const unit::Fault& fault) {
-                const bool fileStayed = fault.was(L"remove D:\\One.fp3");
+                const bool fileStayed = fault.was(L"recycle D:\\One.fp3");
                 EXPECT_EQ(raised, fault.happened ? fault.number : 0);
                 EXPECT_TRUE(messages().empty());
                 EXPECT_EQ(catalogue(), fault.happened && !fileStayed ? first + second : second);

@@ -110,9 +110,9 @@ TEST_F(MainWindowTest, ItsMenusAndButtonsHaveStableIds) {
       menus.push_back(entry->id());
     }
   }
-  EXPECT_EQ(menus, (std::vector<int>{2000, 2001, 2010, 2011, 2012, 2013, 0,    2015, 2016,
-                                     2044, 2017, 2018, 0,    2042, 2040, 2041, 2043, 2020,
-                                     2021, 2022, 0,    2025, 2026, 2030, 2031, 2032, 2033}));
+  EXPECT_EQ(menus, (std::vector<int>{2000, 2001, 2010, 2011, 2012, 2013, 0,    2045, 2046, 0,
+                                     2015, 2016, 2044, 2017, 2018, 0,    2042, 2040, 2041, 2043,
+                                     2020, 2021, 2022, 0,    2025, 2026, 2030, 2031, 2032, 2033}));
   std::vector<int> commands;
   for (const auto& button : window.barMain.buttons()) {
     if (!button.separator()) {

@@ -120,7 +120,7 @@ TEST_F(ShortcutDeleteTest, ADeletionThatFailsIsIgnoredAndTheListIsReloaded) {
   putUnlisted();
   desktop().lock(file);
   window.mnuDelete.fireClick();
-  EXPECT_TRUE(desktop().journalHas(L"remove " + file + L" failed 70"));
+  EXPECT_TRUE(desktop().journalHas(L"recycle " + file + L" failed 70"));
   EXPECT_EQ(desktop().messages.size(), 1U);
   EXPECT_TRUE(desktop().errorReports.empty());
   EXPECT_EQ(listed(), (Texts{L"Shortcut to calc", L"Other", L"Unlisted"}));

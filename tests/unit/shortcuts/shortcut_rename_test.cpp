@@ -80,7 +80,10 @@ TEST_F(ShortcutRenameTest, TheCopyComesBeforeTheDeletion) {
       L"input Rename shortcut Foo",
       L"copy " + pathOf(L"Foo.lnk") + L" -> C:\\App\\shortcuts\\Quux.lnk",
       L"remove " + pathOf(L"Foo.lnk")};
-  EXPECT_EQ(desktop().journal(), expected);
+  std::vector<std::wstring> journal = desktop().journal();
+  // What is kept for Undo is read.
+  std::erase_if(journal, [](const std::wstring& line) { return line.starts_with(L"read "); });
+  EXPECT_EQ(journal, expected);
 }
 
 TEST_F(ShortcutRenameTest, TheProgramsFolderIsCanonicalInThePathOfTheCopy) {

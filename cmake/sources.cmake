@@ -29,8 +29,10 @@ set(icons_sources
 set(paths_sources
   src/startup/paths.cpp)
 set(listfile_sources
+  src/listfile/kept_lists.cpp
   src/listfile/list_exchange.cpp
   src/listfile/list_file.cpp
+  src/listfile/list_keeper.cpp
   src/listfile/list_patch.cpp
   src/listfile/suite_lists.cpp)
 set(undo_sources

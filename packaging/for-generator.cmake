@@ -12,4 +12,6 @@ else()
   # One folder, named for the person who unpacks it.
   set(CPACK_INCLUDE_TOPLEVEL_DIRECTORY OFF)
   set(CPACK_PACKAGING_INSTALL_PREFIX "/${CPACK_PACKAGE_NAME}")
+  # What tells the program that it is carried around.
+  set(CPACK_INSTALLED_DIRECTORIES "${CPACK_GATEWAY_SOURCE}/packaging/portable" ".")
 endif()

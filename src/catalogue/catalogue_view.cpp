@@ -7,6 +7,7 @@
 #include "catalogue/catalogue_file.h"
 #include "catalogue/data_types.h"
 #include "listfile/list_file.h"
+#include "listfile/list_keeper.h"
 #include "listfile/suite_lists.h"
 #include "platform/dialogs.h"
 #include "platform/trap.h"
@@ -98,6 +99,7 @@ void fill(CatalogueView& view, Location& location) {
     }
   }
   const files::Contents contents = files::readWhole(cataloguePath());
+  listWasRead(kept_lists::Which::dataFiles, contents.stamp.size);
   addRecords(view.dataList, contents.bytes, location);
   view.shown = contents.stamp;
   location = L"8";
@@ -110,6 +112,7 @@ void LoadCatalogueView(CatalogueView& view) {
   const auto failure = platform::trapped(
       [&] { view.dataList.rebuild(data_column::entry, [&] { fill(view, location); }); });
   if (failure) {
+    listWasRead(kept_lists::Which::dataFiles, std::nullopt);
     showListFileProblem(std::wstring(L"Problem building QMK file list\rLocation: ") + location,
                         *failure);
   }

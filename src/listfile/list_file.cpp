@@ -217,14 +217,17 @@ void rewrite(const std::wstring& path, const std::wstring& temporary, Missing mi
   platform::raiseAbout(path, platform::error::permissionDenied);
 }
 
-std::string overwrite(const std::wstring& path, const std::wstring& temporary,
-                      const std::string& bytes) {
+void overwrite(const std::wstring& path, const std::wstring& temporary, const std::string& bytes,
+               const std::function<void(const std::string& old)>& replacing) {
   files::Draft draft(temporary);
   draft.write(bytes);
   for (int tries = 0; tries < mostTries; ++tries) {
-    files::Contents old = files::readWhole(path);
+    const files::Contents old = files::readWhole(path);
+    if (replacing) {
+      replacing(old.bytes);
+    }
     if (draft.replace(path, old.stamp) == files::Replaced::yes) {
-      return std::move(old.bytes);
+      return;
     }
   }
   throw platform::RunTimeError(platform::error::permissionDenied);

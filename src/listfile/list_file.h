@@ -88,13 +88,13 @@ void rewrite(const std::wstring& path, const std::wstring& temporary, Missing mi
                                                    const std::string& bytes,
                                                    const platform::files::Stamp& expected);
 
-/// Replaces the file at `path` by `bytes` in the same way, whatever it contains, and returns what
-/// it contained. The bytes are written to the temporary file before anything else is changed, and
-/// stay there after a failure. Raises what writing them and what reading and deleting the file
-/// raise (`error::fileNotFound`: missing), and `error::permissionDenied` when other programs keep
-/// changing the file.
-std::string overwrite(const std::wstring& path, const std::wstring& temporary,
-                      const std::string& bytes);
+/// Replaces the file at `path` by `bytes` in the same way, whatever it contains. The bytes are
+/// written to the temporary file before anything else is changed, and stay there after a failure.
+/// Raises what writing them and what reading and deleting the file raise (`error::fileNotFound`:
+/// missing), and `error::permissionDenied` when other programs keep changing the file. `replacing`
+/// is called with the contents that are about to be replaced.
+void overwrite(const std::wstring& path, const std::wstring& temporary, const std::string& bytes,
+               const std::function<void(const std::string& old)>& replacing = {});
 
 /// Deletes a temporary file that a failed rewrite has left behind, if there is one.
 void discardStale(const std::wstring& temporary);

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "listfile/list_keeper.h"
 #include "platform/dialogs.h"
 #include "platform/trap.h"
 #include "startup/paths.h"
@@ -12,27 +13,42 @@ std::wstring temporaryPath() { return AppFolder() + L"\\qmklist.tmp"; }
 
 void rewriteList(const std::wstring& path, list_file::Missing missing,
                  const std::function<std::string(std::string)>& edit, list_file::Patch* patch) {
-  list_file::rewrite(path, temporaryPath(), missing, [&edit, patch](std::string old) {
-    if (patch == nullptr) {
-      return edit(std::move(old));
+  KeptChange change(path);
+  std::size_t size = 0;
+  list_file::rewrite(path, temporaryPath(), missing, [&](std::string old) {
+    change.replaces(old);
+    const std::string before = patch == nullptr ? std::string() : old;
+    std::string bytes = edit(std::move(old));
+    if (patch != nullptr) {
+      *patch = list_file::Patch(before, bytes);
     }
-    const std::string before = old;
-    std::string after = edit(std::move(old));
-    *patch = list_file::Patch(before, after);
-    return after;
+    size = bytes.size();
+    return bytes;
   });
+  change.done(size);
 }
 
 void overwriteList(const std::wstring& path, const std::string& bytes, list_file::Patch* patch) {
-  const std::string old = list_file::overwrite(path, temporaryPath(), bytes);
-  if (patch != nullptr) {
-    *patch = list_file::Patch(old, bytes);
-  }
+  KeptChange change(path);
+  list_file::overwrite(path, temporaryPath(), bytes, [&](const std::string& old) {
+    change.replaces(old);
+    if (patch != nullptr) {
+      *patch = list_file::Patch(old, bytes);
+    }
+  });
+  change.done(bytes.size());
 }
 
 platform::files::Replaced replaceList(const std::wstring& path, const std::string& bytes,
                                       const platform::files::Stamp& expected) {
-  return list_file::replaceAll(path, temporaryPath(), bytes, expected);
+  KeptChange change(path);
+  change.replaces(expected.size);
+  const platform::files::Replaced replaced =
+      list_file::replaceAll(path, temporaryPath(), bytes, expected);
+  if (replaced == platform::files::Replaced::yes) {
+    change.done(bytes.size());
+  }
+  return replaced;
 }
 
 void showListFileProblem(const std::wstring& sentence, const platform::RunTimeError& failure) {

@@ -41,6 +41,11 @@ void frmQMK::showStatus() {
 }
 
 void frmQMK::tmrIdle_Timer() {
+  if (visible()) {
+    if (const auto failure = keeper.takeFailure()) {
+      tell(mainwindow::alsoText(news_, L"The lists could not be copied to Backup: " + *failure));
+    }
+  }
   Presence* const presence = presenceOf(TabMain.current());
   const bool more = visible() && presence != nullptr && presence->lookOn();
   tmrIdle.setEnabled(more);

@@ -173,6 +173,10 @@ void frmQMK::connect() {
   tmrIdle.onTimer = [this] { tmrIdle_Timer(); };
   tmrSearch.onTimer = [this] { tmrSearch_Timer(); };
   tmrNews.onTimer = [this] { tmrNews_Timer(); };
+  // Told at the next idle moment, behind what the operation says of itself.
+  keeper.onFailure = [this] {
+    static_cast<void>(platform::trapped([this] { tmrIdle.setEnabled(true); }));
+  };
 }
 
 void frmQMK::connectList(int index) {

@@ -11,6 +11,7 @@
 #include "about/about_box.h"
 #include "catalogue/catalogue_view.h"
 #include "catalogue/opening.h"
+#include "listfile/list_keeper.h"
 #include "mainwindow/command_objects.h"
 #include "mainwindow/file_search.h"
 #include "mainwindow/presence.h"
@@ -76,6 +77,8 @@ class frmQMK : public controls::Window {
   modSC::ShortcutList shortcuts;
   modQMKGeneral::WebList webList;
   ModQMKgeneral2::Opening opening;
+  /// Keeps copies of the two list files.
+  modQMKGeneral::ListKeeper keeper;
   /// Which tools and data files are not there.
   mainwindow::Presence toolsThere;
   mainwindow::Presence filesThere;

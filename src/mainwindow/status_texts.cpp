@@ -43,6 +43,10 @@ std::wstring addedText(const Additions& additions) {
   return text;
 }
 
+std::wstring alsoText(const std::wstring& news, const std::wstring& more) {
+  return news.empty() ? more : news + L"; " + more;
+}
+
 std::wstring searchText(const std::wstring& what, std::size_t found) {
   return what + L": " + std::to_wstring(found) + L" found (Esc stops)";
 }

@@ -34,6 +34,9 @@ struct Additions {
 /// As in "30 added, 5 already there, 2 not added: wrong type".
 [[nodiscard]] std::wstring addedText(const Additions& additions);
 
+/// News behind other ones, if there are such.
+[[nodiscard]] std::wstring alsoText(const std::wstring& news, const std::wstring& more);
+
 /// As in "Looking for data files: 12 found (Esc stops)".
 [[nodiscard]] std::wstring searchText(const std::wstring& what, std::size_t found);
 

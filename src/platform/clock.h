@@ -1,12 +1,25 @@
-// The date, and dates as the user's locale writes them.
+// The date and time, and dates as the user's locale writes them.
 #pragma once
 
+#include <compare>
 #include <string>
 #include <vector>
 
 #include "platform/files.h"
 
 namespace platform::clock {
+
+/// A moment of the user's day, in local time.
+struct Moment {
+  int year = 0;
+  int month = 0;  ///< From 1.
+  int day = 0;    ///< From 1.
+  int hour = 0;
+  int minute = 0;
+  int second = 0;
+  auto operator<=>(const Moment&) const = default;
+};
+[[nodiscard]] Moment localNow();
 
 /// Today as the user's short date, without a time.
 [[nodiscard]] std::wstring todayText();

@@ -26,6 +26,7 @@ struct Entry {
   std::wstring name;       ///< As stored on disk, without its folder.
   FileTime modified = 0;   ///< Last modification.
   std::wstring shortName;  ///< Its second name, in 8.3 form; "" where it has none.
+  std::uint64_t size = 0;  ///< Bytes; 0 for a folder.
 };
 
 /// All entries that match `pattern` (a path whose last component may hold wildcards), in the order

@@ -18,6 +18,13 @@ std::wstring ShortCutsFolder;
 
 std::wstring AppFolder() { return platform::application::folder(); }
 
+std::wstring BackupFolder() {
+  if (files::fileExists(AppFolder() + L"\\gateway3.ini")) {
+    return AppFolder() + L"\\Backup";
+  }
+  return UserFolder.empty() ? std::wstring() : UserFolder + L"\\Backup";
+}
+
 void ensureFolder(const std::wstring& path) {
   if (!files::folderExists(path)) {
     files::makeFolder(path);

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "listfile/list_file.h"
+#include "listfile/list_keeper.h"
 #include "listfile/suite_lists.h"
 #include "platform/controls/item_key.h"
 #include "platform/files.h"
@@ -46,6 +47,7 @@ void fill(WebList& web) {
     return;
   }
   const files::Contents contents = files::readWhole(webListPath());
+  listWasRead(kept_lists::Which::web, contents.stamp.size);
   Reader reader(contents.bytes);
   for (Record record; reader.next(record);) {
     if (record.has(0)) {
@@ -61,6 +63,7 @@ std::wstring webListPath() { return AppFolder() + L"\\QMKWebList.txt"; }
 void LoadWebList(WebList& web) {
   const auto failure = trapped([&web] { web.list().rebuild(webEntry, [&web] { fill(web); }); });
   if (failure) {
+    listWasRead(kept_lists::Which::web, std::nullopt);
     showListFileProblem(L"Problem reading Web file list", *failure);
   }
 }

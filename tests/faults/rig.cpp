@@ -83,9 +83,12 @@ const ::testing::Environment* const printsFigures =
 Rig::Rig() {
   desktop().reset();
   desktop().onMistake = [](const std::string& what) { ADD_FAILURE() << what; };
-  layOutDisk();
   modQMKGeneral::InitUserFolders();
   main_ = std::make_unique<frmQMK>();
+  // There are no lists yet, so the copies of this day are done. What fails while copies are made
+  // has tests of its own.
+  main_->keeper.beforeChange();
+  layOutDisk();
   main_->tmrFileUpdate.setEnabled(false);
   main_->load();
   main_->SetupMainWindow();

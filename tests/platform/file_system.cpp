@@ -144,7 +144,7 @@ std::vector<platform::files::Entry> FileSystem::search(const std::wstring& patte
   for (const auto& child : place.node->children) {
     const unsigned special = child->attributes();
     if ((special & ~attributes) == 0 && child->matches(wanted)) {
-      found.push_back({child->name, child->modified, child->shortName});
+      found.push_back({child->name, child->modified, child->shortName, child->bytes.size()});
     }
   }
   return found;
@@ -170,7 +170,8 @@ std::optional<platform::files::Entry> FileSystem::entryAt(const std::wstring& pa
   if (place.node == nullptr || place.node->parent == nullptr) {
     return std::nullopt;
   }
-  return platform::files::Entry{place.node->name, place.node->modified, place.node->shortName};
+  return platform::files::Entry{place.node->name, place.node->modified, place.node->shortName,
+                                place.node->bytes.size()};
 }
 
 std::wstring FileSystem::shortNameOfNew(const std::wstring& path) {

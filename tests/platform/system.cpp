@@ -144,6 +144,12 @@ namespace clock {
 
 DateForm dateForm() { return desktop().dateForm; }
 
+Moment localNow() {
+  const auto now = ::memory::dateTime(desktop().now());
+  return now ? Moment{now->year, now->month, now->day, now->hour, now->minute, now->second}
+             : Moment();
+}
+
 std::wstring todayText() {
   const auto today = ::memory::dateTime(desktop().now());
   return today ? desktop().formatDate(*today) : L"";

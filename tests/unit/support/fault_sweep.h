@@ -7,6 +7,7 @@
 #include <functional>
 #include <string>
 
+#include "listfile/list_keeper.h"
 #include "platform/desktop.h"
 #include "platform/faults.h"
 #include "platform/text.h"
@@ -41,6 +42,12 @@ inline void sweepFaults(int calls, const Sweep& sweep) {
       ASSERT_LT(n, mostCalls);
       memory::desktop().faults().failNothing();
       sweep.prepare();
+      // What could not be read in the run before would be kept in this one.
+      for (const kept_lists::Which list : kept_lists::both) {
+        if (modQMKGeneral::ListKeeper* const keeper = modQMKGeneral::ListKeeper::current()) {
+          keeper->wrote(list, 0);
+        }
+      }
       memory::desktop().clearJournal();
       memory::desktop().messages.clear();
       memory::desktop().faults().failCall(n, number);

@@ -98,10 +98,23 @@ win32::FileHandle madeForAMoment(const std::wstring& native) {
 
 }  // namespace
 
+namespace {
+
+Entry entryOf(const WIN32_FIND_DATAW& found) {
+  constexpr unsigned halfBits = 32;
+  const bool folder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+  const std::uint64_t size =
+      (std::uint64_t{found.nFileSizeHigh} << halfBits) | std::uint64_t{found.nFileSizeLow};
+  return {found.cFileName, win32::fileTime(found.ftLastWriteTime), found.cAlternateFileName,
+          folder ? 0 : size};
+}
+
+}  // namespace
+
 std::vector<Entry> search(const std::wstring& pattern, unsigned attributes) {
   std::vector<Entry> entries;
   searchWith(pattern, attributes, FindExInfoBasic, [&entries](const WIN32_FIND_DATAW& found) {
-    entries.push_back({found.cFileName, win32::fileTime(found.ftLastWriteTime), {}});
+    entries.push_back(entryOf(found));
     return true;
   });
   return entries;
@@ -123,8 +136,7 @@ std::vector<std::vector<Entry>> searchByExtension(const std::wstring& folder,
   searchWith(folder + L"\\*", normal, FindExInfoStandard, [&](const WIN32_FIND_DATAW& entry) {
     for (std::size_t n = 0; n < endings.size(); ++n) {
       if (endsIn(entry.cFileName, endings[n]) || endsIn(entry.cAlternateFileName, endings[n])) {
-        found[n].push_back(
-            {entry.cFileName, win32::fileTime(entry.ftLastWriteTime), entry.cAlternateFileName});
+        found[n].push_back(entryOf(entry));
       }
     }
     return true;
@@ -139,7 +151,7 @@ std::optional<Entry> entryAt(const std::wstring& path) {
   if (path.find_first_of(L"*?<>\"", begin) != std::wstring::npos) return std::nullopt;
   std::optional<Entry> entry;
   searchWith(path, kindsToAskFor, FindExInfoStandard, [&entry](const WIN32_FIND_DATAW& found) {
-    entry = {found.cFileName, win32::fileTime(found.ftLastWriteTime), found.cAlternateFileName};
+    entry = entryOf(found);
     return false;
   });
   return entry;

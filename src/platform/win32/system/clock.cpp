@@ -102,6 +102,12 @@ class Texts {
 
 }  // namespace
 
+Moment localNow() {
+  SYSTEMTIME now{};
+  GetLocalTime(&now);
+  return {now.wYear, now.wMonth, now.wDay, now.wHour, now.wMinute, now.wSecond};
+}
+
 std::wstring todayText() {
   SYSTEMTIME now{};
   GetLocalTime(&now);

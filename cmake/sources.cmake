@@ -70,6 +70,9 @@ set(web_sources
   src/web/web_addresses.cpp
   src/web/web_dialog.cpp
   src/web/web_list.cpp)
+set(earlier_sources
+  src/earlier/earlier_dialog.cpp
+  src/earlier/earlier_lists.cpp)
 set(about_sources
   src/about/about_box.cpp
   src/about/help_launcher.cpp
@@ -79,6 +82,7 @@ set(mainwindow_sources
   src/mainwindow/commands.cpp
   src/mainwindow/file_search.cpp
   src/mainwindow/incoming.cpp
+  src/mainwindow/main_earlier.cpp
   src/mainwindow/main_incoming.cpp
   src/mainwindow/main_layout.cpp
   src/mainwindow/main_listing.cpp
@@ -110,6 +114,7 @@ set(portable_sources
   ${catalogue_sources}
   ${shortcuts_sources}
   ${web_sources}
+  ${earlier_sources}
   ${about_sources}
   ${mainwindow_sources}
   ${startup_sources})

@@ -207,6 +207,13 @@ constexpr std::array rows{
             .explanation = L"Saves what the list shows as a list file or as a table.",
             .handler = run<&frmQMK::mnuSaveListAs_Click>,
             .onTab = onLists},
+    Command{.id = ids::mnuEarlierLists,
+            .name = L"mnuEarlierLists",
+            .caption = L"Earlier Lists...",
+            .menu = Menu::edit,
+            .explanation = L"Shows what the list was on earlier days, and brings entries back.",
+            .handler = run<&frmQMK::mnuEarlierLists_Click>,
+            .onTab = onLists},
     Command{.id = ids::mnuFindMoved,
             .name = L"mnuFindMoved",
             .caption = L"Find Moved Files...",
@@ -294,15 +301,15 @@ constexpr std::array toolbar{ids::mnuDelete, ids::mnuRename,      ids::mnuCreate
 
 constexpr std::array onTools{ids::mnuCreate, ids::mnuRename,   ids::mnuDelete, separator,
                              ids::mnuCopy,   ids::mnuCopyPath, ids::mnuPaste,  ids::mnuOpenFolder};
-constexpr std::array onOpen{ids::mnuCreate,     ids::mnuRename,     ids::mnuDelete,
-                            separator,          ids::mnuCopy,       ids::mnuCopyPath,
-                            ids::mnuPaste,      ids::mnuOpenFolder, ids::mnuRemoveFromList,
-                            separator,          ids::mnuAddFiles,   ids::mnuAddList,
-                            ids::mnuSaveListAs, ids::mnuFindMoved};
+constexpr std::array onOpen{ids::mnuCreate,     ids::mnuRename,       ids::mnuDelete,
+                            separator,          ids::mnuCopy,         ids::mnuCopyPath,
+                            ids::mnuPaste,      ids::mnuOpenFolder,   ids::mnuRemoveFromList,
+                            separator,          ids::mnuAddFiles,     ids::mnuAddList,
+                            ids::mnuSaveListAs, ids::mnuEarlierLists, ids::mnuFindMoved};
 constexpr std::array onNew{ids::mnuCreate, ids::mnuRename, ids::mnuDelete};
-constexpr std::array onWeb{ids::mnuCreate,  ids::mnuRename,    ids::mnuDelete, separator,
-                           ids::mnuCopy,    ids::mnuCopyPath,  ids::mnuPaste,  separator,
-                           ids::mnuAddList, ids::mnuSaveListAs};
+constexpr std::array onWeb{ids::mnuCreate,  ids::mnuRename,     ids::mnuDelete,      separator,
+                           ids::mnuCopy,    ids::mnuCopyPath,   ids::mnuPaste,       separator,
+                           ids::mnuAddList, ids::mnuSaveListAs, ids::mnuEarlierLists};
 
 constexpr CommandTable table{rows, toolbar, {onTools, onOpen, onNew, onWeb}};
 

@@ -47,6 +47,7 @@ inline constexpr int mnuFindMoved = 2043;
 inline constexpr int mnuPaste = 2044;
 inline constexpr int mnuUndo = 2045;
 inline constexpr int mnuRedo = 2046;
+inline constexpr int mnuEarlierLists = 2047;
 
 // Toolbar buttons
 inline constexpr int buttonDelete = 2100;

@@ -309,6 +309,9 @@ void frmQMK::Form_Unload(bool& /*cancel*/) {
   if (frmAbout_) {
     frmAbout_->unload();
   }
+  if (frmEarlier_) {
+    frmEarlier_->unload();
+  }
   platform::help::close();
 }
 

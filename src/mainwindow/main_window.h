@@ -11,6 +11,7 @@
 #include "about/about_box.h"
 #include "catalogue/catalogue_view.h"
 #include "catalogue/opening.h"
+#include "earlier/earlier_dialog.h"
 #include "listfile/list_keeper.h"
 #include "mainwindow/command_objects.h"
 #include "mainwindow/file_search.h"
@@ -119,6 +120,7 @@ class frmQMK : public controls::Window {
   void mnuOpenFolder_Click();
   void mnuRemoveFromList_Click();
   void mnuSaveListAs_Click();
+  void mnuEarlierLists_Click();
   void mnuAddList_Click();
   void mnuAddFiles_Click();
   void mnuPaste_Click();
@@ -148,6 +150,8 @@ class frmQMK : public controls::Window {
   /// The web shortcut dialog and the about box; nullptr until they are first shown.
   [[nodiscard]] frmWeb* webDialog() const { return frmWeb_.get(); }
   [[nodiscard]] frmAbout* aboutBox() const { return frmAbout_.get(); }
+  /// The window with the earlier lists; nullptr until it is first shown.
+  [[nodiscard]] frmEarlier* earlierLists() const { return frmEarlier_.get(); }
 
  protected:
   void Form_Load() override;
@@ -208,6 +212,12 @@ class frmQMK : public controls::Window {
                      const std::vector<std::wstring>& found);
   void addShortcuts(const std::vector<std::wstring>& paths);
   void addWebShortcuts(const platform::clipboard::Content& content);
+  /// Puts an earlier list in the place of the present one. Raises an error when nothing was
+  /// changed.
+  void restoreList(kept_lists::Which list, const std::string& bytes);
+  /// Adds what the present list lacks of an earlier one. False, after a message, when nothing was
+  /// changed.
+  bool addMissingEntries(kept_lists::Which list, const std::string& bytes);
   struct Repair;
   /// Runs a step of the search for moved files in the background and then `next`, unless the
   /// command was given again. If the step cannot be started, the status line says so, and false is
@@ -248,4 +258,5 @@ class frmQMK : public controls::Window {
   bool sessionWaits_ = false;  // the end of the session waits for that answer
   std::unique_ptr<frmWeb> frmWeb_;
   std::unique_ptr<frmAbout> frmAbout_;
+  std::unique_ptr<frmEarlier> frmEarlier_;
 };

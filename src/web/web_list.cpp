@@ -33,12 +33,6 @@ std::string recordsOf(const ListView& list) {
   return bytes;
 }
 
-/// What identifies the entry of a record.
-std::optional<std::wstring> nameAndAddress(const Record& record) {
-  return record.has(urlColumn) ? std::optional(record.text(0) + L'\n' + record.text(urlColumn))
-                               : std::nullopt;
-}
-
 void fill(WebList& web) {
   web.list().clear();
   web.list().setImages(&web.largeImages, &web.smallImages);
@@ -58,6 +52,11 @@ void fill(WebList& web) {
 
 }  // namespace
 
+std::optional<std::wstring> webEntryOf(const Record& record) {
+  return record.has(urlColumn) ? std::optional(record.text(0) + L'\n' + record.text(urlColumn))
+                               : std::nullopt;
+}
+
 std::wstring webListPath() { return AppFolder() + L"\\QMKWebList.txt"; }
 
 void LoadWebList(WebList& web) {
@@ -76,7 +75,7 @@ void AppendWebEntry(WebList& web, const std::wstring& name, const std::wstring& 
         list_file::append(bytes, webRecord(name, url));
         return bytes;
       },
-      nameAndAddress, forUndo);
+      webEntryOf, forUndo);
   LoadWebList(web);
 }
 
@@ -97,7 +96,7 @@ bool SaveWebList(WebList& web, const std::wstring& name, const std::wstring& url
   });
   const auto failure = trapped([&] {
     // The file gets the contents of the list, whatever the file contains.
-    undo::overwriteList(webListPath(), recordsOf(list), nameAndAddress, forUndo);
+    undo::overwriteList(webListPath(), recordsOf(list), webEntryOf, forUndo);
     LoadWebList(web);
   });
   if (failure) {
@@ -113,7 +112,7 @@ std::string webRecord(const std::wstring& name, const std::wstring& url) {
 std::optional<list_file::Merged> addWebRecords(WebList& web, const std::string& bytes,
                                                undo::Changes* forUndo) {
   return undo::addRecords(
-      webListPath(), bytes, nameAndAddress, [&web] { LoadWebList(web); }, forUndo);
+      webListPath(), bytes, webEntryOf, [&web] { LoadWebList(web); }, forUndo);
 }
 
 std::string shownWebRecords(const ListView& list) {
@@ -133,7 +132,7 @@ void DeleteWebEntry(WebList& web, const std::wstring& name, undo::Changes* forUn
           return !record.has(0) || record.text(0) != name;
         });
       },
-      nameAndAddress, forUndo);
+      webEntryOf, forUndo);
   LoadWebList(web);
 }
 

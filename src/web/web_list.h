@@ -35,6 +35,10 @@ struct WebList {
 
 [[nodiscard]] std::wstring webListPath();
 
+/// What identifies the entry of a record: its name and its address. Nothing for a record without an
+/// address.
+[[nodiscard]] std::optional<std::wstring> webEntryOf(const list_file::Record& record);
+
 /// Refills the Web tab's list from the file; a missing file gives an empty list. Errors are trapped
 /// and shown as "Problem reading Web file list"; the items read so far stay.
 void LoadWebList(WebList& web);

@@ -222,7 +222,8 @@ class ContextMenu : public Keyboard {
       case Tab::open:
         add({L"Create Shortcut"}, false);
         add({L"Rename File", L"Delete File", L"", L"Copy", L"Copy Path", L"Paste", L"Open Folder",
-             L"Remove from List", L"", L"Add to List...", L"Add List...", L"Save List As..."});
+             L"Remove from List", L"", L"Add to List...", L"Add List...", L"Save List As...",
+             L"Earlier Lists..."});
         add({L"Find Moved Files..."}, false);  // none is missing
         break;
       case Tab::newFile:
@@ -230,7 +231,7 @@ class ContextMenu : public Keyboard {
         break;
       default:
         add({L"Create Web Shortcut", L"Rename Web Shortcut", L"Delete Web Shortcut", L"", L"Copy",
-             L"Copy Path", L"Paste", L"", L"Add List...", L"Save List As..."});
+             L"Copy Path", L"Paste", L"", L"Add List...", L"Save List As...", L"Earlier Lists..."});
         break;
     }
     return ::testing::ElementsAreArray(commands);

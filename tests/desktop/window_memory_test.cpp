@@ -81,7 +81,7 @@ TEST_F(WindowMemory, TheContextMenuKeyShowsTheEditCommandsAndOneCanBeChosen) {
   harness::pressKey(VK_F10, VK_SHIFT);
   ASSERT_TRUE(eventually([] { return menuOnScreen(); }, NotNull()));
   // From the last entry up to Delete.
-  for (int up = 0; up < 10; ++up) {
+  for (int up = 0; up < 11; ++up) {
     harness::pressKey(VK_UP);
   }
   harness::pressKey(VK_RETURN);

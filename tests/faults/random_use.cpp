@@ -237,6 +237,9 @@ void RandomUse::command() {
     case 5:
       // Any command, including those that are in no menu.
       if (const auto& row = someCommand(); row.id != ids::mnuExit || oneIn(100)) {
+        if (row.id == ids::mnuEarlierLists) {
+          arrangeEarlierLists();
+        }
         main_->commands.item(row.id).fireClick();
       }
       break;
@@ -266,6 +269,33 @@ void RandomUse::command() {
       main_->TabMain.fireSwitch(static_cast<int>(below(4)));
       break;
   }
+}
+
+void RandomUse::arrangeEarlierLists() {
+  constexpr int apart = 7;
+  const auto arrange = [](int moment, const std::function<void(frmEarlier&)>& action) {
+    desktop().at(moment, [action] {
+      if (auto* const form = desktop().window(L"frmEarlier")) {
+        action(dynamic_cast<frmEarlier&>(*form));
+      }
+    });
+  };
+  int moment = 1;
+  for (std::size_t clicks = below(4); clicks > 0; --clicks, moment += apart) {
+    arrange(moment, [row = random_(), button = below(4)](frmEarlier& form) {
+      if (const std::size_t rows = form.lstCopies.rows(); rows > 0) {
+        form.lstCopies.acceptSelectedRow(row % rows);
+      }
+      const std::array<controls::CommandButton*, 3> buttons{&form.cmdShow, &form.cmdRestore,
+                                                            &form.cmdAdd};
+      if (button < buttons.size()) {
+        buttons.at(button)->fireClick();
+      } else {
+        form.lstCopies.fireDoubleClick();
+      }
+    });
+  }
+  arrange(moment, [](frmEarlier& form) { form.cmdClose.fireClick(); });
 }
 
 void RandomUse::dialogs() {

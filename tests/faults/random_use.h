@@ -48,6 +48,8 @@ class RandomUse : public ::memory::DesktopTest {
   void drag();
   platform::clipboard::Content someContent();
   void dialogs();
+  /// Arranges what is going to be done in the window with the earlier lists, which is modal.
+  void arrangeEarlierLists();
   void act();
   /// Called while a box is open: time passes and other programs write. Sometimes a command arrives
   /// that was already on its way.

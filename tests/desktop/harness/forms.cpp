@@ -118,6 +118,10 @@ FormReader waitForAboutBox(const GatewayApp& app) {
   return waitForForm(app, "the about box", ids::lblPath);
 }
 
+FormReader waitForEarlierLists(const GatewayApp& app) {
+  return waitForForm(app, "the window with the earlier lists", ids::lstCopies);
+}
+
 std::size_t webDialogs(const GatewayApp& app) { return formsWith(app, ids::txtUrl).size(); }
 
 std::size_t aboutBoxes(const GatewayApp& app) { return formsWith(app, ids::lblPath).size(); }

@@ -43,6 +43,8 @@ class FormReader {
 [[nodiscard]] FormReader waitForWebDialog(const GatewayApp& app);
 /// Waits for the about box.
 [[nodiscard]] FormReader waitForAboutBox(const GatewayApp& app);
+/// Waits for the window with the earlier lists.
+[[nodiscard]] FormReader waitForEarlierLists(const GatewayApp& app);
 /// How many of them the program has, hidden ones too.
 [[nodiscard]] std::size_t webDialogs(const GatewayApp& app);
 [[nodiscard]] std::size_t aboutBoxes(const GatewayApp& app);

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "about/control_ids.h"
+#include "earlier/control_ids.h"
 #include "harness/bars.h"
 #include "harness/dialogs.h"
 #include "harness/files.h"

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "about/about_box.h"
+#include "earlier/earlier_dialog.h"
 #include "platform/desktop_test.h"
 #include "startup/splash_window.h"
 #include "unit/support/main_window_fixture.h"
@@ -81,6 +82,22 @@ TEST_F(MainWindowTest, TheWebDialogIsMadeOfTheseParts) {
                                     {L"cmdCancel", 2, L"Cancel", L""}}));
 }
 
+TEST_F(DesignedWindow, OfTheEarlierLists) {
+  const frmEarlier dialog(kept_lists::Which::dataFiles, {});
+  EXPECT_EQ(dialog.name(), L"frmEarlier");
+  EXPECT_EQ(dialog.kind(), controls::WindowKind::dialog);
+  EXPECT_TRUE(dialog.owned());
+  EXPECT_EQ(facesOf(dialog), (Faces{{L"lblCopies", 1500, L"Earlier lists of data files", L""},
+                                    {L"lstCopies", 1501, L"", L"Earlier lists of data files"},
+                                    {L"lblEntries", 1502, L"Entries", L""},
+                                    {L"lstEntries", 1503, L"", L"Entries"},
+                                    {L"lblNews", 1504, L"", L""},
+                                    {L"cmdShow", 1, L"Show", L""},
+                                    {L"cmdRestore", 1505, L"Restore", L""},
+                                    {L"cmdAdd", 1506, L"Add Missing Entries", L""},
+                                    {L"cmdClose", 2, L"Close", L""}}));
+}
+
 TEST_F(MainWindowTest, IsMadeOfTheseParts) {
   EXPECT_EQ(window.name(), L"frmQMK");
   EXPECT_EQ(window.kind(), controls::WindowKind::frame);
@@ -110,9 +127,10 @@ TEST_F(MainWindowTest, ItsMenusAndButtonsHaveStableIds) {
       menus.push_back(entry->id());
     }
   }
-  EXPECT_EQ(menus, (std::vector<int>{2000, 2001, 2010, 2011, 2012, 2013, 0,    2045, 2046, 0,
-                                     2015, 2016, 2044, 2017, 2018, 0,    2042, 2040, 2041, 2043,
-                                     2020, 2021, 2022, 0,    2025, 2026, 2030, 2031, 2032, 2033}));
+  EXPECT_EQ(menus,
+            (std::vector<int>{2000, 2001, 2010, 2011, 2012, 2013, 0,    2045, 2046, 0,    2015,
+                              2016, 2044, 2017, 2018, 0,    2042, 2040, 2041, 2047, 2043, 2020,
+                              2021, 2022, 0,    2025, 2026, 2030, 2031, 2032, 2033}));
   std::vector<int> commands;
   for (const auto& button : window.barMain.buttons()) {
     if (!button.separator()) {

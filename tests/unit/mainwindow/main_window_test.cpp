@@ -79,8 +79,9 @@ TEST_F(DesignedMainWindowTest, HasTheMenusWithTheirEntries) {
     for (const controls::MenuItem* const entry : menu->children()) {
       found.back().push_back({entry->name(), entry->caption()});
       // What is not for the first tab.
-      const std::set<std::wstring> others{L"mnuRemoveFromList", L"mnuAddFiles", L"mnuAddList",
-                                          L"mnuSaveListAs", L"mnuFindMoved"};
+      const std::set<std::wstring> others{L"mnuRemoveFromList", L"mnuAddFiles",
+                                          L"mnuAddList",        L"mnuSaveListAs",
+                                          L"mnuEarlierLists",   L"mnuFindMoved"};
       EXPECT_EQ(entry->enabled(), !others.contains(entry->name()));
     }
   }
@@ -103,6 +104,7 @@ TEST_F(DesignedMainWindowTest, HasTheMenusWithTheirEntries) {
        {L"mnuAddFiles", L"Add to List..."},
        {L"mnuAddList", L"Add List..."},
        {L"mnuSaveListAs", L"Save List As..."},
+       {L"mnuEarlierLists", L"Earlier Lists..."},
        {L"mnuFindMoved", L"Find Moved Files..."}},
       {{L"mnuView", L"View"},
        {L"mnuList", L"List View"},

@@ -302,8 +302,8 @@ TEST_F(RememberedWindow, ShowsTheEditCommandsWhereTheUserAsksForThem) {
   const std::array<std::wstring, 4> additions{
       L" - mnuCopy mnuCopyPath mnuPaste mnuOpenFolder",
       L" - mnuCopy mnuCopyPath mnuPaste mnuOpenFolder mnuRemoveFromList - mnuAddFiles mnuAddList "
-      L"mnuSaveListAs mnuFindMoved",
-      L"", L" - mnuCopy mnuCopyPath mnuPaste - mnuAddList mnuSaveListAs"};
+      L"mnuSaveListAs mnuEarlierLists mnuFindMoved",
+      L"", L" - mnuCopy mnuCopyPath mnuPaste - mnuAddList mnuSaveListAs mnuEarlierLists"};
   for (std::size_t tab = 0; tab < additions.size(); ++tab) {
     desktop().clearJournal();
     window->lstQMK.at(tab).fireContextMenu(30, 40);

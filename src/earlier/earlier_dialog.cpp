@@ -70,11 +70,11 @@ frmEarlier::frmEarlier(Which list, EarlierUse use)
   lstEntries.setAccessibleName(lblEntries.caption());
   lstEntries.setView(controls::reportView);
   lstEntries.setEmptyText(L"Show lists the entries here.");
-  lstEntries.addColumn(L"Change", 1500);
-  lstEntries.addColumn(L"Name", 2550);
-  lstEntries.addColumn(web ? L"Url" : L"Directory", web ? 4700 : 2700);
+  lstEntries.addColumn(L"Change", 1400);
+  lstEntries.addColumn(L"Name", 2400);
+  lstEntries.addColumn(web ? L"Url" : L"Directory", web ? 5000 : 2700);
   if (!web) {
-    lstEntries.addColumn(L"Last Modified", 2000);
+    lstEntries.addColumn(L"Last Modified", 2400);
   }
   cmdShow.setCaption(L"Show");
   cmdShow.isDefault = true;

@@ -71,7 +71,7 @@ void checkLists(Which list, const std::string& earlier, const std::string& today
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
   const std::string text(fuzz::Input(bytes, size).rest());
-  const auto part = [&text, from = std::size_t{0}]() mutable {
+  auto part = [&text, from = std::size_t{0}]() mutable {
     const std::size_t begin = std::min(from, text.size());
     const std::size_t end = std::min(text.find('\1', begin), text.size());
     from = end + 1;

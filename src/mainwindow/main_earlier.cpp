@@ -13,14 +13,16 @@ void frmQMK::mnuEarlierLists_Click() {
     return;
   }
   const Which list = TabMain.current() == web ? Which::web : Which::dataFiles;
-  frmEarlier_ = std::make_unique<frmEarlier>(
+  // Its own owner, because it may be in the middle of a question when the command is given again.
+  const auto dialog = std::make_shared<frmEarlier>(
       list,
       EarlierUse{
           .restore = [this, list](const std::string& bytes) { restoreList(list, bytes); },
           .addMissing = [this,
                          list](const std::string& bytes) { return addMissingEntries(list, bytes); },
           .tell = [this](const std::wstring& news) { tell(news); }});
-  frmEarlier_->showModal();
+  frmEarlier_ = dialog;
+  dialog->showModal();
 }
 
 void frmQMK::restoreList(Which list, const std::string& bytes) {

@@ -258,5 +258,5 @@ class frmQMK : public controls::Window {
   bool sessionWaits_ = false;  // the end of the session waits for that answer
   std::unique_ptr<frmWeb> frmWeb_;
   std::unique_ptr<frmAbout> frmAbout_;
-  std::unique_ptr<frmEarlier> frmEarlier_;
+  std::shared_ptr<frmEarlier> frmEarlier_;
 };

@@ -13,6 +13,7 @@
 #include "harness/files.h"
 #include "harness/gateway_app.h"
 #include "harness/input.h"
+#include "harness/recycle_bin.h"
 #include "harness/text.h"
 #include "harness/wait.h"
 #include "harness/windows_of_process.h"
@@ -117,6 +118,67 @@ TEST_F(Crash, KilledBetweenAnyTwoStepsOfARewrite) {
   figure("crash, operations finished between the kills", done);
   figure("crash, kills that left the temporary file behind", leftTemporary);
   figure("crash, kills between the replacement and its report", afterTheOperation);
+}
+
+/// A data file that is deleted and comes back by Undo is there with its record, or the Recycle Bin
+/// has it. A deletion drops the record first; the next start lists such a file again.
+TEST_F(Crash, KilledBetweenAnyTwoStepsOfDeletionsAndUndos) {
+  if (const auto reason = harness::whyNoBin()) {
+    GTEST_SKIP() << *reason;
+  }
+  const int kills = amount(20, 1000);
+  constexpr int files = 3;
+  constexpr int longestRunUs = 150'000;
+  const std::wstring folder = root_.path() + L"\\Suite";
+  const std::wstring catalogue = folder + L"\\QMKFileList3.txt";
+  const std::string foreign = "bs3 , \"D:\\Old files\\1.bs3\" x, 1/2/2003,more\n";
+  const auto listed = [&](const std::wstring& path) {
+    return harness::readFile(catalogue).value_or("").find(harness::codePageBytes(path)) !=
+           std::string::npos;
+  };
+  Random random(seed() + 2);
+  int inBin = 0;
+  int recordComesWithTheStart = 0;
+  std::int64_t done = 0;
+  for (int kill = 0; kill < kills; ++kill) {
+    harness::emptyBin();
+    std::string content = foreign;
+    for (int n = 0; n < files; ++n) {
+      const std::wstring path = folder + L"\\data\\" + doomedName(n);
+      harness::writeFile(path, "plot " + std::to_string(n));
+      content += harness::codePageBytes(L"\"fp3\",\"" + path + L"\",\"1/2/2003\"\r\n");
+    }
+    harness::writeFile(catalogue, content);
+    const Worker worker(folder, L"undo " + std::to_wstring(files), job_);
+    worker.waitUntilReady();
+    letPass(random.below(longestRunUs));
+    worker.kill();
+    done += worker.notes().finished;
+    ASSERT_EQ(worker.notes().messages, 0) << harness::utf8(worker.notes().lastMessage);
+    ASSERT_TRUE(harness::readFile(catalogue).value_or("").starts_with(foreign));
+    const auto bin = harness::pathsInBin();
+    for (int n = 0; n < files; ++n) {
+      const std::wstring path = folder + L"\\data\\" + doomedName(n);
+      const auto bytes = harness::readFile(path);
+      if (!bytes) {
+        ASSERT_THAT(bin, ::testing::Contains(path)) << "kill " << kill << ", seed " << seed();
+        ++inBin;
+        continue;
+      }
+      ASSERT_EQ(*bytes, "plot " + std::to_string(n));
+      if (!listed(path)) {
+        const Worker next(folder, L"refresh", job_);
+        next.waitUntilDone(60'000);
+        ASSERT_TRUE(listed(path)) << "kill " << kill << ", seed " << seed();
+        ++recordComesWithTheStart;
+      }
+    }
+  }
+  harness::emptyBin();
+  figure("crash, kills of a loop of deletions and undos", kills);
+  figure("crash, deletions and undos finished between the kills", done);
+  figure("crash, kills that left a file in the bin", inBin);
+  figure("crash, kills between a record and its file", recordComesWithTheStart);
 }
 
 /// The real program has a catalogue with records of its own. During its start it adds the files of

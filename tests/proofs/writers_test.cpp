@@ -192,6 +192,32 @@ TEST_F(Writers, AddedListsAndMovedFilesAmongTheOthers) {
   EXPECT_GT(merged.wanted, 0);
 }
 
+/// Entries are dropped and come back by Undo, while two others write.
+TEST_F(Writers, UndoAmongTheOthers) {
+  const int count = amount(40, 1500);
+  const int appends = amount(1000, 40'000);
+  std::string old;
+  for (int number = 0; number < count; ++number) {
+    old += harness::codePageBytes(L"\"FP3\",\"" + pathOf(L"old", number) + L"\",\"1/2/2003\"\r\n");
+  }
+  harness::writeFile(catalogue_, old);
+  const auto undoing =
+      std::make_unique<Worker>(folder_, L"regret old " + std::to_wstring(count), job_);
+  const auto ours = writer(L"ours", count);
+  const auto foreign = appender(L"foreign", appends);
+  for (const Worker* const worker : {undoing.get(), ours.get(), foreign.get()}) {
+    worker->waitUntilDone(longestRunMs);
+  }
+  const Catalogue catalogue = read(catalogue_);
+  const Fate back = fateOf(catalogue, L"old", undoing->notes(), count);
+  figure(std::string("writers, dropped and taken back") + columns, shown(back, undoing->notes()));
+  expectIntact("what was taken back", back);
+  expectIntact("the copy", fateOf(catalogue, L"ours", ours->notes(), count));
+  expectIntact("the appender", fateOf(catalogue, L"foreign", foreign->notes(), appends));
+  EXPECT_EQ(catalogue.torn, 0);
+  EXPECT_GT(back.wanted, 0);
+}
+
 /// The real program deletes entries and keeps its list up to date, while a copy of its code and a
 /// foreign program write.
 TEST_F(Writers, TheProgramAmongTheOthers) {

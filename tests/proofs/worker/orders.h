@@ -4,6 +4,9 @@
 //   worker.exe write <tag> <count>                    adds, updates and removes numbered records
 //   worker.exe merge <tag> <count>                    adds lists of one numbered record each
 //   worker.exe move <from> <to> <count>               lets records of one tag show files of another
+//   worker.exe regret <tag> <count>                   drops numbered records and takes that back
+//   worker.exe undo <count>                           deletes data files and takes that back
+//   worker.exe refresh                                lists the data folder anew, as a start does
 //   worker.exe append <file> <tag> <count>            appends in place, like a foreign program
 //   worker.exe hold <file> <share> <ms>               keeps a file open
 //
@@ -68,6 +71,10 @@ struct Operation {
 [[nodiscard]] inline std::wstring nameOf(int number) { return L"Page " + std::to_wstring(number); }
 [[nodiscard]] inline std::wstring addressOf(int number) {
   return L"http://www.example.com/" + std::to_wstring(number);
+}
+/// Name of the n-th file of the data folder that is deleted.
+[[nodiscard]] inline std::wstring doomedName(int number) {
+  return L"Doomed " + std::to_wstring(number) + L".fp3";
 }
 /// The path of a writer's n-th record.
 [[nodiscard]] inline std::wstring pathOf(const std::wstring& tag, int number) {

@@ -1,6 +1,8 @@
 // Runs the product's own code, one list file operation after the other at full speed, or acts as a
 // foreign program that works on the same file. See orders.h.
 #include <windows.h>
+// After it.
+#include <objbase.h>
 
 #include <algorithm>
 #include <cwchar>
@@ -15,6 +17,8 @@
 #include "platform/run_time_error.h"
 #include "platform/text.h"
 #include "platform/win32/handles.h"
+#include "startup/paths.h"
+#include "undo/history.h"
 #include "web/web_list.h"
 #include "worker/orders.h"
 
@@ -178,6 +182,54 @@ void move(const std::wstring& from, const std::wstring& to, int count) {
   }
 }
 
+/// Drops records that are there already, and takes that back.
+void regret(const std::wstring& tag, int count) {
+  const auto window = std::make_unique<frmQMK>();
+  for (int number = 0; number < count; ++number) {
+    notes->ready = 1;
+    const std::wstring path = proofs::pathOf(tag, number);
+    if (succeeds([&] {
+          undo::Recording removal(&window->history, L"Remove from List", frmQMK::open);
+          modQMKGeneral::dropCatalogueEntry(path, removal.changes());
+        })) {
+      notes->wanted[number] = 0;
+      if (succeeds([&] {
+            if (const undo::Outcome outcome = window->history.go(undo::Way::back); !outcome.done) {
+              note(outcome.text.c_str());
+            }
+          })) {
+        notes->wanted[number] = 1;
+      }
+    }
+    notes->finished = number + 1;
+  }
+}
+
+/// Deletes the data files one after the other and takes each deletion back, for ever.
+void deleteAndUndo(int count) {
+  const auto window = std::make_unique<frmQMK>();
+  for (std::int64_t n = 0;; ++n) {
+    notes->ready = 1;
+    const std::wstring path =
+        modQMKGeneral::AppFolder() + L"\\data\\" + proofs::doomedName(static_cast<int>(n % count));
+    static_cast<void>(succeeds([&] {
+      undo::Recording deletion(&window->history, L"Delete", frmQMK::open);
+      modQMKGeneral::RemoveCatalogueEntry(path, deletion.changes());
+    }));
+    static_cast<void>(succeeds([&] {
+      if (const undo::Outcome outcome = window->history.go(undo::Way::back); !outcome.done) {
+        note(outcome.text.c_str());
+      }
+    }));
+    notes->finished = n + 1;
+  }
+}
+
+void refresh() {
+  const auto window = std::make_unique<frmQMK>();
+  static_cast<void>(succeeds([&] { modQMKGeneral::RefreshDataFolderEntries(window->catalogue); }));
+}
+
 /// Appends a line in place like a program that does not know this one: usual sharing, one write,
 /// and another try when the file is in use.
 bool appended(const std::wstring& path, const std::string& line) {
@@ -243,6 +295,12 @@ int run(const std::vector<std::wstring>& words) {
     merge(words.at(2), static_cast<int>(number(3)));
   } else if (order == L"move") {
     move(words.at(2), words.at(3), static_cast<int>(number(4)));
+  } else if (order == L"regret") {
+    regret(words.at(2), static_cast<int>(number(3)));
+  } else if (order == L"undo") {
+    deleteAndUndo(static_cast<int>(number(2)));
+  } else if (order == L"refresh") {
+    refresh();
   } else if (order == L"append") {
     append(words.at(2), words.at(3), static_cast<int>(number(4)));
   } else if (order == L"hold") {
@@ -264,6 +322,10 @@ int wmain(int count, wchar_t** arguments) {
   }
   notes = static_cast<Notes*>(MapViewOfFile(memory.get(), FILE_MAP_ALL_ACCESS, 0, 0, 0));
   if (notes == nullptr) {
+    return 3;
+  }
+  // As the program does, for the shell's Recycle Bin.
+  if (FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE))) {
     return 3;
   }
   SetWindowsHookExW(WH_CBT, answerMessages, nullptr, GetCurrentThreadId());

@@ -131,6 +131,8 @@ TEST_F(Crash, KilledBetweenAnyTwoStepsOfDeletionsAndUndos) {
   constexpr int longestRunUs = 150'000;
   const std::wstring folder = root_.path() + L"\\Suite";
   const std::wstring catalogue = folder + L"\\QMKFileList3.txt";
+  harness::makeFolder(folder);
+  harness::makeFolder(folder + L"\\data");
   const std::string foreign = "bs3 , \"D:\\Old files\\1.bs3\" x, 1/2/2003,more\n";
   const auto listed = [&](const std::wstring& path) {
     return harness::readFile(catalogue).value_or("").find(harness::codePageBytes(path)) !=

@@ -18,14 +18,16 @@ namespace {
 /// Rows that need no window are measured by a program that is linked with the same objects as the
 /// real one. It must be in a folder of its own, because it works on the catalogue beside it.
 void runOperations(const bench::Table& table, const std::wstring& arguments) {
-  table.section(
-      {"add.100k", "remove.100k", "refresh.10k", "folder.100k", "sort.100k", "tick"}, [&] {
-        const harness::TestFolder folder;
-        const std::wstring program = folder.path() + L"\\bench_operations.exe";
-        harness::copyFile(harness::buildFolder() + L"\\bench_operations.exe", program);
-        std::fputs(bench::capture(L"\"" + program + L"\"" + arguments, folder.path()).c_str(),
-                   stdout);
-      });
+  table.section({"add.100k", "remove.100k", "keep.100k", "undo.100k", "refresh.10k", "folder.100k",
+                 "sort.100k", "tick"},
+                [&] {
+                  const harness::TestFolder folder;
+                  const std::wstring program = folder.path() + L"\\bench_operations.exe";
+                  harness::copyFile(harness::buildFolder() + L"\\bench_operations.exe", program);
+                  std::fputs(
+                      bench::capture(L"\"" + program + L"\"" + arguments, folder.path()).c_str(),
+                      stdout);
+                });
 }
 
 }  // namespace

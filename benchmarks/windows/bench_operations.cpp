@@ -18,6 +18,7 @@
 #include "platform/folder_walk.h"
 #include "platform/text.h"
 #include "platform/win32/system/sort_keys.h"
+#include "undo/history.h"
 #include "windows/rows.h"
 #include "windows/whole_file.h"
 
@@ -76,6 +77,42 @@ void measureAddAndRemove(const Table& table) {
         },
         copyOnce);
     table.printRatio("remove.100k", pair, 2.0);
+  });
+}
+
+/// A removal with what is kept for Undo, and the Undo; each against a plain copy.
+void measureUndo(const Table& table) {
+  table.section({"keep.100k", "undo.100k"}, [&] {
+    writeCatalogue(manyRecords);
+    undo::History history;
+    std::size_t n = 0;
+    const auto remove = [&] {
+      constexpr std::size_t step = 6151;
+      const std::wstring removed =
+          platform::text::fromCodePage(bench::recordPath(n++ * step, manyRecords));
+      return bench::timed([&] {
+        undo::Recording removal(&history, L"Remove from List", 1);
+        modQMKGeneral::dropCatalogueEntry(removed, removal.changes());
+      });
+    };
+    const auto takeBack = [&] {
+      return bench::timed([&] {
+        if (!history.go(undo::Way::back).done) {
+          bench::giveUp("the removal was not taken back");
+        }
+      });
+    };
+    constexpr int fullRuns = 15;
+    const Pair kept = Pair::inTurns(table.runs(fullRuns), remove, copyOnce);
+    table.printRatio("keep.100k", kept, 2.0);
+    const Pair undone = Pair::inTurns(
+        table.runs(fullRuns),
+        [&] {
+          static_cast<void>(remove());
+          return takeBack();
+        },
+        copyOnce);
+    table.printRatio("undo.100k", undone, 2.0);
   });
 }
 
@@ -300,6 +337,7 @@ int main(int argumentCount, char** arguments) {
   }
   const Table table(filter, quick);
   measureAddAndRemove(table);
+  measureUndo(table);
   measureRefresh(table);
   measureFolder(table);
   measureSort(table);

@@ -19,7 +19,7 @@ void History::add(Step step) {
   for (const Step& one : done_) {
     bytes += one.changes.size();
   }
-  while (done_.size() > most || (done_.size() > 1 && bytes > mostBytes)) {
+  while (done_.size() > most || (done_.size() > 1 && bytes > mostBytes_)) {
     bytes -= done_.front().changes.size();
     done_.pop_front();
   }

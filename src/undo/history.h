@@ -34,8 +34,9 @@ class History {
  public:
   /// So many steps can be taken back.
   static constexpr std::size_t most = 20;
-  /// So many bytes are kept for them; the last step is kept in any case.
-  static constexpr std::size_t mostBytes = std::size_t{256} << 20U;
+
+  /// `bytes` may be kept for them; the last step is kept in any case.
+  explicit History(std::size_t bytes = std::size_t{256} << 20U) : mostBytes_(bytes) {}
 
   /// Adds a step. One without changes, or one that is final, leaves the history as it is.
   /// What was taken back before cannot be made again any more.
@@ -53,6 +54,7 @@ class History {
     return way == Way::back ? done_ : undone_;
   }
 
+  std::size_t mostBytes_;
   std::list<Step> done_;    // the last one last
   std::list<Step> undone_;  // the one that was taken back last is the last
 };

@@ -319,7 +319,7 @@ TEST(UndoAtRandom, AsManyUndosAsOperationsLeaveEveryFileAsItWas) {
     }
     SCOPED_TRACE("sequence " + std::to_string(n));
     rig->settle();
-    rig->main().history = {};
+    rig->main().history = undo::History();
     const auto before = filesOf(*rig);
     RandomSteps steps(*rig, static_cast<unsigned>(n));
     // Each operation adds one step at the most, and the history keeps them all.

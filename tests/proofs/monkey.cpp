@@ -200,13 +200,13 @@ void Monkey::inMain(int kind) {
                                       VK_RETURN, VK_SPACE, VK_F5,   VK_TAB,   VK_NEXT, VK_PRIOR,
                                       VK_ESCAPE, VK_F10,   VK_APPS, 'P'};
   // Not "Open Folder": the clicks that follow would go to Explorer, which changes files itself.
-  constexpr std::array commands{ids::mnuEarlierLists,   ids::mnuCreate,  ids::mnuRename,
-                                ids::mnuDelete,         ids::mnuList,    ids::mnuIcon,
-                                ids::mnuHelpContents,   ids::mnuWeb,     ids::mnuAbout,
-                                ids::mnuDelete,         ids::mnuRename,  ids::mnuNewestFirst,
-                                ids::mnuFitColumns,     ids::mnuCopy,    ids::mnuCopyPath,
-                                ids::mnuRemoveFromList, ids::mnuAddList, ids::mnuSaveListAs,
-                                ids::mnuFindMoved,      ids::mnuPaste,   ids::mnuPaste};
+  constexpr std::array commands{
+      ids::mnuEarlierLists, ids::mnuCreate,     ids::mnuRename,       ids::mnuDelete,
+      ids::mnuList,         ids::mnuIcon,       ids::mnuHelpContents, ids::mnuWeb,
+      ids::mnuAbout,        ids::mnuDelete,     ids::mnuRename,       ids::mnuNewestFirst,
+      ids::mnuFitColumns,   ids::mnuCopy,       ids::mnuCopyPath,     ids::mnuRemoveFromList,
+      ids::mnuAddList,      ids::mnuSaveListAs, ids::mnuFindMoved,    ids::mnuPaste,
+      ids::mnuPaste,        ids::mnuUndo,       ids::mnuUndo,         ids::mnuRedo};
   if (kind < 30) {
     clickSomewhere(main, kind < 8);
   } else if (kind < 55) {

@@ -8,6 +8,7 @@
 #include <objbase.h>
 
 #include <algorithm>
+#include <iterator>
 #include <optional>
 #include <string>
 #include <vector>
@@ -271,6 +272,23 @@ TEST(RecycleBinMissing, DISABLED_DeletesForGood) {
   EXPECT_TRUE(harness::pathsInBin().empty());
 }
 
+/// Programs that are started while it exists do not see an environment variable.
+class Hidden {
+ public:
+  explicit Hidden(const wchar_t* name) : name_(name) {
+    there_ = GetEnvironmentVariableW(name, value_, static_cast<DWORD>(std::size(value_))) > 0;
+    SetEnvironmentVariableW(name, nullptr);
+  }
+  Hidden(const Hidden&) = delete;
+  Hidden& operator=(const Hidden&) = delete;
+  ~Hidden() { SetEnvironmentVariableW(name_, there_ ? value_ : nullptr); }
+
+ private:
+  const wchar_t* name_;
+  wchar_t value_[16] = {};
+  bool there_ = false;
+};
+
 TEST_F(RecycleBin, WithoutABinAFileIsDeletedForGood) {
   if (const auto why = harness::whyAlwaysABin()) {
     GTEST_SKIP() << *why;
@@ -278,6 +296,8 @@ TEST_F(RecycleBin, WithoutABinAFileIsDeletedForGood) {
   const std::wstring file = path(L"Plot.fp3");
   harness::writeFile(file, "x");
   const harness::MachineWithoutBin without;
+  // The other process has a single test, which must not be one of another shard.
+  const Hidden total(L"GTEST_TOTAL_SHARDS");
   SetEnvironmentVariableW(fileVariable, file.c_str());
   const harness::Job job;
   const harness::Process program(

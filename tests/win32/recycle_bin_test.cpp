@@ -298,6 +298,7 @@ TEST_F(RecycleBin, WithoutABinAFileIsDeletedForGood) {
   const harness::MachineWithoutBin without;
   // The other process has a single test, which must not be one of another shard.
   const Hidden total(L"GTEST_TOTAL_SHARDS");
+  const Hidden index(L"GTEST_SHARD_INDEX");
   SetEnvironmentVariableW(fileVariable, file.c_str());
   const harness::Job job;
   const harness::Process program(

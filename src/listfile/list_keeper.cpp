@@ -142,7 +142,10 @@ void ListKeeper::keepNow(Which list, std::string_view bytes) {
   Moment made = clock::localNow();
   for (int tries = 0; tries < mostSeconds; ++tries, made = kept_lists::secondAfter(made)) {
     const std::wstring name = kept_lists::nameOfCopy(list, made, true);
-    if (files::findFirst(folder + L"\\" + name, files::hidden | files::system).empty() &&
+    std::wstring path = folder;
+    path += L'\\';
+    path += name;
+    if (files::findFirst(path, files::hidden | files::system).empty() &&
         putNew(folder, name, bytes)) {
       copied_ = true;
       return;

@@ -104,7 +104,7 @@ void measureUndo(const Table& table) {
     };
     constexpr int fullRuns = 15;
     const Pair kept = Pair::inTurns(table.runs(fullRuns), remove, copyOnce);
-    table.printRatio("keep.100k", kept, 2.0);
+    table.printRatio("keep.100k", kept, 3.0);
     const Pair undone = Pair::inTurns(
         table.runs(fullRuns),
         [&] {

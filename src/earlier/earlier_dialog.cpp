@@ -167,7 +167,7 @@ void frmEarlier::cmdShow_Click() {
   }
   const auto failure = trapped([&] {
     const std::string earlier = earlier_lists::contentsOf(*copy);
-    const std::string today = earlier_lists::contentsOfToday(list_);
+    const std::string today = kept_lists::presentContents(list_).value_or("");
     lstEntries.update([&] {
       lstEntries.clear();
       earlier_lists::compare(list_, earlier, today, [this](const Entry& entry, Since since) {

@@ -104,21 +104,6 @@ std::wstring sizeText(std::uint64_t bytes) {
                           : std::to_wstring((bytes + kilobyte / 2) / kilobyte) + L" KB";
 }
 
-std::wstring pathOf(Which list) {
-  return list == Which::web ? modQMKGeneral::webListPath() : modQMKGeneral::cataloguePath();
-}
-
-std::string contentsOfToday(Which list) {
-  try {
-    return files::readWhole(pathOf(list)).bytes;
-  } catch (const platform::RunTimeError& failure) {
-    if (failure.number() == platform::error::fileNotFound) {
-      return {};
-    }
-    throw;
-  }
-}
-
 std::string contentsOf(const kept_lists::Copy& copy) {
   return files::readWhole(modQMKGeneral::BackupFolder() + L"\\" + copy.name).bytes;
 }
@@ -128,7 +113,7 @@ void restore(Which list, const std::string& bytes, modQMKGeneral::ListKeeper& ke
   // Inside the replacement: what is kept is exactly what is replaced, even if another program
   // writes the list in this moment.
   undo::rewriteList(
-      pathOf(list), list_file::Missing::isEmpty,
+      kept_lists::pathOf(list), list_file::Missing::isEmpty,
       [&](const std::string& old) {
         if (!old.empty() && old != bytes) {
           keeper.keepNow(list, old);

@@ -42,12 +42,6 @@ void compare(Which list, std::string_view earlier, std::string_view today,
 /// Size for people, as in "12 KB".
 [[nodiscard]] std::wstring sizeText(std::uint64_t bytes);
 
-/// Path of a list's file.
-[[nodiscard]] std::wstring pathOf(Which list);
-
-/// Contents of the present list; empty when there is none. Raises what reading raises.
-[[nodiscard]] std::string contentsOfToday(Which list);
-
 /// Contents of an earlier list. Raises what reading raises.
 [[nodiscard]] std::string contentsOf(const kept_lists::Copy& copy);
 

@@ -6,7 +6,9 @@
 #include <utility>
 
 #include "platform/files.h"
+#include "platform/run_time_error.h"
 #include "platform/text.h"
+#include "startup/paths.h"
 
 namespace kept_lists {
 
@@ -65,6 +67,23 @@ bool exists(const Moment& moment) {
 }  // namespace
 
 std::wstring_view nameOf(Which list) { return names.at(static_cast<std::size_t>(list)); }
+
+std::wstring pathOf(Which list) {
+  std::wstring path = modQMKGeneral::AppFolder() + L"\\";
+  path += nameOf(list);
+  return path.append(ending);
+}
+
+std::optional<std::string> presentContents(Which list) {
+  try {
+    return platform::files::readWhole(pathOf(list)).bytes;
+  } catch (const platform::RunTimeError& failure) {
+    if (failure.number() == platform::error::fileNotFound) {
+      return std::nullopt;
+    }
+    throw;
+  }
+}
 
 std::optional<Which> listAt(std::wstring_view path) {
   if (!path.ends_with(ending)) {

@@ -25,6 +25,12 @@ inline constexpr std::size_t most = 10;
 /// Name of a list's file, without folder and ending.
 [[nodiscard]] std::wstring_view nameOf(Which list);
 
+/// Path of a list's file.
+[[nodiscard]] std::wstring pathOf(Which list);
+
+/// What a list's file contains at present; nothing when there is none. Raises what reading raises.
+[[nodiscard]] std::optional<std::string> presentContents(Which list);
+
 /// The list whose file has that path; nothing for another file.
 [[nodiscard]] std::optional<Which> listAt(std::wstring_view path);
 

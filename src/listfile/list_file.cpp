@@ -194,6 +194,10 @@ constexpr int mostTries = 50;
 
 }  // namespace
 
+std::wstring temporaryBeside(const std::wstring& path) {
+  return path.substr(0, path.rfind(L'\\') + 1) + L"qmklist.tmp";
+}
+
 void discardStale(const std::wstring& temporary) {
   // A hidden temporary file would pass its attribute on to the list file.
   if (!files::findFirst(temporary, files::hidden | files::system).empty()) {

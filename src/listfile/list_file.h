@@ -96,6 +96,9 @@ void rewrite(const std::wstring& path, const std::wstring& temporary, Missing mi
 void overwrite(const std::wstring& path, const std::wstring& temporary, const std::string& bytes,
                const std::function<void(const std::string& old)>& replacing = {});
 
+/// Path of the temporary file for a rewrite of the file at `path`: in the same folder.
+[[nodiscard]] std::wstring temporaryBeside(const std::wstring& path);
+
 /// Deletes a temporary file that a failed rewrite has left behind, if there is one.
 void discardStale(const std::wstring& temporary);
 

@@ -25,10 +25,6 @@ namespace {
 
 ListKeeper* theCurrent = nullptr;
 
-std::wstring pathOf(Which list) {
-  return AppFolder() + L"\\" + std::wstring(kept_lists::nameOf(list)) + L".txt";
-}
-
 /// The folder of the copies, which is made if it is missing.
 std::wstring madeFolder() {
   std::wstring folder = BackupFolder();
@@ -41,12 +37,13 @@ std::wstring madeFolder() {
 
 /// Makes a new file: all of it or nothing. False when the name is taken.
 bool putNew(const std::wstring& folder, const std::wstring& name, std::string_view bytes) {
-  const std::wstring temporary = folder + L"\\qmklist.tmp";
+  const std::wstring target = folder + L"\\" + name;
+  const std::wstring temporary = list_file::temporaryBeside(target);
   bool made = false;
   const auto failure = trapped([&] {
     files::Draft draft(temporary);
     draft.write(bytes);
-    made = draft.replace(folder + L"\\" + name, {}) == files::Replaced::yes;
+    made = draft.replace(target, {}) == files::Replaced::yes;
   });
   if (!made) {
     // Nobody would tidy up there.
@@ -89,14 +86,16 @@ std::optional<std::wstring> ListKeeper::takeFailure() {
   return failure_->description();
 }
 
-void ListKeeper::attempt(const std::function<void()>& step) {
+bool ListKeeper::attempt(const std::function<void()>& step) {
   std::optional<RunTimeError> failure = trapped(step);
+  const bool done = !failure;
   if (failure && !failure_) {
     failure_ = std::move(failure);
     if (onFailure) {
       onFailure();
     }
   }
+  return done;
 }
 
 void ListKeeper::beforeChange() {
@@ -109,11 +108,7 @@ void ListKeeper::beforeChange() {
   tried_ = hourOf(now);
   dayIsKept_ = true;
   for (const Which list : kept_lists::both) {
-    attempt([&] {
-      const bool kept = std::exchange(dayIsKept_, false);
-      keepOfToday(list, now);
-      dayIsKept_ = kept;
-    });
+    dayIsKept_ = attempt([&] { keepOfToday(list, now); }) && dayIsKept_;
   }
 }
 
@@ -123,16 +118,9 @@ void ListKeeper::keepOfToday(Which list, const Moment& now) {
   if (!files::findFirst(target, files::hidden | files::system).empty()) {
     return;  // by an earlier run, or by another copy of the program
   }
-  files::Contents contents;
-  try {
-    contents = files::readWhole(pathOf(list));
-  } catch (const RunTimeError& failure) {
-    if (failure.number() == error::fileNotFound) {
-      return;
-    }
-    throw;
+  if (const std::optional<std::string> bytes = kept_lists::presentContents(list)) {
+    copied_ = putNew(madeFolder(), name, *bytes) || copied_;
   }
-  copied_ = putNew(madeFolder(), name, contents.bytes) || copied_;
 }
 
 void ListKeeper::keepNow(Which list, std::string_view bytes) {
@@ -163,14 +151,15 @@ void ListKeeper::saw(Which list, std::uint64_t size) {
 void ListKeeper::beforeReplacing(Which list, std::string_view bytes) {
   saw(list, bytes.size());
   if (std::exchange(seen(list).damaged, false)) {
-    attempt([&] { keepDamaged(list, bytes); });
+    static_cast<void>(attempt([&] { keepDamaged(list, bytes); }));
   }
 }
 
 void ListKeeper::beforeReplacing(Which list, std::uint64_t size) {
   saw(list, size);
   if (std::exchange(seen(list).damaged, false)) {
-    attempt([&] { keepDamaged(list, files::readWhole(pathOf(list)).bytes); });
+    static_cast<void>(
+        attempt([&] { keepDamaged(list, files::readWhole(kept_lists::pathOf(list)).bytes); }));
   }
 }
 

@@ -62,8 +62,8 @@ class ListKeeper {
     std::optional<std::uint64_t> size;
     bool damaged = false;
   };
-  /// Runs a step, and remembers the first failure.
-  void attempt(const std::function<void()>& step);
+  /// Runs a step, and remembers the first failure. False when it failed.
+  [[nodiscard]] bool attempt(const std::function<void()>& step);
   void keepOfToday(kept_lists::Which list, const platform::clock::Moment& now);
   void keepDamaged(kept_lists::Which list, std::string_view bytes);
   [[nodiscard]] Seen& seen(kept_lists::Which list) {

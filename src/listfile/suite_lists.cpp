@@ -9,34 +9,42 @@
 
 namespace modQMKGeneral {
 
-std::wstring temporaryPath() { return AppFolder() + L"\\qmklist.tmp"; }
+std::wstring temporaryPath() { return list_file::temporaryBeside(AppFolder() + L"\\"); }
 
 void rewriteList(const std::wstring& path, list_file::Missing missing,
                  const std::function<std::string(std::string)>& edit, list_file::Patch* patch) {
   KeptChange change(path);
   std::size_t size = 0;
+  list_file::Patch made;
   list_file::rewrite(path, temporaryPath(), missing, [&](std::string old) {
     change.replaces(old);
     const std::string before = patch == nullptr ? std::string() : old;
     std::string bytes = edit(std::move(old));
     if (patch != nullptr) {
-      *patch = list_file::Patch(before, bytes);
+      made = list_file::Patch(before, bytes);
     }
     size = bytes.size();
     return bytes;
   });
   change.done(size);
+  if (patch != nullptr) {
+    *patch = std::move(made);
+  }
 }
 
 void overwriteList(const std::wstring& path, const std::string& bytes, list_file::Patch* patch) {
   KeptChange change(path);
+  list_file::Patch made;
   list_file::overwrite(path, temporaryPath(), bytes, [&](const std::string& old) {
     change.replaces(old);
     if (patch != nullptr) {
-      *patch = list_file::Patch(old, bytes);
+      made = list_file::Patch(old, bytes);
     }
   });
   change.done(bytes.size());
+  if (patch != nullptr) {
+    *patch = std::move(made);
+  }
 }
 
 platform::files::Replaced replaceList(const std::wstring& path, const std::string& bytes,

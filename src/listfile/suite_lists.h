@@ -17,7 +17,8 @@ namespace modQMKGeneral {
 [[nodiscard]] std::wstring temporaryPath();
 
 /// Replaces the contents of one of the two list files by the result of `edit`, as
-/// `list_file::rewrite` does. `patch`, if there is one, becomes what that has changed.
+/// `list_file::rewrite` does. `patch`, if there is one, becomes what that has changed; it stays as
+/// it is when the list was not replaced.
 void rewriteList(const std::wstring& path, list_file::Missing missing,
                  const std::function<std::string(std::string)>& edit,
                  list_file::Patch* patch = nullptr);

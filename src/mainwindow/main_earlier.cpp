@@ -27,13 +27,13 @@ void frmQMK::mnuEarlierLists_Click() {
 
 void frmQMK::restoreList(Which list, const std::string& bytes) {
   const int tab = list == Which::web ? web : open;
-  undo::Recording restoring = recording(L"Restore", tab);
+  undo::Recording restoring(&history, L"Restore", tab);
   earlier_lists::restore(list, bytes, keeper, restoring.changes());
   reloadList(tab);
 }
 
 bool frmQMK::addMissingEntries(Which list, const std::string& bytes) {
-  undo::Recording adding = recording(L"Add", list == Which::web ? web : open);
+  undo::Recording adding(&history, L"Add", list == Which::web ? web : open);
   const auto merged = list == Which::web
                           ? modQMKGeneral::addWebRecords(webList, bytes, adding.changes())
                           : modQMKGeneral::addCatalogueRecords(catalogue, bytes, adding.changes());

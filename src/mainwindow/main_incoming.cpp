@@ -56,7 +56,7 @@ void frmQMK::addFoundFiles(const std::vector<std::wstring>& named,
 
 void frmQMK::addFiles(const std::vector<std::wstring>& named,
                       const std::vector<std::wstring>& found) {
-  undo::Recording adding = recording(L"Add", open);
+  undo::Recording adding(&history, L"Add", open);
   if (const auto files = modQMKGeneral::AddDataFiles(named, found, adding.changes())) {
     modQMKGeneral::LoadCatalogueView(catalogue);
     tell(mainwindow::addedText(
@@ -67,7 +67,7 @@ void frmQMK::addFiles(const std::vector<std::wstring>& named,
 }
 
 void frmQMK::addShortcuts(const std::vector<std::wstring>& paths) {
-  undo::Recording adding = recording(L"Add", tools);
+  undo::Recording adding(&history, L"Add", tools);
   const modSC::AddedShortcuts made = modSC::addShortcuts(shortcuts, paths, adding.changes());
   tell(mainwindow::addedText({.added = made.added,
                               .present = made.present,
@@ -84,7 +84,7 @@ void frmQMK::addWebShortcuts(const Content& content) {
   }
   list_file::Merged merged;
   if (!bytes.empty()) {
-    undo::Recording adding = recording(L"Add", web);
+    undo::Recording adding(&history, L"Add", web);
     const auto added = modQMKGeneral::addWebRecords(webList, bytes, adding.changes());
     if (!added) {
       return;

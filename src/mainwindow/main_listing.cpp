@@ -159,7 +159,8 @@ void frmQMK::mnuOpenFolder_Click() {
 
 void frmQMK::mnuRemoveFromList_Click() {
   const modQMKGeneral::DataEntry entry = modQMKGeneral::selectedEntry(lstQMK[open]);
-  undo::Recording removal = recordingOfSelected(modQMKGeneral::removeStep, open);
+  undo::Recording removal(&history, modQMKGeneral::removeStep, open,
+                          modQMKGeneral::selectedKey(lstQMK[open]));
   if (modQMKGeneral::removeFromList(catalogue, entry.path(), removal.changes())) {
     tell(entry.name + L" is no longer listed; the file itself stays");
   }
@@ -185,7 +186,7 @@ void frmQMK::mnuSaveListAs_Click() {
   std::wstring name;
   std::wstring folder;
   SmodMisc::SplitPath(choice.path, name, folder);
-  const std::wstring temporary = folder + L"qmklist.tmp";
+  const std::wstring temporary = list_file::temporaryBeside(choice.path);
   const auto failure = trapped([&] {
     if (isSameFile(choice.path, modQMKGeneral::cataloguePath()) ||
         isSameFile(choice.path, modQMKGeneral::webListPath())) {
@@ -229,7 +230,7 @@ void frmQMK::mnuAddList_Click() {
     tell(L"Nothing was added: " + failure->description());
     return;
   }
-  undo::Recording adding = recording(L"Add", tab);
+  undo::Recording adding(&history, L"Add", tab);
   const auto merged = tab == open
                           ? modQMKGeneral::addCatalogueRecords(catalogue, bytes, adding.changes())
                           : modQMKGeneral::addWebRecords(webList, bytes, adding.changes());

@@ -151,7 +151,7 @@ void frmQMK::changeMoved(const std::shared_ptr<Repair>& repair) {
 void frmQMK::endRepair(const std::shared_ptr<Repair>& repair) {
   modQMKGeneral::PathChanges result;
   if (!repair->changes.empty()) {
-    undo::Recording changing = recording(modQMKGeneral::findMovedStep, open);
+    undo::Recording changing(&history, modQMKGeneral::findMovedStep, open);
     const auto changed = modQMKGeneral::changePaths(repair->changes, changing.changes());
     if (!changed) {
       return;

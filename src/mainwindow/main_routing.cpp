@@ -107,7 +107,7 @@ void frmQMK::lstQMK_ColumnClick(int /*index*/, int column) {
 void frmQMK::mnuCreate_Click() {
   const std::wstring caption = currentCaption();
   if (caption == L"Tools") {
-    undo::Recording made = recording(L"Create", tools);
+    undo::Recording made(&history, L"Create", tools);
     modSC::createShortcut(shortcuts, made.changes());
   } else if (caption == L"Web") {
     createWebShortcut();
@@ -118,7 +118,7 @@ void frmQMK::mnuRename_Click() {
   const std::wstring caption = currentCaption();
   if (caption == L"Tools") {
     if (!nothingFound(lstQMK[tools])) {
-      undo::Recording renaming = recordingOfSelected(L"Rename", tools);
+      undo::Recording renaming = recordingOfShortcut(L"Rename");
       tellWhereItWent(modSC::renameShortcut(shortcuts, renaming.changes()));
     }
   } else if (caption == L"Open") {
@@ -132,7 +132,7 @@ void frmQMK::mnuDelete_Click() {
   const std::wstring caption = currentCaption();
   if (caption == L"Tools") {
     if (!nothingFound(lstQMK[tools])) {
-      undo::Recording deletion = recordingOfSelected(L"Delete", tools);
+      undo::Recording deletion = recordingOfShortcut(L"Delete");
       modSC::deleteShortcut(shortcuts, deletion.changes());
       tellIfFinal(deletion);
     }
@@ -159,7 +159,7 @@ void frmQMK::renameCatalogueEntry() {
     if (list.selected() != item) {
       list.select(*item);
     }
-    undo::Recording renaming = recordingOfSelected(L"Rename", open);
+    undo::Recording renaming(&history, L"Rename", open, key);
     modQMKGeneral::RenameCatalogueFile(catalogue, answer, renaming.changes());
   }
 }

@@ -9,15 +9,11 @@ constexpr const wchar_t* deletedForGood = L"Deleted for good: no Recycle Bin her
 
 }  // namespace
 
-undo::Recording frmQMK::recording(const wchar_t* what, int tab) { return {&history, what, tab}; }
-
-undo::Recording frmQMK::recordingOfSelected(const wchar_t* what, int tab) {
-  const ListView& list = lstQMK.at(static_cast<std::size_t>(tab));
-  const std::vector<std::size_t>& columns = tab == tools  ? modSC::shortcut_column::entry
-                                            : tab == open ? modQMKGeneral::data_column::entry
-                                                          : modQMKGeneral::webEntry;
+undo::Recording frmQMK::recordingOfShortcut(const wchar_t* what) {
+  const ListView& list = lstQMK[tools];
   const auto item = list.selected();
-  return {&history, what, tab, item ? std::optional(list.keyOf(*item, columns)) : std::nullopt};
+  return {&history, what, tools,
+          item ? std::optional(list.keyOf(*item, modSC::shortcut_column::entry)) : std::nullopt};
 }
 
 void frmQMK::tellIfFinal(undo::Recording& recording) {

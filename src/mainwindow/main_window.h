@@ -34,7 +34,7 @@ class frmQMK : public controls::Window {
   frmQMK();
 
   /// Indices of the tabs and of their lists.
-  enum Tab { tools = 0, open = 1, newFiles = 2, web = 3 };
+  enum Tab { tools = 0, open = modQMKGeneral::openTab, newFiles = 2, web = modQMKGeneral::webTab };
 
   controls::Toolbar barMain;
   controls::TabControl TabMain;
@@ -195,10 +195,8 @@ class frmQMK : public controls::Window {
   /// The data file or the shortcut of the selected row, if it is there; "" otherwise.
   [[nodiscard]] std::wstring selectedFile();
   void copy(const platform::clipboard::Content& content);
-  /// Remembers what an operation on the list of a tab changes, for Undo.
-  [[nodiscard]] undo::Recording recording(const wchar_t* what, int tab);
-  /// The same of an operation on the selected entry.
-  [[nodiscard]] undo::Recording recordingOfSelected(const wchar_t* what, int tab);
+  /// Remembers for Undo what an operation on the selected shortcut changes.
+  [[nodiscard]] undo::Recording recordingOfShortcut(const wchar_t* what);
   /// Undo or Redo.
   void go(undo::Way way);
   /// Says so if nobody keeps what an operation has deleted.

@@ -29,11 +29,6 @@ std::optional<std::string> bytesAt(const std::wstring& path) {
 
 Way opposite(Way way) { return way == Way::back ? Way::again : Way::back; }
 
-/// The temporary file beside a file that is written.
-std::wstring temporaryBeside(const std::wstring& path) {
-  return path.substr(0, path.rfind(L'\\') + 1) + L"qmklist.tmp";
-}
-
 }  // namespace
 
 void ListPart::go(Way way) const {
@@ -95,7 +90,7 @@ void FilePart::go(Way way) const {
     files::remove(path);
     return;
   }
-  list_file::rewrite(path, temporaryBeside(path), list_file::Missing::isEmpty,
+  list_file::rewrite(path, list_file::temporaryBeside(path), list_file::Missing::isEmpty,
                      [&wanted](const std::string& /*old*/) { return *wanted; });
 }
 
@@ -171,10 +166,14 @@ void recycle(const std::wstring& path, Changes* changes) {
 
 namespace {
 
-void addPatch(const std::wstring& path, list_file::Patch patch, const list_file::KeyOf& keyOf,
-              Changes& changes) {
-  if (!patch.empty()) {
-    changes.add(ListPart{path, std::move(patch), keyOf});
+/// Runs an operation on a list that fills in a patch, and keeps that.
+template <class Operation>
+void kept(const std::wstring& path, const list_file::KeyOf& keyOf, Changes* changes,
+          const Operation& operation) {
+  list_file::Patch patch;
+  operation(changes == nullptr ? nullptr : &patch);
+  if (changes != nullptr && !patch.empty()) {
+    changes->add(ListPart{path, std::move(patch), keyOf});
   }
 }
 
@@ -183,36 +182,24 @@ void addPatch(const std::wstring& path, list_file::Patch patch, const list_file:
 std::optional<list_file::Merged> addRecords(const std::wstring& path, const std::string& bytes,
                                             const list_file::KeyOf& keyOf,
                                             const std::function<void()>& reload, Changes* changes) {
-  if (changes == nullptr) {
-    return modQMKGeneral::addRecords(path, bytes, keyOf, reload);
-  }
-  list_file::Patch patch;
-  auto merged = modQMKGeneral::addRecords(path, bytes, keyOf, reload, &patch);
-  if (merged) {
-    addPatch(path, std::move(patch), keyOf, *changes);
-  }
+  std::optional<list_file::Merged> merged;
+  kept(path, keyOf, changes, [&](list_file::Patch* patch) {
+    merged = modQMKGeneral::addRecords(path, bytes, keyOf, reload, patch);
+  });
   return merged;
 }
 
 void rewriteList(const std::wstring& path, list_file::Missing missing,
                  const std::function<std::string(std::string)>& edit, const list_file::KeyOf& keyOf,
                  Changes* changes) {
-  if (changes == nullptr) {
-    modQMKGeneral::rewriteList(path, missing, edit);
-    return;
-  }
-  list_file::Patch patch;
-  modQMKGeneral::rewriteList(path, missing, edit, &patch);
-  addPatch(path, std::move(patch), keyOf, *changes);
+  kept(path, keyOf, changes,
+       [&](list_file::Patch* patch) { modQMKGeneral::rewriteList(path, missing, edit, patch); });
 }
 
 void overwriteList(const std::wstring& path, const std::string& bytes,
                    const list_file::KeyOf& keyOf, Changes* changes) {
-  list_file::Patch patch;
-  modQMKGeneral::overwriteList(path, bytes, changes == nullptr ? nullptr : &patch);
-  if (changes != nullptr) {
-    addPatch(path, std::move(patch), keyOf, *changes);
-  }
+  kept(path, keyOf, changes,
+       [&](list_file::Patch* patch) { modQMKGeneral::overwriteList(path, bytes, patch); });
 }
 
 files::Replaced replaceList(const std::wstring& path, const std::string& bytes,
@@ -228,7 +215,8 @@ files::Replaced replaceList(const std::wstring& path, const std::string& bytes,
     if (unreadable || former.stamp != expected) {
       changes->setFinal();
     } else {
-      addPatch(path, list_file::Patch(former.bytes, bytes), keyOf, *changes);
+      kept(path, keyOf, changes,
+           [&](list_file::Patch* patch) { *patch = list_file::Patch(former.bytes, bytes); });
     }
   }
   return replaced;

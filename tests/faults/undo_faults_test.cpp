@@ -106,7 +106,7 @@ const std::vector<Tried>& operations() {
 }
 
 /// Files by their paths, without those that a test puts there for an operation.
-auto filesOf(const Rig& rig) { return stateOf(const_cast<Rig&>(rig).main()).files; }
+auto filesOf(Rig& rig) { return stateOf(rig.main()).files; }
 
 class UndoFaults : public ::testing::TestWithParam<Tried> {
  protected:

@@ -100,6 +100,15 @@ class Writers : public ::testing::Test {
     harness::writeFile(folder_ + L"\\data\\Plot.fp3", "data\r\n");
     harness::writeFile(catalogue_, "\"FP3\",\"C:\\Kept\\1.fp3\",\"1/2/2003\"\r\n");
   }
+  /// Makes the catalogue one of numbered records.
+  void list(const std::wstring& tag, int count) const {
+    std::string records;
+    for (int number = 0; number < count; ++number) {
+      records +=
+          harness::codePageBytes(L"\"FP3\",\"" + pathOf(tag, number) + L"\",\"1/2/2003\"\r\n");
+    }
+    harness::writeFile(catalogue_, records);
+  }
   [[nodiscard]] std::unique_ptr<Worker> writer(const std::wstring& tag, int count) const {
     return std::make_unique<Worker>(folder_, L"write " + tag + L" " + std::to_wstring(count), job_);
   }
@@ -158,11 +167,7 @@ TEST_F(Writers, AForeignProgramThatAppendsInPlace) {
 TEST_F(Writers, AddedListsAndMovedFilesAmongTheOthers) {
   const int count = amount(40, 1500);
   const int appends = amount(1000, 40'000);
-  std::string old;
-  for (int number = 0; number < count; ++number) {
-    old += harness::codePageBytes(L"\"FP3\",\"" + pathOf(L"old", number) + L"\",\"1/2/2003\"\r\n");
-  }
-  harness::writeFile(catalogue_, old);
+  list(L"old", count);
   const auto moving =
       std::make_unique<Worker>(folder_, L"move old new " + std::to_wstring(count), job_);
   const auto merging =
@@ -196,11 +201,7 @@ TEST_F(Writers, AddedListsAndMovedFilesAmongTheOthers) {
 TEST_F(Writers, UndoAmongTheOthers) {
   const int count = amount(40, 1500);
   const int appends = amount(1000, 40'000);
-  std::string old;
-  for (int number = 0; number < count; ++number) {
-    old += harness::codePageBytes(L"\"FP3\",\"" + pathOf(L"old", number) + L"\",\"1/2/2003\"\r\n");
-  }
-  harness::writeFile(catalogue_, old);
+  list(L"old", count);
   const auto undoing =
       std::make_unique<Worker>(folder_, L"regret old " + std::to_wstring(count), job_);
   const auto ours = writer(L"ours", count);

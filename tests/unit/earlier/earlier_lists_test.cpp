@@ -109,8 +109,8 @@ TEST_F(EarlierLists, ARestoredListReplacesTheOneThatIsKept) {
 TEST_F(EarlierLists, AMissingListIsRestoredToo) {
   earlier_lists::restore(Which::web, "earlier", keeper);
   EXPECT_EQ(bytesOf(webListFile), "earlier");
-  EXPECT_EQ(earlier_lists::contentsOfToday(Which::web), "earlier");
-  EXPECT_EQ(earlier_lists::contentsOfToday(Which::dataFiles), "");
+  EXPECT_EQ(kept_lists::presentContents(Which::web).value_or(""), "earlier");
+  EXPECT_EQ(kept_lists::presentContents(Which::dataFiles).value_or(""), "");
 }
 
 TEST_F(EarlierLists, WithoutTheCopyNothingIsReplaced) {

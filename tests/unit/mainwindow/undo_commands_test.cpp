@@ -29,28 +29,17 @@ class UndoCommands : public unit::ListCommands {
   }
   void select(int tab, const std::wstring& name) {
     switchTo(tab);
-    controls::ListView& list = window.lstQMK.at(static_cast<std::size_t>(tab));
-    for (std::size_t n = 0; n < list.count(); ++n) {
-      if (list.text(n) == name) {
-        list.select(n);
-        return;
-      }
-    }
-    ADD_FAILURE() << "not listed";
-  }
-  void run(int command) {
-    window.commands.refresh();
-    window.commands.item(command).fireClick();
+    LoadedMainWindow::select(window.lstQMK.at(static_cast<std::size_t>(tab)), name);
   }
   void erase(int tab, const std::wstring& name) {
     select(tab, name);
     desktop().answers = {Answer::yes};
-    run(ids::mnuDelete);
+    choose(ids::mnuDelete);
   }
   void rename(int tab, const std::wstring& name, const std::wstring& newName) {
     select(tab, name);
     desktop().inputAnswers = {newName};
-    run(ids::mnuRename);
+    choose(ids::mnuRename);
   }
   /// What an entry of the Edit menu says; "-" in front of one that is disabled.
   std::wstring entry(int command) {
@@ -88,7 +77,7 @@ TEST_F(UndoCommands, NameWhatTheyTakeBack) {
   erase(frmQMK::open, L"One.fp3");
   EXPECT_EQ(entry(ids::mnuUndo), L"Undo Delete");
   EXPECT_EQ(entry(ids::mnuRedo), L"-Redo");
-  run(ids::mnuUndo);
+  choose(ids::mnuUndo);
   EXPECT_EQ(entry(ids::mnuUndo), L"-Undo");
   EXPECT_EQ(entry(ids::mnuRedo), L"Redo Delete");
 }
@@ -108,12 +97,12 @@ TEST_F(UndoCommands, BringADeletedFileAndItsRecordBack) {
 
 TEST_F(UndoCommands, DeleteAgain) {
   erase(frmQMK::open, L"One.fp3");
-  run(ids::mnuUndo);
+  choose(ids::mnuUndo);
   window.lstQMK[frmQMK::open].fireKey({.key = 'Y', .control = true});
   EXPECT_EQ(catalogue(), two);
   EXPECT_EQ(file(L"C:\\Field\\One.fp3"), "missing");
   EXPECT_EQ(news(), L"Done again: Delete One.fp3");
-  run(ids::mnuUndo);
+  choose(ids::mnuUndo);
   EXPECT_EQ(catalogue(), both);
   EXPECT_EQ(file(L"C:\\Field\\One.fp3"), "one");
 }
@@ -121,7 +110,7 @@ TEST_F(UndoCommands, DeleteAgain) {
 TEST_F(UndoCommands, PutOnlyTheRecordBackWhenAnotherProgramHasWritten) {
   erase(frmQMK::open, L"One.fp3");
   desktop().putFile(unit::catalogueFile, two + "\"FP3\",\"D:\\New.fp3\",\"3\"\r\n");
-  run(ids::mnuUndo);
+  choose(ids::mnuUndo);
   EXPECT_EQ(catalogue(),
             "fp3, C:\\Field\\One.fp3 ,1,more\r\n" + two + "\"FP3\",\"D:\\New.fp3\",\"3\"\r\n");
 }
@@ -129,19 +118,19 @@ TEST_F(UndoCommands, PutOnlyTheRecordBackWhenAnotherProgramHasWritten) {
 TEST_F(UndoCommands, ChangeNothingWhenTheNameIsTaken) {
   erase(frmQMK::open, L"One.fp3");
   desktop().putFile(L"C:\\Field\\One.fp3", "another");
-  run(ids::mnuUndo);
+  choose(ids::mnuUndo);
   EXPECT_EQ(news(), L"One.fp3 exists, nothing changed");
   EXPECT_EQ(catalogue(), two);
   EXPECT_EQ(file(L"C:\\Field\\One.fp3"), "another");
   desktop().take(L"C:\\Field\\One.fp3");
-  run(ids::mnuUndo);
+  choose(ids::mnuUndo);
   EXPECT_EQ(catalogue(), both);
 }
 
 TEST_F(UndoCommands, ChangeNothingWhenTheBinWasEmptied) {
   erase(frmQMK::open, L"One.fp3");
   desktop().emptyBin();
-  run(ids::mnuUndo);
+  choose(ids::mnuUndo);
   EXPECT_EQ(news(), L"One.fp3 is no longer in the Recycle Bin, nothing changed");
   EXPECT_EQ(catalogue(), two);
   EXPECT_EQ(entry(ids::mnuUndo), L"Undo Delete");
@@ -159,9 +148,9 @@ TEST_F(UndoCommands, SayWhenADeletionIsForGood) {
 
 TEST_F(UndoCommands, SayItOfASecondDeletion) {
   erase(frmQMK::open, L"One.fp3");
-  run(ids::mnuUndo);
+  choose(ids::mnuUndo);
   desktop().noBin.insert(L"C:");
-  run(ids::mnuRedo);
+  choose(ids::mnuRedo);
   EXPECT_EQ(news(), L"Deleted for good: no Recycle Bin here");
   EXPECT_EQ(entry(ids::mnuUndo), L"-Undo");
   EXPECT_EQ(entry(ids::mnuRedo), L"-Redo");
@@ -172,7 +161,7 @@ TEST_F(UndoCommands, BringTheRecordBackWhoseFileCouldNotBeDeleted) {
   erase(frmQMK::open, L"One.fp3");
   EXPECT_EQ(desktop().errorReports, std::vector<int>{70});
   EXPECT_EQ(catalogue(), two);
-  run(ids::mnuUndo);
+  choose(ids::mnuUndo);
   EXPECT_EQ(catalogue(), both);
   EXPECT_EQ(file(L"C:\\Field\\One.fp3"), "one");
 }
@@ -180,7 +169,7 @@ TEST_F(UndoCommands, BringTheRecordBackWhoseFileCouldNotBeDeleted) {
 TEST_F(UndoCommands, BringAMissingEntryBackThatWasDeleted) {
   desktop().take(L"C:\\Field\\One.fp3");
   erase(frmQMK::open, L"One.fp3");
-  run(ids::mnuUndo);
+  choose(ids::mnuUndo);
   EXPECT_EQ(catalogue(), both);
 }
 
@@ -191,7 +180,7 @@ TEST_F(UndoCommands, BringAMissingEntryBackThatTheAnswerNoDropped) {
   window.lstQMK[frmQMK::open].fireDoubleClick();
   EXPECT_EQ(catalogue(), two);
   EXPECT_EQ(entry(ids::mnuUndo), L"Undo Remove from List");
-  run(ids::mnuUndo);
+  choose(ids::mnuUndo);
   EXPECT_EQ(catalogue(), both);
 }
 
@@ -199,7 +188,7 @@ TEST_F(UndoCommands, BringAMissingEntryBackThatARenameDropped) {
   desktop().take(L"C:\\Field\\One.fp3");
   rename(frmQMK::open, L"One.fp3", L"Three");
   EXPECT_EQ(desktop().messages.back().text, L"File does not exists, removing entry");
-  run(ids::mnuUndo);
+  choose(ids::mnuUndo);
   EXPECT_EQ(catalogue(), both);
 }
 
@@ -207,12 +196,12 @@ TEST_F(UndoCommands, RenameTheFileBackAndItsRecord) {
   rename(frmQMK::open, L"Two.bi3", L"Three");
   EXPECT_NE(catalogue(), both);
   EXPECT_EQ(entry(ids::mnuUndo), L"Undo Rename");
-  run(ids::mnuUndo);
+  choose(ids::mnuUndo);
   EXPECT_EQ(catalogue(), both);
   EXPECT_EQ(file(L"C:\\Field\\Two.bi3"), "two");
   EXPECT_EQ(file(L"C:\\Field\\Three.BI3"), "missing");
   EXPECT_EQ(selected(frmQMK::open), L"Two.bi3");
-  run(ids::mnuRedo);
+  choose(ids::mnuRedo);
   EXPECT_EQ(file(L"C:\\Field\\Three.BI3"), "two");
   EXPECT_NE(catalogue().find("Three.BI3"), std::string::npos);
 }
@@ -221,13 +210,13 @@ TEST_F(UndoCommands, RenameBackInAListThatAnotherProgramHasChanged) {
   rename(frmQMK::open, L"Two.bi3", L"Three");
   const std::string other = "\"FP3\",\"D:\\New.fp3\",\"3\"\r\n";
   desktop().putFile(unit::catalogueFile, catalogue() + other);
-  run(ids::mnuUndo);
+  choose(ids::mnuUndo);
   EXPECT_EQ(catalogue(), "fp3, C:\\Field\\One.fp3 ,1,more\r\n" + two + other);
 }
 
 TEST_F(UndoCommands, RenameBackWhatDiffersOnlyInItsCase) {
   rename(frmQMK::open, L"Two.bi3", L"TWO.BI3");
-  run(ids::mnuUndo);
+  choose(ids::mnuUndo);
   EXPECT_EQ(catalogue(), both);
   EXPECT_EQ(desktop().namesIn(L"C:\\Field"), (std::vector<std::wstring>{L"One.fp3", L"Two.bi3"}));
 }
@@ -236,12 +225,12 @@ TEST_F(UndoCommands, DoNotRenameToANameThatIsTaken) {
   rename(frmQMK::open, L"Two.bi3", L"Three");
   const std::string renamed = catalogue();
   desktop().putFile(L"C:\\Field\\Two.bi3", "new");
-  run(ids::mnuUndo);
+  choose(ids::mnuUndo);
   EXPECT_EQ(news(), L"Two.bi3 exists, nothing changed");
   EXPECT_EQ(catalogue(), renamed);
   desktop().take(L"C:\\Field\\Two.bi3");
   desktop().take(L"C:\\Field\\Three.BI3");
-  run(ids::mnuUndo);
+  choose(ids::mnuUndo);
   EXPECT_EQ(news(), L"Three.BI3 is no longer there, nothing changed");
   EXPECT_EQ(catalogue(), renamed);
 }
@@ -250,20 +239,20 @@ TEST_F(UndoCommands, SayWhyTheyFailed) {
   rename(frmQMK::open, L"Two.bi3", L"Three");
   desktop().lock(L"C:\\Field\\Three.BI3");
   const std::string renamed = catalogue();
-  run(ids::mnuUndo);
+  choose(ids::mnuUndo);
   EXPECT_EQ(news(), L"Nothing was changed: Permission denied");
   EXPECT_EQ(catalogue(), renamed);
   desktop().unlock(L"C:\\Field\\Three.BI3");
-  run(ids::mnuUndo);
+  choose(ids::mnuUndo);
   EXPECT_EQ(catalogue(), both);
 }
 
 TEST_F(UndoCommands, PutARemovedEntryBack) {
   select(frmQMK::open, L"One.fp3");
-  run(ids::mnuRemoveFromList);
+  choose(ids::mnuRemoveFromList);
   EXPECT_EQ(catalogue(), two);
   EXPECT_EQ(entry(ids::mnuUndo), L"Undo Remove from List");
-  run(ids::mnuUndo);
+  choose(ids::mnuUndo);
   EXPECT_EQ(catalogue(), both);
 }
 
@@ -271,10 +260,10 @@ TEST_F(UndoCommands, TakeOutWhatWasAdded) {
   desktop().putFile(L"D:\\New.fp3", "new");
   desktop().clipboard = {.text = {}, .files = {L"D:\\New.fp3", L"C:\\Field\\One.fp3"}};
   switchTo(frmQMK::open);
-  run(ids::mnuPaste);
+  choose(ids::mnuPaste);
   EXPECT_NE(catalogue(), both);
   EXPECT_EQ(entry(ids::mnuUndo), L"Undo Add");
-  run(ids::mnuUndo);
+  choose(ids::mnuUndo);
   EXPECT_EQ(catalogue(), both);
   EXPECT_EQ(news(), L"Undone: Add");
   EXPECT_EQ(file(L"D:\\New.fp3"), "new");
@@ -284,44 +273,44 @@ TEST_F(UndoCommands, TakeOutAnAddedList) {
   desktop().putFile(L"D:\\list.txt", "\"FP3\",\"D:\\New.fp3\",\"3\"\r\n");
   desktop().fileDialogResults = {L"D:\\list.txt"};
   switchTo(frmQMK::open);
-  run(ids::mnuAddList);
+  choose(ids::mnuAddList);
   EXPECT_NE(catalogue(), both);
-  run(ids::mnuUndo);
+  choose(ids::mnuUndo);
   EXPECT_EQ(catalogue(), both);
 }
 
 TEST_F(UndoCommands, BringAllRecordsBackThatOneDeletionRemoved) {
   erase(frmQMK::web, L"Weather");
   EXPECT_EQ(webList(), "\"Maps\",\"http://m.example\"\r\n");
-  run(ids::mnuUndo);
+  choose(ids::mnuUndo);
   EXPECT_EQ(webList(), sites);
   EXPECT_EQ(news(), L"Undone: Delete Weather");
 }
 
 TEST_F(UndoCommands, TakeBackWhatTheWebDialogDid) {
   switchTo(frmQMK::web);
-  run(ids::mnuCreate);
+  choose(ids::mnuCreate);
   window.webDialog()->cmdOK.fireClick();
   EXPECT_EQ(webList(), sites + "\"New Web Short Cut\",\"http://\"\r\n");
   EXPECT_EQ(entry(ids::mnuUndo), L"Undo Create");
-  run(ids::mnuUndo);
+  choose(ids::mnuUndo);
   EXPECT_EQ(webList(), sites);
   select(frmQMK::web, L"Maps");
-  run(ids::mnuRename);
+  choose(ids::mnuRename);
   window.webDialog()->txtName.acceptTyped(L"Charts");
   window.webDialog()->cmdOK.fireClick();
   EXPECT_NE(webList(), sites);
   EXPECT_EQ(entry(ids::mnuUndo), L"Undo Rename");
-  run(ids::mnuUndo);
+  choose(ids::mnuUndo);
   EXPECT_EQ(webList(), sites);
 }
 
 TEST_F(UndoCommands, TakeBackPastedAddresses) {
   desktop().clipboard = {.text = L"http://new.example"};
   switchTo(frmQMK::web);
-  run(ids::mnuPaste);
+  choose(ids::mnuPaste);
   EXPECT_NE(webList(), sites);
-  run(ids::mnuUndo);
+  choose(ids::mnuUndo);
   EXPECT_EQ(webList(), sites);
 }
 
@@ -329,7 +318,7 @@ TEST_F(UndoCommands, BringAShortcutBack) {
   const std::string bytes = file(folder + L"Calc.lnk");
   erase(frmQMK::tools, L"Calc");
   EXPECT_EQ(file(folder + L"Calc.lnk"), "missing");
-  run(ids::mnuUndo);
+  choose(ids::mnuUndo);
   EXPECT_EQ(file(folder + L"Calc.lnk"), bytes);
   EXPECT_EQ(selected(frmQMK::tools), L"Calc");
 }
@@ -339,12 +328,12 @@ TEST_F(UndoCommands, BringARenamedShortcutBackIntoItsList) {
   const std::string bytes = file(folder + L"Calc.lnk");
   rename(frmQMK::tools, L"Calc", L"Sums");
   EXPECT_EQ(file(L"C:\\App\\shortcuts\\Sums.lnk"), bytes);
-  run(ids::mnuUndo);
+  choose(ids::mnuUndo);
   EXPECT_EQ(file(folder + L"Calc.lnk"), bytes);
   // Rename replaced that one without a question.
   EXPECT_EQ(file(L"C:\\App\\shortcuts\\Sums.lnk"), "another one");
   EXPECT_EQ(selected(frmQMK::tools), L"Calc");
-  run(ids::mnuRedo);
+  choose(ids::mnuRedo);
   EXPECT_EQ(file(folder + L"Calc.lnk"), "missing");
   EXPECT_EQ(file(L"C:\\App\\shortcuts\\Sums.lnk"), bytes);
 }
@@ -353,13 +342,13 @@ TEST_F(UndoCommands, RemoveACreatedShortcut) {
   desktop().putProgram(L"C:\\Tools\\calc.exe");
   switchTo(frmQMK::tools);
   desktop().fileDialogResults = {L"C:\\Tools\\calc.exe"};
-  run(ids::mnuCreate);
+  choose(ids::mnuCreate);
   const std::wstring made = folder + L"Shortcut to calc.exe.lnk";
   const std::string bytes = file(made);
   EXPECT_NE(bytes, "missing");
-  run(ids::mnuUndo);
+  choose(ids::mnuUndo);
   EXPECT_EQ(file(made), "missing");
-  run(ids::mnuRedo);
+  choose(ids::mnuRedo);
   EXPECT_EQ(file(made), bytes);
 }
 
@@ -370,9 +359,9 @@ TEST_F(UndoCommands, PutBackAShortcutThatANewOneHasReplaced) {
   const std::string old = file(made);
   desktop().clipboard = {.text = {}, .files = {L"C:\\Tools\\calc.exe"}};
   switchTo(frmQMK::tools);
-  run(ids::mnuPaste);
+  choose(ids::mnuPaste);
   EXPECT_NE(file(made), old);
-  run(ids::mnuUndo);
+  choose(ids::mnuUndo);
   EXPECT_EQ(file(made), old);
 }
 
@@ -380,9 +369,9 @@ TEST_F(UndoCommands, LeaveAShortcutThatWasChangedMeanwhile) {
   desktop().putProgram(L"C:\\Tools\\calc.exe");
   desktop().clipboard = {.text = {}, .files = {L"C:\\Tools\\calc.exe"}};
   switchTo(frmQMK::tools);
-  run(ids::mnuPaste);
+  choose(ids::mnuPaste);
   desktop().putFile(folder + L"Shortcut to calc.exe.lnk", "changed");
-  run(ids::mnuUndo);
+  choose(ids::mnuUndo);
   EXPECT_EQ(news(), L"Shortcut to calc.exe.lnk was changed meanwhile, nothing changed");
   EXPECT_EQ(file(folder + L"Shortcut to calc.exe.lnk"), "changed");
 }
@@ -390,7 +379,7 @@ TEST_F(UndoCommands, LeaveAShortcutThatWasChangedMeanwhile) {
 TEST_F(UndoCommands, BringTheirTabToTheFront) {
   erase(frmQMK::web, L"Maps");
   switchTo(frmQMK::newFiles);
-  run(ids::mnuUndo);
+  choose(ids::mnuUndo);
   EXPECT_EQ(window.TabMain.current(), frmQMK::web);
   EXPECT_EQ(selected(frmQMK::web), L"Maps");
 }
@@ -399,16 +388,16 @@ TEST_F(UndoCommands, TakeBackTheLastTwentyInTheirOrder) {
   for (int n = 0; n < 21; ++n) {
     desktop().clipboard = {.text = L"http://" + std::to_wstring(n) + L".example"};
     switchTo(frmQMK::web);
-    run(ids::mnuPaste);
+    choose(ids::mnuPaste);
   }
   for (int n = 0; n < 20; ++n) {
     ASSERT_EQ(entry(ids::mnuUndo), L"Undo Add");
-    run(ids::mnuUndo);
+    choose(ids::mnuUndo);
   }
   EXPECT_EQ(entry(ids::mnuUndo), L"-Undo");
   EXPECT_EQ(webList(), sites + "\"0.example\",\"http://0.example\"\r\n");
   for (int n = 0; n < 20; ++n) {
-    run(ids::mnuRedo);
+    choose(ids::mnuRedo);
   }
   EXPECT_EQ(entry(ids::mnuRedo), L"-Redo");
   EXPECT_NE(webList().find("20.example"), std::string::npos);
@@ -416,7 +405,7 @@ TEST_F(UndoCommands, TakeBackTheLastTwentyInTheirOrder) {
 
 TEST_F(UndoCommands, ForgetWhatCouldBeRedoneWhenSomethingElseIsDone) {
   erase(frmQMK::open, L"One.fp3");
-  run(ids::mnuUndo);
+  choose(ids::mnuUndo);
   erase(frmQMK::web, L"Maps");
   EXPECT_EQ(entry(ids::mnuRedo), L"-Redo");
   EXPECT_EQ(entry(ids::mnuUndo), L"Undo Delete");
@@ -425,10 +414,10 @@ TEST_F(UndoCommands, ForgetWhatCouldBeRedoneWhenSomethingElseIsDone) {
 TEST_F(UndoCommands, DoNotCountWhatChangedNothing) {
   select(frmQMK::open, L"One.fp3");
   desktop().answers = {Answer::no};
-  run(ids::mnuDelete);
+  choose(ids::mnuDelete);
   EXPECT_EQ(entry(ids::mnuUndo), L"-Undo");
   desktop().inputAnswers = {L""};
-  run(ids::mnuRename);
+  choose(ids::mnuRename);
   EXPECT_EQ(entry(ids::mnuUndo), L"-Undo");
 }
 
@@ -442,7 +431,7 @@ TEST_F(UndoCommands, TakeTheChangeBackThatAFoundFileMade) {
   window.lstQMK[frmQMK::open].fireDoubleClick();
   ASSERT_NE(catalogue(), both);
   EXPECT_EQ(entry(ids::mnuUndo), L"Undo Find Moved Files");
-  run(ids::mnuUndo);
+  choose(ids::mnuUndo);
   EXPECT_EQ(catalogue(), both);
 }
 

@@ -18,6 +18,11 @@ class ListCommands : public LoadedMainWindow {
     modQMKGeneral::LoadWebList(window.webList);
     switchTo(frmQMK::open);
   }
+  /// Chooses an entry of a menu, which finds out first whether it can be chosen.
+  void choose(int command) {
+    window.commands.refresh();
+    window.commands.item(command).fireClick();
+  }
   [[nodiscard]] static std::string catalogue() {
     return memory::desktop().bytesOf(catalogueFile).value_or("missing");
   }

@@ -1,8 +1,8 @@
 // The date and time, and dates as the user's locale writes them.
 #pragma once
 
-#include <compare>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "platform/files.h"
@@ -17,8 +17,13 @@ struct Moment {
   int hour = 0;
   int minute = 0;
   int second = 0;
-  auto operator<=>(const Moment&) const = default;
+  bool operator==(const Moment&) const = default;
+  bool operator<(const Moment& other) const {
+    return std::tie(year, month, day, hour, minute, second) <
+           std::tie(other.year, other.month, other.day, other.hour, other.minute, other.second);
+  }
 };
+/// The present one.
 [[nodiscard]] Moment localNow();
 
 /// Today as the user's short date, without a time.

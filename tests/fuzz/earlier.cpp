@@ -26,7 +26,7 @@ void checkName(Which list, const std::wstring& name) {
   require(platform::text::upper(again) == platform::text::upper(name),
           "a date and a time give the name that they were read from");
   const auto later = kept_lists::secondAfter(copy->made);
-  require(later > copy->made, "the next second is later");
+  require(copy->made < later, "the next second is later");
   require(kept_lists::fromName(list, kept_lists::nameOfCopy(list, later, true)).has_value() ||
               later.year > 9999,
           "the next second has a name");

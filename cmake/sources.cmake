@@ -35,6 +35,8 @@ set(listfile_sources
   src/listfile/list_keeper.cpp
   src/listfile/list_patch.cpp
   src/listfile/suite_lists.cpp)
+
+set(settings_sources src/settings/ini_text.cpp src/settings/store.cpp)
 set(undo_sources
   src/undo/changes.cpp
   src/undo/history.cpp)
@@ -49,6 +51,7 @@ set(catalogue_sources
   src/catalogue/catalogue_listing.cpp
   src/catalogue/catalogue_rename.cpp
   src/catalogue/catalogue_view.cpp
+  src/catalogue/changed_drive.cpp
   src/catalogue/data_types.cpp
   src/catalogue/date_order.cpp
   src/catalogue/entry.cpp
@@ -109,6 +112,7 @@ set(portable_sources
   ${icons_sources}
   ${paths_sources}
   ${listfile_sources}
+  ${settings_sources}
   ${undo_sources}
   ${flatlook_sources}
   ${catalogue_sources}

@@ -2,22 +2,17 @@
 #include "mainwindow/main_window.h"
 #include "mainwindow/placement.h"
 #include "platform/screens.h"
-#include "platform/settings.h"
 
-namespace settings = platform::settings;
+namespace key = settings::key;
 
 namespace {
 
-constexpr const wchar_t* section = L"General";
-constexpr const wchar_t* placementKey = L"Placement";
-constexpr const wchar_t* newestFirstKey = L"NewestFirst";
-
-std::wstring columnsKey(std::size_t list) { return L"Columns" + std::to_wstring(list); }
+std::wstring columnsKey(std::size_t list) { return key::columns + std::to_wstring(list); }
 
 }  // namespace
 
 void frmQMK::restorePlace() {
-  auto placement = mainwindow::placementFromText(settings::read(section, placementKey, L""));
+  auto placement = mainwindow::placementFromText(kept.value(key::placement, L""));
   if (!placement || peer() == nullptr) {
     return;
   }
@@ -28,24 +23,27 @@ void frmQMK::restorePlace() {
 
 void frmQMK::restoreColumnWidths() {
   for (std::size_t i = 0; i < lstQMK.size(); ++i) {
-    mainwindow::setColumnWidths(lstQMK.at(i), settings::read(section, columnsKey(i), L""));
+    mainwindow::setColumnWidths(lstQMK.at(i), kept.value(columnsKey(i), L""));
   }
-  if (settings::read(section, newestFirstKey, L"") == L"1") {
+  if (kept.value(key::newestFirst, L"") == L"1") {
     setNewestFirst(true);
   }
 }
 
-void frmQMK::remember() const {
+void frmQMK::remember() {
   // A window that was never laid out has no placement of its own yet.
   if (peer() == nullptr || !laidOut()) {
     return;
   }
-  settings::write(section, placementKey, mainwindow::placementText(peer()->placement()));
+  std::vector<settings::Value> values{
+      {key::placement, mainwindow::placementText(peer()->placement())}};
   for (std::size_t i = 0; i < lstQMK.size(); ++i) {
-    settings::write(section, columnsKey(i), mainwindow::columnWidthsText(lstQMK.at(i)));
+    values.push_back({columnsKey(i), mainwindow::columnWidthsText(lstQMK.at(i))});
   }
   const std::wstring newestFirst = lstQMK[open].ranking() ? L"1" : L"0";
-  if (settings::read(section, newestFirstKey, L"0") != newestFirst) {
-    settings::write(section, newestFirstKey, newestFirst);
+  if (kept.value(key::newestFirst, L"0") != newestFirst) {
+    values.push_back({key::newestFirst, newestFirst});
   }
+  // The window is going, so nobody can be told of a file that cannot be written.
+  static_cast<void>(kept.keep(values));
 }

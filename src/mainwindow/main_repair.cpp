@@ -1,9 +1,11 @@
-// Entries whose files have been moved: finding the files and changing the entries.
+// Entries whose files have been moved, or whose drive has got another letter: finding the files and
+// changing the entries.
 #include <memory>
 #include <optional>
 #include <unordered_set>
 #include <utility>
 
+#include "catalogue/changed_drive.h"
 #include "catalogue/missing_files.h"
 #include "catalogue/moved_files.h"
 #include "catalogue/moved_records.h"
@@ -11,7 +13,9 @@
 #include "mainwindow/main_window.h"
 #include "platform/background.h"
 #include "platform/dialogs.h"
+#include "platform/drives.h"
 #include "platform/trap.h"
+#include "startup/paths.h"
 
 using modQMKGeneral::FoundFile;
 using modQMKGeneral::ListedFolder;
@@ -25,6 +29,8 @@ struct frmQMK::Repair {
   std::vector<modQMKGeneral::PathChange> changes{};  ///< What the user has agreed to.
   std::size_t unclear = 0;  ///< Entries whose file may be in too many places.
   std::size_t gone = 0;     ///< Changes to files that are not there any more.
+  std::wstring before{};    ///< The letter that the program's drive had,
+  std::wstring now{};       ///< and the one that it has.
 
   /// Asks about the moves. What the user agrees to is missing no longer.
   void ask();
@@ -54,6 +60,14 @@ std::function<bool(std::wstring_view)> namesAmong(const std::vector<ListedFolder
   }
   return
       [wanted](std::wstring_view name) { return wanted->contains(stored_path::comparable(name)); };
+}
+
+/// The letter of the program's drive, if it may be another one at the next start: that of a copy
+/// that is carried around, or on a drive that can be taken out. "" otherwise.
+std::wstring letterToKeep(const settings::Store& kept) {
+  const std::wstring folder = modQMKGeneral::AppFolder();
+  return kept.isFile() || platform::drives::mayBeSlow(folder) ? modQMKGeneral::ownLetter(folder)
+                                                              : std::wstring();
 }
 
 }  // namespace
@@ -162,4 +176,53 @@ void frmQMK::endRepair(const std::shared_ptr<Repair>& repair) {
   result.gone = repair->gone;
   result.unclear = repair->unclear;
   tell(modQMKGeneral::changedText(result));
+}
+
+void frmQMK::afterStart() {
+  if (!kept.canKeep()) {
+    tell(L"Settings are not kept: gateway3.ini cannot be written");
+    return;
+  }
+  const std::wstring before = kept.value(settings::key::drive, L"");
+  const std::wstring now = letterToKeep(kept);
+  if (before == now) {
+    return;
+  }
+  if (before.empty() || now.empty() || before != modQMKGeneral::ownLetter(before) ||
+      modQMKGeneral::hasPair(kept.value(settings::key::drivesKept, L""), before, now)) {
+    static_cast<void>(kept.keep({{settings::key::drive, now}}));
+    return;
+  }
+  repairing_ = std::make_shared<bool>();
+  const auto repair =
+      std::make_shared<Repair>(Repair{.current = repairing_,
+                                      .missing = modQMKGeneral::entriesByFolder(lstQMK[open]),
+                                      .before = before,
+                                      .now = now});
+  static_cast<void>(nextStep(
+      repair,
+      [](Repair& step) {
+        step.changes =
+            modQMKGeneral::entriesThatFollow(std::move(step.missing), step.before, step.now);
+      },
+      &frmQMK::askAboutDrive));
+}
+
+void frmQMK::askAboutDrive(const std::shared_ptr<Repair>& repair) {
+  using platform::dialogs::Answer;
+  using platform::dialogs::MessageStyle;
+  std::vector<settings::Value> values{{settings::key::drive, repair->now}};
+  const bool follow =
+      !repair->changes.empty() &&
+      platform::dialogs::showMessage(
+          modQMKGeneral::driveQuestion(repair->before, repair->now, repair->changes.size()),
+          MessageStyle::yesNoQuestion) == Answer::yes;
+  if (!repair->changes.empty() && !follow) {
+    values.push_back({settings::key::drivesKept,
+                      modQMKGeneral::withPair(kept.value(settings::key::drivesKept, L""),
+                                              repair->before, repair->now)});
+    repair->changes.clear();
+  }
+  static_cast<void>(kept.keep(values));
+  changeMoved(repair);
 }

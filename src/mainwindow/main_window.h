@@ -22,6 +22,7 @@
 #include "platform/controls/image_list.h"
 #include "platform/controls/list_view.h"
 #include "platform/controls/window.h"
+#include "settings/store.h"
 #include "shortcuts/shortcut_list.h"
 #include "undo/history.h"
 #include "web/web_dialog.h"
@@ -70,6 +71,8 @@ class frmQMK : public controls::Window {
   controls::MenuItem& mnuWeb;
   controls::MenuItem& mnuAbout;
 
+  /// What is kept between runs.
+  settings::Store kept;
   /// What the user can take back.
   undo::History history;
 
@@ -87,6 +90,9 @@ class frmQMK : public controls::Window {
   /// Adds the lists' columns and the toolbar's pictures and captions. Raises the platform's error
   /// when the shortcuts folder is gone and cannot be created.
   void SetupMainWindow();
+  /// The lists are full, and the user can see them. Says so if nothing can be kept between runs,
+  /// and asks about the entries if the program's drive has got another letter since the last run.
+  void afterStart();
 
   // Handlers; each is also called by its control.
   void TabMain_Click(int newTab);
@@ -169,7 +175,7 @@ class frmQMK : public controls::Window {
   /// What is kept between runs: placement of the window, widths of the columns.
   void restorePlace();
   void restoreColumnWidths();
-  void remember() const;
+  void remember();
   /// Asks whether the program is to end.
   [[nodiscard]] bool mayExit();
   void buildLists();
@@ -228,6 +234,8 @@ class frmQMK : public controls::Window {
   /// Changes what the user has agreed to, in two steps.
   void changeMoved(const std::shared_ptr<Repair>& repair);
   void endRepair(const std::shared_ptr<Repair>& repair);
+  /// Asks whether the entries follow the program's drive to its new letter.
+  void askAboutDrive(const std::shared_ptr<Repair>& repair);
   void endSearch();
   /// Ends a search at the user's wish. False when there is none.
   bool stopSearch();

@@ -22,6 +22,9 @@ namespace platform::drives {
 /// network drive, a drive whose medium can be taken out. The drive itself is not asked.
 [[nodiscard]] bool mayBeSlow(const std::wstring& path);
 
+/// Whether a full path is a network path or on a network drive. The drive itself is not asked.
+[[nodiscard]] bool isNetwork(const std::wstring& path);
+
 /// Whether the system knows the root of a full path: the drive's letter, or any network path. The
 /// drive itself is not asked.
 [[nodiscard]] bool isConnected(const std::wstring& path);

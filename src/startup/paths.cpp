@@ -18,8 +18,10 @@ std::wstring ShortCutsFolder;
 
 std::wstring AppFolder() { return platform::application::folder(); }
 
+std::wstring SettingsFile() { return AppFolder() + L"\\gateway3.ini"; }
+
 std::wstring BackupFolder() {
-  if (files::fileExists(AppFolder() + L"\\gateway3.ini")) {
+  if (files::fileExists(SettingsFile())) {
     return AppFolder() + L"\\Backup";
   }
   return UserFolder.empty() ? std::wstring() : UserFolder + L"\\Backup";

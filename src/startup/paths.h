@@ -13,9 +13,13 @@ extern std::wstring ShortCutsFolder;
 /// Folder of the launcher's own executable, without a trailing backslash.
 [[nodiscard]] std::wstring AppFolder();
 
+/// Path of the file in which a copy of the program that is carried around stores its settings:
+/// "gateway3.ini" beside the program. Other copies have no such file.
+[[nodiscard]] std::wstring SettingsFile();
+
 /// Where the copies of the two list files are kept: the folder "Backup" of `UserFolder`. A copy of
-/// the program that is carried around, which has a file "gateway3.ini" beside it, keeps them beside
-/// the program. "" as long as the user's folder is not known. The folder may be missing.
+/// the program that has a settings file keeps them beside the program. "" as long as the user's
+/// folder is not known. The folder may be missing.
 [[nodiscard]] std::wstring BackupFolder();
 
 /// Computes `UserFolder` and `ShortCutsFolder` and creates those that are missing. Raises the

@@ -9,9 +9,9 @@
 #include "catalogue/catalogue_view.h"
 #include "platform/application.h"
 #include "platform/dispatcher.h"
-#include "platform/settings.h"
 #include "platform/text.h"
 #include "platform/windows.h"
+#include "settings/store.h"
 #include "shortcuts/shortcut_list.h"
 #include "startup/paths.h"
 #include "web/web_list.h"
@@ -24,16 +24,15 @@ using platform::application::processPendingMessages;
 namespace {
 
 /// Adds the example canopy file to the catalogue, once per user.
-void registerExample() {
-  constexpr const wchar_t* section = L"General";
-  constexpr const wchar_t* key = L"CWIExample";
-  const std::wstring registered = platform::settings::read(section, key, L"False");
+void registerExample(settings::Store& kept) {
+  const std::wstring registered = kept.value(settings::key::example, L"False");
   if (platform::text::upper(registered) == L"TRUE") {
     return;
   }
   modQMKGeneral::AddOrUpdateCatalogueEntry(modQMKGeneral::AppFolder() + L"\\data\\CWIexample.cw3",
                                            L"CW3");
-  platform::settings::write(section, key, L"True");
+  // A file that cannot be written is told of when the window is up.
+  static_cast<void>(kept.keep({{settings::key::example, L"True"}}));
 }
 
 }  // namespace
@@ -55,8 +54,8 @@ void Gateway::showSplash() {
 }
 
 void Gateway::fillLists() {
-  const std::array<std::function<void()>, 10> steps{
-      registerExample,
+  const std::array<std::function<void()>, 11> steps{
+      [this] { registerExample(main.kept); },
       [this] { modQMKGeneral::LoadCatalogueView(main.catalogue); },
       [this] { modQMKGeneral::AddNewFileItems(main.catalogue); },
       [this] { modSC::LoadShortcutList(main.shortcuts); },
@@ -66,6 +65,7 @@ void Gateway::fillLists() {
       processPendingMessages,
       [this] { modQMKGeneral::RefreshDataFolderEntries(main.catalogue); },
       [this] { main.tmrFileUpdate.setEnabled(true); },
+      [this] { main.afterStart(); },
   };
   for (const auto& step : steps) {
     // The user may close the window while messages are processed.

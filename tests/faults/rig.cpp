@@ -224,6 +224,7 @@ std::vector<int> errorsOf(const std::wstring& call) {
       {L"read ", {53, 76, 70, 75, 67, 57}},
       {L"create C:", {70, 75, 76, 61, 67, 57}},
       {L"create D:", {70, 75, 76, 61, 67, 57}},
+      {L"create F:", {70, 75, 76, 61, 67, 57}},
       {L"create frm", {7}},
       {L"write ", {61, 57, 70, 75, 76}},
       {L"replace ", {53, 75, 70, 57}},

@@ -101,6 +101,7 @@ void Desktop::reset() {
   classicHelp = true;
   compiledHelp = true;
   slowDrives.clear();
+  networkDrives.clear();
   missingDrives.clear();
   dateForm = {L"M/d/yyyy", {}, L"AM", L"PM"};
   backgroundMilliseconds = 0;

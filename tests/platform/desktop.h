@@ -251,6 +251,8 @@ class Desktop {
   bool compiledHelp = true;
   /// Drives ("E:") that may be slow, as network paths always are.
   std::set<std::wstring> slowDrives;
+  /// Drives ("E:") that are network drives.
+  std::set<std::wstring> networkDrives;
   /// Drives ("E:") that are not connected; what lies on them is not found by then either.
   std::set<std::wstring> missingDrives;
   /// How long work in the background takes.

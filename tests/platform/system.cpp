@@ -102,7 +102,11 @@ void waitIsOver(const controls::Window& window) {
 namespace drives {
 
 bool mayBeSlow(const std::wstring& path) {
-  return path.starts_with(L"\\\\") || desktop().slowDrives.contains(path.substr(0, 2));
+  return isNetwork(path) || desktop().slowDrives.contains(path.substr(0, 2));
+}
+
+bool isNetwork(const std::wstring& path) {
+  return path.starts_with(L"\\\\") || desktop().networkDrives.contains(path.substr(0, 2));
 }
 
 std::vector<std::wstring> connected() {

@@ -25,6 +25,11 @@ bool mayBeSlow(const std::wstring& path) {
   return kind == DRIVE_REMOTE || kind == DRIVE_REMOVABLE || kind == DRIVE_CDROM;
 }
 
+bool isNetwork(const std::wstring& path) {
+  const std::wstring ordinary = win32::ordinaryPath(path);
+  return ordinary.starts_with(L"\\\\") || kindOf(ordinary) == DRIVE_REMOTE;
+}
+
 bool isConnected(const std::wstring& path) {
   return kindOf(win32::ordinaryPath(path)) != DRIVE_NO_ROOT_DIR;
 }

@@ -100,10 +100,22 @@ void RandomUse::drives() {
   }
 }
 
+void RandomUse::settingsFile() {
+  constexpr const wchar_t* path = L"C:\\App\\gateway3.ini";
+  if (desktop().has(path)) {
+    desktop().setReadOnly(path, oneIn(3));
+  }
+  // As if the program began once more, at another letter.
+  main_->afterStart();
+}
+
 void RandomUse::system() {
-  switch (below(5)) {
+  switch (below(6)) {
     case 0:
       drives();
+      break;
+    case 4:
+      settingsFile();
       break;
     case 1:
       desktop().classicHelp = oneIn(2);

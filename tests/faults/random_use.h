@@ -32,6 +32,7 @@ class RandomUse : public ::memory::DesktopTest {
   /// and go, programs need an administrator, the session wants to end.
   void system();
   void drives();
+  void settingsFile();
   void select();
   void command();
   const mainwindow::Command& someCommand();

@@ -254,7 +254,12 @@ void RandomUse::expectShownIsWhatMatches() {
 
 void RandomUse::use(unsigned seed, int events) {
   random_.seed(seed);
-  Rig rig;
+  // Every second program is carried around, and its drive had another letter.
+  Rig rig([seed] {
+    if (seed % 2 == 0) {
+      desktop().putFile(L"C:\\App\\gateway3.ini", "[General]\r\nDrive=E:\r\n");
+    }
+  });
   main_ = &rig.main();
   main_->tmrFileUpdate.setEnabled(true);
   desktop().onMessage = [this](const ::memory::Message&) { meanwhile(); };

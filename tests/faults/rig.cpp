@@ -80,9 +80,12 @@ const ::testing::Environment* const printsFigures =
 
 }  // namespace
 
-Rig::Rig() {
+Rig::Rig(const std::function<void()>& prepare) {
   desktop().reset();
   desktop().onMistake = [](const std::string& what) { ADD_FAILURE() << what; };
+  if (prepare) {
+    prepare();
+  }
   modQMKGeneral::InitUserFolders();
   main_ = std::make_unique<frmQMK>();
   // There are no lists yet, so the copies of this day are done. What fails while copies are made

@@ -33,7 +33,8 @@ inline const std::wstring shortcutsFolder = L"C:\\Users\\Ann\\Documents\\My QMKE
 /// shortcuts. The lists are filled.
 class Rig {
  public:
-  Rig();
+  /// `prepare` runs on the empty desktop, before there is a window.
+  explicit Rig(const std::function<void()>& prepare = {});
   frmQMK& main() { return *main_; }
   /// Fills the lists again and clears the messages and the journal.
   void settle();

@@ -113,32 +113,6 @@ void Monkey::watch() {
   }
 }
 
-void Monkey::restart() {
-  // When the program ends normally, it stores its window's placement at the very end.
-  constexpr const wchar_t* rememberedPlace = L"Placement";
-  const auto code = app_.process().waitForExit(0);
-  const bool remembered = harness::TestProfile::setting(rememberedPlace).has_value();
-  if (code != DWORD{0} || !remembered) {
-    throw Failure("the program has ended with " + std::to_string(code.value_or(0)) +
-                  (remembered ? "" : " without remembering its window"));
-  }
-  harness::TestProfile::removeSetting(rememberedPlace);
-  ++restarts_;
-  app_.start();
-  harness::waitUntil("the program comes back", [this] {
-    // If the machine stands still for a while, the splash window may appear and disappear
-    // unnoticed.
-    if (HWND const splash = app_.splash(); splash != nullptr) {
-      PostMessageW(splash, WM_LBUTTONDOWN, MK_LBUTTON, 0);
-      PostMessageW(splash, WM_LBUTTONUP, 0, 0);
-    }
-    return harness::visibleWindow(app_.processId(), L"frmQMK") != nullptr;
-  });
-  app_.waitForMain();
-  harness::waitUntil("start-up fills the lists",
-                     [this] { return app_.list(harness::Tab::newFile).count() == 4; });
-}
-
 void Monkey::clickSomewhere(HWND window, bool twice) {
   const RECT area = harness::screenRect(window);
   const int width = std::max(1, static_cast<int>(area.right - area.left));
@@ -302,44 +276,6 @@ void Monkey::inDialog(HWND open) {
       } else {
         press(VK_ESCAPE);
       }
-  }
-}
-
-void Monkey::changeFiles() {
-  const std::wstring number = std::to_wstring(files_++ % 50);
-  const std::wstring path = app_.folder() + L"\\data\\Found " + number + L".fp3";
-  const int kind = random_.below(6);
-  note("change of files " + std::to_string(kind));
-  // The program may have the file open at this instant; then the file is not changed.
-  const auto appendTo = [](const std::wstring& file, const std::wstring& line) {
-    HANDLE const open =
-        CreateFileW(file.c_str(), FILE_APPEND_DATA, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (open != INVALID_HANDLE_VALUE) {
-      const std::string bytes = harness::codePageBytes(line);
-      DWORD written = 0;
-      WriteFile(open, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
-      CloseHandle(open);
-    }
-  };
-  switch (kind) {
-    case 0:
-      harness::writeFile(path, "data\r\n");
-      break;
-    case 1:
-      DeleteFileW(path.c_str());
-      break;
-    case 2:
-      DeleteFileW(app_.cataloguePath().c_str());
-      break;
-    case 3:
-      appendTo(app_.folder() + L"\\QMKWebList.txt",
-               L"\"Page " + number + L"\",\"qmkproof:" + number + L"\"\r\n");
-      break;
-    default:
-      appendTo(app_.cataloguePath(),
-               L"\"fp3\",\"" + (kind == 4 ? path : L"C:\\gone\\Gone " + number + L".bs3") +
-                   L"\",\"1/2/2003\"\r\n");
   }
 }
 

@@ -52,6 +52,12 @@ class Monkey {
   void changeFiles();
   void watch();
   void restart();
+  /// Whether the program has stored where its window was: beside it if it is carried around, else
+  /// in the registry.
+  [[nodiscard]] bool placeIsStored() const;
+  /// Removes that, and makes the program one that is carried around or one that is not.
+  void forgetPlace(bool carried) const;
+  [[nodiscard]] std::wstring settingsPath() const { return app_.folder() + L"\\gateway3.ini"; }
   void note(const std::string& event);
   void clickSomewhere(HWND window, bool twice);
   /// The window that owns the open menu; null when none is open.

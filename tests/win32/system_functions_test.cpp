@@ -84,6 +84,14 @@ TEST(Drives, OnTheNetworkMayBeSlowAndTheSystemsIsNot) {
   }
 }
 
+TEST(Drives, OfAServerAreOnTheNetworkAndTheSystemsIsNot) {
+  EXPECT_TRUE(platform::drives::isNetwork(LR"(\\server\share\tool.exe)"));
+  EXPECT_TRUE(platform::drives::isNetwork(LR"(\\?\UNC\server\share\tool.exe)"));
+  for (const wchar_t* const path : {LR"(C:\tool.exe)", LR"(\\?\C:\tool.exe)", L"C:", L"x", L""}) {
+    EXPECT_FALSE(platform::drives::isNetwork(path)) << path;
+  }
+}
+
 TEST(Drives, OfTheSystemIsConnectedAndAnswers) {
   const std::vector<std::wstring> drives = platform::drives::connected();
   EXPECT_NE(std::find(drives.begin(), drives.end(), L"C:"), drives.end());

@@ -3,66 +3,14 @@
 
 #include <string>
 
-#include "mainwindow/control_ids.h"
 #include "platform/faults.h"
-#include "unit/support/links.h"
-#include "unit/support/list_commands.h"
+#include "unit/support/undo_commands.h"
 
 namespace {
 
 using memory::desktop;
 using platform::dialogs::Answer;
-
-class UndoCommands : public unit::ListCommands {
- protected:
-  UndoCommands() {
-    desktop().putFile(L"C:\\Field\\One.fp3", "one");
-    desktop().putFile(L"C:\\Field\\Two.bi3", "two");
-    desktop().putFile(unit::catalogueFile, both);
-    desktop().putFile(unit::webListFile, sites);
-    for (const wchar_t* const name : {L"Calc.lnk", L"Notes.lnk"}) {
-      desktop().putLink(folder + name, linkTo(L"C:\\Tools\\calc.exe"));
-    }
-    desktop().putFolder(L"C:\\App\\shortcuts");
-    modSC::LoadShortcutList(window.shortcuts);
-    showLists();
-  }
-  void select(int tab, const std::wstring& name) {
-    switchTo(tab);
-    LoadedMainWindow::select(window.lstQMK.at(static_cast<std::size_t>(tab)), name);
-  }
-  void erase(int tab, const std::wstring& name) {
-    select(tab, name);
-    desktop().answers = {Answer::yes};
-    choose(ids::mnuDelete);
-  }
-  void rename(int tab, const std::wstring& name, const std::wstring& newName) {
-    select(tab, name);
-    desktop().inputAnswers = {newName};
-    choose(ids::mnuRename);
-  }
-  /// What an entry of the Edit menu says; "-" in front of one that is disabled.
-  std::wstring entry(int command) {
-    window.commands.refresh();
-    return (window.commands.item(command).enabled() ? L"" : L"-") +
-           window.commands.item(command).caption();
-  }
-  [[nodiscard]] static std::string file(const std::wstring& path) {
-    return desktop().bytesOf(path).value_or("missing");
-  }
-  [[nodiscard]] std::wstring selected(int tab) const {
-    const controls::ListView& list = window.lstQMK.at(static_cast<std::size_t>(tab));
-    return list.selected() ? std::wstring(list.text(*list.selected())) : L"none";
-  }
-
-  const std::string one = "fp3, C:\\Field\\One.fp3 ,1,more\n";
-  const std::string two = "\"BI3\",\"C:\\Field\\Two.bi3\",\"2\"\r\n";
-  const std::string both = one + two;
-  const std::string sites =
-      "\"Weather\",\"http://w.example\"\r\n\"Maps\",\"http://m.example\"\r\n"
-      "\"Weather\",\"http://other.example\"\r\n";
-  const std::wstring folder = L"C:\\Users\\Ann\\Documents\\My QMKExtra3\\ShortCuts\\";
-};
+using unit::UndoCommands;
 
 TEST_F(UndoCommands, HaveNothingToDoAtFirst) {
   EXPECT_EQ(entry(ids::mnuUndo), L"-Undo");
@@ -312,68 +260,6 @@ TEST_F(UndoCommands, TakeBackPastedAddresses) {
   EXPECT_NE(webList(), sites);
   choose(ids::mnuUndo);
   EXPECT_EQ(webList(), sites);
-}
-
-TEST_F(UndoCommands, BringAShortcutBack) {
-  const std::string bytes = file(folder + L"Calc.lnk");
-  erase(frmQMK::tools, L"Calc");
-  EXPECT_EQ(file(folder + L"Calc.lnk"), "missing");
-  choose(ids::mnuUndo);
-  EXPECT_EQ(file(folder + L"Calc.lnk"), bytes);
-  EXPECT_EQ(selected(frmQMK::tools), L"Calc");
-}
-
-TEST_F(UndoCommands, BringARenamedShortcutBackIntoItsList) {
-  desktop().putFile(L"C:\\App\\shortcuts\\Sums.lnk", "another one");
-  const std::string bytes = file(folder + L"Calc.lnk");
-  rename(frmQMK::tools, L"Calc", L"Sums");
-  EXPECT_EQ(file(L"C:\\App\\shortcuts\\Sums.lnk"), bytes);
-  choose(ids::mnuUndo);
-  EXPECT_EQ(file(folder + L"Calc.lnk"), bytes);
-  // Rename replaced that one without a question.
-  EXPECT_EQ(file(L"C:\\App\\shortcuts\\Sums.lnk"), "another one");
-  EXPECT_EQ(selected(frmQMK::tools), L"Calc");
-  choose(ids::mnuRedo);
-  EXPECT_EQ(file(folder + L"Calc.lnk"), "missing");
-  EXPECT_EQ(file(L"C:\\App\\shortcuts\\Sums.lnk"), bytes);
-}
-
-TEST_F(UndoCommands, RemoveACreatedShortcut) {
-  desktop().putProgram(L"C:\\Tools\\calc.exe");
-  switchTo(frmQMK::tools);
-  desktop().fileDialogResults = {L"C:\\Tools\\calc.exe"};
-  choose(ids::mnuCreate);
-  const std::wstring made = folder + L"Shortcut to calc.exe.lnk";
-  const std::string bytes = file(made);
-  EXPECT_NE(bytes, "missing");
-  choose(ids::mnuUndo);
-  EXPECT_EQ(file(made), "missing");
-  choose(ids::mnuRedo);
-  EXPECT_EQ(file(made), bytes);
-}
-
-TEST_F(UndoCommands, PutBackAShortcutThatANewOneHasReplaced) {
-  desktop().putProgram(L"C:\\Tools\\calc.exe");
-  const std::wstring made = folder + L"Shortcut to calc.exe.lnk";
-  desktop().putLink(made, linkTo(L"C:\\Old.exe"));
-  const std::string old = file(made);
-  desktop().clipboard = {.text = {}, .files = {L"C:\\Tools\\calc.exe"}};
-  switchTo(frmQMK::tools);
-  choose(ids::mnuPaste);
-  EXPECT_NE(file(made), old);
-  choose(ids::mnuUndo);
-  EXPECT_EQ(file(made), old);
-}
-
-TEST_F(UndoCommands, LeaveAShortcutThatWasChangedMeanwhile) {
-  desktop().putProgram(L"C:\\Tools\\calc.exe");
-  desktop().clipboard = {.text = {}, .files = {L"C:\\Tools\\calc.exe"}};
-  switchTo(frmQMK::tools);
-  choose(ids::mnuPaste);
-  desktop().putFile(folder + L"Shortcut to calc.exe.lnk", "changed");
-  choose(ids::mnuUndo);
-  EXPECT_EQ(news(), L"Shortcut to calc.exe.lnk was changed meanwhile, nothing changed");
-  EXPECT_EQ(file(folder + L"Shortcut to calc.exe.lnk"), "changed");
 }
 
 TEST_F(UndoCommands, BringTheirTabToTheFront) {

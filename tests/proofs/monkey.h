@@ -16,6 +16,12 @@ class Monkey {
  public:
   Monkey(harness::GatewayApp& app, std::uint64_t seed) : app_(app), random_(seed) {}
 
+  /// Whether the program has stored where its window was: beside it if it is carried around, else
+  /// in the registry.
+  [[nodiscard]] bool placeIsStored() const;
+  /// Removes that, and makes the program one that is carried around or one that is not.
+  void forgetPlace(bool carried) const;
+
   /// One event, whatever is on the screen. Raises `Failure`, with the last events, when the program
   /// has crashed or does not answer within `longestAnswerMs` ten times.
   void act();
@@ -52,11 +58,6 @@ class Monkey {
   void changeFiles();
   void watch();
   void restart();
-  /// Whether the program has stored where its window was: beside it if it is carried around, else
-  /// in the registry.
-  [[nodiscard]] bool placeIsStored() const;
-  /// Removes that, and makes the program one that is carried around or one that is not.
-  void forgetPlace(bool carried) const;
   [[nodiscard]] std::wstring settingsPath() const { return app_.folder() + L"\\gateway3.ini"; }
   void note(const std::string& event);
   void clickSomewhere(HWND window, bool twice);

@@ -109,8 +109,9 @@ void run(std::uint64_t seed, int events) {
   }
   harness::writeFile(app.folder() + L"\\QMKWebList.txt",
                      "\"Home\",\"qmkproof:home\"\r\n\"Other\",\"qmkproof:other\"\r\n");
-  app.startToMain();
   Monkey monkey(app, seed);
+  monkey.forgetPlace(seed % 2 == 0);
+  app.startToMain();
   int done = 0;
   try {
     for (; done < events; ++done) {
@@ -122,6 +123,7 @@ void run(std::uint64_t seed, int events) {
     expectShown(app, Tab::tools, shortcuts, app.shortCutsFolder());
     monkey.leave();
     EXPECT_EQ(app.waitForExit(), 0U);
+    EXPECT_TRUE(monkey.placeIsStored());
   } catch (const harness::Failure& failure) {
     ADD_FAILURE() << "seed " << seed << ", event " << done << ": " << failure.what();
   }

@@ -21,3 +21,4 @@ if(NOT GATEWAY_HAS_MUTEX)
   target_compile_options(gtest PUBLIC -include
     ${CMAKE_CURRENT_SOURCE_DIR}/tests/desktop/notification.h)
 endif()
+compiled_as_test(gtest gtest_main gmock gmock_main)

@@ -2,6 +2,7 @@
 
 set(platform_sources
   src/platform/code_page.cpp
+  src/platform/code_page_text.cpp
   src/platform/dispatcher.cpp
   src/platform/drives.cpp
   src/platform/error_report.cpp

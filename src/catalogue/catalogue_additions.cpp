@@ -10,6 +10,7 @@
 #include "listfile/list_file.h"
 #include "listfile/suite_lists.h"
 #include "platform/clock.h"
+#include "platform/code_page_text.h"
 #include "platform/drives.h"
 #include "platform/files.h"
 #include "platform/text.h"
@@ -19,6 +20,7 @@ namespace modQMKGeneral {
 
 using list_file::Missing;
 using list_file::Record;
+using platform::text::CodePageText;
 using platform::text::toCodePage;
 using platform::text::upper;
 
@@ -30,17 +32,16 @@ namespace {
 /// The path of an entry that is to be added, and the forms in which the list may already have it.
 class AddedPath {
  public:
-  explicit AddedPath(const std::wstring& path) : upper_(upper(path)), listed_(path) {
+  explicit AddedPath(const std::wstring& path) : listed_(path) {
     if (!platform::text::fitsCodePage(path)) {
       listed_ = stored_path::forList(path);
       forms_.emplace(path, stored_path::Substitutes::unique);
     }
   }
 
-  [[nodiscard]] bool isIn(const Record& record) const {
-    const std::string_view listed = record.fields.at(pathField);
-    return record.has(pathField) && (platform::text::upperCodePageEquals(listed, upper_) ||
-                                     (forms_ && forms_->match(record.text(pathField))));
+  /// Whether a record has the path in another form than that of the path itself.
+  [[nodiscard]] bool hasFormIn(const Record& record) const {
+    return forms_ && forms_->match(record.text(pathField));
   }
   /// The path as it is written to the list.
   [[nodiscard]] std::string bytes() const { return toCodePage(listed_); }
@@ -50,7 +51,6 @@ class AddedPath {
   [[nodiscard]] bool isOnlyOne() const { return forms_ && platform::text::fitsCodePage(listed_); }
 
  private:
-  std::wstring upper_;
   std::wstring listed_;
   std::optional<stored_path::Forms> forms_;  // of a path that the code page cannot hold
 };
@@ -62,6 +62,9 @@ class AddedPaths {
   bool add(const std::wstring& path, const std::wstring& typeCode) {
     if (!places_.try_emplace(upper(path), paths_.size()).second) {
       return false;
+    }
+    if (paths_.empty()) {
+      first_.emplace(upper(path), CodePageText::Letters::capitals);
     }
     paths_.push_back({AddedPath(path), typeCode});
     if (paths_.back().path.hasForms()) {
@@ -89,13 +92,15 @@ class AddedPaths {
     }
     if (paths_.size() == 1) {
       // Without a copy of the record's path, because the list may be long.
-      return paths_.front().path.isIn(record) ? std::optional<std::size_t>(0) : std::nullopt;
+      return first_->equals(record.fields.at(pathField)) || paths_.front().path.hasFormIn(record)
+                 ? std::optional<std::size_t>(0)
+                 : std::nullopt;
     }
     if (const auto place = places_.find(upper(record.text(pathField))); place != places_.end()) {
       return place->second;
     }
     for (const std::size_t n : withForms_) {
-      if (paths_[n].path.isIn(record)) {
+      if (paths_[n].path.hasFormIn(record)) {
         return n;
       }
     }
@@ -109,6 +114,7 @@ class AddedPaths {
   };
   std::string today_ = toCodePage(clock::todayText());
   std::vector<Path> paths_;
+  std::optional<CodePageText> first_;
   std::unordered_map<std::wstring, std::size_t> places_;
   std::vector<std::size_t> withForms_;  // those that a record may name in several ways
 };

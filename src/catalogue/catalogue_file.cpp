@@ -11,6 +11,7 @@
 #include "listfile/list_file.h"
 #include "listfile/suite_lists.h"
 #include "platform/clock.h"
+#include "platform/code_page_text.h"
 #include "platform/files.h"
 #include "platform/plain_text.h"
 #include "platform/text.h"
@@ -20,6 +21,7 @@ namespace modQMKGeneral {
 
 using list_file::Missing;
 using list_file::Record;
+using platform::text::CodePageText;
 using platform::text::toCodePage;
 using platform::text::upper;
 
@@ -71,7 +73,7 @@ class DataFolder {
         inCodePage_ && last != std::string_view::npos && path.front() != ' ' &&
         std::all_of(path.begin(), path.end(), platform::text::plain::isPlain<char>)) {
       // The folder ends in a backslash, so there is no blank to trim at its end.
-      return platform::text::upperCodePageEquals(path.substr(0, last + 1), upper_);
+      return compared_.equals(path.substr(0, last + 1));
     }
     std::wstring name;
     std::wstring folder;
@@ -83,6 +85,7 @@ class DataFolder {
  private:
   std::wstring path_ = AppFolder() + L"\\Data\\";
   std::wstring upper_ = upperTrimmed(path_);
+  CodePageText compared_{upper_, CodePageText::Letters::capitals};
   bool inCodePage_;
   stored_path::Forms forms_{path_, stored_path::Substitutes::all};
 };
@@ -113,10 +116,9 @@ void BuildCatalogue(CatalogueView& view) {
 void dropCatalogueEntry(const std::wstring& path, undo::Changes* forUndo) {
   undo::rewriteList(
       cataloguePath(), Missing::isError,
-      [&path](std::string old) {
-        return list_file::filtered(std::move(old), [&path](const Record& record) {
-          return !record.has(pathField) ||
-                 !platform::text::codePageEquals(record.fields.at(pathField), path);
+      [wanted = CodePageText(path)](std::string old) {
+        return list_file::filtered(std::move(old), [&wanted](const Record& record) {
+          return !record.has(pathField) || !wanted.equals(record.fields.at(pathField));
         });
       },
       entryOf, forUndo);

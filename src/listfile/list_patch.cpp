@@ -8,8 +8,11 @@
 #include <vector>
 
 #include "listfile/list_file.h"
+#include "platform/bytes.h"
 
 namespace list_file {
+
+namespace bytes = platform::bytes;
 
 namespace {
 
@@ -258,22 +261,12 @@ class Mending {
 
 }  // namespace
 
-Patch::Patch(std::string_view before, std::string_view after) {
-  const std::size_t shorter = std::min(before.size(), after.size());
-  inFront_ = static_cast<std::size_t>(
-      std::mismatch(before.begin(), before.begin() + static_cast<std::ptrdiff_t>(shorter),
-                    after.begin())
-          .first -
-      before.begin());
+Patch::Patch(std::string_view before, std::string_view after)
+    : inFront_(bytes::commonLength(before, after, [](bytes::Word word) { return word; })) {
   while (!isLineStart(before, inFront_) || !isLineStart(after, inFront_)) {
     --inFront_;
   }
-  behind_ = static_cast<std::size_t>(
-      std::mismatch(before.rbegin(),
-                    before.rbegin() + static_cast<std::ptrdiff_t>(shorter - inFront_),
-                    after.rbegin())
-          .first -
-      before.rbegin());
+  behind_ = bytes::commonEnding(before.substr(inFront_), after.substr(inFront_));
   while (behind_ > 0 && (!isLineStart(before, before.size() - behind_) ||
                          !isLineStart(after, after.size() - behind_))) {
     --behind_;

@@ -36,6 +36,16 @@ using Word = std::uint64_t;
   return word;
 }
 
+/// A word in which the small letters of ASCII are capitals. All other bytes stay.
+[[nodiscard]] constexpr Word withCapitals(Word word) {
+  constexpr Word highBits = everywhere('\x80');
+  constexpr auto upTo = [](char last) { return everywhere(static_cast<char>(0x7F - last)); };
+  const Word low = word & ~highBits;  // additions do not carry from byte to byte
+  const Word small = (low + upTo('a' - 1)) & ~(low + upTo('z')) & ~word & highBits;
+  constexpr unsigned highBitToCaseBit = 2;
+  return word ^ (small >> highBitToCaseBit);
+}
+
 /// Position of the first `one` or `other` from `from` on, or the size of `text` when there is none.
 [[nodiscard]] inline std::size_t findEither(std::string_view text, char one, char other,
                                             std::size_t from = 0) {
@@ -58,6 +68,77 @@ using Word = std::uint64_t;
 /// Position of the first `c` from `from` on, or the size of `text` when there is none.
 [[nodiscard]] inline std::size_t find(std::string_view text, char c, std::size_t from = 0) {
   return findEither(text, c, c, from);
+}
+
+/// Position of the first CR or LF from `from` on, or the size of `text` when there is none. Looks
+/// for all bytes up to CR at once, which takes fewer steps, because lists hardly have any others.
+[[nodiscard]] inline std::size_t findLineEnd(std::string_view text, std::size_t from = 0) {
+  constexpr unsigned bitsPerByte = 8;
+  constexpr Word highBits = everywhere('\x80');
+  constexpr Word justAbove = everywhere('\r' + 1);
+  const auto isLineEnd = [](char c) { return c == '\r' || c == '\n'; };
+  std::size_t place = from;
+  while (place + sizeof(Word) <= text.size()) {
+    const Word word = wordAt(text.data() + place);
+    const Word low = (word - justAbove) & ~word & highBits;
+    if (low == 0) {
+      place += sizeof(Word);
+      continue;
+    }
+    place += static_cast<std::size_t>(std::countr_zero(low)) / bitsPerByte;
+    if (isLineEnd(text[place])) {
+      return place;
+    }
+    ++place;
+  }
+  while (place < text.size() && !isLineEnd(text[place])) {
+    ++place;
+  }
+  return place;
+}
+
+/// Length of the common beginning of two texts; of `text`, `convert` is compared, which takes a
+/// word and changes each of its bytes by itself.
+template <class Convert>
+[[nodiscard]] std::size_t commonLength(std::string_view text, std::string_view wanted,
+                                       Convert convert) {
+  constexpr unsigned bitsPerByte = 8;
+  const std::size_t common = std::min(text.size(), wanted.size());
+  std::size_t place = 0;
+  for (; place + sizeof(Word) <= common; place += sizeof(Word)) {
+    if (const Word different = convert(wordAt(text.data() + place)) ^ wordAt(wanted.data() + place);
+        different != 0) {
+      return place + static_cast<std::size_t>(std::countr_zero(different)) / bitsPerByte;
+    }
+  }
+  const auto converted = [&convert](char c) {
+    return static_cast<char>(convert(Word{static_cast<unsigned char>(c)}));
+  };
+  while (place < common && converted(text[place]) == wanted[place]) {
+    ++place;
+  }
+  return place;
+}
+
+/// The same from the end: length of the common ending of two texts.
+[[nodiscard]] inline std::size_t commonEnding(std::string_view one, std::string_view other) {
+  constexpr unsigned bitsPerByte = 8;
+  const std::size_t common = std::min(one.size(), other.size());
+  const char* const endOfOne = one.data() + one.size();
+  const char* const endOfOther = other.data() + other.size();
+  std::size_t length = 0;
+  for (; length + sizeof(Word) <= common; length += sizeof(Word)) {
+    const std::size_t behind = length + sizeof(Word);
+    if (const Word different = wordAt(endOfOne - behind) ^ wordAt(endOfOther - behind);
+        different != 0) {
+      return length + static_cast<std::size_t>(std::countl_zero(different)) / bitsPerByte;
+    }
+  }
+  while (length < common && endOfOne[-1 - static_cast<std::ptrdiff_t>(length)] ==
+                                endOfOther[-1 - static_cast<std::ptrdiff_t>(length)]) {
+    ++length;
+  }
+  return length;
 }
 
 /// Negative, zero or positive when `one` comes before, with or after `other` in the order of

@@ -5,6 +5,7 @@
 #include <random>
 #include <string>
 
+#include "platform/code_page_text.h"
 #include "platform/text.h"
 
 namespace platform::text {
@@ -30,12 +31,33 @@ TEST(PlainText, ComparisonsAgreeWithTheirDefinition) {
     const std::wstring other = random() % 2 == 0 ? text : someText(random);
     const std::wstring wanted = upper(other);
     ASSERT_EQ(upperEquals(text, wanted), upper(text) == wanted);
-    ASSERT_EQ(codePageEquals(bytes, other), fromCodePage(bytes) == other);
-    ASSERT_EQ(upperCodePageEquals(bytes, wanted), upper(fromCodePage(bytes)) == wanted);
+    ASSERT_EQ(CodePageText(other).equals(bytes), fromCodePage(bytes) == other);
+    ASSERT_EQ(CodePageText(wanted, CodePageText::Letters::capitals).equals(bytes),
+              upper(fromCodePage(bytes)) == wanted);
     equal += upperEquals(text, wanted) ? 1 : 0;
   }
   EXPECT_GT(equal, 50'000) << "The texts were chosen to agree often";
   EXPECT_LT(equal, 190'000);
+}
+
+TEST(PlainText, LongTextsAreComparedToTheirEnd) {
+  const std::wstring folder = L"C:\\Field data\\Unit 17\\";
+  for (const std::wstring& name : {L"ridge.fp3", L"\u00C4hren.fp3", L"caf\u00E9", L""}) {
+    const std::wstring path = folder + name;
+    const std::string bytes = toCodePage(path);
+    EXPECT_TRUE(CodePageText(path).equals(bytes));
+    EXPECT_TRUE(CodePageText(upper(path), CodePageText::Letters::capitals).equals(bytes));
+    EXPECT_FALSE(CodePageText(upper(path)).equals(bytes));
+    EXPECT_FALSE(CodePageText(path).equals(bytes + "x"));
+    EXPECT_FALSE(CodePageText(path).equals(bytes + "\xE9"));
+    EXPECT_FALSE(CodePageText(path + L"x").equals(bytes));
+    EXPECT_FALSE(CodePageText(path + L"\u00E9").equals(bytes));
+    for (std::size_t n = 0; n < bytes.size(); ++n) {
+      std::string other = bytes;
+      other[n] = other[n] == '#' ? '!' : '#';
+      EXPECT_FALSE(CodePageText(path).equals(other)) << n;
+    }
+  }
 }
 
 TEST(PlainText, WideningTakesPlainBytesOnly) {

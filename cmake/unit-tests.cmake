@@ -9,14 +9,15 @@ target_link_libraries(gateway_in_memory PRIVATE gateway_warnings)
 target_precompile_headers(gateway_in_memory PRIVATE <algorithm> <array> <cstdint> <functional> <map>
   <memory> <optional> <set> <string> <string_view> <utility> <vector>)
 
-file(GLOB_RECURSE unit_test_sources CONFIGURE_DEPENDS tests/unit/*.cpp tests/versions/*.cpp)
-add_executable(unit_tests ${unit_test_sources})
+file(GLOB_RECURSE unit_test_sources CONFIGURE_DEPENDS tests/unit/*.cpp)
+file(GLOB version_test_sources CONFIGURE_DEPENDS tests/versions/*.cpp)
+# They read the files of an earlier version.
+set_source_files_properties(${version_test_sources} PROPERTIES COMPILE_DEFINITIONS
+  VERSIONS_FOLDER="${CMAKE_CURRENT_SOURCE_DIR}/tests/versions")
+add_executable(unit_tests ${unit_test_sources} ${version_test_sources})
 target_link_libraries(unit_tests PRIVATE gateway_in_memory gateway_warnings GTest::gtest_main
   GTest::gmock)
 target_include_directories(unit_tests PRIVATE tests/unit)
-# Files of an earlier version.
-target_compile_definitions(unit_tests PRIVATE
-  VERSIONS_FOLDER="${CMAKE_CURRENT_SOURCE_DIR}/tests/versions")
 target_precompile_headers(unit_tests PRIVATE <gtest/gtest.h> <algorithm> <functional> <map> <memory>
   <optional> <string> <vector>)
 

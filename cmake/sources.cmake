@@ -4,6 +4,7 @@ set(platform_sources
   src/platform/code_page.cpp
   src/platform/code_page_text.cpp
   src/platform/dispatcher.cpp
+  src/platform/draft.cpp
   src/platform/drives.cpp
   src/platform/error_report.cpp
   src/platform/explorer.cpp
@@ -133,7 +134,7 @@ set(win32_common_sources
   src/platform/win32/modality.cpp
   src/platform/win32/system_library.cpp)
 set(win32_files_sources
-  src/platform/win32/files/draft.cpp
+  src/platform/win32/files/draft_steps.cpp
   src/platform/win32/files/drives.cpp
   src/platform/win32/files/file_contents.cpp
   src/platform/win32/files/files.cpp

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -221,8 +222,13 @@ void rewrite(const std::wstring& path, const std::wstring& temporary, Missing mi
   for (int tries = 0; tries < mostTries; ++tries) {
     files::Contents old =
         missing == Missing::isEmpty ? files::readForAppending(path) : files::readWhole(path);
+    // Kept only for a file that has just been written, because a large list is not copied lightly.
+    std::optional<std::string> read;
+    if (!draft.tellsLaterWrites(old.stamp)) {
+      read = old.bytes;
+    }
     draft.write(edit(std::move(old.bytes)));
-    if (draft.replace(path, old.stamp) == files::Replaced::yes) {
+    if (draft.replace(path, old.stamp, read ? &*read : nullptr) == files::Replaced::yes) {
       return;
     }
   }
@@ -238,7 +244,8 @@ void overwrite(const std::wstring& path, const std::wstring& temporary, const st
     if (replacing) {
       replacing(old.bytes);
     }
-    if (draft.replace(path, old.stamp) == files::Replaced::yes) {
+    const bool told = draft.tellsLaterWrites(old.stamp);
+    if (draft.replace(path, old.stamp, told ? nullptr : &old.bytes) == files::Replaced::yes) {
       return;
     }
   }

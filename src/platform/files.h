@@ -108,7 +108,8 @@ void copy(const std::wstring& from, const std::wstring& to);
 
 /// Moment of the last modification of a normal file (not hidden, not system); nothing when there is
 /// none, for whatever reason. Costs a single query of the file system, because the watch calls it
-/// every second.
+/// every second. On the network the server is asked, because the system remembers for seconds what
+/// it said before.
 [[nodiscard]] std::optional<FileTime> modifiedTime(const std::wstring& path);
 
 /// Distinguishes one state of a file from another without reading it.
@@ -161,12 +162,21 @@ class Draft {
   /// written stays.
   void write(std::string_view bytes);
 
+  /// Whether every write from now on gives a file with that stamp another one. Not so for a file
+  /// that was written within the last step of the file system's time, which may be two seconds: a
+  /// write of the same length within that step leaves the stamp as it is. The file must be on the
+  /// draft's file system.
+  [[nodiscard]] bool tellsLaterWrites(const Stamp& stamp) const;
+
   /// Atomically replaces `to` by the draft: at every instant `to` is either the old file or the new
-  /// one. When `expected.present` is false, `to` must not exist yet. After `yes` the draft cannot
-  /// be used again; after `changedSince` it can be written again. Refuses whatever a deletion of
-  /// `to` would refuse, with the same error: `error::fileNotFound` (missing),
+  /// one. When `expected.present` is false, `to` must not exist yet. With `bytes`, the content of
+  /// `to` must be that, too; this is for stamps for which `tellsLaterWrites` is false. After `yes`
+  /// the draft cannot be used again. Lines that another program appended at that very moment then
+  /// follow the new content. After `changedSince` it can be written again. Refuses whatever
+  /// a deletion of `to` would refuse, with the same error: `error::fileNotFound` (missing),
   /// `error::pathFileAccess` (read-only), `error::permissionDenied` (in use).
-  [[nodiscard]] Replaced replace(const std::wstring& to, const Stamp& expected);
+  [[nodiscard]] Replaced replace(const std::wstring& to, const Stamp& expected,
+                                 const std::string* bytes = nullptr);
 
  private:
   struct State;

@@ -34,7 +34,7 @@ void disturbOnce() {
 }
 
 void addOthersRecord(Fault& fault) {
-  if (fault.was(L"replace ") || fault.followed(L"replace ", L"(changed)")) {
+  if (fault.was(L"hold ") || fault.was(L"replace ") || fault.followed(L"hold ", L"(changed)")) {
     fault.old.files[catalogueFile].insert(0, others);
   }
 }

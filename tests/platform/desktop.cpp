@@ -71,6 +71,8 @@ void Desktop::reset() {
   putFolder(L"C:\\Windows");
   noBin.clear();
   onReplace = nullptr;
+  onStep = nullptr;
+  onWait = nullptr;
   *faults_ = {};
   journal_.clear();
   formatDate = shortDate;
@@ -182,7 +184,18 @@ std::optional<std::size_t> Desktop::journalPlace(const std::wstring& line) const
   return static_cast<std::size_t>(found - journal_.begin());
 }
 
-bool Desktop::blinded() { return faults_->blinded(); }
+bool Desktop::blinded() {
+  step();
+  return faults_->blinded();
+}
+
+void Desktop::wait(int milliseconds) {
+  if (onWait) {
+    onWait(milliseconds);
+  } else {
+    waited_ += static_cast<std::uint64_t>(milliseconds);
+  }
+}
 
 void Desktop::call(const std::wstring& what) {
   call(what, [] {});
@@ -190,6 +203,7 @@ void Desktop::call(const std::wstring& what) {
 
 void Desktop::call(const std::wstring& what, const std::function<void()>& operation,
                    const std::wstring& path) {
+  step();
   const Unfailing own;
   const std::size_t line = journal_.size();
   note(what);

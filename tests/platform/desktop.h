@@ -38,6 +38,10 @@ namespace memory {
 /// program that traps errors catches it.
 struct ProgramEnded {};
 
+/// Thrown by a step of a copy of the program that a test has ended. It is not derived from
+/// std::exception either.
+struct CopyEnded {};
+
 /// A message box that was shown. Error reports are included, with the critical style.
 struct Message {
   std::wstring text;
@@ -161,12 +165,17 @@ class Desktop {
   /// Called once per replacement, just before the target file is compared: simulates another
   /// program that writes at that moment.
   std::function<void()> onReplace;
+  /// Called before everything that the program asks of the disk; may throw `CopyEnded`.
+  std::function<void()> onStep;
+  /// Called instead of waiting; without it, only the waiting of drafts counts the time.
+  std::function<void(int milliseconds)> onWait;
 
   // --- the journal ---
 
   /// What the program did to the desktop, in order: "make folder P", "remove P", "recycle P",
   /// "restore P", "rename P -> Q", "copy P -> Q", "short name of new P", "read P", "read to append
-  /// P", "create P", "write P", "replace P -> Q" (with " (changed)" when it was refused), "setting
+  /// P", "create P" (with " (taken)"), "write P", "hold P" (with " (changed)" or " (in use)"),
+  /// "replace P -> Q" (with " (taken)" or " (in use)"), "append P", "put back P -> Q", "setting
   /// S\K = V", "link P", "start E", "browse A", "copy T", "save file dialog", "classic help F",
   /// "compiled help F", "message T", "error N", "input P", "open file dialog", "folder dialog",
   /// "create W", "show W", "activate W", "menu M at X Y", "destroy W", "modal W", "run W", "tick
@@ -330,6 +339,17 @@ class Desktop {
   /// the path `path` unless it has another one or `path` is "".
   void call(const std::wstring& what, const std::function<void()>& operation,
             const std::wstring& path = {});
+  /// Something that can neither fail nor find nothing.
+  void step() const {
+    if (onStep) {
+      onStep();
+    }
+  }
+  void wait(int milliseconds);
+  /// Milliseconds of the clock and of all waiting.
+  [[nodiscard]] std::uint64_t waitedUntil() const {
+    return static_cast<std::uint64_t>(clock_.elapsed()) + waited_;
+  }
   /// Records one look; true when it must find nothing.
   [[nodiscard]] bool blinded();
   void note(const std::wstring& what);
@@ -352,6 +372,7 @@ class Desktop {
  private:
   std::unique_ptr<FileSystem> disk_;
   VirtualClock clock_;
+  std::uint64_t waited_ = 0;
   std::unique_ptr<Faults> faults_;
   std::vector<std::wstring> journal_;
   std::map<std::wstring, std::wstring> settings_;

@@ -91,9 +91,28 @@ void FileSystem::Node::adopt(std::unique_ptr<Node> node) {
 std::unique_ptr<FileSystem::Node> FileSystem::Node::drop(const Node& node) {
   const auto found = std::find_if(children.begin(), children.end(),
                                   [&node](const auto& entry) { return entry.get() == &node; });
+  (*found)->leaveToSecondName();
   auto dropped = std::move(*found);
   children.erase(found);
   return dropped;
+}
+
+void FileSystem::Node::leaveToSecondName() {
+  for (const auto& entry : parent->children) {
+    if (entry->secondOf == this) {
+      entry->secondOf = nullptr;
+      entry->become(*this);
+    }
+  }
+}
+
+void FileSystem::Node::become(const Node& other) {
+  bytes = other.bytes;
+  modified = other.modified;
+  id = other.id;
+  hidden = other.hidden;
+  system = other.system;
+  readOnly = other.readOnly;
 }
 
 unsigned FileSystem::Node::attributes() const {

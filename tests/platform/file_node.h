@@ -22,6 +22,7 @@ struct FileSystem::Node {
   bool locked = false;
   bool isLink = false;       ///< Whether the disk tells that the folder leads to another one.
   Node* target = nullptr;    ///< The folder that this one leads to, not owned.
+  Node* secondOf = nullptr;  ///< The file of which this is a second name, not owned.
   bool isProtected = false;  ///< A folder in which nothing may be made, changed or deleted.
   std::string bytes;
   platform::files::FileTime modified = 0;
@@ -39,8 +40,13 @@ struct FileSystem::Node {
   /// Adds an entry for the program, which raises `error::pathFileAccess` in a protected folder.
   Node& make(const std::wstring& newName);
   void adopt(std::unique_ptr<Node> node);
-  /// Removes an entry and returns it.
+  /// Removes an entry and returns it. Its second name, if it has one, keeps the content.
   std::unique_ptr<Node> drop(const Node& node);
+  /// Leaves the content to the second name, if there is one.
+  void leaveToSecondName();
+  /// Takes content, stamp and attributes over from another file.
+  void become(const Node& other);
+  [[nodiscard]] const Node& content() const { return secondOf == nullptr ? *this : *secondOf; }
   [[nodiscard]] unsigned attributes() const;
   [[nodiscard]] platform::files::Stamp stamp() const;
   /// Whether the long or the short name matches a wildcard pattern.
@@ -51,6 +57,21 @@ struct FileSystem::Node {
 
  private:
   std::wstring upperName_;
+};
+
+struct FileSystem::Shown {
+  platform::files::Entry entry;
+  unsigned attributes = 0;
+  bool isLink = false;
+};
+
+struct FileSystem::Former {
+  const Node* folder = nullptr;
+  std::wstring name;  ///< In upper case.
+  FileTime time = 0;
+  int machine = 0;
+  bool learnt = false;         ///< Not a change: the machine knows the state since that time.
+  std::optional<Shown> entry;  ///< What was there before; nothing when nothing was.
 };
 
 /// The result of looking up a path.

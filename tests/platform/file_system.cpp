@@ -15,13 +15,14 @@ namespace memory {
 using platform::raiseAbout;
 using platform::RunTimeError;
 using platform::files::Contents;
-using platform::files::Replaced;
-using platform::files::Stamp;
 namespace error = platform::error;
 
 FileSystem::FileTime FileSystem::stampTime() {
   constexpr FileTime second = 10'000'000;
   const FileTime now = now_();
+  if (profile.timeStep > 0) {
+    return now - now % profile.timeStep;
+  }
   // After a clock change in either direction, times count from the new time on.
   const bool stands = now <= lastWrite_ && lastWrite_ - now < second;
   lastWrite_ = stands ? lastWrite_ + 1 : now;
@@ -110,6 +111,7 @@ FileSystem::Node& FileSystem::folderFor(const std::wstring& path) {
 }
 
 void FileSystem::store(Node& file, const std::string& bytes) {
+  changing(*file.parent, file.name);
   if (freeBytes_) {
     const std::uint64_t room = *freeBytes_ + file.bytes.size();
     const std::uint64_t fits = std::min<std::uint64_t>(room, bytes.size());
@@ -141,10 +143,12 @@ std::vector<platform::files::Entry> FileSystem::search(const std::wstring& patte
   if (wanted.empty() || place.node == nullptr || !place.node->folder) {
     return found;
   }
-  for (const auto& child : place.node->children) {
-    const unsigned special = child->attributes();
-    if ((special & ~attributes) == 0 && child->matches(wanted)) {
-      found.push_back({child->name, child->modified, child->shortName, child->bytes.size()});
+  for (Shown& shown : shownIn(*place.node)) {
+    Node names;
+    names.setName(shown.entry.name);
+    names.shortName = shown.entry.shortName;
+    if ((shown.attributes & ~attributes) == 0 && names.matches(wanted)) {
+      found.push_back(std::move(shown.entry));
     }
   }
   return found;
@@ -157,9 +161,11 @@ platform::files::FolderContents FileSystem::contentsOf(const std::wstring& folde
     return contents;
   }
   contents.id = {0, std::bit_cast<std::uintptr_t>(node)};
-  for (const auto& child : node->children) {
-    if (!child->hidden && !child->system && !child->isLink) {
-      (child->folder ? contents.folders : contents.files).push_back(child->name);
+  constexpr unsigned special = platform::files::hidden | platform::files::system;
+  for (const Shown& shown : shownIn(*node)) {
+    if ((shown.attributes & special) == 0 && !shown.isLink) {
+      const bool isFolder = (shown.attributes & platform::files::directory) != 0;
+      (isFolder ? contents.folders : contents.files).push_back(shown.entry.name);
     }
   }
   return contents;
@@ -167,11 +173,18 @@ platform::files::FolderContents FileSystem::contentsOf(const std::wstring& folde
 
 std::optional<platform::files::Entry> FileSystem::entryAt(const std::wstring& path) const {
   const Place place = locate(path);
-  if (place.node == nullptr || place.node->parent == nullptr) {
+  const Node* const folder = place.node == nullptr ? place.folder : place.node->parent;
+  if (folder == nullptr) {
     return std::nullopt;
   }
-  return platform::files::Entry{place.node->name, place.node->modified, place.node->shortName,
-                                place.node->bytes.size()};
+  const std::wstring wanted =
+      platform::text::upper(place.node == nullptr ? place.name : place.node->name);
+  for (Shown& shown : shownIn(*folder)) {
+    if (platform::text::upper(shown.entry.name) == wanted) {
+      return std::move(shown.entry);
+    }
+  }
+  return std::nullopt;
 }
 
 std::wstring FileSystem::shortNameOfNew(const std::wstring& path) {
@@ -209,6 +222,8 @@ void FileSystem::makeFolder(const std::wstring& path) {
 void FileSystem::remove(const std::wstring& path) {
   Node& node = existingFile(path);
   node.refuseDeletion();
+  refuseUse(node, deletes);
+  changing(*node.parent, node.name);
   if (freeBytes_) {
     *freeBytes_ += node.bytes.size();
   }
@@ -221,6 +236,7 @@ void FileSystem::rename(const std::wstring& from, const std::wstring& to) {
   if (node.locked) {
     throw RunTimeError(error::permissionDenied);
   }
+  refuseUse(node, deletes);
   if (splitPath(to).endsInSeparator) {
     raiseAbout(to, error::badFileName);  // the path names a folder, but this is a file
   }
@@ -238,6 +254,8 @@ void FileSystem::rename(const std::wstring& from, const std::wstring& to) {
   if (target.folder == nullptr || target.failure != error::fileNotFound) {
     raiseAbout(to, target.failure);
   }
+  changing(*node.parent, node.name);
+  changing(*target.folder, target.name);
   auto moved = node.parent->drop(node);
   moved->setName(target.name);
   moved->shortName.clear();
@@ -260,11 +278,12 @@ void FileSystem::copy(const std::wstring& from, const std::wstring& to) {
     target.node = &target.folder->make(target.name);
     target.node->id = ++lastId_;
   } else {
-    platform::concerning(to, [&target] {
+    platform::concerning(to, [&] {
       if (target.node->hidden) {
         throw RunTimeError(error::pathFileAccess);
       }
       target.node->refuseDeletion();
+      refuseUse(*target.node, writes, reads);
     });
   }
   platform::concerning(to, [&] { store(*target.node, source.bytes); });
@@ -287,6 +306,7 @@ Contents FileSystem::readWhole(const std::wstring& path) const {
   if (node.locked) {
     throw RunTimeError(error::permissionDenied);
   }
+  refuseUse(node, reads);
   return {node.bytes, node.stamp()};
 }
 
@@ -299,6 +319,7 @@ Contents FileSystem::readForAppending(const std::wstring& path) const {
     return {};
   }
   place.node->refuseDeletion();
+  refuseUse(*place.node, reads | writes);
   return {place.node->bytes, place.node->stamp()};
 }
 
@@ -308,47 +329,14 @@ void FileSystem::writeWhole(const std::wstring& path, const std::string& bytes) 
     if (place.failure != error::fileNotFound) {
       throw RunTimeError(place.failure);
     }
+    changing(*place.folder, place.name);
     place.node = &place.folder->make(place.name);
     place.node->id = ++lastId_;
   } else {
     place.node->refuseDeletion();
+    refuseUse(*place.node, writes, reads);
   }
   store(*place.node, bytes);
-}
-
-Replaced FileSystem::replace(const std::wstring& from, const std::wstring& to,
-                             const Stamp& expected) {
-  Node& source = existingFile(from);
-  const Place target = locate(to);
-  if (source.locked) {
-    throw RunTimeError(error::permissionDenied);
-  }
-  if (target.node == nullptr) {
-    if (expected.present) {
-      static_cast<void>(existingFile(to));
-    }
-    rename(from, to);
-    return Replaced::yes;
-  }
-  if (!expected.present) {
-    return Replaced::changedSince;
-  }
-  target.node->refuseDeletion();
-  if (target.node->stamp() != expected) {
-    return Replaced::changedSince;
-  }
-  if (freeBytes_) {
-    *freeBytes_ += target.node->bytes.size();
-  }
-  // The entry keeps its position in the folder; everything else comes from the other file.
-  const auto moved = source.parent->drop(source);
-  target.node->bytes = std::move(moved->bytes);
-  target.node->modified = moved->modified;
-  target.node->id = moved->id;
-  target.node->hidden = moved->hidden;
-  target.node->system = moved->system;
-  target.node->readOnly = moved->readOnly;
-  return Replaced::yes;
 }
 
 }  // namespace memory

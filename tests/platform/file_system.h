@@ -25,6 +25,21 @@ class FileSystem {
   /// `now` returns the time of a write. Each write gets a later time than the write before, like on
   /// a real disk, even if the clock stands still.
   explicit FileSystem(std::function<FileTime()> now);
+
+  /// What a file system can do. The usual one is like a disk of this machine.
+  struct Profile {
+    bool hardLinks = true;
+    /// Whether an open file can be replaced.
+    bool posixRename = true;
+    /// Time stamps are multiples of this; 0: each write gets a later stamp than the one before.
+    FileTime timeStep = 0;
+    /// For so long, looks that do not open a file may show what it was before another machine
+    /// changed it.
+    FileTime visibilityDelay = 0;
+  };
+  Profile profile;
+  /// The machine that does what is done from now on; each knows at once what it did itself.
+  int machine = 0;
   FileSystem(const FileSystem&) = delete;
   FileSystem& operator=(const FileSystem&) = delete;
   ~FileSystem();
@@ -88,11 +103,66 @@ class FileSystem {
   [[nodiscard]] platform::files::Contents readWhole(const std::wstring& path) const;
   [[nodiscard]] platform::files::Contents readForAppending(const std::wstring& path) const;
   void writeWhole(const std::wstring& path, const std::string& bytes);
-  [[nodiscard]] platform::files::Replaced replace(const std::wstring& from, const std::wstring& to,
-                                                  const platform::files::Stamp& expected);
+
+  // --- files that stay open, and the steps of platform/draft_steps.h (open_files.cpp) ---
+
+  /// What somebody does with an open file, or lets others do meanwhile.
+  enum Use : unsigned { reads = 1, writes = 2, deletes = 4, everything = 7 };
+  /// An open file; 0 stands for none. Numbers are never used again.
+  using Handle = std::uint64_t;
+  /// Opens an existing file. Raises `error::permissionDenied` if that is not compatible with what
+  /// others do with it.
+  [[nodiscard]] Handle open(const std::wstring& path, unsigned uses, unsigned shared);
+  /// Makes a file and holds it so that others can only read it. Raises `error::fileExists`, and
+  /// what making a file raises. With `passing` it is deleted when it is closed.
+  [[nodiscard]] Handle make(const std::wstring& path, bool passing);
+  void close(Handle handle);
+  /// Closes what a machine has open, as the system does when a program ends.
+  void closeAllOf(int machine);
+  [[nodiscard]] bool isOpen(const std::wstring& path) const;
+  /// These two raise `error::permissionDenied` for a file that is not open under that number.
+  void writeTo(Handle handle, const std::string& bytes);
+  void appendTo(Handle handle, const std::string& bytes);
+  [[nodiscard]] std::optional<platform::files::Stamp> stampOf(Handle handle) const;
+  /// Renames an open file over another one, which may be open if `overOpen`; false if it is and may
+  /// not.
+  [[nodiscard]] bool renameOver(Handle handle, const std::wstring& to, bool overOpen);
+  /// False when something has the name.
+  [[nodiscard]] bool renameToFree(Handle handle, const std::wstring& to);
+  /// Raises what a deletion would raise.
+  void refuseDeletionOf(const std::wstring& path) const;
+  /// False when the name is taken or there is no such file.
+  [[nodiscard]] bool addName(const std::wstring& file, const std::wstring& name);
+  /// A file under its second name.
+  [[nodiscard]] std::optional<platform::files::Contents> behind(const std::wstring& name) const;
+  /// False when somebody has the file `to` open.
+  [[nodiscard]] bool putBack(const std::wstring& name, const std::wstring& to);
+  void removeName(const std::wstring& name);
+  /// What opening a file tells of its time; nothing for one that is missing or not normal.
+  [[nodiscard]] std::optional<FileTime> modifiedByOpening(const std::wstring& path);
 
  private:
   struct Node;
+  struct Open {
+    Handle handle = 0;
+    std::uint64_t file = 0;
+    int machine = 0;
+    unsigned uses = 0;
+    unsigned shared = everything;
+    bool passing = false;
+  };
+  /// What other machines see of an entry until they see a change.
+  struct Former;
+  [[nodiscard]] Node* fileOf(Handle handle) const;
+  /// Raises `error::permissionDenied` if somebody does with the file what is not compatible.
+  void refuseUse(const Node& node, unsigned uses, unsigned shared = everything) const;
+  /// To be called before an entry of that name changes, appears or goes.
+  void changing(const Node& folder, const std::wstring& name);
+  /// To be called when the present machine learns the true state of an entry.
+  void learns(const Node& folder, const std::wstring& name);
+  struct Shown;
+  /// The normal and other entries of a folder as the present machine sees them.
+  [[nodiscard]] std::vector<Shown> shownIn(const Node& folder) const;
   struct Place;
   [[nodiscard]] Place locate(const std::wstring& path) const;
   [[nodiscard]] Node& existing(const std::wstring& path) const;
@@ -112,6 +182,9 @@ class FileSystem {
   FileTime lastWrite_ = 0;
   std::uint64_t lastId_ = 0;
   std::optional<std::uint64_t> freeBytes_;
+  std::vector<Open> opens_;
+  Handle lastHandle_ = 0;
+  std::vector<Former> formers_;
 };
 
 }  // namespace memory

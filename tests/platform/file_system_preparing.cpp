@@ -22,6 +22,7 @@ void FileSystem::putFile(const std::wstring& path, const std::string& bytes, uns
   } else if (place.node->folder) {
     throw RunTimeError(error::pathFileAccess);
   }
+  changing(*place.node->parent, place.node->name);
   place.node->bytes = bytes;
   place.node->hidden = (attributes & platform::files::hidden) != 0;
   place.node->system = (attributes & platform::files::system) != 0;

@@ -1,8 +1,8 @@
 #include "platform/files.h"
 
 #include "platform/desktop.h"
+#include "platform/drives.h"
 #include "platform/run_time_error.h"
-#include "platform/unfailing.h"
 
 namespace platform::files {
 
@@ -55,6 +55,9 @@ std::wstring shortNameOfNew(const std::wstring& path) {
 bool mayWriteTo(const std::wstring& folder) { return desktop().disk().mayWriteTo(folder); }
 
 std::optional<FileTime> modifiedTime(const std::wstring& path) {
+  if (drives::isNetwork(path)) {
+    return desktop().blinded() ? std::nullopt : desktop().disk().modifiedByOpening(path);
+  }
   const auto found = search(path);
   return found.empty() ? std::nullopt : std::optional(found.front().modified);
 }
@@ -100,60 +103,6 @@ Contents readForAppending(const std::wstring& path) {
   desktop().call(
       L"read to append " + path, [&] { contents = desktop().disk().readForAppending(path); }, path);
   return contents;
-}
-
-struct Draft::State {
-  std::wstring path;
-};
-
-Draft::Draft(const std::wstring& path) : state_(std::make_unique<State>(State{path})) {
-  if (!findFirst(path, hidden | system).empty()) {
-    remove(path);
-  }
-  desktop().call(
-      L"create " + path, [&path] { desktop().disk().writeWhole(path, ""); }, path);
-}
-
-Draft::~Draft() = default;
-
-void Draft::write(std::string_view bytes) {
-  const std::wstring& path = state_->path;
-  bool reached = false;
-  try {
-    desktop().call(
-        L"write " + path,
-        [&] {
-          reached = true;
-          desktop().disk().writeWhole(path, std::string(bytes));
-        },
-        path);
-  } catch (const RunTimeError& failure) {
-    // A full or broken disk fails in the middle of the write.
-    if (!reached &&
-        (failure.number() == error::diskFull || failure.number() == error::deviceError)) {
-      const ::memory::Unfailing own;
-      desktop().disk().writeWhole(path, std::string(bytes.substr(0, bytes.size() / 2)));
-    }
-    throw;
-  }
-}
-
-Replaced Draft::replace(const std::wstring& to, const Stamp& expected) {
-  if (desktop().onReplace) {
-    desktop().onReplace();
-  }
-  const std::wstring what = L"replace " + state_->path + L" -> " + to;
-  Replaced result = Replaced::changedSince;
-  desktop().call(
-      what,
-      [&] {
-        result = desktop().disk().replace(state_->path, to, expected);
-        if (result == Replaced::changedSince) {
-          desktop().amend(L" (changed)");
-        }
-      },
-      to);
-  return result;
 }
 
 }  // namespace platform::files

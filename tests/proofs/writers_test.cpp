@@ -6,7 +6,7 @@
 
 #include <algorithm>
 #include <chrono>
-#include <map>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -19,109 +19,12 @@
 #include "harness/windows_of_process.h"
 #include "proof.h"
 #include "worker_process.h"
+#include "writers.h"
 
 namespace proofs {
 namespace {
 
 using harness::Tab;
-
-constexpr int longestRunMs = 1'800'000;
-
-/// How often each path is in the catalogue; a line of another form counts as damaged.
-struct Catalogue {
-  std::map<std::wstring, int> paths;
-  int torn = 0;
-};
-
-Catalogue read(const std::wstring& path) {
-  Catalogue result;
-  const std::wstring text = harness::fromCodePage(harness::readFile(path).value_or(""));
-  std::size_t begin = 0;
-  while (begin < text.size()) {
-    const std::size_t end = std::min(text.find(L"\r\n", begin), text.size());
-    const std::wstring line = text.substr(begin, end - begin);
-    begin = end + 2;
-    const std::wstring middle = L"\",\"";
-    const std::size_t first = line.find(middle);
-    const std::size_t second = line.find(middle, first + 1);
-    if (!line.starts_with(L'"') || !line.ends_with(L'"') || second == std::wstring::npos ||
-        line.find(middle, second + 1) != std::wstring::npos || begin > text.size() + 1) {
-      ++result.torn;
-      std::printf("torn: %s\n", harness::utf8(line).c_str());
-      continue;
-    }
-    ++result.paths[line.substr(first + middle.size(), second - first - middle.size())];
-  }
-  return result;
-}
-
-/// The result for one writer's numbered records.
-struct Fate {
-  int wanted = 0;
-  int lost = 0;
-  int doubled = 0;
-  int revived = 0;  ///< In the file, although their writer removed them.
-};
-
-Fate fateOf(const Catalogue& catalogue, const std::wstring& tag, const Notes& notes, int count) {
-  Fate fate;
-  for (int number = 0; number < count; ++number) {
-    const auto found = catalogue.paths.find(pathOf(tag, number));
-    const int times = found == catalogue.paths.end() ? 0 : found->second;
-    const bool wanted = notes.wanted[number] != 0;
-    fate.wanted += wanted ? 1 : 0;
-    fate.lost += wanted && times == 0 ? 1 : 0;
-    fate.doubled += times > 1 ? 1 : 0;
-    fate.revived += !wanted && times == 1 ? 1 : 0;
-  }
-  return fate;
-}
-
-void expectIntact(const std::string& what, const Fate& fate) {
-  EXPECT_EQ(fate.lost, 0) << what;
-  EXPECT_EQ(fate.doubled, 0) << what;
-  EXPECT_EQ(fate.revived, 0) << what;
-}
-
-std::string shown(const Fate& fate, const Notes& notes) {
-  return std::to_string(fate.wanted) + " / " + std::to_string(fate.lost) + " / " +
-         std::to_string(fate.doubled) + " / " + std::to_string(fate.revived) + ", reported " +
-         std::to_string(notes.messages) + ", slowest " + std::to_string(notes.slowest / 1000) +
-         " ms";
-}
-
-constexpr const char* columns = " (wanted / lost / doubled / revived)";
-
-class Writers : public ::testing::Test {
- protected:
-  Writers() {
-    // If the proof crashes, no programs may be left that continue to write.
-    harness::makeFolder(folder_ + L"\\data");
-    harness::writeFile(folder_ + L"\\data\\Plot.fp3", "data\r\n");
-    harness::writeFile(catalogue_, "\"FP3\",\"C:\\Kept\\1.fp3\",\"1/2/2003\"\r\n");
-  }
-  /// Makes the catalogue one of numbered records.
-  void list(const std::wstring& tag, int count) const {
-    std::string records;
-    for (int number = 0; number < count; ++number) {
-      records +=
-          harness::codePageBytes(L"\"FP3\",\"" + pathOf(tag, number) + L"\",\"1/2/2003\"\r\n");
-    }
-    harness::writeFile(catalogue_, records);
-  }
-  [[nodiscard]] std::unique_ptr<Worker> writer(const std::wstring& tag, int count) const {
-    return std::make_unique<Worker>(folder_, L"write " + tag + L" " + std::to_wstring(count), job_);
-  }
-  [[nodiscard]] std::unique_ptr<Worker> appender(const std::wstring& tag, int count) const {
-    return std::make_unique<Worker>(
-        folder_, L"append \"" + catalogue_ + L"\" " + tag + L" " + std::to_wstring(count), job_);
-  }
-
-  harness::TestFolder root_;
-  std::wstring folder_ = root_.path() + L"\\Suite";
-  std::wstring catalogue_ = folder_ + L"\\QMKFileList3.txt";
-  harness::Job job_;
-};
 
 TEST_F(Writers, TwoProgramsWithTheProductsCode) {
   const int count = amount(50, 2000);
@@ -129,7 +32,7 @@ TEST_F(Writers, TwoProgramsWithTheProductsCode) {
   const auto other = writer(L"other", count);
   one->waitUntilDone(longestRunMs);
   other->waitUntilDone(longestRunMs);
-  const Catalogue catalogue = read(catalogue_);
+  const Catalogue catalogue = readCatalogue(catalogue_);
   const Fate first = fateOf(catalogue, L"one", one->notes(), count);
   const Fate second = fateOf(catalogue, L"other", other->notes(), count);
   figure(std::string("writers, two copies, first") + columns, shown(first, one->notes()));
@@ -152,7 +55,7 @@ TEST_F(Writers, AForeignProgramThatAppendsInPlace) {
   const auto foreign = appender(L"foreign", appends);
   ours->waitUntilDone(longestRunMs);
   foreign->waitUntilDone(longestRunMs);
-  const Catalogue catalogue = read(catalogue_);
+  const Catalogue catalogue = readCatalogue(catalogue_);
   const Fate first = fateOf(catalogue, L"ours", ours->notes(), count);
   const Fate second = fateOf(catalogue, L"foreign", foreign->notes(), appends);
   figure(std::string("writers, beside an appender") + columns, shown(first, ours->notes()));
@@ -177,7 +80,7 @@ TEST_F(Writers, AddedListsAndMovedFilesAmongTheOthers) {
   for (const Worker* const worker : {moving.get(), merging.get(), ours.get(), foreign.get()}) {
     worker->waitUntilDone(longestRunMs);
   }
-  const Catalogue catalogue = read(catalogue_);
+  const Catalogue catalogue = readCatalogue(catalogue_);
   const Fate moved = fateOf(catalogue, L"new", moving->notes(), count);
   const Fate merged = fateOf(catalogue, L"merged", merging->notes(), count);
   figure(std::string("writers, files listed elsewhere") + columns, shown(moved, moving->notes()));
@@ -209,7 +112,7 @@ TEST_F(Writers, UndoAmongTheOthers) {
   for (const Worker* const worker : {undoing.get(), ours.get(), foreign.get()}) {
     worker->waitUntilDone(longestRunMs);
   }
-  const Catalogue catalogue = read(catalogue_);
+  const Catalogue catalogue = readCatalogue(catalogue_);
   const Fate back = fateOf(catalogue, L"old", undoing->notes(), count);
   figure(std::string("writers, dropped and taken back") + columns, shown(back, undoing->notes()));
   expectIntact("what was taken back", back);
@@ -279,7 +182,7 @@ TEST_F(Writers, TheProgramAmongTheOthers) {
   }
   ours.waitUntilDone(longestRunMs);
   foreign.waitUntilDone(longestRunMs);
-  const Catalogue catalogue = read(app.cataloguePath());
+  const Catalogue catalogue = readCatalogue(app.cataloguePath());
   const Fate first = fateOf(catalogue, L"ours", ours.notes(), count);
   const Fate second = fateOf(catalogue, L"foreign", foreign.notes(), appends);
   figure("writers, entries that the real program deleted meanwhile",
@@ -336,7 +239,7 @@ TEST_F(Writers, AFileThatSomebodyHolds) {
   const auto ours = writer(L"ours", 1);
   ours->waitUntilDone(longestRunMs);
   EXPECT_EQ(ours->notes().messages, 0);
-  EXPECT_EQ(read(catalogue_).paths.count(pathOf(L"ours", 0)), 1U);
+  EXPECT_EQ(readCatalogue(catalogue_).paths.count(pathOf(L"ours", 0)), 1U);
 }
 
 }  // namespace

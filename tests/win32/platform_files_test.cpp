@@ -12,11 +12,13 @@
 #include "harness/paths.h"
 #include "harness/text.h"
 #include "platform/clock.h"
+#include "platform/drives.h"
 #include "platform/files.h"
 #include "platform/processes.h"
 #include "platform/run_time_error.h"
 #include "platform/shell_links.h"
 #include "platform/text.h"
+#include "platform/win32/handles.h"
 
 namespace {
 
@@ -77,6 +79,30 @@ TEST_F(PlatformFiles, ADraftTakesThePlaceOfTheFileThatIsExpectedAndOfNoOther) {
   EXPECT_EQ(harness::readFile(path(L"list.txt")), "new");
   EXPECT_EQ(harness::namesIn(folder_.path()), (std::vector<std::wstring>{L"list.txt"}))
       << "Neither the draft nor the second name of the old file";
+}
+
+TEST_F(PlatformFiles, TheTimeOfAFileOnTheNetworkIsThatOfTheFileAndNeedsNoAccess) {
+  namespace files = platform::files;
+  const std::wstring file = path(L"list.txt");
+  const std::wstring shared = harness::networkPath(file);
+  ASSERT_TRUE(platform::drives::isNetwork(shared));
+  ASSERT_FALSE(platform::drives::isNetwork(file));
+  EXPECT_EQ(files::modifiedTime(shared), std::nullopt);
+  harness::writeFile(file, "x");
+  ASSERT_TRUE(files::modifiedTime(shared));
+  EXPECT_EQ(files::modifiedTime(shared), files::modifiedTime(file));
+  {
+    const platform::win32::FileHandle alone(CreateFileW(file.c_str(), GENERIC_READ | GENERIC_WRITE,
+                                                        0, nullptr, OPEN_EXISTING,
+                                                        FILE_ATTRIBUTE_NORMAL, nullptr));
+    ASSERT_TRUE(alone);
+    const FILETIME other{.dwLowDateTime = 0, .dwHighDateTime = 30'000'000};
+    ASSERT_NE(SetFileTime(alone.get(), nullptr, nullptr, &other), FALSE);
+    EXPECT_EQ(files::modifiedTime(shared), files::FileTime{30'000'000} << 32U);
+  }
+  SetFileAttributesW(file.c_str(), FILE_ATTRIBUTE_HIDDEN);
+  EXPECT_EQ(files::modifiedTime(shared), std::nullopt);
+  EXPECT_EQ(files::modifiedTime(harness::networkPath(folder_.path())), std::nullopt);
 }
 
 TEST_F(PlatformFiles, AnErrorNamesTheFileOrFolderConcerned) {

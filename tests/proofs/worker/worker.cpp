@@ -13,7 +13,9 @@
 #include "catalogue/catalogue_file.h"
 #include "catalogue/catalogue_listing.h"
 #include "catalogue/moved_records.h"
+#include "listfile/list_file.h"
 #include "mainwindow/main_window.h"
+#include "platform/files.h"
 #include "platform/run_time_error.h"
 #include "platform/text.h"
 #include "platform/win32/handles.h"
@@ -147,6 +149,35 @@ void write(const std::wstring& tag, int count) {
   }
 }
 
+/// Adds, dates and removes the same records again and again for that time.
+void churnRecords(const std::wstring& tag, int count, std::int64_t seconds) {
+  constexpr std::uint64_t second = 1000;
+  constexpr std::int64_t removeEvery = 3;
+  const std::uint64_t end = GetTickCount64() + static_cast<std::uint64_t>(seconds) * second;
+  for (std::int64_t n = 0; GetTickCount64() < end; ++n) {
+    notes->ready = 1;
+    const int number = static_cast<int>(n % count);
+    const std::wstring path = proofs::pathOf(tag, number);
+    if (notes->wanted[number] != 0 && n / count % removeEvery == 0) {
+      if (succeeds([&] { modQMKGeneral::RemoveCatalogueEntry(path); })) {
+        notes->wanted[number] = 0;
+      }
+    } else if (succeeds([&] { modQMKGeneral::AddOrUpdateCatalogueEntry(path, L"FP3"); })) {
+      notes->wanted[number] = 1;
+    }
+    notes->finished = n + 1;
+  }
+}
+
+/// Holds the temporary file, half written, until it is killed; for a minute at most.
+void stall() {
+  constexpr DWORD longestMs = 60'000;
+  platform::files::Draft draft(list_file::temporaryBeside(modQMKGeneral::cataloguePath()));
+  draft.write("\"FP3\",\"C:\\Hal");
+  notes->ready = 1;
+  Sleep(longestMs);
+}
+
 /// Adds lists, each with a new record and the one before.
 void merge(const std::wstring& tag, int count) {
   const auto window = std::make_unique<frmQMK>();
@@ -250,9 +281,12 @@ bool appended(const std::wstring& path, const std::string& line) {
   return false;
 }
 
-void append(const std::wstring& path, const std::wstring& tag, int count) {
+void append(const std::wstring& path, const std::wstring& tag, int count, DWORD pauseMs) {
   for (int number = 0; number < count; ++number) {
     notes->ready = 1;
+    if (pauseMs > 0) {
+      Sleep(pauseMs);
+    }
     const std::string line = platform::text::toCodePage(
         L"\"FP3\",\"" + proofs::pathOf(tag, number) + L"\",\"11/20/2026\"\r\n");
     if (succeeds([&] {
@@ -299,10 +333,15 @@ int run(const std::vector<std::wstring>& words) {
     regret(words.at(2), static_cast<int>(number(3)));
   } else if (order == L"undo") {
     deleteAndUndo(static_cast<int>(number(2)));
+  } else if (order == L"share") {
+    churnRecords(words.at(2), static_cast<int>(number(3)), number(4));
+  } else if (order == L"stall") {
+    stall();
   } else if (order == L"refresh") {
     refresh();
   } else if (order == L"append") {
-    append(words.at(2), words.at(3), static_cast<int>(number(4)));
+    append(words.at(2), words.at(3), static_cast<int>(number(4)),
+           words.size() > 5 ? static_cast<DWORD>(number(5)) : 0);
   } else if (order == L"hold") {
     hold(words.at(2), static_cast<DWORD>(number(3)));
   } else {

@@ -3,6 +3,7 @@
 #include <functional>
 #include <utility>
 
+#include "platform/faults.h"
 #include "unit/support/catalogue_test.h"
 
 namespace {
@@ -70,6 +71,27 @@ TEST_F(CatalogueWatch, AChangeByAnotherProgramShowsWithinASecond) {
   desktop().advance(1000);
   EXPECT_EQ(rows(), (Texts{L"a.fp3", L"b.fp3"}));
   EXPECT_EQ(view.lastSeen, modified());
+}
+
+TEST_F(CatalogueWatch, OnAShareAChangeByAnotherMachineShowsWithinTwoTicksForOneQueryATick) {
+  constexpr platform::files::FileTime second = 10'000'000;
+  desktop().disk().profile.visibilityDelay = 10 * second;
+  desktop().slowDrives = {L"C:"};
+  watch(a);
+  for (const std::string& bytes : {a + b, b, a + b + a}) {
+    desktop().disk().machine = 1;
+    putCatalogue(bytes);
+    desktop().disk().machine = 0;
+    EXPECT_NE(platform::files::entryAt(unit::catalogueFile)->size, bytes.size())
+        << "a look by the name does not show the change";
+    desktop().advance(2000);
+    EXPECT_EQ(list.count(), bytes.size() / a.size());
+    EXPECT_EQ(reads(), 1);
+    const int looks = desktop().faults().looks();
+    desktop().advance(3000);
+    EXPECT_EQ(desktop().faults().looks() - looks, 3);
+    EXPECT_EQ(reads(), 0);
+  }
 }
 
 TEST_F(CatalogueWatch, AnOlderModificationTimeIsAChangeToo) {

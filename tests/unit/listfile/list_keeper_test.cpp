@@ -74,7 +74,8 @@ TEST_F(KeepingLists, LaterChangesOfTheDayDoNotLookAtTheDisk) {
   EXPECT_EQ(
       desktop().journal(),
       (Names{L"create C:\\App\\qmklist.tmp", L"read to append " + webListFile,
-             L"write C:\\App\\qmklist.tmp", L"replace C:\\App\\qmklist.tmp -> " + webListFile}));
+             L"write C:\\App\\qmklist.tmp", L"hold " + webListFile,
+             L"replace C:\\App\\qmklist.tmp -> " + webListFile}));
   keeper.reset();
   const int withKeeper = desktop().faults().looks() - looks;
   write(webListFile, "four\r\n");

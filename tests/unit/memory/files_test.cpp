@@ -256,7 +256,7 @@ TEST_F(MemoryFilesTest, DoesNotReplaceAFileThatChanged) {
   EXPECT_EQ(draft.replace(file, expected), Replaced::changedSince);
   EXPECT_EQ(desktop().bytesOf(file), "OLD");
   EXPECT_EQ(desktop().bytesOf(other), "new");
-  EXPECT_TRUE(desktop().journalHas(L"replace C:\\App\\other.txt -> C:\\App\\list.txt (changed)"));
+  EXPECT_TRUE(desktop().journalHas(L"hold C:\\App\\list.txt (changed)"));
 }
 
 TEST_F(MemoryFilesTest, PutsAFileInTheFreePlaceOnly) {

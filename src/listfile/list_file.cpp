@@ -57,6 +57,34 @@ std::string_view takeField(std::string_view& left) {
   return field;
 }
 
+/// Takes apart a line of up to three fields in the form in which the program writes them itself:
+/// all in quotes, with nothing but commas between them. Most lines are like that, and this is the
+/// shortest way to read them. False for any other line; the fields are spoilt then.
+bool takeUsualFields(std::string_view content, Record& record) {
+  std::size_t begin = 0;
+  for (std::string_view& field : record.fields) {
+    if (begin == content.size() || content[begin] != '"') {
+      return false;
+    }
+    ++begin;
+    const std::size_t quote = bytes::find(content, '"', begin);
+    if (quote == content.size()) {
+      return false;
+    }
+    field = std::string_view(content.data() + begin, quote - begin);
+    ++record.fieldCount;
+    begin = quote + 1;
+    if (begin == content.size()) {
+      return true;
+    }
+    if (content[begin] != ',') {
+      return false;
+    }
+    ++begin;
+  }
+  return false;
+}
+
 }  // namespace
 
 std::wstring Record::text(std::size_t n) const {
@@ -81,6 +109,11 @@ bool Reader::next(Record& record) {
   record.line = bytes_.substr(begin, next_ - begin);
   std::string_view content = bytes_.substr(begin, end - begin);
 
+  if (takeUsualFields(content, record)) {
+    return true;
+  }
+  record.fields = {};
+  record.fieldCount = 0;
   if (withoutLeadingBlanks(content).empty()) {
     return true;
   }

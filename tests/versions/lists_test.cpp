@@ -1,11 +1,14 @@
 // The lists of version 3.0.0 in this version, and those of this version in 3.0.0.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
+#include <random>
 #include <string>
 
 #include "catalogue/catalogue_file.h"
 #include "earlier/earlier_lists.h"
+#include "listfile/list_file.h"
 #include "versions/versions_fixture.h"
 
 namespace versions {
@@ -46,6 +49,28 @@ TEST_F(Versions, OddRecordsOfOtherProgramsArrive) {
                               L"Maps|http://maps.example/?a=1", L"Weather|http://second.example/",
                               L"Weather|http://weather.example/", L"no address|", L"open,|",
                               L"|http://nameless.example/"}));
+}
+
+TEST(ListReaders, TakeAnyLineApartAlike) {
+  std::mt19937 random(300);
+  const std::vector<std::string> pieces{"\"",  ",",         "\",\"", "\"fp3\"", " ",
+                                        "\t",  "\r\n",      "\r\n",  "\n",      "\r",
+                                        "abc", "\xE9t\xE9", "\\",    ",\"b"};
+  for (int round = 0; round < 20'000; ++round) {
+    std::string bytes;
+    for (auto left = random() % 14; left > 0; --left) {
+      bytes += pieces[random() % pieces.size()];
+    }
+    list_file::Reader reader(bytes);
+    list_file::Record record;
+    for (const reader_3_0_0::Fields& fields : reader_3_0_0::fields(bytes)) {
+      ASSERT_TRUE(reader.next(record));
+      ASSERT_EQ(record.fieldCount, fields.count) << ::testing::PrintToString(bytes);
+      ASSERT_TRUE(std::equal(record.fields.begin(), record.fields.end(), fields.first.begin()))
+          << ::testing::PrintToString(bytes);
+    }
+    ASSERT_FALSE(reader.next(record));
+  }
 }
 
 // --- what this version writes ---

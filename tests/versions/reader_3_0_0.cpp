@@ -1,9 +1,9 @@
 #include "versions/reader_3_0_0.h"
 
 #include <algorithm>
-#include <array>
 #include <cwchar>
 #include <limits>
+#include <utility>
 
 #include "platform/text.h"
 
@@ -150,6 +150,17 @@ std::vector<std::string> lines(std::string_view bytes) {
   Reader reader(bytes);
   for (Record record; reader.next(record);) {
     all.emplace_back(record.line);
+  }
+  return all;
+}
+
+std::vector<Fields> fields(std::string_view bytes) {
+  std::vector<Fields> all;
+  Reader reader(bytes);
+  for (Record record; reader.next(record);) {
+    Fields fields{.count = record.fieldCount, .first = {}};
+    std::copy(record.fields.begin(), record.fields.end(), fields.first.begin());
+    all.push_back(std::move(fields));
   }
   return all;
 }

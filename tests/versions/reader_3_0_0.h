@@ -3,6 +3,8 @@
 // it is a copy of what was shipped, without all that does not read.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -12,6 +14,15 @@ namespace reader_3_0_0 {
 
 /// The lines of a list file, each with its line end, which only the last one may lack.
 [[nodiscard]] std::vector<std::string> lines(std::string_view bytes);
+
+/// One line as it was taken apart.
+struct Fields {
+  std::size_t count = 0;             ///< Fields on the line; 0 for a blank line.
+  std::array<std::string, 3> first;  ///< The first three, without their quotes; "" where missing.
+};
+
+/// The lines of a list file.
+[[nodiscard]] std::vector<Fields> fields(std::string_view bytes);
 
 /// A row of the Open tab, from `name` on in the order of its columns.
 struct DataFile {

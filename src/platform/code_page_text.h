@@ -18,7 +18,7 @@ class CodePageText {
   };
   explicit CodePageText(std::wstring text, Letters letters = Letters::exact);
 
-  /// Whether the bytes are the text: the same as `codePageEquals` or `upperCodePageEquals`.
+  /// Whether the bytes, converted, are the text.
   [[nodiscard]] bool equals(std::string_view bytes) const;
 
  private:

@@ -41,37 +41,23 @@ template <class Unit>
   return isPlain(all);
 }
 
-/// Compares unit by unit after `convert`. At the first character that is not plain, `slow` decides.
-/// A difference before that character already decides, because it cannot change how the characters
-/// before it convert.
-template <class Text, class Convert, class Slow>
-[[nodiscard]] bool equals(Text text, std::wstring_view wanted, Convert convert, Slow slow) {
+/// Whether the text in upper case is `wanted`. At the first character that is not plain, `slow`
+/// decides. A difference before that character already decides, because it cannot change how the
+/// characters before it convert. The length never changes, so another length decides as well.
+template <class Slow>
+[[nodiscard]] bool upperEquals(std::wstring_view text, std::wstring_view wanted, Slow slow) {
+  if (text.size() != wanted.size()) {
+    return false;
+  }
   for (std::size_t i = 0; i < text.size(); ++i) {
     if (!isPlain(text[i])) {
       return slow();
     }
-    if (i >= wanted.size() || convert(static_cast<wchar_t>(text[i])) != wanted[i]) {
+    if (upper(text[i]) != wanted[i]) {
       return false;
     }
   }
-  return text.size() == wanted.size();
-}
-
-template <class Slow>
-[[nodiscard]] bool upperEquals(std::wstring_view text, std::wstring_view wanted, Slow slow) {
-  return text.size() == wanted.size() && equals(text, wanted, upper, slow);
-}
-
-template <class Slow>
-[[nodiscard]] bool codePageEquals(std::string_view bytes, std::wstring_view text, Slow slow) {
-  return equals(
-      bytes, text, [](wchar_t unit) { return unit; }, slow);
-}
-
-template <class Slow>
-[[nodiscard]] bool upperCodePageEquals(std::string_view bytes, std::wstring_view wanted,
-                                       Slow slow) {
-  return equals(bytes, wanted, upper, slow);
+  return true;
 }
 
 /// The text without such characters at its beginning and its end.

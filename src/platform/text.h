@@ -57,12 +57,6 @@ struct SearchForm {
 /// The same into an existing text, to reuse its memory.
 void fromCodePage(std::string_view bytes, std::wstring& text);
 
-/// Whether `fromCodePage(bytes)` equals `text`. Makes no conversion when ASCII characters decide.
-[[nodiscard]] bool codePageEquals(std::string_view bytes, std::wstring_view text);
-
-/// Whether `upper(fromCodePage(bytes))` equals `wanted`, which must be in upper case already.
-[[nodiscard]] bool upperCodePageEquals(std::string_view bytes, std::wstring_view wanted);
-
 /// Converts text to the system's code page. A character that the code page lacks becomes "?". It
 /// never becomes a similar-looking character, so that no text can turn into a quote, a comma or a
 /// line end.

@@ -47,15 +47,6 @@ SortKeys sortKeys(std::size_t count, const std::function<std::wstring_view(std::
   return keys;
 }
 
-bool codePageEquals(std::string_view bytes, std::wstring_view text) {
-  return plain::codePageEquals(bytes, text, [&] { return fromCodePage(bytes) == text; });
-}
-
-bool upperCodePageEquals(std::string_view bytes, std::wstring_view wanted) {
-  return plain::upperCodePageEquals(bytes, wanted,
-                                    [&] { return upper(fromCodePage(bytes)) == wanted; });
-}
-
 std::wstring fromCodePage(std::string_view bytes) {
   std::wstring text;
   fromCodePage(bytes, text);

@@ -71,15 +71,6 @@ std::wstring fromCodePage(std::string_view bytes) {
   return text;
 }
 
-bool codePageEquals(std::string_view bytes, std::wstring_view text) {
-  return plain::codePageEquals(bytes, text, [&] { return fromCodePage(bytes) == text; });
-}
-
-bool upperCodePageEquals(std::string_view bytes, std::wstring_view wanted) {
-  return plain::upperCodePageEquals(bytes, wanted,
-                                    [&] { return upper(fromCodePage(bytes)) == wanted; });
-}
-
 std::string toCodePage(std::wstring_view text) {
   if (text.empty()) return {};
   const bool choose = hasSubstitute(GetACP());

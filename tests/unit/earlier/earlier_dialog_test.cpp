@@ -265,6 +265,33 @@ TEST_F(EarlierDialog, FitsIntoItsDesignedSize) {
   EXPECT_EQ(form.lstEntries.bounds().height, 0);
 }
 
+/// Heading and width in twips of each column.
+Texts columnsOf(const controls::ListView& list) {
+  Texts columns;
+  for (const controls::ListView::Column& column : list.columns()) {
+    columns.push_back(column.text + L" " + std::to_wstring(column.widthTwips));
+  }
+  return columns;
+}
+
+TEST_F(EarlierDialog, ItsListsHaveTheseColumns) {
+  const frmEarlier ofFiles(kept_lists::Which::dataFiles, {});
+  EXPECT_EQ(columnsOf(ofFiles.lstCopies), (Texts{L"Date 3000", L"Entries 2100", L"Size 1800"}));
+  EXPECT_EQ(columnsOf(ofFiles.lstEntries),
+            (Texts{L"Change 1400", L"Name 2400", L"Directory 2700", L"Last Modified 2400"}));
+  const frmEarlier ofSites(kept_lists::Which::web, {});
+  EXPECT_EQ(columnsOf(ofSites.lstEntries), (Texts{L"Change 1400", L"Name 2400", L"Url 5000"}));
+}
+
+TEST_F(EarlierDialog, EnterShowsAndEscCloses) {
+  const frmEarlier form(kept_lists::Which::dataFiles, {});
+  EXPECT_TRUE(form.cmdShow.isDefault);
+  EXPECT_TRUE(form.cmdClose.isCancel);
+  for (const controls::CommandButton* const button : {&form.cmdRestore, &form.cmdAdd}) {
+    EXPECT_FALSE(button->isDefault || button->isCancel);
+  }
+}
+
 class NotCopied : public unit::LoadedMainWindow {};
 
 TEST_F(NotCopied, TheStatusLineSaysItOnceBehindTheNews) {

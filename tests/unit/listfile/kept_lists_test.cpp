@@ -55,6 +55,7 @@ TEST_F(KeptLists, OtherNamesAreNoCopies) {
                                     L"QMKFileList3 2026-00-10.txt",
                                     L"QMKFileList3 2026-11-22 240000.txt",
                                     L"QMKFileList3 2026-11-22 236000.txt",
+                                    L"QMKFileList3 2026-11-22 143060.txt",
                                     L"QMKFileList3 2026-11-22 14301.txt",
                                     L"QMKFileList3 2026-11-22 1430156.txt",
                                     L"QMKFileList3 2026-11-22_143015.txt",

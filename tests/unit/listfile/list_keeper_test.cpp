@@ -224,6 +224,36 @@ TEST_F(KeepingLists, TheSameDamageIsKeptOnlyOnce) {
   EXPECT_EQ(kept(), ofToday);
 }
 
+TEST_F(KeepingLists, OtherDamageOfTheSameSizeIsKeptToo) {
+  put(ofToday[0], "of the morning");
+  for (const char* const bytes : {"web\r\n", "wEb\r\n"}) {
+    desktop().putFile(webListFile, bytes);
+    keeper->couldNotRead(Which::web);
+    write(webListFile, "new");
+  }
+  EXPECT_EQ(copy(ofToday[1]), "web\r\n");
+  EXPECT_EQ(copy(L"QMKWebList 2026-11-20 143015.txt"), "wEb\r\n");
+}
+
+TEST_F(KeepingLists, OfAListThatWasEmptiedNothingIsKept) {
+  put(ofToday[0], "of the morning");
+  put(ofToday[1], "of the morning");
+  write(webListFile, std::string(100, 'x'));
+  desktop().putFile(webListFile, "");
+  write(webListFile, "new");
+  EXPECT_EQ(kept(), ofToday);
+}
+
+TEST_F(KeepingLists, WithoutAFreeSecondWithinAMinuteTheCopyFails) {
+  for (int second = 0; second < 60; ++second) {
+    keeper->keepNow(Which::web, std::to_string(second));
+  }
+  EXPECT_EQ(kept().size(), 60U);
+  EXPECT_EQ(copy(L"QMKWebList 2026-11-20 143114.txt"), "59");
+  EXPECT_EQ(errorNumberOf([this] { keeper->keepNow(Which::web, "one more"); }), 58);
+  EXPECT_EQ(kept().size(), 60U);
+}
+
 TEST_F(KeepingLists, CopiesOfOneSecondGetTheNextSeconds) {
   put(L"QMKWebList 2026-11-20 143016.txt", "another");
   keeper->keepNow(Which::web, "one");

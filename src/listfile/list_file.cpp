@@ -233,6 +233,9 @@ namespace {
 
 /// How often a rewrite starts again when other programs keep changing the file.
 constexpr int mostTries = 50;
+/// From this time on the others are kept from writing meanwhile. Not at once, because they may take
+/// that for an error; but somebody who writes all the time must not stop everybody else.
+constexpr int patientTries = 4;
 
 }  // namespace
 
@@ -253,8 +256,9 @@ void rewrite(const std::wstring& path, const std::wstring& temporary, Missing mi
   // that is about to be replaced.
   files::Draft draft(temporary);
   for (int tries = 0; tries < mostTries; ++tries) {
-    files::Contents old =
-        missing == Missing::isEmpty ? files::readForAppending(path) : files::readWhole(path);
+    const bool alone = tries >= patientTries && draft.keepOthersFromWriting(path);
+    files::Contents old = missing == Missing::isEmpty && !alone ? files::readForAppending(path)
+                                                                : files::readWhole(path);
     // Kept only for a file that has just been written, because a large list is not copied lightly.
     std::optional<std::string> read;
     if (!draft.tellsLaterWrites(old.stamp)) {

@@ -129,6 +129,8 @@ struct Draft::State {
 
   std::wstring path;
   steps::HeldFile file;
+  /// The file that is to be replaced, while others are kept from writing to it.
+  steps::Target kept;
   /// The stamp that the file got when it was made.
   std::optional<Stamp> made;
 
@@ -159,7 +161,8 @@ Step Draft::State::replaceOnce(const std::wstring& to, const Stamp& expected,
                                const std::string* bytes) {
   // Nobody can write to the file after the comparison.
   steps::Target target;
-  if (const Step held = target.open(to, expected, bytes); held != Step::done) return held;
+  if (const Step held = target.open(to, &expected, bytes); held != Step::done) return held;
+  kept.close();
   // Newer file systems replace a file that is open, by this program too. Readers keep the old file
   // until they close it.
   if (file.renameOverOpen(to) == Step::done) {
@@ -187,6 +190,14 @@ void Draft::write(std::string_view bytes) {
   concerning(state_->path, [&] { state_->file.write(bytes); });
 }
 
+bool Draft::keepOthersFromWriting(const std::wstring& to) {
+  try {
+    return whileInUse([&] { return state_->kept.open(to, nullptr, nullptr); }) == Step::done;
+  } catch (const RunTimeError&) {
+    return false;
+  }
+}
+
 bool Draft::tellsLaterWrites(const Stamp& stamp) const {
   return !stamp.present || (state_->made && stamp.modified < state_->made->modified);
 }
@@ -197,6 +208,7 @@ Replaced Draft::replace(const std::wstring& to, const Stamp& expected, const std
       return expected.present ? state_->replaceOnce(to, expected, bytes)
                               : state_->file.renameToFree(to);
     });
+    state_->kept.close();
     if (result != Step::done) return Replaced::changedSince;
     state_->file.close();
     return Replaced::yes;

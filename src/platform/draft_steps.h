@@ -66,8 +66,9 @@ class Target {
   ~Target();
 
   /// Opens the file and compares it: `done`, `changed` (its stamp is not `expected`, or `bytes` is
-  /// given and its content is not that) or `inUse`. Raises what a deletion of the file would raise.
-  [[nodiscard]] Step open(const std::wstring& path, const Stamp& expected,
+  /// given and its content is not that) or `inUse`. Without `expected` any state will do. Raises
+  /// what a deletion of the file would raise.
+  [[nodiscard]] Step open(const std::wstring& path, const Stamp* expected,
                           const std::string* bytes);
   /// Lets go of the file.
   void close() noexcept;
@@ -94,7 +95,8 @@ class Target {
 /// are none); nothing when the file is not longer, or cannot be read.
 [[nodiscard]] std::optional<std::string> linesBehind(const std::wstring& name, std::uint64_t size);
 
-/// Appends to a file in place, by one write: `done` or `inUse`. Raises what writing raises.
+/// Appends to a file in place while nobody else writes to it: `done` or `inUse`. Raises what
+/// writing raises.
 [[nodiscard]] Step append(const std::wstring& path, std::string_view bytes);
 
 /// Gives the file `name` the name `to`, in place of the file that has it: `done` or `inUse`. Raises

@@ -168,6 +168,11 @@ class Draft {
   /// draft's file system.
   [[nodiscard]] bool tellsLaterWrites(const Stamp& stamp) const;
 
+  /// Keeps other programs from writing to the file that is going to be replaced, until the next
+  /// `replace` has compared it, or the draft ends. They can read it, and so can this program. False
+  /// when that cannot be, for whatever reason.
+  [[nodiscard]] bool keepOthersFromWriting(const std::wstring& to);
+
   /// Atomically replaces `to` by the draft: at every instant `to` is either the old file or the new
   /// one. When `expected.present` is false, `to` must not exist yet. With `bytes`, the content of
   /// `to` must be that, too; this is for stamps for which `tellsLaterWrites` is false. After `yes`

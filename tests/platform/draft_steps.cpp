@@ -130,8 +130,8 @@ void Target::close() noexcept {
   state_->handle = 0;
 }
 
-Step Target::open(const std::wstring& path, const Stamp& expected, const std::string* bytes) {
-  if (desktop().onReplace) {
+Step Target::open(const std::wstring& path, const Stamp* expected, const std::string* bytes) {
+  if (expected != nullptr && desktop().onReplace) {
     desktop().onReplace();
   }
   Step result = Step::done;
@@ -151,8 +151,8 @@ Step Target::open(const std::wstring& path, const Stamp& expected, const std::st
           desktop().amend(L" (in use)");
           return;
         }
-        if (disk.stampOf(state_->handle) != expected ||
-            (bytes != nullptr && disk.bytesOf(path) != *bytes)) {
+        if (expected != nullptr && (disk.stampOf(state_->handle) != *expected ||
+                                    (bytes != nullptr && disk.bytesOf(path) != *bytes))) {
           result = Step::changed;
           desktop().amend(L" (changed)");
         }
@@ -223,7 +223,7 @@ Step append(const std::wstring& path, std::string_view bytes) {
       [&] {
         try {
           FileSystem& disk = desktop().disk();
-          const auto file = disk.open(path, FileSystem::writes, FileSystem::everything);
+          const auto file = disk.open(path, FileSystem::writes, FileSystem::reads);
           disk.appendTo(file, std::string(bytes));
           disk.close(file);
         } catch (const RunTimeError& failure) {

@@ -10,7 +10,7 @@
 //   worker.exe share <tag> <count> <seconds>          works on the same numbered records for so long
 //   worker.exe stall                                  holds the temporary file until it is killed
 //   worker.exe append <file> <tag> <count> [<ms>]     appends in place, like a foreign program, with
-//                                                     that pause before each line
+//                                                     that pause before each line, one at a time
 //   worker.exe hold <file> <share> <ms>               keeps a file open
 //
 // The environment variable QMK_NOTES has the name of the shared memory with the `Notes`.

@@ -263,13 +263,15 @@ void refresh() {
 
 /// Appends a line in place like a program that does not know this one: usual sharing, one write,
 /// and another try when the file is in use.
-bool appended(const std::wstring& path, const std::string& line) {
+/// Two of them must not share writing: under Wine an append is not one step, and they would
+/// overwrite each other's lines.
+bool appended(const std::wstring& path, const std::string& line, bool alone) {
   constexpr int tries = 2000;
   constexpr DWORD pauseMs = 5;
   for (int attempt = 0; attempt < tries; ++attempt) {
     const FileHandle file(CreateFileW(path.c_str(), FILE_APPEND_DATA,
-                                      FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
-                                      FILE_ATTRIBUTE_NORMAL, nullptr));
+                                      alone ? FILE_SHARE_READ : FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                      nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (file) {
       DWORD written = 0;
       return WriteFile(file.get(), line.data(), static_cast<DWORD>(line.size()), &written,
@@ -290,7 +292,7 @@ void append(const std::wstring& path, const std::wstring& tag, int count, DWORD 
     const std::string line = platform::text::toCodePage(
         L"\"FP3\",\"" + proofs::pathOf(tag, number) + L"\",\"11/20/2026\"\r\n");
     if (succeeds([&] {
-          if (!appended(path, line)) {
+          if (!appended(path, line, pauseMs > 0)) {
             note(L"the line could not be appended");
           }
         })) {

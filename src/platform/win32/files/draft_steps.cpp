@@ -168,7 +168,7 @@ Target::~Target() = default;
 
 void Target::close() noexcept { state_->file.reset(); }
 
-Step Target::open(const std::wstring& path, const Stamp& expected, const std::string* bytes) {
+Step Target::open(const std::wstring& path, const Stamp* expected, const std::string* bytes) {
   const std::wstring native = requiredPath(path);
   const auto missing = {win32::Meaning{ERROR_PATH_NOT_FOUND, error::fileNotFound}};
   const DWORD attributes = GetFileAttributesW(native.c_str());
@@ -186,15 +186,30 @@ Step Target::open(const std::wstring& path, const Stamp& expected, const std::st
     if (isInUse(error)) return Step::inUse;
     raise(error, missing);
   }
-  const bool same = *current == expected && (bytes == nullptr || hasContent(state_->file, *bytes));
+  const bool same = expected == nullptr || (*current == *expected &&
+                                            (bytes == nullptr || hasContent(state_->file, *bytes)));
   return same ? Step::done : Step::changed;
 }
 
 Step discard(const std::wstring& path) {
   const std::wstring native = requiredPath(path);
-  win32::refuseProtected(GetFileAttributesW(native.c_str()), protectedKinds);
-  const DWORD result = outcome(DeleteFileW(native.c_str()));
-  if (result == ERROR_SUCCESS || result == ERROR_FILE_NOT_FOUND) return Step::done;
+  // Opening tells in one call that there is no such file, or that somebody holds it. These are the
+  // usual cases, and many may be asking at the same time.
+  const FileHandle file(CreateFileW(native.c_str(), DELETE | FILE_READ_ATTRIBUTES,
+                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                    OPEN_EXISTING, FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
+  DWORD result = file ? ERROR_SUCCESS : GetLastError();
+  if (result == ERROR_FILE_NOT_FOUND) return Step::done;
+  if (result != ERROR_SHARING_VIOLATION) {
+    const DWORD attributes = GetFileAttributesW(native.c_str());
+    win32::refuseProtected(attributes, protectedKinds);
+  }
+  if (file) {
+    FILE_DISPOSITION_INFO deletion{.DeleteFile = TRUE};
+    result = outcome(
+        SetFileInformationByHandle(file.get(), FileDispositionInfo, &deletion, sizeof deletion));
+  }
+  if (result == ERROR_SUCCESS) return Step::done;
   if (result == ERROR_SHARING_VIOLATION ||
       (result == ERROR_ACCESS_DENIED && isBeingDeleted(native))) {
     return Step::inUse;
@@ -240,9 +255,9 @@ std::optional<std::string> linesBehind(const std::wstring& name, std::uint64_t s
 }
 
 Step append(const std::wstring& path, std::string_view bytes) {
-  const FileHandle file(CreateFileW(requiredPath(path).c_str(), FILE_APPEND_DATA,
-                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+  // Nobody else may write meanwhile: not every file system appends in one step.
+  const FileHandle file(CreateFileW(requiredPath(path).c_str(), FILE_APPEND_DATA, FILE_SHARE_READ,
+                                    nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
   if (!file) {
     const DWORD error = GetLastError();
     if (isInUse(error)) return Step::inUse;

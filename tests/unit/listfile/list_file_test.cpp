@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/desktop_test.h"
+#include "platform/run_time_error.h"
 #include "unit/support/error_number.h"
 
 namespace {
@@ -243,6 +244,70 @@ TEST_F(ListFileRewrite, EditsAgainWhatAnotherProgramWroteMeanwhile) {
   });
   EXPECT_EQ(seen, (std::vector<std::string>{"old ", "other1 ", "other2 "}));
   EXPECT_EQ(bytes(), "other2 x");
+}
+
+TEST_F(ListFileRewrite, AWriteThatTheTimeStampDoesNotTellIsSeen) {
+  constexpr platform::files::FileTime twoSeconds = 20'000'000;
+  for (const bool posixRename : {true, false}) {
+    desktop().disk().profile = {.posixRename = posixRename, .timeStep = twoSeconds};
+    desktop().putFile(L"C:\\App\\list.txt", "old ");
+    const auto before = platform::files::readWhole(L"C:\\App\\list.txt").stamp;
+    desktop().onReplace = [&] {
+      desktop().onReplace = nullptr;
+      desktop().putFile(L"C:\\App\\list.txt", "OLD ");
+      ASSERT_EQ(platform::files::readWhole(L"C:\\App\\list.txt").stamp, before);
+    };
+    rewrite(Missing::isError, addX);
+    EXPECT_EQ(bytes(), "OLD x");
+  }
+}
+
+TEST_F(ListFileRewrite, OnlyAFileWrittenWithinTheLastStepOfTheTimeIsComparedByItsContent) {
+  constexpr platform::files::FileTime twoSeconds = 20'000'000;
+  desktop().disk().profile.timeStep = twoSeconds;
+  desktop().putFile(L"C:\\App\\list.txt", "old ");
+  const auto stamp = platform::files::readWhole(L"C:\\App\\list.txt").stamp;
+  EXPECT_FALSE(platform::files::Draft(L"C:\\App\\list.tmp").tellsLaterWrites(stamp));
+  desktop().advance(2000);
+  EXPECT_TRUE(platform::files::Draft(L"C:\\App\\list.tmp").tellsLaterWrites(stamp));
+  desktop().disk().profile.timeStep = 0;
+  desktop().putFile(L"C:\\App\\list.txt", "new ");
+  const auto fine = platform::files::readWhole(L"C:\\App\\list.txt").stamp;
+  EXPECT_TRUE(platform::files::Draft(L"C:\\App\\list.tmp").tellsLaterWrites(fine));
+}
+
+TEST_F(ListFileRewrite, AProgramThatWritesAllTheTimeIsKeptOutInTheEnd) {
+  using memory::FileSystem;
+  desktop().putFile(L"C:\\App\\list.txt", "old ");
+  int written = 0;
+  int keptOut = 0;
+  rewrite(Missing::isError, [&](std::string_view old) {
+    try {
+      const auto file = desktop().disk().open(L"C:\\App\\list.txt", FileSystem::writes,
+                                              FileSystem::reads | FileSystem::writes);
+      desktop().disk().appendTo(file, std::to_string(++written) + " ");
+      desktop().disk().close(file);
+    } catch (const platform::RunTimeError&) {
+      ++keptOut;
+    }
+    return addX(old);
+  });
+  EXPECT_EQ(bytes(), "old 1 2 3 4 x");
+  EXPECT_EQ(keptOut, 1);
+  EXPECT_FALSE(desktop().disk().isOpen(L"C:\\App\\list.txt"));
+}
+
+TEST_F(ListFileRewrite, ATemporaryFileThatSomebodyHoldsIsReportedBeforeTwoSecondsHavePassed) {
+  desktop().putFile(L"C:\\App\\list.txt", "old ");
+  const auto held = desktop().disk().make(L"C:\\App\\list.tmp", false);
+  const std::uint64_t begin = desktop().waitedUntil();
+  EXPECT_EQ(errorNumberOf([] { rewrite(Missing::isError, addX); }), 70);
+  EXPECT_GE(desktop().waitedUntil() - begin, 1000U);
+  EXPECT_LT(desktop().waitedUntil() - begin, 2000U);
+  EXPECT_EQ(bytes(), "old ");
+  desktop().disk().close(held);
+  rewrite(Missing::isError, addX);
+  EXPECT_EQ(bytes(), "old x");
 }
 
 TEST_F(ListFileRewrite, AFileThatAppearsMeanwhileIsNotOverwritten) {

@@ -76,7 +76,7 @@ TEST_F(CatalogueWatch, AChangeByAnotherProgramShowsWithinASecond) {
 TEST_F(CatalogueWatch, OnAShareAChangeByAnotherMachineShowsWithinTwoTicksForOneQueryATick) {
   constexpr platform::files::FileTime second = 10'000'000;
   desktop().disk().profile.visibilityDelay = 10 * second;
-  desktop().slowDrives = {L"C:"};
+  desktop().networkDrives = {L"C:"};
   watch(a);
   for (const std::string& bytes : {a + b, b, a + b + a}) {
     desktop().disk().machine = 1;

@@ -93,7 +93,7 @@ class SecondName {
     const std::optional<std::string> lines = steps::linesBehind(name_, expected.size);
     if (!lines) return false;
     made_ = false;
-    static_cast<void>(whileInUse([&] { return steps::append(to, *lines); }));
+    untilFree([&] { return steps::append(to, *lines); });
     made_ = true;
     return true;
   }

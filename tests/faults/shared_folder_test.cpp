@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <functional>
 #include <iostream>
 #include <map>
 #include <ostream>
@@ -15,10 +14,10 @@
 #include "catalogue/catalogue_file.h"
 #include "catalogue/catalogue_listing.h"
 #include "catalogue/moved_records.h"
+#include "faults/closed_file.h"
 #include "faults/machines.h"
 #include "faults/sweep.h"
 #include "platform/desktop.h"
-#include "platform/faults.h"
 #include "platform/run_time_error.h"
 #include "platform/text.h"
 
@@ -56,10 +55,6 @@ const std::vector<Share> shares{
 std::wstring pathOf(const std::string& tag, int number) {
   // All of one length, so that a write does not show in the size.
   return L"D:\\" + platform::text::fromCodePage(tag) + std::to_wstring(100 + number) + L".fp3";
-}
-
-std::string lineOf(const std::wstring& path) {
-  return record("FP3", platform::text::toCodePage(path), "11/20/2026");
 }
 
 /// What the paths of the catalogue must be at the end.
@@ -169,23 +164,6 @@ class Writing {
     }
   }
 
-  /// Whether a copy has compared the catalogue, let go of it and not replaced it yet.
-  static bool inTheInstant() {
-    if (!desktop().disk().isOpen(temporaryFile)) {
-      return false;
-    }
-    const auto& journal = desktop().journal();
-    for (auto line = journal.rbegin(); line != journal.rend(); ++line) {
-      if (line->starts_with(L"replace ")) {
-        return false;
-      }
-      if (line->starts_with(L"hold ")) {
-        return *line == L"hold " + catalogueFile;
-      }
-    }
-    return false;
-  }
-
   /// Number of appended lines that nobody could see in time and that are not in the catalogue.
   int expectNothingLostDoubledOrTorn(bool unseenMayBeLost) {
     for (const memory::Message& message : desktop().messages) {
@@ -225,15 +203,6 @@ class Writing {
     return lost;
   }
 
-  /// An operation after all the others, on a machine that sees everything.
-  static void expectTheNextOperationWorks() {
-    modQMKGeneral::AddOrUpdateCatalogueEntry(L"D:\\next.fp3", L"FP3");
-    EXPECT_NE(desktop().bytesOf(catalogueFile).value_or("").find(lineOf(L"D:\\next.fp3")),
-              std::string::npos);
-    EXPECT_TRUE(desktop().messages.empty());
-    EXPECT_EQ(desktop().namesIn(L"C:\\App"), std::vector<std::wstring>{L"QMKFileList3.txt"});
-  }
-
  private:
   Expected expected_;
   /// Appended in the instant in which a file system without open replacement lets everybody in.
@@ -267,7 +236,7 @@ TEST_P(SharedFolder, NothingIsLostDoubledOrTornAmongManyWriters) {
     writing.machines.add([&writing] { writing.append("bpp", 15); });
     writing.machines.run();
     lost += writing.expectNothingLostDoubledOrTorn(neitherLinksNorPosixRename(profile));
-    Writing::expectTheNextOperationWorks();
+    expectTheNextOperationWorks();
   }
   if (neitherLinksNorPosixRename(profile)) {
     RecordProperty("lost", lost);
@@ -292,74 +261,11 @@ TEST_P(SharedFolder, ACopyThatEndsAnywhereStopsNobody) {
     ended = writing.machines.ended(1);
     steps = step;
     static_cast<void>(writing.expectNothingLostDoubledOrTorn(!profile.posixRename));
-    Writing::expectTheNextOperationWorks();
+    expectTheNextOperationWorks();
   }
   EXPECT_GT(steps, 30);
   std::cout << "figure: shared folder, " << GetParam().name << ", instants of an end: " << steps
             << '\n';
-}
-
-/// The steps of a replacement that needs the file closed, while a foreign line comes in the
-/// instant: each fails in turn, once and from then on.
-TEST(ReplacementOfAClosedFile, IsWholeWhicheverStepFails) {
-  const std::string foreign = lineOf(L"D:\\foreign.fp3");
-  const std::string kept = lineOf(L"D:\\kept.fp3");
-  const std::string added = lineOf(L"D:\\added.fp3");
-  // True when the fault happened.
-  const auto runsWith = [&](const std::function<void()>& inject) {
-    desktop().reset();
-    desktop().disk().profile.posixRename = false;
-    desktop().putFile(catalogueFile, kept);
-    bool appended = false;
-    desktop().onStep = [&] {
-      if (appended || !Writing::inTheInstant()) {
-        return;
-      }
-      FileSystem& disk = desktop().disk();
-      try {
-        const auto file =
-            disk.open(catalogueFile, FileSystem::writes, FileSystem::reads | FileSystem::writes);
-        appended = true;
-        disk.appendTo(file, foreign);
-        disk.close(file);
-      } catch (const platform::RunTimeError&) {
-        // Still held for the comparison.
-      }
-    };
-    inject();
-    modQMKGeneral::AddOrUpdateCatalogueEntry(L"D:\\added.fp3", L"FP3");
-    const std::size_t failed = desktop().faults().failedCalls().size();
-    desktop().faults().failNothing();
-    desktop().onStep = nullptr;
-    const std::string bytes = desktop().bytesOf(catalogueFile).value_or("(none)");
-    const bool told = !desktop().messages.empty();
-    desktop().messages.clear();
-    EXPECT_TRUE(bytes == kept || bytes == kept + foreign || bytes == kept + added ||
-                bytes == kept + added + foreign)
-        << bytes;
-    if (!told) {
-      EXPECT_NE(bytes.find(added), std::string::npos) << bytes;
-    }
-    if (failed == 0 && appended && bytes.find(foreign) == std::string::npos) {
-      EXPECT_TRUE(told) << "a foreign line was lost without a word";
-    }
-    Writing::expectTheNextOperationWorks();
-    return failed > 0;
-  };
-  int cases = 0;
-  for (const bool forever : {false, true}) {
-    for (int n = 1;; ++n) {
-      SCOPED_TRACE("call " + std::to_string(n) + (forever ? " and all after it" : ""));
-      const bool happened =
-          runsWith([&] { desktop().faults().failCall(n, platform::error::deviceError, forever); });
-      ++cases;
-      if (!happened) {
-        break;
-      }
-    }
-  }
-  EXPECT_GT(cases, 12);
-  desktop().reset();
 }
 
 INSTANTIATE_TEST_SUITE_P(Shares, SharedFolder, ::testing::ValuesIn(shares),

@@ -193,7 +193,7 @@ void Desktop::wait(int milliseconds) {
   if (onWait) {
     onWait(milliseconds);
   } else {
-    waited_ += static_cast<std::uint64_t>(milliseconds);
+    clock_.waited += static_cast<std::uint64_t>(milliseconds);
   }
 }
 

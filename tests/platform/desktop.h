@@ -348,7 +348,7 @@ class Desktop {
   void wait(int milliseconds);
   /// Milliseconds of the clock and of all waiting.
   [[nodiscard]] std::uint64_t waitedUntil() const {
-    return static_cast<std::uint64_t>(clock_.elapsed()) + waited_;
+    return static_cast<std::uint64_t>(clock_.elapsed()) + clock_.waited;
   }
   /// Records one look; true when it must find nothing.
   [[nodiscard]] bool blinded();
@@ -372,7 +372,6 @@ class Desktop {
  private:
   std::unique_ptr<FileSystem> disk_;
   VirtualClock clock_;
-  std::uint64_t waited_ = 0;
   std::unique_ptr<Faults> faults_;
   std::vector<std::wstring> journal_;
   std::map<std::wstring, std::wstring> settings_;

@@ -118,7 +118,7 @@ class FileSystem {
   [[nodiscard]] Handle make(const std::wstring& path, bool passing);
   void close(Handle handle);
   /// Closes what a machine has open, as the system does when a program ends.
-  void closeAllOf(int machine);
+  void closeAllOf(int ofMachine);
   [[nodiscard]] bool isOpen(const std::wstring& path) const;
   /// These two raise `error::permissionDenied` for a file that is not open under that number.
   void writeTo(Handle handle, const std::string& bytes);

@@ -68,10 +68,10 @@ void FileSystem::close(Handle handle) {
   }
 }
 
-void FileSystem::closeAllOf(int ended) {
+void FileSystem::closeAllOf(int ofMachine) {
   std::vector<Handle> handles;
   for (const Open& open : opens_) {
-    if (open.machine == ended) {
+    if (open.machine == ofMachine) {
       handles.push_back(open.handle);
     }
   }

@@ -32,6 +32,8 @@ class VirtualClock {
   using Alarm = std::uint64_t;
 
   void reset();
+  /// Milliseconds that the program has waited without letting anything else happen.
+  std::uint64_t waited = 0;
   [[nodiscard]] platform::files::FileTime now() const { return base_ + elapsed_ * stepsPerMs; }
   void setNow(platform::files::FileTime moment) { base_ = moment - elapsed_ * stepsPerMs; }
   /// Runs `action` once after `milliseconds`, or repeatedly with `repeat`.

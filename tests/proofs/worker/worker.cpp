@@ -169,6 +169,24 @@ void churnRecords(const std::wstring& tag, int count, std::int64_t seconds) {
   }
 }
 
+/// Opens and closes a file of its own again and again for that time, which shows for how long the
+/// machine itself stands still.
+void pulse(const std::wstring& path, std::int64_t seconds) {
+  constexpr std::uint64_t second = 1000;
+  constexpr DWORD pauseMs = 20;
+  const std::uint64_t end = GetTickCount64() + static_cast<std::uint64_t>(seconds) * second;
+  while (GetTickCount64() < end) {
+    notes->ready = 1;
+    static_cast<void>(succeeds([&] {
+      const FileHandle file(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                        FILE_ATTRIBUTE_NORMAL, nullptr));
+      FlushFileBuffers(file.get());
+      Sleep(pauseMs);
+    }));
+    notes->finished = notes->finished + 1;
+  }
+}
+
 /// Holds the temporary file, half written, until it is killed; for a minute at most.
 void stall() {
   constexpr DWORD longestMs = 60'000;
@@ -337,6 +355,8 @@ int run(const std::vector<std::wstring>& words) {
     deleteAndUndo(static_cast<int>(number(2)));
   } else if (order == L"share") {
     churnRecords(words.at(2), static_cast<int>(number(3)), number(4));
+  } else if (order == L"pulse") {
+    pulse(words.at(2), number(3));
   } else if (order == L"stall") {
     stall();
   } else if (order == L"refresh") {

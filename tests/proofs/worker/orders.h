@@ -7,11 +7,11 @@
 //   worker.exe regret <tag> <count>                   drops numbered records and takes that back
 //   worker.exe undo <count>                           deletes data files and takes that back
 //   worker.exe refresh                                lists the data folder anew, as a start does
-//   worker.exe share <tag> <count> <seconds>          works on the same numbered records for so long
+//   worker.exe share <tag> <count> <seconds>          works on the same records for so long
 //   worker.exe pulse <file> <seconds>                 opens and closes that file for so long
-//   worker.exe stall                                  holds the temporary file until it is killed
-//   worker.exe append <file> <tag> <count> [<ms>]     appends in place, like a foreign program, with
-//                                                     that pause before each line, one at a time
+//   worker.exe stall                                  holds the temporary file until killed
+//   worker.exe append <file> <tag> <count> [<ms>]     appends in place, like a foreign program,
+//                                                     with that pause before each line
 //   worker.exe hold <file> <share> <ms>               keeps a file open
 //
 // The environment variable QMK_NOTES has the name of the shared memory with the `Notes`.

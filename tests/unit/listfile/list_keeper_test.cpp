@@ -71,11 +71,10 @@ TEST_F(KeepingLists, LaterChangesOfTheDayDoNotLookAtTheDisk) {
   desktop().clearJournal();
   const int looks = desktop().faults().looks();
   write(webListFile, "three\r\n");
-  EXPECT_EQ(
-      desktop().journal(),
-      (Names{L"create C:\\App\\qmklist.tmp", L"read to append " + webListFile,
-             L"write C:\\App\\qmklist.tmp", L"hold " + webListFile,
-             L"replace C:\\App\\qmklist.tmp -> " + webListFile}));
+  EXPECT_EQ(desktop().journal(),
+            (Names{L"create C:\\App\\qmklist.tmp", L"read to append " + webListFile,
+                   L"write C:\\App\\qmklist.tmp", L"hold " + webListFile,
+                   L"replace C:\\App\\qmklist.tmp -> " + webListFile}));
   keeper.reset();
   const int withKeeper = desktop().faults().looks() - looks;
   write(webListFile, "four\r\n");

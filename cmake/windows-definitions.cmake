@@ -80,9 +80,16 @@ function(compiled_as_test)
     set_target_properties(${ARGN} PROPERTIES EXCLUDE_FROM_ALL ON)
   endif()
   if(tests_by_clang)
-    set(instead "${CMAKE_SOURCE_DIR}/cmake/clang-instead;${GATEWAY_TARGET};${GATEWAY_CLANG_TREE}")
-    set_target_properties(${ARGN} PROPERTIES CXX_COMPILER_LAUNCHER "${instead}"
-      CXX_LINKER_LAUNCHER "${instead}")
+    separate_arguments(definitions UNIX_COMMAND "${GATEWAY_CLANG_DEFINITIONS}")
+    set(instead ${CMAKE_SOURCE_DIR}/cmake/clang-instead)
+    set(clang clang++ --target=${GATEWAY_TARGET} --sysroot=${GATEWAY_CLANG_TREE}
+      -Wno-unknown-warning-option ${definitions})
+    set(compiling ${instead} ${CMAKE_CXX_COMPILER_LAUNCHER} ${clang})
+    if(GATEWAY_CACHE)
+      list(APPEND compiling -Xclang -fno-pch-timestamp)
+    endif()
+    set_target_properties(${ARGN} PROPERTIES CXX_COMPILER_LAUNCHER "${compiling};--"
+      CXX_LINKER_LAUNCHER "${instead};${clang};--")
     foreach(target IN LISTS ARGN)
       # GNU's linker notices that the two compilers lay out the same constants differently.
       target_link_options(${target} PRIVATE -fuse-ld=lld)

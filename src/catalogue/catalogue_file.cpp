@@ -32,7 +32,7 @@ namespace {
 
 /// A folder in the form in which folders are compared.
 std::wstring upperTrimmed(const std::wstring& folder) {
-  return std::wstring(platform::text::plain::trimmed(upper(folder), L" "));
+  return std::wstring(platform::text::plain::trimmed(std::wstring_view(upper(folder)), L" "));
 }
 
 /// Appends the data folder's files to the records in `bytes`.

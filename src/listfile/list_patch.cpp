@@ -262,7 +262,7 @@ class Mending {
 }  // namespace
 
 Patch::Patch(std::string_view before, std::string_view after)
-    : inFront_(bytes::commonLength(before, after, [](bytes::Word word) { return word; })) {
+    : inFront_(bytes::commonLength(before, after)) {
   while (!isLineStart(before, inFront_) || !isLineStart(after, inFront_)) {
     --inFront_;
   }

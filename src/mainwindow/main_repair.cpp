@@ -212,12 +212,10 @@ void frmQMK::askAboutDrive(const std::shared_ptr<Repair>& repair) {
   using platform::dialogs::Answer;
   using platform::dialogs::MessageStyle;
   std::vector<settings::Value> values{{settings::key::drive, repair->now}};
-  const bool follow =
-      !repair->changes.empty() &&
+  if (!repair->changes.empty() &&
       platform::dialogs::showMessage(
           modQMKGeneral::driveQuestion(repair->before, repair->now, repair->changes.size()),
-          MessageStyle::yesNoQuestion) == Answer::yes;
-  if (!repair->changes.empty() && !follow) {
+          MessageStyle::yesNoQuestion) != Answer::yes) {
     values.push_back({settings::key::drivesKept,
                       modQMKGeneral::withPair(kept.value(settings::key::drivesKept, L""),
                                               repair->before, repair->now)});

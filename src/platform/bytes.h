@@ -120,6 +120,10 @@ template <class Convert>
   return place;
 }
 
+[[nodiscard]] inline std::size_t commonLength(std::string_view one, std::string_view other) {
+  return commonLength(one, other, [](Word word) { return word; });
+}
+
 /// The same from the end: length of the common ending of two texts.
 [[nodiscard]] inline std::size_t commonEnding(std::string_view one, std::string_view other) {
   constexpr unsigned bitsPerByte = 8;
@@ -144,19 +148,12 @@ template <class Convert>
 /// Negative, zero or positive when `one` comes before, with or after `other` in the order of
 /// unsigned bytes. A prefix comes before the longer text.
 [[nodiscard]] inline int compare(std::string_view one, std::string_view other) {
-  const std::size_t common = std::min(one.size(), other.size());
-  std::size_t place = 0;
-  while (place + sizeof(Word) <= common &&
-         wordAt(one.data() + place) == wordAt(other.data() + place)) {
-    place += sizeof(Word);
+  const std::size_t common = commonLength(one, other);
+  if (common == one.size() || common == other.size()) {
+    return one.size() == other.size() ? 0 : (one.size() < other.size() ? -1 : 1);
   }
-  for (; place < common; ++place) {
-    if (one[place] != other[place]) {
-      return static_cast<unsigned char>(one[place]) < static_cast<unsigned char>(other[place]) ? -1
-                                                                                               : 1;
-    }
-  }
-  return one.size() == other.size() ? 0 : (one.size() < other.size() ? -1 : 1);
+  return static_cast<unsigned char>(one[common]) < static_cast<unsigned char>(other[common]) ? -1
+                                                                                             : 1;
 }
 
 }  // namespace platform::bytes

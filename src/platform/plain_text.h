@@ -24,8 +24,9 @@ template <class Unit>
   return static_cast<std::make_unsigned_t<Unit>>(unit) < firstOther;
 }
 
-[[nodiscard]] constexpr wchar_t upper(wchar_t unit) {
-  return unit >= L'a' && unit <= L'z' ? static_cast<wchar_t>(unit - (L'a' - L'A')) : unit;
+template <class Unit>
+[[nodiscard]] constexpr Unit upper(Unit unit) {
+  return unit >= 'a' && unit <= 'z' ? static_cast<Unit>(unit - ('a' - 'A')) : unit;
 }
 
 /// Copies the bytes into `text`. Returns false, and leaves `text` unspecified, when one of them is
@@ -61,11 +62,13 @@ template <class Slow>
 }
 
 /// The text without such characters at its beginning and its end.
-[[nodiscard]] inline std::wstring_view trimmed(std::wstring_view text, std::wstring_view blanks) {
+template <class Unit>
+[[nodiscard]] std::basic_string_view<Unit> trimmed(
+    std::basic_string_view<Unit> text,
+    std::type_identity_t<std::basic_string_view<Unit>> blanks) {
   const std::size_t first = text.find_first_not_of(blanks);
-  return first == std::wstring_view::npos
-             ? std::wstring_view()
-             : text.substr(first, text.find_last_not_of(blanks) - first + 1);
+  return first == text.npos ? std::basic_string_view<Unit>()
+                            : text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
 }  // namespace platform::text::plain

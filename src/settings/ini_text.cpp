@@ -4,8 +4,11 @@
 #include <cstddef>
 
 #include "platform/bytes.h"
+#include "platform/plain_text.h"
 
 namespace ini_text {
+
+namespace plain = platform::text::plain;
 
 namespace {
 
@@ -13,19 +16,11 @@ constexpr std::string_view lineEnd = "\r\n";
 
 bool isPlain(wchar_t c) { return c >= L' ' && c <= L'~'; }
 
-std::string_view trimmed(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(" \t");
-  return first == std::string_view::npos
-             ? std::string_view()
-             : text.substr(first, text.find_last_not_of(" \t") + 1 - first);
-}
+std::string_view trimmed(std::string_view text) { return plain::trimmed(text, " \t"); }
 
 bool sameName(std::string_view one, std::string_view other) {
-  const auto lower = [](char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-  };
   return std::equal(one.begin(), one.end(), other.begin(), other.end(),
-                    [lower](char a, char b) { return lower(a) == lower(b); });
+                    [](char a, char b) { return plain::upper(a) == plain::upper(b); });
 }
 
 /// The name of the section that a line begins; nothing for another line.
@@ -58,7 +53,7 @@ Place placeOf(std::string_view contents, std::string_view section, std::string_v
   std::size_t next = contents.starts_with(mark) ? mark.size() : 0;
   while (next < contents.size()) {
     const std::size_t begin = next;
-    const std::size_t end = platform::bytes::findEither(contents, '\r', '\n', begin);
+    const std::size_t end = platform::bytes::findLineEnd(contents, begin);
     const bool both = contents.substr(end).starts_with(lineEnd);
     next = std::min(end + (both ? lineEnd.size() : 1), contents.size());
     const std::string_view line = contents.substr(begin, end - begin);

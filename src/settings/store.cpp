@@ -5,6 +5,7 @@
 #include "listfile/list_file.h"
 #include "platform/files.h"
 #include "platform/settings.h"
+#include "platform/text.h"
 #include "platform/trap.h"
 #include "settings/ini_text.h"
 #include "startup/paths.h"
@@ -13,28 +14,19 @@ namespace settings {
 
 namespace files = platform::files;
 using modQMKGeneral::SettingsFile;
+using platform::text::toCodePage;
 
 namespace {
 
 constexpr const wchar_t* section = L"General";
-constexpr std::string_view sectionInFile = "General";
-
-/// The names of keys are plain.
-std::string narrow(const std::wstring& key) {
-  std::string bytes;
-  for (const wchar_t c : key) {
-    bytes += static_cast<char>(c);
-  }
-  return bytes;
-}
 
 /// Not that of the lists: it is a lock, too, and a list must not wait for the settings.
 std::wstring temporaryFile() { return modQMKGeneral::AppFolder() + L"\\gateway3.ini.tmp"; }
 
 std::string withValues(std::string contents, const std::vector<Value>& values) {
   for (const Value& value : values) {
-    contents =
-        ini_text::withValue(std::move(contents), sectionInFile, narrow(value.key), value.text);
+    contents = ini_text::withValue(std::move(contents), toCodePage(section), toCodePage(value.key),
+                                   value.text);
   }
   return contents;
 }
@@ -55,7 +47,7 @@ std::wstring Store::value(const std::wstring& key, const std::wstring& otherwise
   if (!contents_) {
     return platform::settings::read(section, key, otherwise);
   }
-  return ini_text::valueIn(*contents_, sectionInFile, narrow(key)).value_or(otherwise);
+  return ini_text::valueIn(*contents_, toCodePage(section), toCodePage(key)).value_or(otherwise);
 }
 
 bool Store::keep(const std::vector<Value>& values) {

@@ -2,7 +2,8 @@
 //
 //   message_box TITLE TEXT BUTTON
 //   message_box --next TITLE CAPTION    pushes Next on page after page, up to the button CAPTION
-//   message_box --cancel TITLE          pushes Cancel on the page that is shown
+//   message_box --cancel TITLE          pushes Cancel on the page that is shown, until a message box
+//                                       asks about it
 //   message_box --running               exit status 0 while a Gateway runs, 1 while none does
 //
 // Without an option it waits for a message box of that title whose text begins with TEXT, pushes
@@ -72,6 +73,20 @@ void goOn(const std::wstring& title, const std::wstring& caption) {
   }
 }
 
+/// The set-up program drops a Cancel that comes while it still leaves a page or returns to it.
+void cancel(const std::wstring& title) {
+  HWND const window = setUpWindow(title);
+  constexpr int patienceForQuestion = 2000;
+  const auto asks = [&] { return IsWindowEnabled(window) == FALSE; };
+  waitUntil("the set-up program asks about the end", [&] {
+    // It is disabled while a message box is shown, also by the one before.
+    waitUntil("the page takes input", [&] { return !asks(); });
+    SendMessageW(window, WM_NULL, 0, 0);
+    push(window, IDCANCEL);
+    return waitFor(asks, patienceForQuestion);
+  });
+}
+
 /// Checks in the same way as the set-up program.
 bool running() {
   HANDLE const instance = OpenMutexW(SYNCHRONIZE, FALSE, L"Local\\QuillmarkSuite3Gateway");
@@ -87,14 +102,14 @@ int wmain(int argumentCount, wchar_t** arguments) {
   if (argumentCount == 2 && std::wstring(arguments[1]) == L"--running") {
     return running() ? 0 : 1;
   }
-  const bool cancel = argumentCount == 3 && std::wstring(arguments[1]) == L"--cancel";
-  if (argumentCount != 4 && !cancel) {
+  const bool cancels = argumentCount == 3 && std::wstring(arguments[1]) == L"--cancel";
+  if (argumentCount != 4 && !cancels) {
     std::fprintf(stderr, "message_box TITLE TEXT BUTTON\n");
     return 2;
   }
   try {
-    if (cancel) {
-      push(setUpWindow(arguments[2]), IDCANCEL);
+    if (cancels) {
+      cancel(arguments[2]);
     } else if (std::wstring(arguments[1]) == L"--next") {
       goOn(arguments[2], arguments[3]);
     } else {

@@ -1,5 +1,7 @@
 #include "platform/draft_steps.h"
 
+#include <functional>
+
 #include "platform/desktop.h"
 #include "platform/run_time_error.h"
 #include "platform/unfailing.h"
@@ -9,6 +11,24 @@ namespace platform::files::steps {
 using memory::desktop;
 using ::memory::FileSystem;
 using ::memory::Unfailing;
+
+namespace {
+
+/// What a step has come to that fails only because somebody uses the file.
+Step unlessInUse(const std::function<void()>& step) {
+  try {
+    step();
+    return Step::done;
+  } catch (const RunTimeError& failure) {
+    if (failure.number() != error::permissionDenied) {
+      throw;
+    }
+    desktop().amend(L" (in use)");
+    return Step::inUse;
+  }
+}
+
+}  // namespace
 
 struct HeldFile::State {
   std::wstring path;
@@ -139,19 +159,12 @@ Step Target::open(const std::wstring& path, const Stamp* expected, const std::st
       L"hold " + path,
       [&] {
         FileSystem& disk = desktop().disk();
-        try {
+        result = unlessInUse([&] {
           disk.refuseDeletionOf(path);
           state_->handle = disk.open(path, FileSystem::reads | FileSystem::deletes,
                                      FileSystem::reads | FileSystem::deletes);
-        } catch (const RunTimeError& failure) {
-          if (failure.number() != error::permissionDenied) {
-            throw;
-          }
-          result = Step::inUse;
-          desktop().amend(L" (in use)");
-          return;
-        }
-        if (expected != nullptr && (disk.stampOf(state_->handle) != *expected ||
+        });
+        if (result == Step::done && expected != nullptr && (disk.stampOf(state_->handle) != *expected ||
                                     (bytes != nullptr && disk.bytesOf(path) != *bytes))) {
           result = Step::changed;
           desktop().amend(L" (changed)");
@@ -171,17 +184,11 @@ Step discard(const std::wstring& path) {
   desktop().call(
       L"remove " + path,
       [&] {
-        try {
+        result = unlessInUse([&] {
           if (desktop().has(path)) {
             desktop().disk().remove(path);
           }
-        } catch (const RunTimeError& failure) {
-          if (failure.number() != error::permissionDenied) {
-            throw;
-          }
-          result = Step::inUse;
-          desktop().amend(L" (in use)");
-        }
+        });
       },
       path);
   return result;
@@ -221,18 +228,12 @@ Step append(const std::wstring& path, std::string_view bytes) {
   desktop().call(
       L"append " + path,
       [&] {
-        try {
+        result = unlessInUse([&] {
           FileSystem& disk = desktop().disk();
           const auto file = disk.open(path, FileSystem::writes, FileSystem::reads);
           disk.appendTo(file, std::string(bytes));
           disk.close(file);
-        } catch (const RunTimeError& failure) {
-          if (failure.number() != error::permissionDenied) {
-            throw;
-          }
-          result = Step::inUse;
-          desktop().amend(L" (in use)");
-        }
+        });
       },
       path);
   return result;

@@ -26,6 +26,10 @@ class FileSystem {
   /// a real disk, even if the clock stands still.
   explicit FileSystem(std::function<FileTime()> now);
 
+  FileSystem(const FileSystem&) = delete;
+  FileSystem& operator=(const FileSystem&) = delete;
+  ~FileSystem();
+
   /// What a file system can do. The usual one is like a disk of this machine.
   struct Profile {
     bool hardLinks = true;
@@ -40,9 +44,6 @@ class FileSystem {
   Profile profile;
   /// The machine that does what is done from now on; each knows at once what it did itself.
   int machine = 0;
-  FileSystem(const FileSystem&) = delete;
-  FileSystem& operator=(const FileSystem&) = delete;
-  ~FileSystem();
 
   // --- for tests, to prepare and inspect; these ignore attributes and locks ---
 

@@ -56,6 +56,7 @@ void Monkey::restart() {
   app_.waitForMain();
   harness::waitUntil("start-up fills the lists",
                      [this] { return app_.list(harness::Tab::newFile).count() == 4; });
+  app_.waitForEndOfStart();
 }
 
 void Monkey::changeFiles() {

@@ -102,7 +102,21 @@ HWND GatewayApp::startToMainFromSplash() {
   waitUntil("start-up fills the lists", [this] {
     return list(Tab::newFile).count() == newFileItems && exists(cataloguePath());
   });
+  waitForEndOfStart();
   return main_;
+}
+
+void GatewayApp::waitForEndOfStart() const {
+  // Start-up answers messages at few moments, each of them short, before its last steps (one of
+  // them shows the tab Tools). The last of several answers comes from the program's main loop.
+  constexpr int answers = 6;
+  constexpr DWORD pause = 20;
+  for (int answer = 0; answer < answers; ++answer) {
+    DWORD_PTR result = 0;
+    // What keeps it from answering for so long is told by what the test waits for next.
+    SendMessageTimeoutW(main_, WM_NULL, 0, 0, SMTO_NORMAL, patienceMs, &result);
+    Sleep(pause);
+  }
 }
 
 TabReader GatewayApp::tabs() const {

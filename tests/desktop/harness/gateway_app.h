@@ -87,6 +87,8 @@ class GatewayApp {
   HWND startToMain();
   /// The same for a program that has been started already.
   HWND startToMainFromSplash();
+  /// Waits until a start-up that has filled the lists is over.
+  void waitForEndOfStart() const;
   [[nodiscard]] HWND main() const { return main_; }
   [[nodiscard]] DWORD processId() const { return process_->id(); }
   [[nodiscard]] const Process& process() const { return *process_; }

@@ -280,8 +280,7 @@ void refresh() {
 }
 
 /// Appends a line in place like a program that does not know this one: usual sharing, one write,
-/// and another try when the file is in use.
-/// Two of them must not share writing: under Wine an append is not one step, and they would
+/// and another try when the file is in use. Two of them (`alone`) must not share writing: under Wine an append is not one step, and they would
 /// overwrite each other's lines.
 bool appended(const std::wstring& path, const std::string& line, bool alone) {
   constexpr int tries = 2000;

@@ -16,6 +16,7 @@
 namespace platform::files::steps {
 
 using win32::FileHandle;
+using win32::openShared;
 using win32::outcome;
 using win32::pieceSize;
 using win32::raise;
@@ -195,9 +196,8 @@ Step discard(const std::wstring& path) {
   const std::wstring native = requiredPath(path);
   // Opening tells in one call that there is no such file, or that somebody holds it. These are the
   // usual cases, and many may be asking at the same time.
-  const FileHandle file(CreateFileW(native.c_str(), DELETE | FILE_READ_ATTRIBUTES,
-                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                    OPEN_EXISTING, FILE_FLAG_OPEN_REPARSE_POINT, nullptr));
+  const FileHandle file =
+      openShared(native, DELETE | FILE_READ_ATTRIBUTES, FILE_FLAG_OPEN_REPARSE_POINT);
   DWORD result = file ? ERROR_SUCCESS : GetLastError();
   if (result == ERROR_FILE_NOT_FOUND) return Step::done;
   if (result != ERROR_SHARING_VIOLATION) {
@@ -224,10 +224,8 @@ Step addName(const std::wstring& file, const std::wstring& name) {
 }
 
 Step compare(const std::wstring& name, const Stamp& expected, const std::string* bytes) {
-  const FileHandle file(CreateFileW(requiredPath(name).c_str(),
-                                    bytes == nullptr ? FILE_READ_ATTRIBUTES : GENERIC_READ,
-                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+  const FileHandle file =
+      openShared(requiredPath(name), bytes == nullptr ? FILE_READ_ATTRIBUTES : GENERIC_READ);
   const std::optional<Stamp> now = file ? win32::stampOf(file.get()) : std::nullopt;
   if (!now) return Step::done;
   const bool same = *now == expected && (bytes == nullptr || hasContent(file, *bytes));
@@ -235,9 +233,7 @@ Step compare(const std::wstring& name, const Stamp& expected, const std::string*
 }
 
 std::optional<std::string> linesBehind(const std::wstring& name, std::uint64_t size) {
-  const FileHandle file(CreateFileW(requiredPath(name).c_str(), GENERIC_READ,
-                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+  const FileHandle file = openShared(requiredPath(name), GENERIC_READ);
   const std::optional<Stamp> now = file ? win32::stampOf(file.get()) : std::nullopt;
   if (!now || now->size <= size || now->size - size > pieceSize) return std::nullopt;
   // With the last character before them.

@@ -234,9 +234,7 @@ namespace {
 /// What the server says of the time. The file is opened for its attributes only, which keeps nobody
 /// from anything.
 std::optional<FileTime> modifiedByOpening(const std::wstring& native) {
-  const win32::FileHandle file(CreateFileW(native.c_str(), FILE_READ_ATTRIBUTES,
-                                           FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                                           nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+  const win32::FileHandle file = win32::openShared(native, FILE_READ_ATTRIBUTES);
   FILE_BASIC_INFO basic{};
   if (!file || GetFileInformationByHandleEx(file.get(), FileBasicInfo, &basic, sizeof basic) == 0 ||
       (basic.FileAttributes & kindsToAskFor) != 0) {

@@ -29,6 +29,12 @@ std::optional<std::uint64_t> fileIdOf(HANDLE file) {
 
 }  // namespace
 
+FileHandle openShared(const std::wstring& native, DWORD access, DWORD flags) {
+  return FileHandle(CreateFileW(native.c_str(), access,
+                                FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                OPEN_EXISTING, flags, nullptr));
+}
+
 std::optional<files::Stamp> stampOf(HANDLE file) {
   FILE_BASIC_INFO basic{};
   FILE_STANDARD_INFO standard{};

@@ -42,7 +42,7 @@ std::wstring upper(std::wstring_view text) {
   if (text.empty()) return {};
   if (std::all_of(text.begin(), text.end(), plain::isPlain<wchar_t>)) {
     std::wstring result(text);
-    std::transform(result.begin(), result.end(), result.begin(), plain::upper);
+    std::transform(result.begin(), result.end(), result.begin(), plain::upper<wchar_t>);
     return result;
   }
   const int length = checkedLength(text.size());

@@ -7,6 +7,15 @@ if(NOT MSVC)
   target_compile_options(gateway PUBLIC -ffunction-sections -fdata-sections
     -fstack-protector-strong)
   target_link_options(gateway PUBLIC -fstack-protector-strong -Wl,--gc-sections)
+  # Two builds of the same sources give the same program, at any time and in any folder.
+  target_compile_options(gateway PUBLIC -ffile-prefix-map=${CMAKE_SOURCE_DIR}=.)
+  target_link_options(gateway PUBLIC -Wl,--no-insert-timestamp)
+endif()
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_BUILD_TYPE STREQUAL "Release")
+  target_compile_options(gateway PUBLIC -Os)
+  # GCC does not take headers that were precompiled for another kind of code.
+  set_source_files_properties(${sources_for_each_record} PROPERTIES COMPILE_OPTIONS -O3
+    SKIP_PRECOMPILE_HEADERS ON)
 endif()
 target_link_libraries(gateway PUBLIC windows_definitions windows_alone comctl32 gdi32 ole32 oleaut32
   shell32 shlwapi uuid advapi32)

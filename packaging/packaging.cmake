@@ -24,7 +24,7 @@ set(CPACK_VERBATIM_VARIABLES ON)
 # The set-up script of this folder instead of CPack's own, which wants an administrator.
 set(CPACK_MODULE_PATH ${CMAKE_CURRENT_SOURCE_DIR}/packaging)
 set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_CURRENT_SOURCE_DIR}/packaging/for-generator.cmake)
-set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_SOURCE_DIR}/packaging/sign-staged.cmake)
+set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_SOURCE_DIR}/packaging/finish-staged.cmake)
 set(CPACK_GATEWAY_SOURCE ${CMAKE_SOURCE_DIR})
 # The set-up program is for the same machines as the program in it.
 if(GATEWAY_ARCHITECTURE STREQUAL "amd64")

@@ -52,6 +52,7 @@ int wmain(int argumentCount, wchar_t** arguments) {
   const bench::Table table(harness::utf8(filter), quick);
   bench::measureSize(table);
   bench::measureStart(table);
+  bench::measureShortcuts(table);
   bench::measureLoads(table);
   runOperations(table, passedOn);
   bench::measureFind(table);

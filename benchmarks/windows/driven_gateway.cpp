@@ -1,5 +1,7 @@
 #include "windows/driven_gateway.h"
 
+#include "harness/dialogs.h"
+#include "harness/files.h"
 #include "harness/link_file.h"
 #include "harness/looks.h"
 #include "harness/text.h"
@@ -9,8 +11,6 @@
 namespace bench {
 
 namespace {
-
-constexpr int ownShortcuts = 6;
 
 std::wstring dataFileName(int n) {
   constexpr std::array extensions{L".fp3", L".bi3", L".bs3", L".cw3"};
@@ -55,7 +55,15 @@ void DrivenGateway::resetCatalogue() const {
     bytes += harness::codePageBytes(L"\"" + name.substr(name.size() - 3) + L"\",\"" + app.folder() +
                                     L"\\data\\" + name + L"\",\"11/20/2026 9:15:00 AM\"\r\n");
   }
-  app.writeCatalogue(bytes);
+  placeCatalogue(bytes);
+}
+
+void DrivenGateway::placeCatalogue(const std::string& bytes) const {
+  const std::wstring beside = app.cataloguePath() + L".beside";
+  harness::writeFile(beside, bytes);
+  if (MoveFileExW(beside.c_str(), app.cataloguePath().c_str(), MOVEFILE_REPLACE_EXISTING) == 0) {
+    throw harness::Failure("the catalogue cannot be put in place");
+  }
 }
 
 HWND DrivenGateway::splash() { return visibleWindow(L"frmSplash"); }
@@ -97,6 +105,16 @@ void DrivenGateway::startToOpenTab() {
 void DrivenGateway::stop() {
   app.kill();
   main_ = nullptr;
+}
+
+void refuseMessages() {
+  for (HWND window = FindWindowW(L"#32770", nullptr); window != nullptr;
+       window = FindWindowExW(nullptr, window, L"#32770", nullptr)) {
+    if (IsWindowVisible(window) != FALSE && harness::isMessageBox(window)) {
+      throw harness::Failure("the program says: " +
+                             harness::utf8(harness::MessageBoxReader(window).text()));
+    }
+  }
 }
 
 }  // namespace bench

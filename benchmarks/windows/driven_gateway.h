@@ -17,6 +17,8 @@ inline constexpr int usualDataFiles = 100;
 inline constexpr int usualShortcuts = 20;
 inline constexpr int usualWebEntries = 50;
 inline constexpr int newFileItems = 4;
+/// Shortcuts that the program makes itself when all tools are there.
+inline constexpr int ownShortcuts = 6;
 
 /// The real program with its data. Messages are sent without a time limit, because the largest
 /// catalogues take long.
@@ -30,6 +32,9 @@ class DrivenGateway {
   /// catalogue lacks one of the files, so its list is complete only after start-up has refreshed
   /// it.
   void addUsualData() const;
+  /// Puts a catalogue in the place of the present one in one step: a tick of the watch must never
+  /// see half of a file.
+  void placeCatalogue(const std::string& bytes) const;
   /// Removes the last data file from the catalogue again.
   void resetCatalogue() const;
 
@@ -58,14 +63,25 @@ class DrivenGateway {
   std::array<HWND, 4> lists_{};
 };
 
+/// Raises `harness::Failure` with the text of a message box if one is on the screen: nothing that
+/// is measured shows one.
+void refuseMessages();
+
 /// Polls with pauses of about a millisecond until `condition` holds. Raises `harness::Failure` when
-/// that takes more than a minute.
+/// that takes more than a minute, or when a message box appears meanwhile.
 template <class Condition>
 void waitClosely(const char* what, Condition condition) {
   constexpr ULONGLONG bound = 60000;
-  const ULONGLONG end = GetTickCount64() + bound;
+  constexpr ULONGLONG betweenLooks = 500;
+  const ULONGLONG begin = GetTickCount64();
+  ULONGLONG look = begin + betweenLooks;
   while (!condition()) {
-    if (GetTickCount64() > end) {
+    const ULONGLONG moment = GetTickCount64();
+    if (moment > look) {
+      refuseMessages();
+      look = moment + betweenLooks;
+    }
+    if (moment > begin + bound) {
       throw harness::Failure(std::string("did not happen: ") + what);
     }
     Sleep(1);

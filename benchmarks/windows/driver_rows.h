@@ -7,6 +7,8 @@ namespace bench {
 
 /// Start to splash, and splash to the full window, against a program with an empty window.
 void measureStart(const Table& table);
+/// Shortcuts: F5 on Tools, and a start with hundreds of them, against reading their files.
+void measureShortcuts(const Table& table);
 /// Catalogues of all sizes, from the changed file to the painted rows: against the floor, against
 /// the textbook method, growth and memory.
 void measureLoads(const Table& table);

@@ -143,7 +143,7 @@ void pressBoth(const Finder& ours, const Finder& theirs, wchar_t key, bool oursF
 
 /// Prints the row of the letter at which the program compares worst: it must not be slow at any.
 void printWorst(const Table& table, const char* name, const std::vector<Pair>& letters) {
-  const auto ratio = [](const Pair& pair) { return median(pair.ours) / median(pair.theirs); };
+  const auto ratio = [](const Pair& pair) { return median(pair.ratios()); };
   table.printRatio(
       name,
       *std::max_element(letters.begin(), letters.end(),

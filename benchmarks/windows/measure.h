@@ -4,7 +4,9 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 namespace bench {
@@ -30,18 +32,21 @@ double timed(Work work) {
   return milliseconds(begin, now());
 }
 
-/// The median; 0 for no values.
-inline double median(std::vector<double> values) {
+/// The value below which such a part of the values lies, 0 to 1; between two values in proportion.
+/// 0 for no values.
+inline double quantile(std::vector<double> values, double part) {
   if (values.empty()) {
     return 0;
   }
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::nth_element(values.begin(), middle, values.end());
-  if (values.size() % 2 != 0) {
-    return *middle;
-  }
-  return (*middle + *std::max_element(values.begin(), middle)) / 2;
+  std::sort(values.begin(), values.end());
+  const double place = part * static_cast<double>(values.size() - 1);
+  const auto below = static_cast<std::size_t>(place);
+  const std::size_t above = std::min(below + 1, values.size() - 1);
+  return values[below] + (values[above] - values[below]) * (place - static_cast<double>(below));
 }
+
+/// The median; 0 for no values.
+inline double median(std::vector<double> values) { return quantile(std::move(values), 0.5); }
 
 /// Runs two sides in turns, so that any disturbance by the machine affects both.
 struct Pair {
@@ -62,6 +67,16 @@ struct Pair {
       }
     }
     return pair;
+  }
+
+  /// Our time divided by the other side's of the same turn, for each turn. A disturbance that lasts
+  /// longer than a turn changes both and hardly the ratio.
+  [[nodiscard]] std::vector<double> ratios() const {
+    std::vector<double> result;
+    for (std::size_t turn = 0; turn < std::min(ours.size(), theirs.size()); ++turn) {
+      result.push_back(ours[turn] / theirs[turn]);
+    }
+    return result;
   }
 };
 

@@ -20,9 +20,11 @@ struct Row {
   double ours = 0;    ///< Median, milliseconds unless the name says otherwise; for information.
   double theirs = 0;  ///< The other side's; 0 without one.
   int runs = 0;
+  double low = 0;   ///< A quarter of the turns has a lower ratio; 0 where there are no turns.
+  double high = 0;  ///< A quarter has a higher one.
 };
 
-/// Collects rows and prints each at once, as one line of fields separated by tabs.
+/// Collects rows and prints each as one line of fields separated by tabs.
 class Table {
  public:
   explicit Table(std::string filter, bool quick) : filter_(std::move(filter)), quick_(quick) {}
@@ -35,18 +37,22 @@ class Table {
   [[nodiscard]] int runs(int full) const { return quick_ ? 3 : full; }
 
   void print(const Row& row) const;
-  /// Prints a row: our median divided by the other side's.
+  /// Prints a row: the median of the turns' ratios, and their quartiles.
   void printRatio(const std::string& name, const Pair& pair, double limit,
                   Limit kind = Limit::atMost) const;
   /// Prints why a row has no value.
   static void printFailure(const std::string& name, const std::string& reason);
 
-  /// Runs `measure` if one of `names` is selected. A failure is printed for the selected rows.
+  /// Runs `measure` if one of `names` is selected. Its rows are printed when it has come to its
+  /// end. A failure is told at once and tried again; after the second one it is printed for the
+  /// selected rows.
   void section(const std::vector<std::string>& names, const std::function<void()>& measure) const;
 
  private:
   std::string filter_;
   bool quick_;
+  /// The rows of the section so far.
+  mutable std::vector<std::string> lines_;
 };
 
 }  // namespace bench

@@ -98,8 +98,8 @@ void measureStart(const Table& table) {
       lists.ours.push_back(start.toLists);
       lists.theirs.push_back(emptyLife());
     }
-    table.printRatio(toSplash, splash, 2.0);
-    table.printRatio(toLists, lists, 1.5);
+    table.printRatio(toSplash, splash, 1.7);
+    table.printRatio(toLists, lists, 0.5);
   });
 }
 

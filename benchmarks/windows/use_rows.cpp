@@ -149,7 +149,7 @@ void measureSize(const Table& table) {
       throw harness::Failure("there is no program file");
     }
     const double megabytes = data.nFileSizeLow / 1e6;
-    table.print({sizeRow, megabytes, 1.5, Limit::atMost, megabytes, 0, 1});
+    table.print({sizeRow, megabytes, 1.6, Limit::atMost, megabytes, 0, 1});
   });
 }
 

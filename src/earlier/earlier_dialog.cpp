@@ -124,7 +124,7 @@ void frmEarlier::countEntries() {
     }
   };
   // The window may be gone by then.
-  counting_ = std::make_shared<bool>(true);
+  counting_ = std::make_shared<bool>();
   const auto done = [this, counts, counting = std::weak_ptr(counting_)] {
     if (!counting.expired()) {
       showCounts(*counts);
@@ -135,7 +135,7 @@ void frmEarlier::countEntries() {
 
 void frmEarlier::showCounts(const Counts& counts) {
   lstCopies.update([&] {
-    for (std::size_t n = 0; n < std::min(counts.size(), lstCopies.count()); ++n) {
+    for (std::size_t n = 0; n < counts.size(); ++n) {
       lstCopies.setSubItem(n, entriesColumn,
                            counts[n] ? std::to_wstring(*counts[n]) : L"cannot be read");
     }
@@ -144,7 +144,7 @@ void frmEarlier::showCounts(const Counts& counts) {
 
 std::optional<Copy> frmEarlier::chosen() const {
   const std::optional<std::size_t> item = lstCopies.selected();
-  return item && *item < copies_.size() ? std::optional(copies_[*item]) : std::nullopt;
+  return item ? std::optional(copies_[*item]) : std::nullopt;
 }
 
 void frmEarlier::enableButtons() {

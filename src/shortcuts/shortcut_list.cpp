@@ -1,5 +1,6 @@
 #include "shortcuts/shortcut_list.h"
 
+#include <map>
 #include <optional>
 
 #include "catalogue/tool_command.h"
@@ -59,13 +60,25 @@ void showSlowIcons(ShortcutList& shortcuts, const std::wstring& key, const Icons
   attachImages(shortcuts);
 }
 
-void addImages(ShortcutList& shortcuts, const std::wstring& key, const std::wstring& target) {
+/// The pictures of one rebuild by their program: many shortcuts may start the same one, and its
+/// icon is read once. The next rebuild reads it again, because the program may be another one by
+/// then.
+using Pictures = std::map<std::wstring, std::array<Picture, 2>>;
+
+void addImages(ShortcutList& shortcuts, const std::wstring& key, const std::wstring& target,
+               Pictures& pictures) {
   const Sizes sides{platform::scaled(iconSides.front(), shortcuts.dpi),
                     platform::scaled(iconSides.back(), shortcuts.dpi)};
   const bool later = shortcuts.slowIcons.mustWaitFor(target);
-  const Icons icons = later ? Icons{} : platform::pictures::programIcons(target, sides);
+  const auto [known, added] = pictures.try_emplace(target);
+  if (added) {
+    const Icons icons = later ? Icons{} : platform::pictures::programIcons(target, sides);
+    for (std::size_t i = 0; i < sides.size(); ++i) {
+      known->second.at(i) = drawn(shortcuts.picShortCuts, icons.at(i), sides.at(i));
+    }
+  }
   for (std::size_t i = 0; i < sides.size(); ++i) {
-    shortcuts.imgShortCut.at(i).add(key, drawn(shortcuts.picShortCuts, icons.at(i), sides.at(i)));
+    shortcuts.imgShortCut.at(i).add(key, known->second.at(i));
   }
   if (later) {
     shortcuts.slowIcons.ask(key, target, sides,
@@ -75,11 +88,11 @@ void addImages(ShortcutList& shortcuts, const std::wstring& key, const std::wstr
   }
 }
 
-void addShortcut(ShortcutList& shortcuts, const std::wstring& fileName) {
+void addShortcut(ShortcutList& shortcuts, const std::wstring& fileName, Pictures& pictures) {
   const std::wstring link = ShortCutsFolder + L"\\" + fileName;
   std::wstring target;
   GetShortcutTarget(link, target);
-  addImages(shortcuts, fileName, target);
+  addImages(shortcuts, fileName, target, pictures);
   attachImages(shortcuts);
   const std::wstring text = fileName.substr(0, fileName.find(L'.'));
   shortcuts.list.add(text, fileName, {L"", link, target});
@@ -92,8 +105,9 @@ void LoadShortcutList(ShortcutList& shortcuts) {
     shortcuts.list.clear();
     shortcuts.list.setImages(nullptr, nullptr);
     clearImages(shortcuts);
+    Pictures pictures;
     for (const files::Entry& file : files::search(ShortCutsFolder + L"\\*.lnk")) {
-      addShortcut(shortcuts, file.name);
+      addShortcut(shortcuts, file.name, pictures);
     }
     shortcuts.list.setView(controls::iconView);
   });
@@ -104,9 +118,10 @@ void redrawShortcutIcons(ShortcutList& shortcuts) {
     return;
   }
   clearImages(shortcuts);
+  Pictures pictures;
   for (std::size_t index = 0; index < shortcuts.list.count(); ++index) {
     addImages(shortcuts, shortcuts.list.icon(index),
-              shortcuts.list.subItem(index, shortcut_column::target));
+              shortcuts.list.subItem(index, shortcut_column::target), pictures);
   }
   attachImages(shortcuts);
 }

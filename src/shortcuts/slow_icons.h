@@ -24,8 +24,9 @@ class SlowIcons {
   void forget();
   /// Whether the icons of this program have to come later.
   [[nodiscard]] bool mustWaitFor(const std::wstring& program);
-  /// Reads the icons of `program` in the background, after those that were asked for before.
-  /// `show` gets them, unless they are forgotten by then.
+  /// Reads the icons of `program` in the background, after those that were asked for before, and
+  /// once for all who wait for them. `show` gets them for each key, unless they are forgotten by
+  /// then.
   void ask(const std::wstring& key, const std::wstring& program,
            const platform::pictures::Sizes& sides, Show show);
 

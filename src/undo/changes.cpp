@@ -209,10 +209,11 @@ files::Replaced replaceList(const std::wstring& path, const std::string& bytes,
     return modQMKGeneral::replaceList(path, bytes, expected);
   }
   files::Contents former;
-  const auto unreadable = platform::trapped([&] { former = files::readWhole(path); });
+  // What cannot be read has no stamp, and then nobody can say what was replaced.
+  static_cast<void>(platform::trapped([&] { former = files::readWhole(path); }));
   const files::Replaced replaced = modQMKGeneral::replaceList(path, bytes, expected);
   if (replaced == files::Replaced::yes) {
-    if (unreadable || former.stamp != expected) {
+    if (former.stamp != expected) {
       changes->setFinal();
     } else {
       kept(path, keyOf, changes,

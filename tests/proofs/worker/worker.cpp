@@ -237,6 +237,8 @@ void regret(const std::wstring& tag, int count) {
   for (int number = 0; number < count; ++number) {
     notes->ready = 1;
     const std::wstring path = proofs::pathOf(tag, number);
+    // It is there, and stays there if it cannot be dropped.
+    notes->wanted[number] = 1;
     if (succeeds([&] {
           undo::Recording removal(&window->history, L"Remove from List", frmQMK::open);
           modQMKGeneral::dropCatalogueEntry(path, removal.changes());
@@ -280,8 +282,8 @@ void refresh() {
 }
 
 /// Appends a line in place like a program that does not know this one: usual sharing, one write,
-/// and another try when the file is in use. Two of them (`alone`) must not share writing: under Wine an append is not one step, and they would
-/// overwrite each other's lines.
+/// and another try when the file is in use. Two of them (`alone`) must not share writing: under
+/// Wine an append is not one step, and they would overwrite each other's lines.
 bool appended(const std::wstring& path, const std::string& line, bool alone) {
   constexpr int tries = 2000;
   constexpr DWORD pauseMs = 5;

@@ -179,6 +179,22 @@ TEST_F(EarlierDialog, AListThatIsGoneChangesNothing) {
   EXPECT_EQ(window.news(), L"Nothing was changed: File not found");
 }
 
+TEST_F(EarlierDialog, TheChosenListStaysChosenWhenAnotherOneGoes) {
+  put(L"QMKFileList3 2026-11-16.txt", earlier);
+  put(L"QMKFileList3 2026-11-17.txt", earlier);
+  desktop().answers = {Answer::yes};
+  use([](frmEarlier& form) {
+    EXPECT_EQ(form.lstCopies.rows(), 4U);
+    form.lstCopies.select(2);
+    desktop().take(path(L"QMKFileList3 2026-11-18.txt"));
+    // The list cannot be put in place, so the window stays, and shows what there is now.
+    desktop().setReadOnly(catalogueFile);
+    form.cmdRestore.fireClick();
+    EXPECT_EQ(form.lstCopies.rows(), 3U);
+    EXPECT_EQ(form.lstCopies.rowCell(form.lstCopies.selected().value_or(0), 0), L"2026-11-17");
+  });
+}
+
 TEST_F(EarlierDialog, WithoutACopyOfThePresentListNothingIsRestored) {
   desktop().answers = {Answer::yes};
   use([](frmEarlier& form) {

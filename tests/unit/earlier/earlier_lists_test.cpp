@@ -106,9 +106,24 @@ TEST_F(EarlierLists, ARestoredListReplacesTheOneThatIsKept) {
   EXPECT_EQ(bytesOf(kept), "today");
 }
 
+TEST_F(EarlierLists, TheSameListIsNotKeptAgain) {
+  desktop().putFile(webListFile, "earlier");
+  earlier_lists::restore(Which::web, "earlier", keeper);
+  EXPECT_EQ(bytesOf(webListFile), "earlier");
+  EXPECT_FALSE(desktop().has(kept));
+}
+
+TEST_F(EarlierLists, AnEmptyListIsNotKept) {
+  desktop().putFile(webListFile, "");
+  earlier_lists::restore(Which::web, "earlier", keeper);
+  EXPECT_EQ(bytesOf(webListFile), "earlier");
+  EXPECT_FALSE(desktop().has(kept));
+}
+
 TEST_F(EarlierLists, AMissingListIsRestoredToo) {
   earlier_lists::restore(Which::web, "earlier", keeper);
   EXPECT_EQ(bytesOf(webListFile), "earlier");
+  EXPECT_FALSE(desktop().has(kept));
   EXPECT_EQ(kept_lists::presentContents(Which::web).value_or(""), "earlier");
   EXPECT_EQ(kept_lists::presentContents(Which::dataFiles).value_or(""), "");
 }

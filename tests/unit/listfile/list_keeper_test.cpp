@@ -82,6 +82,14 @@ TEST_F(KeepingLists, LaterChangesOfTheDayDoNotLookAtTheDisk) {
   EXPECT_EQ(copy(ofToday[1]), "web\r\n");
 }
 
+TEST_F(KeepingLists, ADayThatIsKeptIsNotLookedAtAgainAnHourLater) {
+  write(webListFile, "two\r\n");
+  desktop().take(std::wstring(folder) + L"\\" + ofToday[0]);
+  desktop().setNow({.hour = 16, .minute = 0});
+  write(webListFile, "three\r\n");
+  EXPECT_EQ(kept(), Names{ofToday[1]}) << "somebody has taken the other one away";
+}
+
 TEST_F(KeepingLists, AllWaysToWriteAListKeepItFirst) {
   overwriteList(webListFile, "over");
   EXPECT_EQ(copy(ofToday[1]), "web\r\n");

@@ -215,6 +215,25 @@ TEST_F(ShortcutListTest, IconsAreExtractedOncePerRebuildForEachSize) {
   EXPECT_EQ(desktop().iconsAsked, once);
 }
 
+TEST_F(ShortcutListTest, AnIconThatShortcutsShareIsExtractedOnceForAllOfThem) {
+  desktop().putProgram(L"C:\\Tools\\red.exe");
+  desktop().setIcon(L"C:\\Tools\\red.exe", red);
+  putShortcut(L"One.lnk", L"C:\\Tools\\red.exe");
+  putShortcut(L"Other.lnk", L"C:\\Tools\\other.exe");
+  putShortcut(L"Two.lnk", L"C:\\Tools\\red.exe");
+  LoadShortcutList(window.shortcuts);
+  EXPECT_EQ(desktop().iconsAsked.size(), 4U);
+  for (const std::size_t size : {0U, 1U}) {
+    EXPECT_TRUE(shows(size, L"One.lnk", red));
+    EXPECT_TRUE(shows(size, L"Two.lnk", red));
+    EXPECT_TRUE(shows(size, L"Other.lnk", 0));
+  }
+  desktop().iconsAsked.clear();
+  window.fireLayout({1200, 800}, 144);
+  EXPECT_EQ(desktop().iconsAsked.size(), 4U);
+  EXPECT_TRUE(shows(0, L"Two.lnk", red));
+}
+
 TEST_F(ShortcutListTest, IconsAreDrawnAtTheSizeThatTheScreenNeeds) {
   desktop().putProgram(L"C:\\Tools\\red.exe");
   desktop().setIcon(L"C:\\Tools\\red.exe", red);
@@ -273,13 +292,13 @@ TEST_F(ShortcutListTest, ARebuildLeavesTagMenuAndToolbarAsTheyAre) {
 }
 
 TEST_F(ShortcutListTest, AFailureStopsTheRebuildAndTheItemsAddedBeforeItStay) {
-  for (const wchar_t* const name : {L"One.lnk", L"Two.lnk", L"Three.lnk"}) {
-    putShortcut(name);
+  for (const wchar_t* const name : {L"One", L"Two", L"Three"}) {
+    putShortcut(std::wstring(name) + L".lnk", std::wstring(L"C:\\Tools\\") + name + L".exe");
   }
   LoadShortcutList(window.shortcuts);
-  putShortcut(L"Four.lnk");
-  // The folder is searched first. For each shortcut the target is read and an icon is drawn in two
-  // sizes.
+  putShortcut(L"Four.lnk", L"C:\\Tools\\Four.exe");
+  // The folder is searched first. For each shortcut the target is read and an icon of its program
+  // is drawn in two sizes.
   constexpr int searches = 1;
   constexpr int looksPerShortcut = 3;
   const int all = searches + 4 * looksPerShortcut;
@@ -302,9 +321,9 @@ TEST_F(ShortcutListTest, AFailureStopsTheRebuildAndTheItemsAddedBeforeItStay) {
 }
 
 TEST_F(ShortcutListTest, AnImageThatCannotBeAddedStopsTheRebuildWithItsError) {
-  putShortcut(L"One.lnk");
-  putShortcut(L"Two.lnk");
-  putShortcut(L"Three.lnk");
+  for (const wchar_t* const name : {L"One", L"Two", L"Three"}) {
+    putShortcut(std::wstring(name) + L".lnk", std::wstring(L"C:\\Tools\\") + name + L".exe");
+  }
   // While the icons are read, another picture takes the key.
   desktop().onIcon = [this](const std::wstring& /*program*/) {
     if (window.imgShortCut[0].images().size() == 1 && !window.imgShortCut[0].indexOf(L"Two.lnk")) {

@@ -77,6 +77,22 @@ TEST_F(SlowIconsTest, ATargetThatAnswersAfterTwoSecondsGetsItsIconThenAndTheWind
   EXPECT_EQ(list.text(list.selectedItem()), L"Share");
 }
 
+TEST_F(SlowIconsTest, ShortcutsToOneProgramWaitForOneReading) {
+  putShortcut(L"Third.lnk", onShare);
+  putShortcut(L"Fourth.lnk", onStick);
+  LoadShortcutList(window.shortcuts);
+  desktop().advance(2000);
+  EXPECT_EQ(pixels(L"Share.lnk"), both(red));
+  EXPECT_EQ(pixels(L"Third.lnk"), both(red));
+  desktop().advance(2000);
+  EXPECT_EQ(pixels(L"Stick.lnk"), both(green));
+  EXPECT_EQ(pixels(L"Fourth.lnk"), both(green));
+  EXPECT_EQ(filesAsked(), (Texts{onShare, onStick}));
+  LoadShortcutList(window.shortcuts);
+  desktop().advance(4000);
+  EXPECT_EQ(filesAsked(), (Texts{onShare, onStick, onShare, onStick})) << "nothing is remembered";
+}
+
 TEST_F(SlowIconsTest, TheyAreReadOneAtATime) {
   LoadShortcutList(window.shortcuts);
   desktop().advance(2000);

@@ -243,12 +243,25 @@ std::optional<FileTime> modifiedByOpening(const std::wstring& native) {
   return static_cast<FileTime>(basic.LastWriteTime.QuadPart);
 }
 
+/// Whether the time has to be asked of a server. The watch asks for one file all the time, and it
+/// takes the system a hundred times as long to say what kind of drive that is on as to say the time.
+/// The kind does not change: it is the drive that the program has been started from.
+bool isOnServer(const std::wstring& native) {
+  thread_local std::wstring asked;
+  thread_local bool answer = false;
+  if (native != asked) {
+    answer = drives::isNetwork(native);
+    asked = native;
+  }
+  return answer;
+}
+
 }  // namespace
 
 std::optional<FileTime> modifiedTime(const std::wstring& path) {
   const std::optional<std::wstring> native = win32::nativePath(path);
   // The system answers what is asked of a share by name from memory, for up to ten seconds.
-  if (native && drives::isNetwork(*native)) return modifiedByOpening(*native);
+  if (native && isOnServer(*native)) return modifiedByOpening(*native);
   WIN32_FILE_ATTRIBUTE_DATA data{};
   if (!native || GetFileAttributesExW(native->c_str(), GetFileExInfoStandard, &data) == 0 ||
       (data.dwFileAttributes & kindsToAskFor) != 0) {

@@ -32,8 +32,14 @@ void put(UINT format, const void* bytes, std::size_t size) {
 }  // namespace
 
 std::wstring clipboardText() {
-  std::wstring text;
-  if (OpenClipboard(nullptr) != 0) {
+  // Whoever has the clipboard open keeps others from copying, and a text box does not try again. So
+  // it is opened only when something has been copied since.
+  static DWORD lastRead = 0;
+  static std::wstring text;
+  const DWORD number = GetClipboardSequenceNumber();
+  if (number != lastRead && OpenClipboard(nullptr) != 0) {
+    text.clear();
+    lastRead = number;
     if (HANDLE const memory = GetClipboardData(CF_UNICODETEXT); memory != nullptr) {
       text = static_cast<const wchar_t*>(GlobalLock(memory));
       GlobalUnlock(memory);

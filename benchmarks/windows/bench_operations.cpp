@@ -219,7 +219,7 @@ void measureFolder(const Table& table) {
         platform::files::FolderWalk walk({treePath()});
         while (walk.lookOn([&found](const std::wstring& folder, const std::wstring& name) {
           if (modQMKGeneral::isDataFileName(name)) {
-            found.push_back(folder + L"\\" + name);
+            found.push_back(std::wstring(folder).append(L"\\").append(name));
           }
         })) {
         }

@@ -18,10 +18,9 @@ CodePageText::CodePageText(std::wstring text, Letters letters)
 }
 
 bool CodePageText::equals(std::string_view bytes) const {
-  const std::size_t common =
-      letters_ == Letters::exact
-          ? bytes::commonLength(bytes, plain_)
-          : bytes::commonLength(bytes, plain_, bytes::withCapitals);
+  const std::size_t common = letters_ == Letters::exact
+                                 ? bytes::commonLength(bytes, plain_)
+                                 : bytes::commonLength(bytes, plain_, bytes::withCapitals);
   if (common == bytes.size()) {
     return common == text_.size();
   }

@@ -64,8 +64,7 @@ template <class Slow>
 /// The text without such characters at its beginning and its end.
 template <class Unit>
 [[nodiscard]] std::basic_string_view<Unit> trimmed(
-    std::basic_string_view<Unit> text,
-    std::type_identity_t<std::basic_string_view<Unit>> blanks) {
+    std::basic_string_view<Unit> text, std::type_identity_t<std::basic_string_view<Unit>> blanks) {
   const std::size_t first = text.find_first_not_of(blanks);
   return first == text.npos ? std::basic_string_view<Unit>()
                             : text.substr(first, text.find_last_not_of(blanks) - first + 1);

@@ -166,14 +166,21 @@ void recycle(const std::wstring& path, Changes* changes) {
 
 namespace {
 
+void keep(const std::wstring& path, const list_file::KeyOf& keyOf, Changes& changes,
+          list_file::Patch patch) {
+  if (!patch.empty()) {
+    changes.add(ListPart{path, std::move(patch), keyOf});
+  }
+}
+
 /// Runs an operation on a list that fills in a patch, and keeps that.
 template <class Operation>
 void kept(const std::wstring& path, const list_file::KeyOf& keyOf, Changes* changes,
           const Operation& operation) {
   list_file::Patch patch;
   operation(changes == nullptr ? nullptr : &patch);
-  if (changes != nullptr && !patch.empty()) {
-    changes->add(ListPart{path, std::move(patch), keyOf});
+  if (changes != nullptr) {
+    keep(path, keyOf, *changes, std::move(patch));
   }
 }
 
@@ -216,8 +223,7 @@ files::Replaced replaceList(const std::wstring& path, const std::string& bytes,
     if (former.stamp != expected) {
       changes->setFinal();
     } else {
-      kept(path, keyOf, changes,
-           [&](list_file::Patch* patch) { *patch = list_file::Patch(former.bytes, bytes); });
+      keep(path, keyOf, *changes, list_file::Patch(former.bytes, bytes));
     }
   }
   return replaced;

@@ -2,7 +2,8 @@
 //
 //   message_box TITLE TEXT BUTTON
 //   message_box --next TITLE CAPTION    pushes Next on page after page, up to the button CAPTION
-//   message_box --cancel TITLE          pushes Cancel on the page that is shown, until a message box
+//   message_box --cancel TITLE          pushes Cancel on the page that is shown, until a message
+//   box
 //                                       asks about it
 //   message_box --running               exit status 0 while a Gateway runs, 1 while none does
 //

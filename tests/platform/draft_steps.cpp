@@ -164,8 +164,9 @@ Step Target::open(const std::wstring& path, const Stamp* expected, const std::st
           state_->handle = disk.open(path, FileSystem::reads | FileSystem::deletes,
                                      FileSystem::reads | FileSystem::deletes);
         });
-        if (result == Step::done && expected != nullptr && (disk.stampOf(state_->handle) != *expected ||
-                                    (bytes != nullptr && disk.bytesOf(path) != *bytes))) {
+        if (result == Step::done && expected != nullptr &&
+            (disk.stampOf(state_->handle) != *expected ||
+             (bytes != nullptr && disk.bytesOf(path) != *bytes))) {
           result = Step::changed;
           desktop().amend(L" (changed)");
         }

@@ -49,7 +49,7 @@ class ShortcutsTest : public MainWindowTest {
 
   /// Makes the next reload detectable: creates a shortcut that is on the disk but not yet in the
   /// list.
-  void putUnlisted() { putShortcut(L"Unlisted.lnk"); }
+  static void putUnlisted() { putShortcut(L"Unlisted.lnk"); }
   [[nodiscard]] bool reloaded() const {
     for (std::size_t i = 0; i < list.count(); ++i) {
       if (list.text(i) == L"Unlisted") {

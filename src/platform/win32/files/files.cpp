@@ -244,8 +244,8 @@ std::optional<FileTime> modifiedByOpening(const std::wstring& native) {
 }
 
 /// Whether the time has to be asked of a server. The watch asks for one file all the time, and it
-/// takes the system a hundred times as long to say what kind of drive that is on as to say the time.
-/// The kind does not change: it is the drive that the program has been started from.
+/// takes the system a hundred times as long to say what kind of drive that is on as to say the
+/// time. The kind does not change: it is the drive that the program has been started from.
 bool isOnServer(const std::wstring& native) {
   thread_local std::wstring asked;
   thread_local bool answer = false;

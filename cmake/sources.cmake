@@ -246,3 +246,8 @@ set(sources_for_each_record
 list(TRANSFORM portable_sources PREPEND ${CMAKE_SOURCE_DIR}/)
 list(TRANSFORM win32_sources PREPEND ${CMAKE_SOURCE_DIR}/)
 list(TRANSFORM sources_for_each_record PREPEND ${CMAKE_SOURCE_DIR}/)
+foreach(source IN LISTS sources_for_each_record)
+  if(NOT source IN_LIST portable_sources AND NOT source IN_LIST win32_sources)
+    message(FATAL_ERROR "not a source of the product any more: ${source}")
+  endif()
+endforeach()

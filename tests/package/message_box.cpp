@@ -2,9 +2,8 @@
 //
 //   message_box TITLE TEXT BUTTON
 //   message_box --next TITLE CAPTION    pushes Next on page after page, up to the button CAPTION
-//   message_box --cancel TITLE          pushes Cancel on the page that is shown, until a message
-//   box
-//                                       asks about it
+//   message_box --cancel TITLE          pushes Cancel on the page that is shown and says Yes to the
+//                                       question about it, until the window has gone
 //   message_box --running               exit status 0 while a Gateway runs, 1 while none does
 //
 // Without an option it waits for a message box of that title whose text begins with TEXT, pushes
@@ -21,19 +20,22 @@ namespace {
 
 using namespace harness;
 
-void answer(const std::wstring& title, const std::wstring& beginning, int button) {
-  const auto search = [&]() -> HWND {
-    // The set-up program's own pages have the same title.
-    for (HWND window = FindWindowW(L"#32770", title.c_str()); window != nullptr;
-         window = FindWindowExW(nullptr, window, L"#32770", title.c_str())) {
-      if (IsWindowVisible(window) != FALSE && isMessageBox(window) &&
-          MessageBoxReader(window).text().starts_with(beginning)) {
-        return window;
-      }
+/// The message box of that title whose text begins so, null where none is shown.
+HWND shownMessage(const std::wstring& title, const std::wstring& beginning) {
+  // The set-up program's own pages have the same title.
+  for (HWND window = FindWindowW(L"#32770", title.c_str()); window != nullptr;
+       window = FindWindowExW(nullptr, window, L"#32770", title.c_str())) {
+    if (IsWindowVisible(window) != FALSE && isMessageBox(window) &&
+        MessageBoxReader(window).text().starts_with(beginning)) {
+      return window;
     }
-    return nullptr;
-  };
-  const MessageBoxReader box(waitUntilFound("the message: " + utf8(beginning), search));
+  }
+  return nullptr;
+}
+
+void answer(const std::wstring& title, const std::wstring& beginning, int button) {
+  const MessageBoxReader box(waitUntilFound("the message: " + utf8(beginning),
+                                            [&] { return shownMessage(title, beginning); }));
   std::printf("%s\n", utf8(box.text()).c_str());
   box.answer(button);
 }
@@ -74,18 +76,28 @@ void goOn(const std::wstring& title, const std::wstring& caption) {
   }
 }
 
-/// The set-up program drops a Cancel that comes while it still leaves a page or returns to it.
+/// The set-up program drops a Cancel that comes while it still leaves a page or returns to it. One
+/// that comes late makes it ask twice. So each question is answered, and Cancel is pushed again
+/// where none is asked.
 void cancel(const std::wstring& title) {
   HWND const window = setUpWindow(title);
   constexpr int patienceForQuestion = 2000;
-  const auto asks = [&] { return IsWindowEnabled(window) == FALSE; };
-  waitUntil("the set-up program asks about the end", [&] {
-    // It is disabled while a message box is shown, also by the one before.
-    waitUntil("the page takes input", [&] { return !asks(); });
-    SendMessageW(window, WM_NULL, 0, 0);
-    push(window, IDCANCEL);
-    return waitFor(asks, patienceForQuestion);
-  });
+  constexpr int patienceForEnd = 60000;
+  const auto gone = [&] { return IsWindow(window) == FALSE; };
+  const auto question = [&] { return shownMessage(title, L"Are you sure"); };
+  waitUntil(
+      "the set-up program ends after Cancel",
+      [&] {
+        if (HWND const box = question()) {
+          MessageBoxReader(box).answer(IDYES);
+        } else if (IsWindowEnabled(window) != FALSE) {
+          PostMessageW(window, WM_COMMAND, MAKEWPARAM(IDCANCEL, BN_CLICKED),
+                       reinterpret_cast<LPARAM>(GetDlgItem(window, IDCANCEL)));
+          (void)waitFor([&] { return gone() || question() != nullptr; }, patienceForQuestion);
+        }
+        return gone();
+      },
+      patienceForEnd);
 }
 
 /// Checks in the same way as the set-up program.

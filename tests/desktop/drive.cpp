@@ -178,6 +178,8 @@ void waitForMain(Argument empty) {
     return list(main, 0).count() >= least && list(main, 1).count() >= least &&
            list(main, 2).count() == newFileItems;
   });
+  // Its last steps show the tab Tools, whatever has been chosen by then.
+  waitForEndOfStart(main);
 }
 
 struct Step {

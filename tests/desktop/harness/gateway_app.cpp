@@ -106,18 +106,7 @@ HWND GatewayApp::startToMainFromSplash() {
   return main_;
 }
 
-void GatewayApp::waitForEndOfStart() const {
-  // Start-up answers messages at few moments, each of them short, before its last steps (one of
-  // them shows the tab Tools). The last of several answers comes from the program's main loop.
-  constexpr int answers = 6;
-  constexpr DWORD pause = 20;
-  for (int answer = 0; answer < answers; ++answer) {
-    DWORD_PTR result = 0;
-    // What keeps it from answering for so long is told by what the test waits for next.
-    SendMessageTimeoutW(main_, WM_NULL, 0, 0, SMTO_NORMAL, patienceMs, &result);
-    Sleep(pause);
-  }
-}
+void GatewayApp::waitForEndOfStart() const { harness::waitForEndOfStart(main_); }
 
 TabReader GatewayApp::tabs() const {
   return TabReader(required(child(main_, ids::TabMain), "tab control"));

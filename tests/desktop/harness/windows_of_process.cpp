@@ -127,4 +127,17 @@ RECT clientOnScreen(HWND window) {
   return rect;
 }
 
+void waitForEndOfStart(HWND main) {
+  // Start-up answers messages at few moments, each of them short, before its last steps. The last
+  // of several answers comes from the program's main loop.
+  constexpr int answers = 6;
+  constexpr DWORD pause = 20;
+  for (int answer = 0; answer < answers; ++answer) {
+    DWORD_PTR result = 0;
+    // What keeps it from answering for so long is told by what the test waits for next.
+    SendMessageTimeoutW(main, WM_NULL, 0, 0, SMTO_NORMAL, patienceMs, &result);
+    Sleep(pause);
+  }
+}
+
 }  // namespace harness

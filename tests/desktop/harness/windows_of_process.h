@@ -48,4 +48,8 @@ void PrintTo(const NamedWindow& window, std::ostream* out);
 /// Rectangle of a window's client area on the screen.
 [[nodiscard]] RECT clientOnScreen(HWND window);
 
+/// Waits until the program of this main window has done the last steps of its start; one of them
+/// shows the tab Tools.
+void waitForEndOfStart(HWND main);
+
 }  // namespace harness

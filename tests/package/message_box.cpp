@@ -57,9 +57,8 @@ HWND setUpWindow(const std::wstring& title) {
 HWND shownPage(HWND window) { return FindWindowExW(window, nullptr, L"#32770", nullptr); }
 
 void push(HWND window, int id) {
-  HWND const button = GetDlgItem(window, id);
-  waitUntil("the button can be pushed", [&] { return IsWindowEnabled(button) != FALSE; });
-  PostMessageW(window, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED), reinterpret_cast<LPARAM>(button));
+  PostMessageW(window, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED),
+               reinterpret_cast<LPARAM>(GetDlgItem(window, id)));
 }
 
 void goOn(const std::wstring& title, const std::wstring& caption) {
@@ -91,8 +90,7 @@ void cancel(const std::wstring& title) {
         if (HWND const box = question()) {
           MessageBoxReader(box).answer(IDYES);
         } else if (IsWindowEnabled(window) != FALSE) {
-          PostMessageW(window, WM_COMMAND, MAKEWPARAM(IDCANCEL, BN_CLICKED),
-                       reinterpret_cast<LPARAM>(GetDlgItem(window, IDCANCEL)));
+          push(window, IDCANCEL);
           (void)waitFor([&] { return gone() || question() != nullptr; }, patienceForQuestion);
         }
         return gone();

@@ -54,24 +54,30 @@ HWND setUpWindow(const std::wstring& title) {
   });
 }
 
-HWND shownPage(HWND window) { return FindWindowExW(window, nullptr, L"#32770", nullptr); }
+/// The page that is shown, null between two pages. The caption of the button belongs to it.
+HWND shownPage(HWND window) {
+  HWND const page = FindWindowExW(window, nullptr, L"#32770", nullptr);
+  return page != nullptr && IsWindowVisible(page) != FALSE ? page : nullptr;
+}
 
 void push(HWND window, int id) {
   PostMessageW(window, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED),
                reinterpret_cast<LPARAM>(GetDlgItem(window, id)));
 }
 
+/// Waits for each page before it pushes: what is pushed between two pages counts for the second.
 void goOn(const std::wstring& title, const std::wstring& caption) {
   HWND const window = setUpWindow(title);
+  HWND page = nullptr;
   for (bool last = false; !last;) {
-    HWND const page = shownPage(window);
+    page = waitUntilFound("the next page", [&]() -> HWND {
+      HWND const shown = shownPage(window);
+      return shown != page ? shown : nullptr;
+    });
     waitUntil("the button can be pushed",
               [&] { return IsWindowEnabled(GetDlgItem(window, IDOK)) != FALSE; });
     last = text(GetDlgItem(window, IDOK)) == caption;
     push(window, IDOK);
-    if (!last) {
-      waitUntil("the next page", [&] { return shownPage(window) != page; });
-    }
   }
 }
 

@@ -9,6 +9,7 @@ set(platform_sources
   src/platform/error_report.cpp
   src/platform/explorer.cpp
   src/platform/folder_walk.cpp
+  src/platform/link_bytes.cpp
   src/platform/processes.cpp
   src/platform/run_time_error.cpp
   src/platform/transfer_format.cpp

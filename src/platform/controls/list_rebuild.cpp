@@ -1,4 +1,6 @@
 // Changing many items at once, and keeping selection, focus and scroll position.
+#include <utility>
+
 #include "platform/controls/list_view.h"
 
 namespace controls {
@@ -27,6 +29,25 @@ struct ListView::Marks {
   std::size_t topIndex = 0;
   bool selectedIsLost = false;  // `selected` is an item that an earlier rebuild lost
 };
+
+void ListView::itemsChanged() {
+  forgetShown();
+  ++revision_;
+  if (updating_ > 0) {
+    return;
+  }
+  keepSelectionShown();
+  inAnyCase(
+      [this] {
+        if (std::exchange(imagesStale_, false)) {
+          changed(Change::images);
+        }
+      },
+      [this] {
+        changed(Change::items);
+        announce();
+      });
+}
 
 void ListView::update(const std::function<void()>& change) {
   ++updating_;

@@ -221,18 +221,13 @@ void ListView::orderChanged() {
 }
 
 void ListView::setImages(const ImageList* large, const ImageList* small) {
+  const bool others = largeImages_ != large || smallImages_ != small;
   largeImages_ = large;
   smallImages_ = small;
-  changed(Change::images);
-}
-
-void ListView::itemsChanged() {
-  forgetShown();
-  ++revision_;
-  if (updating_ == 0) {
-    keepSelectionShown();
-    changed(Change::items);
-    announce();
+  if (updating_ == 0 || others) {
+    changed(Change::images);
+  } else {
+    imagesStale_ = true;
   }
 }
 

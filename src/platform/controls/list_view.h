@@ -182,7 +182,8 @@ class ListView : public Control {
   /// adding. Nothing lets the sort key decide again.
   void setRanking(std::optional<Ranking> ranking);
   [[nodiscard]] const std::optional<Ranking>& ranking() const { return ranking_; }
-  /// Image lists, not owned; nullptr for none.
+  /// Image lists, not owned; nullptr for none. Further images of the same lists are shown at the
+  /// end of an update, all at once, since there may be hundreds.
   void setImages(const ImageList* large, const ImageList* small);
   [[nodiscard]] const ImageList* largeImages() const { return largeImages_; }
   [[nodiscard]] const ImageList* smallImages() const { return smallImages_; }
@@ -340,6 +341,7 @@ class ListView : public Control {
   int sortOrder_ = ascending;
   const ImageList* largeImages_ = nullptr;
   const ImageList* smallImages_ = nullptr;
+  bool imagesStale_ = false;  // the peer shows other ones
   int updating_ = 0;
   std::uint64_t revision_ = 1;
   bool whole_ = true;

@@ -257,6 +257,25 @@ TEST_F(ListViewTest, ASortTellsOfTheArrowAndOfTheItems) {
   EXPECT_EQ(peer.take(), (std::vector{Change::sorting, Change::items}));
 }
 
+TEST_F(ListViewTest, AnUpdateTellsOfMoreImagesOnceAtItsEnd) {
+  RecordingListPeer peer(list);
+  const ImageList images;
+  const ImageList others;
+  list.update([&] {
+    for (const ImageList* const large : {&images, &others}) {
+      for (const ImageList* const small : {&images, &others}) {
+        list.setImages(large, small);
+        EXPECT_EQ(peer.take(), std::vector{Change::images}) << "other lists are told at once";
+        list.setImages(large, small);
+        EXPECT_TRUE(peer.take().empty());
+      }
+    }
+  });
+  EXPECT_EQ(peer.take(), (std::vector{Change::images, Change::items}));
+  list.update([&] {});
+  EXPECT_EQ(peer.take(), std::vector{Change::items}) << "the images have been told";
+}
+
 TEST_F(ListViewTest, AnUpdateTellsOnceAtItsEnd) {
   RecordingListPeer peer(list);
   list.update([&] {

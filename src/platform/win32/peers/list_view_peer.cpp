@@ -137,9 +137,18 @@ void ListViewPeer::showView() {
 }
 
 void ListViewPeer::arrangeIcons() const {
+  // Each icon that moves would be marked for painting by itself: hundreds of calls. A hidden list
+  // must not be told to draw, because that shows it.
+  const bool shown = (GetWindowLongPtrW(window(), GWL_STYLE) & WS_VISIBLE) != 0;
+  if (shown) {
+    send(WM_SETREDRAW, FALSE);
+  }
   send(LVM_ARRANGE, LVA_DEFAULT);
   // Not every system updates the scroll range when icons move, but all do when the count is set.
   send(LVM_SETITEMCOUNT, static_cast<WPARAM>(list_.rows()), LVSICF_NOINVALIDATEALL);
+  if (shown) {
+    send(WM_SETREDRAW, TRUE);
+  }
 }
 
 int ListViewPeer::columnWidth(std::size_t index) const {

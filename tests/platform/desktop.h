@@ -242,8 +242,6 @@ class Desktop {
   // --- other programs, the shell ---
 
   platform::clipboard::Content clipboard;
-  /// Another program keeps the clipboard open.
-  bool clipboardBusy = false;
   std::vector<Start> starts;
   /// Programs that run with an administrator's rights only, and whether the user gives them.
   std::map<std::wstring, bool> elevated;
@@ -255,17 +253,19 @@ class Desktop {
   std::intptr_t browserResult = 42;
   std::vector<Browse> browsed;
   std::vector<Help> helpShown;
+  /// Another program keeps the clipboard open.
+  bool clipboardBusy = false;
   /// Whether the system has a viewer for classic help, and shows compiled help.
   bool classicHelp = true;
   bool compiledHelp = true;
+  /// How long work in the background takes.
+  int backgroundMilliseconds = 0;
   /// Drives ("E:") that may be slow, as network paths always are.
   std::set<std::wstring> slowDrives;
   /// Drives ("E:") that are network drives.
   std::set<std::wstring> networkDrives;
   /// Drives ("E:") that are not connected; what lies on them is not found by then either.
   std::set<std::wstring> missingDrives;
-  /// How long work in the background takes.
-  int backgroundMilliseconds = 0;
   /// Documents folder as the shell reports it; nothing when the shell has none.
   std::optional<std::wstring> documents;
   /// Gives a program file an icon: a square of one colour, 0xAARRGGBB.

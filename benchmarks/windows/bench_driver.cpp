@@ -56,6 +56,7 @@ int wmain(int argumentCount, wchar_t** arguments) {
   bench::measureLoads(table);
   runOperations(table, passedOn);
   bench::measureFind(table);
+  bench::measureFeel(table);
   bench::measureDoubleClick(table);
   bench::measureIdle(table);
   return 0;

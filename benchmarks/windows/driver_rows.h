@@ -14,6 +14,9 @@ void measureShortcuts(const Table& table);
 void measureLoads(const Table& table);
 /// A letter typed into the find box or removed from it, until the list is painted.
 void measureFind(const Table& table);
+/// A tab switch, a page down, a click on a column and F5 among many rows, until they are painted:
+/// the median and the slowest of twenty turns, against a list with plain data.
+void measureFeel(const Table& table);
 /// A double-click on a data file, until its tool runs.
 void measureDoubleClick(const Table& table);
 /// Processor time of the program while nothing happens.

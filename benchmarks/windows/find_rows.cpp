@@ -10,14 +10,12 @@
 #include "catalogue_text.h"
 #include "harness/input.h"
 #include "harness/looks.h"
-#include "harness/paths.h"
-#include "harness/process.h"
 #include "harness/text.h"
 #include "harness/wait.h"
 #include "harness/windows_of_process.h"
 #include "windows/driven_gateway.h"
 #include "windows/driver_rows.h"
-#include "windows/plain_find.h"
+#include "windows/plain_list_window.h"
 #include "windows/process_facts.h"
 
 namespace bench {
@@ -74,58 +72,6 @@ struct Finder {
   }
 };
 
-/// The floor, in a window of its own.
-class PlainFind {
- public:
-  explicit PlainFind(const std::wstring& catalogue)
-      : process_(executable(), harness::buildFolder(), job_, L"\"" + catalogue + L"\""),
-        parts_{ProcessFacts(process_.handle(), executable())} {
-    waitClosely("the window of the plain search", [this] {
-      parts_.window = harness::visibleWindow(process_.id(), plainFindClass);
-      return parts_.window != nullptr;
-    });
-    parts_.box = harness::child(parts_.window, plainFindBox);
-    parts_.list = harness::child(parts_.window, plainFindList);
-  }
-  PlainFind(const PlainFind&) = delete;
-  PlainFind& operator=(const PlainFind&) = delete;
-  ~PlainFind() { job_.end(); }
-
-  /// Gives the list the size and the column widths of another one, and the window a place where
-  /// neither window covers the other.
-  void resemble(const Finder& other) const {
-    const RECT whole = harness::screenRect(other.window);
-    const RECT list = harness::screenRect(other.list);
-    constexpr int above = 30;
-    const int width = static_cast<int>(list.right - list.left);
-    const int height = static_cast<int>(list.bottom - list.top);
-    RECT outer{0, 0, width, height + above};
-    AdjustWindowRectEx(&outer, static_cast<DWORD>(GetWindowLongW(parts_.window, GWL_STYLE)), FALSE,
-                       static_cast<DWORD>(GetWindowLongW(parts_.window, GWL_EXSTYLE)));
-    SetWindowPos(other.window, nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-    SetWindowPos(parts_.window, nullptr, 0, static_cast<int>(whole.bottom - whole.top),
-                 static_cast<int>(outer.right - outer.left),
-                 static_cast<int>(outer.bottom - outer.top), SWP_NOZORDER | SWP_NOACTIVATE);
-    SetWindowPos(parts_.list, nullptr, 0, above, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
-    constexpr WPARAM columns = 4;
-    for (WPARAM column = 0; column < columns; ++column) {
-      SendMessageW(parts_.list, LVM_SETCOLUMNWIDTH, column,
-                   SendMessageW(other.list, LVM_GETCOLUMNWIDTH, column, 0));
-    }
-    harness::paint(other.window);
-    harness::paint(parts_.window);
-  }
-  [[nodiscard]] const Finder& parts() const { return parts_; }
-
- private:
-  [[nodiscard]] static std::wstring executable() {
-    return harness::buildFolder() + L"\\plain_find.exe";
-  }
-  harness::Job job_;
-  harness::Process process_;
-  Finder parts_;
-};
-
 /// One key on both sides. They must show equally many rows then.
 void pressBoth(const Finder& ours, const Finder& theirs, wchar_t key, bool oursFirst, Pair& pair) {
   if (oursFirst) {
@@ -137,7 +83,7 @@ void pressBoth(const Finder& ours, const Finder& theirs, wchar_t key, bool oursF
   }
   if (ours.count() != theirs.count()) {
     throw harness::Failure("the list shows " + std::to_string(ours.count()) +
-                           " rows, the plain search " + std::to_string(theirs.count()));
+                           " rows, the plain list " + std::to_string(theirs.count()));
   }
 }
 
@@ -161,8 +107,10 @@ void measureSize(const Table& table, const Size& size) {
       gateway.list(harness::Tab::open)};
   waitClosely("the list shows the catalogue",
               [&ours, &size] { return ours.count() == static_cast<int>(size.records); });
-  const PlainFind floor(gateway.app.cataloguePath());
-  floor.resemble(ours);
+  const PlainList floor(gateway.app.cataloguePath());
+  floor.resemble(gateway.main(), ours.list);
+  const Finder theirs{ProcessFacts(floor.process(), PlainList::executable()), floor.window(),
+                      floor.box(), floor.rows()};
   harness::bringToFront(gateway.main());
   harness::pressKey('F', VK_CONTROL);
   // One round before the measurement: the first search makes tables that stay.
@@ -171,13 +119,13 @@ void measureSize(const Table& table, const Size& size) {
   for (int run = -1; run < table.runs(size.runs); ++run) {
     const bool oursFirst = run % 2 != 0;
     for (std::size_t n = 0; n < word.size(); ++n) {
-      pressBoth(ours, floor.parts(), word[n], oursFirst, typed[n]);
+      pressBoth(ours, theirs, word[n], oursFirst, typed[n]);
     }
     if (ours.count() == 0 || ours.count() > static_cast<int>(size.records / 4)) {
       throw harness::Failure("the word finds " + std::to_string(ours.count()) + " rows");
     }
     for (std::size_t n = 0; n < word.size(); ++n) {
-      pressBoth(ours, floor.parts(), VK_BACK, oursFirst, removed[n]);
+      pressBoth(ours, theirs, VK_BACK, oursFirst, removed[n]);
     }
     if (ours.count() != static_cast<int>(size.records)) {
       throw harness::Failure("the empty box shows " + std::to_string(ours.count()) + " rows");

@@ -1,7 +1,6 @@
 #include "mainwindow/presence.h"
 
 #include "platform/background.h"
-#include "platform/drives.h"
 
 namespace mainwindow {
 
@@ -72,11 +71,10 @@ void Presence::beginAgain() {
   }
 }
 
-const Presence::Root& Presence::rootFacts(const std::wstring& path) {
+const platform::drives::RootFacts& Presence::rootFacts(const std::wstring& path) {
   const auto [root, added] = roots_.try_emplace(rootOf(path));
   if (added) {
-    root->second.connected = platform::drives::isConnected(path);
-    root->second.slow = platform::drives::mayBeSlow(path);
+    root->second = platform::drives::rootFacts(path);
   }
   return root->second;
 }
@@ -85,7 +83,7 @@ Presence::State Presence::look(const std::wstring& path, State before) {
   if (rootOf(path).empty()) {
     return State::unknown;
   }
-  const Root& root = rootFacts(path);
+  const platform::drives::RootFacts& root = rootFacts(path);
   if (!root.connected) {
     return State::notConnected;
   }

@@ -19,6 +19,7 @@
 #include <vector>
 
 #include "platform/controls/list_view.h"
+#include "platform/drives.h"
 
 namespace mainwindow {
 
@@ -56,14 +57,10 @@ class Presence {
     State state = State::unknown;
     unsigned round = 0;
   };
-  struct Root {
-    bool connected = true;
-    bool slow = false;
-  };
   [[nodiscard]] std::wstring pathOfRow(std::size_t row) const;
   [[nodiscard]] std::wstring_view folderOf(std::size_t item) const;
   [[nodiscard]] std::wstring remarkOn(std::size_t row) const;
-  [[nodiscard]] const Root& rootFacts(const std::wstring& path);
+  [[nodiscard]] const platform::drives::RootFacts& rootFacts(const std::wstring& path);
   /// What can be said of a path without asking a slow drive.
   [[nodiscard]] State look(const std::wstring& path, State before);
   void learn(const std::wstring& path, State state);
@@ -76,7 +73,7 @@ class Presence {
   PathColumns columns_;
   Exists exists_;
   std::unordered_map<std::wstring, Known> known_;
-  std::map<std::wstring, Root> roots_;
+  std::map<std::wstring, platform::drives::RootFacts> roots_;
   unsigned round_ = 1;
   std::uint64_t seenRevision_ = 0;
   bool changed_ = false;

@@ -40,6 +40,10 @@ std::wstring rootOf(std::wstring_view path) {
   return std::wstring(path.substr(0, path.find(L'\\', server + 1)));
 }
 
+bool mayBeSlow(const std::wstring& path) { return rootFacts(path).slow; }
+
+bool isConnected(const std::wstring& path) { return rootFacts(path).connected; }
+
 bool isRoot(std::wstring_view path) {
   const std::wstring root = rootOf(path);
   return !root.empty() && path == root + L"\\" &&

@@ -18,16 +18,21 @@ namespace platform::drives {
 /// no character that no name has. The disk is not asked.
 [[nodiscard]] bool namesOneFile(std::wstring_view path);
 
-/// Whether the drive of a full path may take long to answer or not answer at all: a network path, a
-/// network drive, a drive whose medium can be taken out. The drive itself is not asked.
+/// What the system knows of the root of a full path.
+struct RootFacts {
+  bool connected = false;  ///< It knows the drive's letter, or it is a network path.
+  /// It may take long to answer or not answer at all: a network path, a network drive, a drive
+  /// whose medium can be taken out.
+  bool slow = false;
+};
+
+/// Asks the system once, and not the drive itself.
+[[nodiscard]] RootFacts rootFacts(const std::wstring& path);
 [[nodiscard]] bool mayBeSlow(const std::wstring& path);
+[[nodiscard]] bool isConnected(const std::wstring& path);
 
 /// Whether a full path is a network path or on a network drive. The drive itself is not asked.
 [[nodiscard]] bool isNetwork(const std::wstring& path);
-
-/// Whether the system knows the root of a full path: the drive's letter, or any network path. The
-/// drive itself is not asked.
-[[nodiscard]] bool isConnected(const std::wstring& path);
 
 /// The drives that the system knows ("C:"), in the order of their letters. They are not asked.
 [[nodiscard]] std::vector<std::wstring> connected();

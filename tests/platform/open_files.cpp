@@ -152,7 +152,9 @@ bool FileSystem::renameOver(Handle handle, const std::wstring& to, bool overOpen
   target.leaveToSecondName();
   // The entry keeps its position in the folder; everything else comes from the other file.
   const auto moved = source->parent->drop(*source);
+  std::string bytes = std::move(moved->bytes);
   target.become(*moved);
+  target.bytes = std::move(bytes);
   return true;
 }
 

@@ -101,8 +101,10 @@ void waitIsOver(const controls::Window& window) {
 
 namespace drives {
 
-bool mayBeSlow(const std::wstring& path) {
-  return isNetwork(path) || desktop().slowDrives.contains(path.substr(0, 2));
+RootFacts rootFacts(const std::wstring& path) {
+  const std::wstring drive = path.substr(0, 2);
+  return {.connected = !desktop().missingDrives.contains(drive),
+          .slow = isNetwork(path) || desktop().slowDrives.contains(drive)};
 }
 
 bool isNetwork(const std::wstring& path) {
@@ -122,10 +124,6 @@ std::vector<std::wstring> connected() {
 }
 
 bool answers(const std::wstring& path) { return isConnected(path); }
-
-bool isConnected(const std::wstring& path) {
-  return !desktop().missingDrives.contains(path.substr(0, 2));
-}
 
 }  // namespace drives
 

@@ -18,20 +18,17 @@ std::optional<UINT> kindOf(const std::wstring& ordinary) {
 
 }  // namespace
 
-bool mayBeSlow(const std::wstring& path) {
+RootFacts rootFacts(const std::wstring& path) {
   const std::wstring ordinary = win32::ordinaryPath(path);
-  if (ordinary.starts_with(L"\\\\")) return true;
+  if (ordinary.starts_with(L"\\\\")) return {.connected = true, .slow = true};
   const auto kind = kindOf(ordinary);
-  return kind == DRIVE_REMOTE || kind == DRIVE_REMOVABLE || kind == DRIVE_CDROM;
+  return {.connected = kind != DRIVE_NO_ROOT_DIR,
+          .slow = kind == DRIVE_REMOTE || kind == DRIVE_REMOVABLE || kind == DRIVE_CDROM};
 }
 
 bool isNetwork(const std::wstring& path) {
   const std::wstring ordinary = win32::ordinaryPath(path);
   return ordinary.starts_with(L"\\\\") || kindOf(ordinary) == DRIVE_REMOTE;
-}
-
-bool isConnected(const std::wstring& path) {
-  return kindOf(win32::ordinaryPath(path)) != DRIVE_NO_ROOT_DIR;
 }
 
 std::vector<std::wstring> connected() {

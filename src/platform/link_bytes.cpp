@@ -46,12 +46,10 @@ class Reader {
   std::uint32_t number16() { return number(2); }
   std::uint32_t number32() { return number(4); }
 
-  /// What follows a number that counts its own bytes, too.
+  /// What follows a number that counts its own bytes, too. A number that is too small becomes a size
+  /// that nothing has.
   std::string_view part(std::size_t sizeOfNumber) {
-    const std::uint32_t size = number(sizeOfNumber);
-    if (size < sizeOfNumber) {
-      throw NotPlain();
-    }
+    const std::size_t size = number(sizeOfNumber);
     return take(size - sizeOfNumber);
   }
 
@@ -128,9 +126,10 @@ std::wstring nameOfFile(std::string_view item) {
   require((kind & kindMask) == file && (kind & wideShortName) == 0);
   // A byte without a meaning, size, date and time, attributes.
   reader.take(1 + 4 + 4 + 2);
-  const std::size_t nameSize = std::min(reader.left().find('\0'), reader.left().size()) + 1;
-  // The block begins at an even place.
-  reader.take(nameSize + nameSize % 2);
+  const std::size_t nameSize = reader.left().find('\0');
+  require(nameSize != std::string_view::npos);
+  // The block begins at an even place, behind one NUL or two.
+  reader.take(nameSize + 2 - nameSize % 2);
   Reader block(reader.part(2));
   const std::uint32_t version = block.number16();
   const std::uint32_t mark = block.number32();

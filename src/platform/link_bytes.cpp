@@ -46,8 +46,8 @@ class Reader {
   std::uint32_t number16() { return number(2); }
   std::uint32_t number32() { return number(4); }
 
-  /// What follows a number that counts its own bytes, too. A number that is too small becomes a size
-  /// that nothing has.
+  /// What follows a number that counts its own bytes, too. A number that is too small becomes a
+  /// size that nothing has.
   std::string_view part(std::size_t sizeOfNumber) {
     const std::size_t size = number(sizeOfNumber);
     return take(size - sizeOfNumber);

@@ -30,15 +30,15 @@ constexpr const char* peakRow = "load.1m.peak";
 struct Size {
   std::size_t records;
   const char* row;
-  int runs;
   double limit;
+  int runs;
   /// Most of the time goes into the painting, so the other side paints the same rows.
   bool painted;
 };
-constexpr Size sizes[] = {{smallest, "load.1k", 15, 3.0, true},
-                          {small, "load.10k", 15, 1.3, true},
-                          {large, "load.100k", 9, 1.1, false},
-                          {largest, "load.1m", 5, 1.1, false}};
+constexpr Size sizes[] = {{smallest, "load.1k", 3.0, 15, true},
+                          {small, "load.10k", 1.3, 15, true},
+                          {large, "load.100k", 1.1, 9, false},
+                          {largest, "load.1m", 1.1, 5, false}};
 
 /// Two catalogues of one size. They take turns as the program's catalogue.
 class Catalogues {

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <numeric>
 #include <string>
 #include <utility>
@@ -143,6 +144,15 @@ void supply(LVITEMW& item) {
   }
 }
 
+void notify(NMHDR& header) {
+  if (header.code == LVN_GETDISPINFOW) {
+    supply(std::bit_cast<NMLVDISPINFOW*>(&header)->item);
+  } else if (header.code == LVN_COLUMNCLICK) {
+    plain.sortedBy = std::bit_cast<NMLISTVIEW*>(&header)->iSubItem;
+    sortRows();
+  }
+}
+
 LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second) {
   switch (message) {
     case WM_COMMAND:
@@ -151,12 +161,7 @@ LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM secon
       }
       return 0;
     case WM_NOTIFY:
-      if (reinterpret_cast<NMHDR*>(second)->code == LVN_GETDISPINFOW) {
-        supply(reinterpret_cast<NMLVDISPINFOW*>(second)->item);
-      } else if (reinterpret_cast<NMHDR*>(second)->code == LVN_COLUMNCLICK) {
-        plain.sortedBy = reinterpret_cast<NMLISTVIEW*>(second)->iSubItem;
-        sortRows();
-      }
+      notify(*std::bit_cast<NMHDR*>(second));
       return 0;
     case bench::plainReload:
       readRows();
@@ -175,8 +180,8 @@ LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM secon
 
 HWND makeChild(HWND parent, int id, const wchar_t* classOfChild, DWORD style) {
   return CreateWindowExW(WS_EX_CLIENTEDGE, classOfChild, L"", WS_CHILD | WS_VISIBLE | style, 0, 0,
-                         100, 22, parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
-                         nullptr, nullptr);
+                         100, 22, parent, std::bit_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr,
+                         nullptr);
 }
 
 void makeColumns() {

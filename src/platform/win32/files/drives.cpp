@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <algorithm>
+#include <array>
 #include <optional>
 
 #include "platform/win32/files/paths.h"
@@ -22,8 +24,9 @@ RootFacts rootFacts(const std::wstring& path) {
   const std::wstring ordinary = win32::ordinaryPath(path);
   if (ordinary.starts_with(L"\\\\")) return {.connected = true, .slow = true};
   const auto kind = kindOf(ordinary);
+  constexpr std::array<UINT, 3> slow{DRIVE_REMOTE, DRIVE_REMOVABLE, DRIVE_CDROM};
   return {.connected = kind != DRIVE_NO_ROOT_DIR,
-          .slow = kind == DRIVE_REMOTE || kind == DRIVE_REMOVABLE || kind == DRIVE_CDROM};
+          .slow = std::find(slow.begin(), slow.end(), kind) != slow.end()};
 }
 
 bool isNetwork(const std::wstring& path) {

@@ -21,17 +21,13 @@
 namespace platform::shell_links {
 namespace {
 
-/// Whether the scripting object keeps this text. It uses the system's code page and writes question
+/// Whether the scripting object keeps all texts. It uses the system's code page and writes question
 /// marks for characters that are missing there.
-bool scriptingKeeps(const std::wstring& text) {
-  return text::fromCodePage(text::toCodePage(text)) == text;
-}
-
 bool scriptingKeeps(const std::wstring& linkPath, const Link& link) {
   const std::array texts{&linkPath,          &link.arguments,  &link.description,     &link.hotKey,
                          &link.iconLocation, &link.targetPath, &link.workingDirectory};
   return std::all_of(texts.begin(), texts.end(),
-                     [](const std::wstring* text) { return scriptingKeeps(*text); });
+                     [](const std::wstring* one) { return text::fitsCodePage(*one); });
 }
 
 /// No path contains a question mark; it stands for a character that the scripting object cannot
@@ -84,7 +80,7 @@ void write(const std::wstring& linkPath, const Link& link) {
 std::wstring targetOf(const std::wstring& linkPath) {
   if (win32::hasEmbeddedNul(linkPath)) return {};
   if (std::optional<std::wstring> target = plainTarget(linkPath)) return *target;
-  if (scriptingKeeps(linkPath)) {
+  if (text::fitsCodePage(linkPath)) {
     std::wstring target = win32::script_link::targetOf(linkPath);
     if (!target.empty() && !isGarbled(target)) return target;
   }

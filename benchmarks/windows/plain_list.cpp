@@ -16,6 +16,7 @@
 #include <utility>
 #include <vector>
 
+#include "windows/list_columns.h"
 #include "windows/plain_list.h"
 #include "windows/whole_file.h"
 
@@ -184,19 +185,6 @@ HWND makeChild(HWND parent, int id, const wchar_t* classOfChild, DWORD style) {
                          nullptr);
 }
 
-void makeColumns() {
-  for (int index = 0; index < static_cast<int>(Row{}.size()); ++index) {
-    LVCOLUMNW column{};
-    column.mask = LVCF_WIDTH | LVCF_TEXT | LVCF_SUBITEM;
-    column.cx = 150;
-    wchar_t text[] = L"Column";
-    column.pszText = text;
-    column.iSubItem = index;
-    SendMessageW(plain.list, LVM_INSERTCOLUMNW, static_cast<WPARAM>(index),
-                 reinterpret_cast<LPARAM>(&column));
-  }
-}
-
 /// The system's font, and a picture: without them the rows would be of another height than the
 /// program's. And with a picture of the list in memory the system paints it faster.
 void dressList() {
@@ -239,7 +227,7 @@ int WINAPI wWinMain(HINSTANCE instance, HINSTANCE /*previous*/, PWSTR /*commandL
   plain.other = makeChild(window, bench::plainOther, WC_LISTVIEWW, LVS_ICON);
   ShowWindow(plain.other, SW_HIDE);
   dressList();
-  makeColumns();
+  bench::addColumns(plain.list, static_cast<int>(Row{}.size()));
   search();
   ShowWindow(window, SW_SHOWNOACTIVATE);
   MSG message{};

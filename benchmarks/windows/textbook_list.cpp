@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <vector>
 
+#include "windows/list_columns.h"
 #include "windows/measure.h"
 #include "windows/whole_file.h"
 
@@ -29,15 +30,7 @@ HWND makeList() {
   HWND const list =
       CreateWindowExW(0, WC_LISTVIEWW, L"", WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_SINGLESEL, 0,
                       0, 760, 460, frame, nullptr, nullptr, nullptr);
-  for (int index = 0; index < columnCount; ++index) {
-    LVCOLUMNW column{};
-    column.mask = LVCF_WIDTH | LVCF_TEXT | LVCF_SUBITEM;
-    column.cx = 150;
-    wchar_t text[] = L"Column";
-    column.pszText = text;
-    column.iSubItem = index;
-    ListView_InsertColumn(list, index, &column);
-  }
+  bench::addColumns(list, columnCount);
   RedrawWindow(frame, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
   return list;
 }

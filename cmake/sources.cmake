@@ -27,6 +27,7 @@ set(platform_sources
   src/platform/controls/text_store.cpp
   src/platform/controls/window.cpp)
 set(icons_sources
+  src/icons/drawing.cpp
   src/icons/icon_images.cpp
   src/icons/scaling.cpp)
 set(paths_sources

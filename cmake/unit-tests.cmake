@@ -5,7 +5,7 @@ target_include_directories(gateway_in_memory PUBLIC src tests
   ${CMAKE_CURRENT_BINARY_DIR}/generated)
 target_link_libraries(gateway_in_memory PRIVATE gateway_warnings)
 # Half of the time of compiling goes into these headers. A missing include is found where they are
-# not precompiled: by the preset "fuzz".
+# not precompiled: by the preset "windows-clang".
 target_precompile_headers(gateway_in_memory PRIVATE <algorithm> <array> <cstdint> <functional> <map>
   <memory> <optional> <set> <string> <string_view> <utility> <vector>)
 
@@ -28,6 +28,10 @@ add_executable(fault_tests ${fault_test_sources})
 target_link_libraries(fault_tests PRIVATE gateway_in_memory gateway_warnings GTest::gtest_main)
 # Its own, though it has the same headers: taking that of the unit tests would mean waiting for them.
 target_precompile_headers(fault_tests PRIVATE ${test_headers})
+
+foreach(program unit_tests fault_tests)
+  compile_together(${program})
+endforeach()
 
 # Most of the time of compiling a test goes into making its code fast and into checking it. What is
 # to be checked is the program.

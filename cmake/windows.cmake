@@ -1,26 +1,35 @@
 enable_language(RC)
 include(cmake/windows-definitions.cmake)
 
-add_library(gateway STATIC ${portable_sources} ${win32_sources})
-target_include_directories(gateway PUBLIC src ${CMAKE_CURRENT_BINARY_DIR}/generated)
+# Two libraries, because a released program is made small but for what is done for each record.
+set(small_sources ${portable_sources} ${win32_sources})
+list(REMOVE_ITEM small_sources ${sources_for_each_record})
+add_library(gateway_for_each_record OBJECT ${sources_for_each_record})
+add_library(gateway STATIC ${small_sources} $<TARGET_OBJECTS:gateway_for_each_record>)
+foreach(library gateway_for_each_record gateway)
+  target_include_directories(${library} PUBLIC src ${CMAKE_CURRENT_BINARY_DIR}/generated)
+  target_link_libraries(${library} PUBLIC windows_definitions PRIVATE gateway_warnings)
+  if(NOT MSVC)
+    # Two builds of the same sources give the same program, at any time and in any folder.
+    target_compile_options(${library} PUBLIC -ffunction-sections -fdata-sections
+      -fstack-protector-strong -ffile-prefix-map=${CMAKE_SOURCE_DIR}=.)
+  endif()
+  compile_together(${library})
+endforeach()
 if(NOT MSVC)
-  target_compile_options(gateway PUBLIC -ffunction-sections -fdata-sections
-    -fstack-protector-strong)
-  target_link_options(gateway PUBLIC -fstack-protector-strong -Wl,--gc-sections)
-  # Two builds of the same sources give the same program, at any time and in any folder.
-  target_compile_options(gateway PUBLIC -ffile-prefix-map=${CMAKE_SOURCE_DIR}=.)
-  target_link_options(gateway PUBLIC -Wl,--no-insert-timestamp)
+  target_link_options(gateway PUBLIC -fstack-protector-strong -Wl,--gc-sections
+    -Wl,--no-insert-timestamp)
 endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_BUILD_TYPE STREQUAL "Release")
   target_compile_options(gateway PUBLIC -Os)
-  # GCC does not take headers that were precompiled for another kind of code.
-  set_source_files_properties(${sources_for_each_record} PROPERTIES COMPILE_OPTIONS -O3
-    SKIP_PRECOMPILE_HEADERS ON)
 endif()
-target_link_libraries(gateway PUBLIC windows_definitions windows_alone comctl32 gdi32 ole32 oleaut32
+target_link_libraries(gateway PUBLIC windows_alone comctl32 gdi32 ole32 oleaut32
   shell32 shlwapi uuid advapi32)
-target_link_libraries(gateway PRIVATE gateway_warnings)
 precompile(gateway ${GATEWAY_COMMON_HEADERS})
+if(GATEWAY_QUICK)
+  # Each has to include what it uses.
+  set_source_files_properties(${portable_sources} PROPERTIES SKIP_PRECOMPILE_HEADERS ON)
+endif()
 
 if(CMAKE_SIZEOF_VOID_P EQUAL 8)
   set(GATEWAY_ARCHITECTURE amd64)
@@ -32,7 +41,7 @@ configure_file(resources/gateway.manifest.in generated/gateway.manifest @ONLY)
 
 add_executable(gateway3 WIN32 src/main.cpp resources/gateway.rc)
 # The pictures named in the script are its dependencies.
-file(GLOB picture_files CONFIGURE_DEPENDS resources/icons/*.ico resources/pictures/*.bmp)
+file(GLOB picture_files CONFIGURE_DEPENDS resources/icons/*.ico resources/pictures/*.drawing)
 set_source_files_properties(resources/gateway.rc PROPERTIES OBJECT_DEPENDS
   "${picture_files};${CMAKE_CURRENT_BINARY_DIR}/generated/gateway.manifest;${CMAKE_CURRENT_BINARY_DIR}/generated/version.h")
 target_include_directories(gateway3 PRIVATE resources)

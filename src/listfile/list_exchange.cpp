@@ -51,7 +51,7 @@ Merged merged(std::string content, std::string_view more, const KeyOf& keyOf) {
 
 namespace {
 
-constexpr char32_t replacement = 0xFFFD;
+constexpr char32_t unreadable = 0xFFFD;
 
 bool isHigh(char32_t unit) { return unit >= 0xD800 && unit < 0xDC00; }
 bool isLow(char32_t unit) { return unit >= 0xDC00 && unit < 0xE000; }
@@ -65,7 +65,7 @@ char32_t characterAt(std::wstring_view text, std::size_t& place) {
       return 0x10000 + ((unit - 0xD800) << 10U) + (next - 0xDC00);
     }
   }
-  return isHigh(unit) || isLow(unit) ? replacement : unit;
+  return isHigh(unit) || isLow(unit) ? unreadable : unit;
 }
 
 void appendUtf8(std::string& bytes, char32_t character) {

@@ -17,8 +17,6 @@ namespace files = platform::files;
 
 namespace {
 
-constexpr std::string_view lineEnd = "\r\n";
-
 bool isBlank(char c) { return c == ' ' || c == '\t'; }
 
 std::string_view withoutLeadingBlanks(std::string_view text) {

@@ -16,6 +16,9 @@
 
 namespace list_file {
 
+/// What the program writes behind a record.
+inline constexpr std::string_view lineEnd = "\r\n";
+
 /// One line of a list file. The views point into the bytes that were given to the reader.
 struct Record {
   static constexpr std::size_t fieldsRead = 3;

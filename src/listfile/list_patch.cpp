@@ -16,8 +16,6 @@ namespace bytes = platform::bytes;
 
 namespace {
 
-constexpr std::string_view lineEnd = "\r\n";
-
 /// Whether a line begins at a place of the contents.
 bool isLineStart(std::string_view content, std::size_t place) {
   return place == 0 || content[place - 1] == '\n' ||

@@ -1,7 +1,7 @@
 // Steps of a demonstration, for scripts that take pictures in between. One start takes one or more
 // steps, separated by "+"; most take an argument:
 //
-//   drive wait-splash          until the splash window is up
+//   drive wait-splash          until the splash window is up and painted
 //   drive wait-main            until the main window is up and its first three lists are filled;
 //                              with "empty", until the third is
 //   drive tab Open             clicks a tab
@@ -42,6 +42,7 @@
 #include "harness/dialogs.h"
 #include "harness/input.h"
 #include "harness/list_view.h"
+#include "harness/looks.h"
 #include "harness/permission.h"
 #include "harness/picture.h"
 #include "harness/text.h"
@@ -188,7 +189,7 @@ struct Step {
 };
 
 constexpr std::array steps{
-    Step{L"wait-splash", [](Argument) { shownWindow(L"frmSplash"); }},
+    Step{L"wait-splash", [](Argument) { harness::paint(shownWindow(L"frmSplash")); }},
     Step{L"wait-main", waitForMain},
     Step{L"tab", chooseTab},
     Step{L"wait-row", [](Argument text) { rowOf(list(mainWindow(), 1), text); }},

@@ -14,12 +14,16 @@ constexpr const wchar_t* newUrl = L"http://";
 class WebDialog : public WebTest {
  protected:
   static void expectCreateRole(const FormReader& dialog) {
-    EXPECT_EQ(dialog.caption(), L"Create a Web Short Cut");
-    EXPECT_EQ(dialog.textOf(ids::webOK), L"Create");
+    expectRole(dialog, L"Create a Web Short Cut", L"Create");
   }
   static void expectRenameRole(const FormReader& dialog) {
-    EXPECT_EQ(dialog.caption(), L"Rename Web Shortcut");
-    EXPECT_EQ(dialog.textOf(ids::webOK), L"Rename");
+    expectRole(dialog, L"Rename Web Shortcut", L"Rename");
+  }
+  /// A dialog that is open already gets its role after it has come forward.
+  static void expectRole(const FormReader& dialog, const std::wstring& caption,
+                         const std::wstring& button) {
+    EXPECT_TRUE(eventually([&dialog] { return dialog.caption(); }, caption));
+    EXPECT_TRUE(eventually([&dialog] { return dialog.textOf(ids::webOK); }, button));
   }
   static void expectInitialTexts(const FormReader& dialog) {
     EXPECT_EQ(dialog.textOf(ids::webLabel1), L"Name");

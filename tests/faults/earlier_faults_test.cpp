@@ -2,9 +2,6 @@
 // turn.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cctype>
-
 #include "catalogue/catalogue_file.h"
 #include "faults/sweep.h"
 #include "mainwindow/control_ids.h"
@@ -152,7 +149,7 @@ bool restoredIsKept(const Fault& fault) {
   return false;
 }
 
-std::vector<Operation> operations() {
+std::vector<Operation> operationsOnEarlierLists() {
   return {
       {.name = "keep the lists of a day",
        .prepare = beginDay,
@@ -200,19 +197,8 @@ class EarlierFaults : public ::testing::TestWithParam<Operation> {};
 
 TEST_P(EarlierFaults, NoCallThatFailsLosesAnything) { sweepCalls(GetParam()); }
 
-std::string nameOf(const ::testing::TestParamInfo<Operation>& info) {
-  std::string name;
-  bool capital = true;
-  for (const char c : info.param.name) {
-    if (c != ' ') {
-      name += capital ? static_cast<char>(std::toupper(static_cast<unsigned char>(c))) : c;
-    }
-    capital = c == ' ';
-  }
-  return name;
-}
-
-INSTANTIATE_TEST_SUITE_P(Each, EarlierFaults, ::testing::ValuesIn(operations()), nameOf);
+INSTANTIATE_TEST_SUITE_P(Each, EarlierFaults, ::testing::ValuesIn(operationsOnEarlierLists()),
+                         nameOfTest);
 
 }  // namespace
 }  // namespace faults

@@ -15,8 +15,6 @@ namespace {
 using memory::desktop;
 using platform::dialogs::Answer;
 
-void nothing(Rig& /*rig*/) {}
-
 Texts reported(const Fault& fault) { return {untrapped(fault)}; }
 Texts problemWithSaving(const Fault& fault) { return {trapped(fault)}; }
 
@@ -205,16 +203,16 @@ bool endsLooking(const Fault& fault) {
 }
 
 /// The messages after a question, when the list could not be written or shown.
-Texts afterQuestion(const std::wstring& question, const Fault& fault) {
-  return fault.inReload() ? Texts{question, trapped(fault), fault.clean.messages.back()}
-                          : Texts{question, trapped(fault)};
+Texts afterQuestion(const std::wstring& asked, const Fault& fault) {
+  return fault.inReload() ? Texts{asked, trapped(fault), fault.clean.messages.back()}
+                          : Texts{asked, trapped(fault)};
 }
 
-Texts withQuestion(const std::wstring& question, const Fault& fault) {
-  return {question, untrapped(fault)};
+Texts withQuestion(const std::wstring& asked, const Fault& fault) {
+  return {asked, untrapped(fault)};
 }
 
-std::vector<Operation> operations() {
+std::vector<Operation> operationsOnTheLists() {
   const std::wstring gone =
       L"File does not exist: D:\\Gone.fp3\rIt may have been moved or deleted. Do you wish to "
       L"locate the file yourself? ";
@@ -230,7 +228,7 @@ std::vector<Operation> operations() {
     return withQuestion(L"Are your sure you want to delete ONE.FP3", fault);
   };
   std::vector<Operation> all{
-      {.name = "build", .prepare = nothing, .run = build, .told = reported},
+      {.name = "build", .prepare = prepareNothing, .run = build, .told = reported},
       {.name = "build over a stale temporary file",
        .prepare = leaveStaleFile,
        .run = build,
@@ -240,7 +238,7 @@ std::vector<Operation> operations() {
        .run = [](Rig& rig) { modQMKGeneral::LoadCatalogueView(rig.main().catalogue); },
        .told = [](const Fault& fault) { return Texts{catalogueProblem(fault)}; },
        .listsAreRight = dataListIsEmpty},
-      {.name = "add", .prepare = nothing, .run = addNew, .told = problemWithSaving},
+      {.name = "add", .prepare = prepareNothing, .run = addNew, .told = problemWithSaving},
       {.name = "add over a stale temporary file",
        .prepare = leaveStaleFile,
        .run = addNew,
@@ -250,7 +248,7 @@ std::vector<Operation> operations() {
        .run = addNew,
        .told = problemWithSaving},
       {.name = "add while another program writes",
-       .prepare = nothing,
+       .prepare = prepareNothing,
        .run =
            [](Rig& rig) {
              disturbOnce();
@@ -259,7 +257,7 @@ std::vector<Operation> operations() {
        .told = problemWithSaving,
        .addOthersWork = addOthersRecord},
       {.name = "update",
-       .prepare = nothing,
+       .prepare = prepareNothing,
        .run =
            [](Rig& /*rig*/) { modQMKGeneral::AddOrUpdateCatalogueEntry(L"d:\\one.FP3", L"FP3"); },
        .told = problemWithSaving},
@@ -276,7 +274,7 @@ std::vector<Operation> operations() {
        .prepare = selectGone,
        .run = declineToLocate,
        .told = [gone](const Fault& fault) { return withQuestion(gone, fault); }},
-      {.name = "refresh", .prepare = nothing, .run = refresh, .told = reported},
+      {.name = "refresh", .prepare = prepareNothing, .run = refresh, .told = reported},
       {.name = "refresh over a stale temporary file",
        .prepare = leaveStaleFile,
        .run = refresh,
@@ -480,7 +478,7 @@ std::vector<Operation> operations() {
              return told;
            }},
       {.name = "tick of the watch",
-       .prepare = nothing,
+       .prepare = prepareNothing,
        .run =
            [](Rig& rig) {
              rig.main().catalogue.lastSeen = 0;
@@ -561,21 +559,8 @@ class ListFileFaults : public ::testing::TestWithParam<Operation> {};
 
 TEST_P(ListFileFaults, NoCallThatFailsLosesAnything) { sweepCalls(GetParam()); }
 
-std::string nameOf(const ::testing::TestParamInfo<Operation>& info) {
-  std::string name;
-  bool capital = true;
-  for (const char c : info.param.name) {
-    if (c == ' ') {
-      capital = true;
-      continue;
-    }
-    name += capital ? static_cast<char>(std::toupper(static_cast<unsigned char>(c))) : c;
-    capital = false;
-  }
-  return name;
-}
-
-INSTANTIATE_TEST_SUITE_P(Each, ListFileFaults, ::testing::ValuesIn(operations()), nameOf);
+INSTANTIATE_TEST_SUITE_P(Each, ListFileFaults, ::testing::ValuesIn(operationsOnTheLists()),
+                         nameOfTest);
 
 class ListFileLooks : public ::testing::TestWithParam<Operation> {};
 
@@ -583,7 +568,8 @@ TEST_P(ListFileLooks, NothingIsLostWhenASearchFindsNothingOrMemoryRunsOut) {
   sweepLooks(GetParam());
 }
 
-INSTANTIATE_TEST_SUITE_P(Each, ListFileLooks, ::testing::ValuesIn(operations()), nameOf);
+INSTANTIATE_TEST_SUITE_P(Each, ListFileLooks, ::testing::ValuesIn(operationsOnTheLists()),
+                         nameOfTest);
 
 class ListFileMemory : public ::testing::TestWithParam<Operation> {};
 
@@ -591,7 +577,8 @@ TEST_P(ListFileMemory, NothingIsLostWhenItRunsOut) { sweepMemory(GetParam()); }
 
 TEST_P(ListFileMemory, NothingIsLostWhenAListIsRefused) { sweepPeers(GetParam()); }
 
-INSTANTIATE_TEST_SUITE_P(Each, ListFileMemory, ::testing::ValuesIn(operations()), nameOf);
+INSTANTIATE_TEST_SUITE_P(Each, ListFileMemory, ::testing::ValuesIn(operationsOnTheLists()),
+                         nameOfTest);
 
 }  // namespace
 }  // namespace faults

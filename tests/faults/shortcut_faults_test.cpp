@@ -178,7 +178,7 @@ bool dataListIsEmptyAfterReading(const Fault& fault) {
   return fault.now.lists == expected;
 }
 
-std::vector<Operation> operations() {
+std::vector<Operation> operationsOnShortcuts() {
   return {
       {.name = "create",
        .prepare = [](Rig& /*rig*/) {},
@@ -231,12 +231,11 @@ class ShortcutFaults : public ::testing::TestWithParam<Operation> {};
 
 TEST_P(ShortcutFaults, NoCallThatFailsLosesAnything) { sweepCalls(GetParam()); }
 
-std::string nameOf(const ::testing::TestParamInfo<Operation>& info) { return info.param.name; }
-
-INSTANTIATE_TEST_SUITE_P(Each, ShortcutFaults, ::testing::ValuesIn(operations()), nameOf);
+INSTANTIATE_TEST_SUITE_P(Each, ShortcutFaults, ::testing::ValuesIn(operationsOnShortcuts()),
+                         nameOfTest);
 
 std::vector<Operation> looking() {
-  std::vector<Operation> all = operations();
+  std::vector<Operation> all = operationsOnShortcuts();
   // A start makes no calls that only read.
   std::erase_if(all,
                 [](const Operation& operation) { return operation.name.starts_with("start"); });
@@ -247,7 +246,7 @@ class LookFaults : public ::testing::TestWithParam<Operation> {};
 
 TEST_P(LookFaults, NothingIsLostWhenACallFindsNothingOrMemoryRunsOut) { sweepLooks(GetParam()); }
 
-INSTANTIATE_TEST_SUITE_P(Each, LookFaults, ::testing::ValuesIn(looking()), nameOf);
+INSTANTIATE_TEST_SUITE_P(Each, LookFaults, ::testing::ValuesIn(looking()), nameOfTest);
 
 class ShortcutMemory : public ::testing::TestWithParam<Operation> {};
 
@@ -255,7 +254,8 @@ TEST_P(ShortcutMemory, NothingIsLostWhenItRunsOut) { sweepMemory(GetParam()); }
 
 TEST_P(ShortcutMemory, NothingIsLostWhenAListIsRefused) { sweepPeers(GetParam()); }
 
-INSTANTIATE_TEST_SUITE_P(Each, ShortcutMemory, ::testing::ValuesIn(operations()), nameOf);
+INSTANTIATE_TEST_SUITE_P(Each, ShortcutMemory, ::testing::ValuesIn(operationsOnShortcuts()),
+                         nameOfTest);
 
 }  // namespace
 }  // namespace faults

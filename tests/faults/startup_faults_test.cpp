@@ -78,9 +78,9 @@ void checkStart(const Start& start, const State& clean, bool overlooked = false)
   const State& old = start.fault.old;
   const State& now = start.fault.now;
   const std::string catalogue = now.file(catalogueFile);
-  const std::string before = old.file(catalogueFile);
-  if (!overlooked || !catalogue.starts_with(before)) {
-    EXPECT_TRUE(isOneOf(catalogue, {before, clean.file(catalogueFile), before + example}));
+  const std::string formerly = old.file(catalogueFile);
+  if (!overlooked || !catalogue.starts_with(formerly)) {
+    EXPECT_TRUE(isOneOf(catalogue, {formerly, clean.file(catalogueFile), formerly + example}));
   }
   EXPECT_EQ(now.file(webListFile), old.file(webListFile));
   for (const auto& [path, bytes] : old.files) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cctype>
 #include <iterator>
 #include <set>
 #include <sstream>
@@ -232,6 +233,18 @@ void sweepLooks(const Operation& operation) {
   }
   ASSERT_GT(cases, 0) << "the operation makes no call that only looks";
   countCases("calls that find nothing or run out of memory", operation.name, cases);
+}
+
+std::string nameOfTest(const ::testing::TestParamInfo<Operation>& info) {
+  std::string name;
+  bool capital = true;
+  for (const char c : info.param.name) {
+    if (c != ' ') {
+      name += capital ? static_cast<char>(std::toupper(static_cast<unsigned char>(c))) : c;
+    }
+    capital = c == ' ';
+  }
+  return name;
 }
 
 }  // namespace faults

@@ -121,6 +121,12 @@ struct Operation {
   std::function<bool(const std::wstring&)> mayBeGone = {};
 };
 
+/// The state before the operation is already there.
+inline void prepareNothing(Rig& /*rig*/) {}
+
+/// The name of an operation as that of its test: each word with a capital, without blanks.
+[[nodiscard]] std::string nameOfTest(const ::testing::TestParamInfo<Operation>& info);
+
 /// For GoogleTest, which would otherwise print the bytes of the object.
 inline void PrintTo(const Operation& operation, std::ostream* out) { *out << operation.name; }
 

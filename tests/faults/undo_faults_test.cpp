@@ -26,7 +26,7 @@ void command(Rig& rig, int id) {
   rig.main().commands.item(id).fireClick();
 }
 
-void erase(Rig& rig) {
+void eraseAnswering(Rig& rig) {
   desktop().answers = {Answer::yes};
   command(rig, ids::mnuDelete);
 }
@@ -50,17 +50,17 @@ struct Tried {
 
 void PrintTo(const Tried& tried, std::ostream* out) { *out << tried.name; }
 
-const std::vector<Tried>& operations() {
+const std::vector<Tried>& operationsToUndo() {
   static const std::vector<Tried> all{
       {"DeleteAFile",
        [](Rig& rig) {
          rig.select(frmQMK::open, L"One.fp3");
-         erase(rig);
+         eraseAnswering(rig);
        }},
       {"DeleteAMissingFile",
        [](Rig& rig) {
          rig.select(frmQMK::open, L"Gone.fp3");
-         erase(rig);
+         eraseAnswering(rig);
        }},
       {"RenameAFile",
        [](Rig& rig) {
@@ -80,13 +80,13 @@ const std::vector<Tried>& operations() {
       {"DeleteAWebShortcut",
        [](Rig& rig) {
          rig.select(frmQMK::web, L"Weather");
-         erase(rig);
+         eraseAnswering(rig);
        }},
       {"AddAnAddress", [](Rig& rig) { paste(rig, frmQMK::web, {.text = L"http://new.example"}); }},
       {"DeleteAShortcut",
        [](Rig& rig) {
          rig.select(frmQMK::tools, L"Calc");
-         erase(rig);
+         eraseAnswering(rig);
        }},
       {"RenameAShortcut",
        [](Rig& rig) {
@@ -228,7 +228,7 @@ TEST_P(UndoFaults, WithoutMemoryNothingIsLost) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Each, UndoFaults, ::testing::ValuesIn(operations()),
+INSTANTIATE_TEST_SUITE_P(Each, UndoFaults, ::testing::ValuesIn(operationsToUndo()),
                          [](const auto& tested) { return tested.param.name; });
 
 /// Any operations on any entries.

@@ -59,7 +59,7 @@ bool listsMayShow(const Fault& fault, const std::wstring& oldName, const std::ws
   return shown == items;
 }
 
-std::vector<Operation> operations() {
+std::vector<Operation> operationsOnUnheldNames() {
   return {
       {.name = "add a file in its short form",
        .prepare = [](Rig& rig) { list(rig, "D:\\Another.fp3"); },
@@ -107,13 +107,8 @@ TEST_P(UnheldNamesFaults, NothingIsLostWhenASearchFindsNothingOrMemoryRunsOut) {
   sweepLooks(GetParam());
 }
 
-std::string nameOf(const ::testing::TestParamInfo<Operation>& info) {
-  std::string name = info.param.name;
-  std::replace(name.begin(), name.end(), ' ', '_');
-  return name;
-}
-
-INSTANTIATE_TEST_SUITE_P(Each, UnheldNamesFaults, ::testing::ValuesIn(operations()), nameOf);
+INSTANTIATE_TEST_SUITE_P(Each, UnheldNamesFaults, ::testing::ValuesIn(operationsOnUnheldNames()),
+                         nameOfTest);
 
 }  // namespace
 }  // namespace faults

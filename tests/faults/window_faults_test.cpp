@@ -10,15 +10,13 @@ namespace {
 
 using memory::desktop;
 
-void nothing(Rig& /*rig*/) {}
-
 void reload(Rig& rig, frmQMK::Tab tab) { rig.main().lstQMK.at(tab).fireKey({controls::keys::f5}); }
 
-std::vector<Operation> operations() {
+std::vector<Operation> operationsOnWindows() {
   const auto onWebTab = [](Rig& rig) { rig.select(frmQMK::web, L"Weather"); };
   return {
       {.name = "reload the tools",
-       .prepare = nothing,
+       .prepare = prepareNothing,
        .run = [](Rig& rig) { reload(rig, frmQMK::tools); }},
       {.name = "reload the tools with one on a share",
        .prepare =
@@ -36,13 +34,13 @@ std::vector<Operation> operations() {
              desktop().advance(0);
            }},
       {.name = "reload the data files",
-       .prepare = nothing,
+       .prepare = prepareNothing,
        .run = [](Rig& rig) { reload(rig, frmQMK::open); }},
       {.name = "reload the web list",
-       .prepare = nothing,
+       .prepare = prepareNothing,
        .run = [](Rig& rig) { reload(rig, frmQMK::web); }},
       {.name = "sort by a column",
-       .prepare = nothing,
+       .prepare = prepareNothing,
        .run =
            [](Rig& rig) {
              controls::ListView& list = rig.main().lstQMK[frmQMK::open];
@@ -51,7 +49,7 @@ std::vector<Operation> operations() {
              static_cast<void>(list.cell(0, 0));
            }},
       {.name = "narrow a list",
-       .prepare = nothing,
+       .prepare = prepareNothing,
        .run =
            [](Rig& rig) {
              rig.main().TabMain.fireSwitch(frmQMK::open);
@@ -60,7 +58,7 @@ std::vector<Operation> operations() {
              }
            }},
       {.name = "show the newest files first",
-       .prepare = nothing,
+       .prepare = prepareNothing,
        .run =
            [](Rig& rig) {
              rig.main().commands.item(ids::mnuNewestFirst).fireClick();
@@ -68,7 +66,7 @@ std::vector<Operation> operations() {
              static_cast<void>(rig.main().lstQMK[frmQMK::open].cell(0, 0));
            }},
       {.name = "fit the columns",
-       .prepare = nothing,
+       .prepare = prepareNothing,
        .run =
            [](Rig& rig) {
              rig.main().TabMain.fireSwitch(frmQMK::open);
@@ -90,7 +88,7 @@ std::vector<Operation> operations() {
                           platform::RunTimeError(fault.number).description()};
            }},
       {.name = "look for what is not there",
-       .prepare = nothing,
+       .prepare = prepareNothing,
        .run =
            [](Rig& rig) {
              rig.main().TabMain.fireSwitch(frmQMK::open);
@@ -98,7 +96,7 @@ std::vector<Operation> operations() {
              desktop().advance(100);
            }},
       {.name = "go through the tabs",
-       .prepare = nothing,
+       .prepare = prepareNothing,
        .run =
            [](Rig& rig) {
              for (const int tab : {1, 2, 3, 0}) {
@@ -106,14 +104,14 @@ std::vector<Operation> operations() {
              }
            }},
       {.name = "change the view",
-       .prepare = nothing,
+       .prepare = prepareNothing,
        .run =
            [](Rig& rig) {
              rig.main().mnuList.fireClick();
              rig.main().mnuIcon.fireClick();
            }},
       {.name = "change the density of the screen",
-       .prepare = nothing,
+       .prepare = prepareNothing,
        .run =
            [](Rig& rig) {
              rig.main().fireLayout({1200, 900}, 144);
@@ -141,14 +139,14 @@ std::vector<Operation> operations() {
              desktop().advance(0);
            }},
       {.name = "refuse the end of the session",
-       .prepare = nothing,
+       .prepare = prepareNothing,
        .run =
            [](Rig& rig) {
              script([] { desktop().answers = {platform::dialogs::Answer::no}; });
              rig.main().fireClose(controls::UnloadMode::sessionEnd);
            }},
       {.name = "show the about box",
-       .prepare = nothing,
+       .prepare = prepareNothing,
        .run =
            [](Rig& rig) {
              rig.main().mnuAbout.fireClick();
@@ -166,7 +164,7 @@ TEST_P(WindowMemory, NothingIsLostWhenItRunsOut) { sweepMemory(GetParam()); }
 TEST_P(WindowMemory, NothingIsLostWhenAListIsRefused) { sweepPeers(GetParam()); }
 
 INSTANTIATE_TEST_SUITE_P(
-    Each, WindowMemory, ::testing::ValuesIn(operations()), [](const auto& tested) {
+    Each, WindowMemory, ::testing::ValuesIn(operationsOnWindows()), [](const auto& tested) {
       std::string name;
       bool capital = true;
       for (const char c : tested.param.name) {

@@ -1,10 +1,11 @@
-// A picture is shown as it was drawn for the size, or made smaller; it is never stretched up to
-// 400 %.
+// An icon is shown as it was drawn for the size, or made smaller; it is never stretched up to 400
+// %. A drawing is painted for the size.
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <algorithm>
 #include <cstddef>
-#include <cstdlib>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -21,9 +22,11 @@ using icons::scaledDown;
 using platform::Picture;
 using platform::Size;
 using platform::win32::BitmapHandle;
+using platform::win32::drawnPicture;
 using platform::win32::Icon;
+using platform::win32::loadDrawing;
+using platform::win32::loadDrawingWithHoles;
 using platform::win32::loadIcon;
-using platform::win32::loadPicture;
 using platform::win32::pictureFromIcon;
 using platform::win32::storedPicture;
 
@@ -38,34 +41,10 @@ std::optional<Picture> loaded(const wchar_t* name, int side) {
   return loaded(GetModuleHandleW(nullptr), name, side);
 }
 
-/// The average difference of the channels of two pictures of one size.
-double difference(const Picture& first, const Picture& second) {
-  constexpr int channels = 4;
-  long long sum = 0;
-  for (std::size_t i = 0; i < first.pixels.size(); ++i) {
-    for (unsigned place = 0; place < channels * 8; place += 8) {
-      sum += std::abs(static_cast<int>(first.pixels[i] >> place & 0xFFU) -
-                      static_cast<int>(second.pixels[i] >> place & 0xFFU));
-    }
-  }
-  return static_cast<double>(sum) / (channels * static_cast<double>(first.pixels.size()));
-}
-
 Size sizeOf(const BitmapHandle& bitmap) {
   BITMAP facts{};
   GetObjectW(bitmap.get(), sizeof facts, &facts);
   return {static_cast<int>(facts.bmWidth), static_cast<int>(facts.bmHeight)};
-}
-
-/// One row of a bitmap.
-std::vector<COLORREF> rowOf(const BitmapHandle& bitmap, int row) {
-  const platform::win32::MemoryDc memory(CreateCompatibleDC(nullptr));
-  const platform::win32::Selection selected(memory.get(), bitmap.get());
-  std::vector<COLORREF> colours;
-  for (int column = 0; column < sizeOf(bitmap).width; ++column) {
-    colours.push_back(GetPixel(memory.get(), column, row));
-  }
-  return colours;
 }
 
 class OwnIconOfSize : public ::testing::TestWithParam<int> {};
@@ -105,59 +84,63 @@ TEST(OwnIcon, WithoutAResourceIsNothing) {
   EXPECT_FALSE(loadIcon(L"NO_SUCH_ICON", {16, 16}));
 }
 
-TEST(OwnIcon, TooLargeForAnIconIsPutTogetherFromItsQuarters) {
-  for (const int side : {288, 384}) {
-    const auto whole = storedPicture(L"ABOUT", side);
-    ASSERT_TRUE(whole) << side;
-    ASSERT_EQ(whole->size, (Size{side, side}));
-    const int half = side / 2;
-    for (int quarter = 0; quarter < 4; ++quarter) {
-      const auto part = loaded((L"ABOUT_" + std::to_wstring(quarter + 1)).c_str(), half);
-      ASSERT_TRUE(part);
-      Picture cut{{half, half}, {}};
-      for (int row = 0; row < half; ++row) {
-        const std::ptrdiff_t line = quarter / 2 * half + row;
-        const auto from = whole->pixels.begin() + line * side + (quarter % 2 == 0 ? 0 : half);
-        cut.pixels.insert(cut.pixels.end(), from, from + half);
-      }
-      EXPECT_EQ(cut, *part) << quarter;
+TEST(OwnDrawing, FillsABitmapOfAnySize) {
+  const BitmapHandle bitmap = loadDrawing(L"SPLASH", {481, 299});
+  ASSERT_TRUE(bitmap);
+  EXPECT_EQ(sizeOf(bitmap), (Size{481, 299}));
+  const auto picture = drawnPicture(L"SPLASH", {481, 299});
+  ASSERT_TRUE(picture);
+  const platform::win32::MemoryDc memory(CreateCompatibleDC(nullptr));
+  const platform::win32::Selection selected(memory.get(), bitmap.get());
+  for (int row = 0; row < 299; row += 23) {
+    for (int column = 0; column < 481; column += 16) {
+      const COLORREF shown = GetPixel(memory.get(), column, row);
+      const std::uint32_t painted = 0xFF000000U | std::uint32_t{GetRValue(shown)} << 16U |
+                                    std::uint32_t{GetGValue(shown)} << 8U | GetBValue(shown);
+      ASSERT_EQ(painted, picture->pixels[static_cast<std::size_t>(row) * 481 + column])
+          << column << ", " << row;
     }
-    // The same drawing: every quarter is at its place.
-    const auto small = storedPicture(L"ABOUT", 96);
-    ASSERT_TRUE(small);
-    EXPECT_LT(difference(scaledDown(*whole, 96), *small), 2.0);
-    const auto icon = pictureFromIcon(loadIcon(L"ABOUT", {side, side}).get());
-    ASSERT_TRUE(icon);
-    EXPECT_EQ(*icon, *whole);
   }
 }
 
-TEST(OwnIcon, BetweenIconAndQuartersIsMadeFromTheQuarters) {
-  const auto picture = storedPicture(L"ABOUT", 264);
-  const auto whole = storedPicture(L"ABOUT", 288);
-  ASSERT_TRUE(picture && whole);
-  EXPECT_EQ(*picture, scaledDown(*whole, 264));
-}
-
-TEST(SplashPicture, At400PercentIsShownAsItIsStored) {
-  const BitmapHandle picture = loadPicture(L"SPLASH", 384, {1920, 1200});
-  ASSERT_TRUE(picture);
-  EXPECT_EQ(sizeOf(picture), (Size{1920, 1200}));
-  const BitmapHandle stored(static_cast<HBITMAP>(
-      LoadImageW(GetModuleHandleW(nullptr), L"SPLASH_400", IMAGE_BITMAP, 0, 0, 0)));
-  ASSERT_TRUE(stored);
-  for (const int row : {300, 600, 900}) {
-    EXPECT_EQ(rowOf(picture, row), rowOf(stored, row)) << row;
+TEST(OwnDrawing, AsAnIconKeepsItsHoles) {
+  for (const int side : {96, 250, 384}) {
+    const auto picture = pictureFromIcon(loadDrawingWithHoles(L"ABOUT", {side, side}).get());
+    ASSERT_TRUE(picture) << side;
+    EXPECT_EQ(picture, drawnPicture(L"ABOUT", {side, side})) << side;
+    EXPECT_EQ(picture->pixels.front(), 0U) << "beside the arch at " << side;
   }
 }
 
-TEST(SplashPicture, BetweenTwoDensitiesIsMadeFromTheLargerOne) {
-  // The picture for 200 % is missing here, and would give nothing.
-  const BitmapHandle picture = loadPicture(L"SPLASH", 216, {1080, 675});
+class OwnDrawingAtScale : public ::testing::TestWithParam<int> {};
+
+TEST_P(OwnDrawingAtScale, TheSplashPictureHasNoHole) {
+  const auto picture = drawnPicture(L"SPLASH", {480 * GetParam() / 100, 300 * GetParam() / 100});
   ASSERT_TRUE(picture);
-  EXPECT_EQ(sizeOf(picture), (Size{1080, 675}));
-  EXPECT_EQ(sizeOf(loadPicture(L"SPLASH", 336, {1680, 1050})), (Size{1680, 1050}));
-  EXPECT_FALSE(loadPicture(L"SPLASH", 192, {960, 600})) << "no other density is taken";
+  EXPECT_TRUE(std::ranges::all_of(picture->pixels,
+                                  [](std::uint32_t pixel) { return pixel >> 24U == 255; }));
+  // Paper behind the name, dark ground behind the copyright line.
+  EXPECT_EQ(picture->pixels.front(), 0xFFF5EFDDU);
+  EXPECT_EQ(picture->pixels.back(), 0xFF1E4632U);
+}
+
+TEST_P(OwnDrawingAtScale, TheGateOfTheAboutBoxStandsFree) {
+  const int side = 96 * GetParam() / 100;
+  const auto picture = drawnPicture(L"ABOUT", {side, side});
+  ASSERT_TRUE(picture);
+  const auto middle = static_cast<std::size_t>(side) * (side / 2);
+  EXPECT_EQ(picture->pixels.front(), 0U);
+  EXPECT_EQ(picture->pixels[middle], 0U) << "beside the gate";
+  EXPECT_EQ(picture->pixels[middle + side / 10], 0xFF2F6B46U) << "its left side";
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, OwnDrawingAtScale,
+                         ::testing::Values(100, 125, 150, 175, 200, 250, 300, 350, 400));
+
+TEST(OwnDrawing, WithoutAResourceIsNothing) {
+  EXPECT_FALSE(drawnPicture(L"NO_SUCH_DRAWING", {16, 16}));
+  EXPECT_FALSE(loadDrawing(L"NO_SUCH_DRAWING", {16, 16}));
+  EXPECT_FALSE(loadDrawingWithHoles(L"NO_SUCH_DRAWING", {16, 16}));
 }
 
 TEST(IconOfAProgram, IsNeverStretchedWhileItHasALargerOne) {

@@ -104,7 +104,9 @@ TEST_F(ShellLinks, OfFilesThatAreNoneAreEmpty) {
   EXPECT_EQ(shell_links::targetOf(path(L"Tool.other")), asked(path(L"Tool.other")));
 }
 
-TEST_F(ShellLinks, ThatAreCutOffAnywhereHaveTheTargetThatTheShellGives) {
+// Wine's shell is not asked for them: it goes by the lengths in a link, beyond the end of the
+// bytes.
+TEST_F(ShellLinks, ThatAreCutOffAnywhereAreLeftToTheShell) {
   harness::LinkFile link;
   link.target = LR"(C:\windows\notepad.exe)";
   link.description = L"Text";
@@ -113,7 +115,7 @@ TEST_F(ShellLinks, ThatAreCutOffAnywhereHaveTheTargetThatTheShellGives) {
   ASSERT_TRUE(isReadFromBytes(path(L"Tool.lnk")));
   for (std::size_t size = 1; size < whole.size(); size += 7) {
     harness::writeFile(path(L"Cut.lnk"), whole.substr(0, size));
-    EXPECT_EQ(shell_links::targetOf(path(L"Cut.lnk")), asked(path(L"Cut.lnk"))) << size;
+    EXPECT_FALSE(isReadFromBytes(path(L"Cut.lnk"))) << size;
   }
 }
 

@@ -168,7 +168,7 @@ class CoolButton : public CommandButton {
   std::wstring picture_;
 };
 
-/// A picture of the program's resources, shown at the size of its bounds.
+/// A drawing of the program, shown at the size of its bounds.
 class Image : public Control {
  public:
   using Control::Control;

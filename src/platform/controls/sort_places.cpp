@@ -48,7 +48,7 @@ std::uint64_t headOf(std::string_view key) {
 }  // namespace
 
 void sortPlaces(std::vector<std::uint32_t>& places, const platform::text::SortKeys& keys,
-                bool descending) {
+                bool backwards) {
   const std::size_t common = commonLength(keys);
   std::vector<Entry> entries;
   entries.reserve(places.size());
@@ -56,14 +56,14 @@ void sortPlaces(std::vector<std::uint32_t>& places, const platform::text::SortKe
     entries.push_back(
         {headOf(keys.at(place).substr(common)), place, static_cast<std::uint32_t>(entries.size())});
   }
-  const auto precedes = [&keys, common, descending](const Entry& a, const Entry& b) {
+  const auto precedes = [&keys, common, backwards](const Entry& a, const Entry& b) {
     if (a.head != b.head) {
-      return descending ? b.head < a.head : a.head < b.head;
+      return backwards ? b.head < a.head : a.head < b.head;
     }
     const int order =
         platform::bytes::compare(keys.at(a.place).substr(common), keys.at(b.place).substr(common));
     if (order != 0) {
-      return descending ? order > 0 : order < 0;
+      return backwards ? order > 0 : order < 0;
     }
     return a.former < b.former;
   };

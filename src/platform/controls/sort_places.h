@@ -13,9 +13,9 @@
 
 namespace controls {
 
-/// Sorts `places` by their keys, ascending or descending. `keys.at(place)` is the key of a place.
-/// The sort is stable.
+/// Sorts `places` by their keys, the largest first if `backwards`. `keys.at(place)` is the key of a
+/// place. The sort is stable.
 void sortPlaces(std::vector<std::uint32_t>& places, const platform::text::SortKeys& keys,
-                bool descending);
+                bool backwards);
 
 }  // namespace controls

@@ -83,8 +83,7 @@ class Window {
   /// The exact extended style of the native window, nothing for the system's choice.
   [[nodiscard]] std::optional<std::uint32_t> extendedStyle() const { return extendedStyle_; }
   void setExtendedStyle(std::uint32_t style);
-  /// Name of the picture resource that fills the client area, "" for none. The resource exists
-  /// at 100, 125, 150, 175, 200, 250, 300 and 400 % under the name followed by "_100" ... "_400".
+  /// Name of the drawing that fills the client area, "" for none.
   [[nodiscard]] const std::wstring& picture() const { return picture_; }
   /// Client size at 96 dpi with which the window is created, and the smallest one.
   [[nodiscard]] platform::Size designSize() const { return designSize_; }

@@ -12,12 +12,12 @@ namespace harness {
 
 namespace {
 
-void open() {
+void openBoard() {
   waitUntil("the clipboard is free", [] { return OpenClipboard(nullptr) != FALSE; });
 }
 
 void put(UINT format, const void* bytes, std::size_t size) {
-  open();
+  openBoard();
   EmptyClipboard();
   HGLOBAL const memory = GlobalAlloc(GMEM_MOVEABLE, size);
   std::memcpy(GlobalLock(memory), bytes, size);

@@ -14,13 +14,13 @@ namespace {
 
 constexpr std::size_t longestTip = 2048;
 
-constexpr const wchar_t* dialogClass = L"#32770";
+constexpr const wchar_t* formClass = L"#32770";
 
 /// The program's dialogs that have a control of that id, hidden ones too.
 std::vector<HWND> formsWith(const GatewayApp& app, int id) {
   std::vector<HWND> forms = topWindows(app.processId());
   std::erase_if(forms, [id](HWND window) {
-    return className(window) != dialogClass || child(window, id) == nullptr;
+    return className(window) != formClass || child(window, id) == nullptr;
   });
   return forms;
 }

@@ -6,6 +6,7 @@
 #include "platform/faults.h"
 #include "platform/text.h"
 #include "unit/support/error_number.h"
+#include "unit/support/unheld_names.h"
 
 namespace {
 
@@ -16,11 +17,9 @@ using stored_path::Forms;
 using stored_path::lackingCharacters;
 using stored_path::realFile;
 using stored_path::Substitutes;
-
-// "Beetle" and "beech" in Cyrillic letters; the list shows both in the same way.
-const std::wstring beetle = L"\u0416\u0443\u043A";
-const std::wstring beech = L"\u0411\u0443\u043A";
-const std::wstring japanese = L"\u65E5\u672C\u8A9E";
+using unit::beech;
+using unit::beetle;
+using unit::japanese;
 
 class StoredPath : public memory::DesktopTest {
  protected:

@@ -8,12 +8,12 @@
 namespace list_file {
 namespace {
 
-std::optional<std::wstring> second(const Record& record) {
+std::optional<std::wstring> addressOf(const Record& record) {
   return record.has(1) ? std::optional(record.text(1)) : std::nullopt;
 }
 
 Merged merge(const std::string& content, const std::string& more) {
-  return merged(content, more, second);
+  return merged(content, more, addressOf);
 }
 
 TEST(MergedLists, NewRecordsComeLastByteForByte) {

@@ -13,14 +13,14 @@ using memory::desktop;
 using platform::dialogs::Answer;
 using platform::dialogs::MessageStyle;
 
-constexpr const wchar_t* catalogueFile = L"C:\\App\\QMKFileList3.txt";
+constexpr const wchar_t* fileOfTheCatalogue = L"C:\\App\\QMKFileList3.txt";
 
 class CatalogueCommandsTest : public MainWindowTest {
  protected:
   CatalogueCommandsTest() {
     desktop().putFile(L"C:\\Data\\Ridge.fp3", "ridge");
     desktop().putFile(L"C:\\Data\\Slope.bi3", "slope");
-    desktop().putFile(catalogueFile,
+    desktop().putFile(fileOfTheCatalogue,
                       "\"FP3\",\"C:\\Data\\Ridge.fp3\",\"1/2/2026\"\r\n"
                       "\"BI3\",\"C:\\Data\\Slope.bi3\",\"1/3/2026\"\r\n");
     modQMKGeneral::LoadCatalogueView(window.catalogue);
@@ -29,7 +29,7 @@ class CatalogueCommandsTest : public MainWindowTest {
   }
 
   [[nodiscard]] static std::string catalogue() {
-    return desktop().bytesOf(catalogueFile).value_or("missing");
+    return desktop().bytesOf(fileOfTheCatalogue).value_or("missing");
   }
 
   controls::ListView& list = window.lstQMK[frmQMK::open];
@@ -111,7 +111,7 @@ TEST_F(CatalogueCommandsTest, TheViewIsReloadedBehindTheDeletion) {
   window.mnuDelete.fireClick();
   ASSERT_EQ(list.count(), 1U);
   EXPECT_EQ(list.text(0), L"Slope.bi3");
-  EXPECT_EQ(desktop().journal().back(), std::wstring(L"read ") + catalogueFile);
+  EXPECT_EQ(desktop().journal().back(), std::wstring(L"read ") + fileOfTheCatalogue);
 }
 
 TEST_F(CatalogueCommandsTest, OnNoNothingHappens) {
@@ -139,7 +139,7 @@ TEST_F(CatalogueCommandsTest,
 }
 
 TEST_F(CatalogueCommandsTest, AMissingCatalogueIsARunTimeErrorAndTheViewStays) {
-  desktop().take(catalogueFile);
+  desktop().take(fileOfTheCatalogue);
   desktop().answers = {Answer::yes};
   window.mnuDelete.fireClick();
   EXPECT_EQ(desktop().errorReports, std::vector<int>{53});

@@ -265,7 +265,7 @@ TEST_F(ListingCommands, SaveAsksBeforeItReplacesAFile) {
 TEST_F(ListingCommands, SaveNeverReplacesAListOfTheProgram) {
   window.txtFind.acceptTyped(L"ridge");
   const std::string before = catalogue();
-  for (const wchar_t* const own : {L"C:\\App\\qmkfilelist3.txt", webListFile}) {
+  for (const std::wstring& own : {std::wstring(L"C:\\App\\qmkfilelist3.txt"), webListFile}) {
     desktop().saveDialogResults = {SaveFileChoice{own, 1}};
     run(ids::mnuSaveListAs);
     EXPECT_TRUE(news().starts_with(L"Nothing was saved: ")) << own;

@@ -3,12 +3,10 @@
 
 #include <string>
 
+#include "unit/support/list_file_bytes.h"
 #include "unit/support/loaded_main_window.h"
 
 namespace unit {
-
-inline constexpr const wchar_t* catalogueFile = L"C:\\App\\QMKFileList3.txt";
-inline constexpr const wchar_t* webListFile = L"C:\\App\\QMKWebList.txt";
 
 class ListCommands : public LoadedMainWindow {
  protected:

@@ -21,8 +21,7 @@ void ImagePeer::load() {
   if (place.width <= 0 || place.height <= 0) {
     return;
   }
-  Icon fresh =
-      image_.picture().empty() ? Icon() : loadIcon(image_.picture(), {place.width, place.height});
+  Icon fresh = loadDrawingWithHoles(image_.picture(), {place.width, place.height});
   send(STM_SETICON, firstParameterFrom(fresh.get()));
   icon_ = std::move(fresh);
 }

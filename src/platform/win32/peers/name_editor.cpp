@@ -17,7 +17,7 @@ namespace platform::win32 {
 
 namespace {
 
-constexpr UINT_PTR watchId = 1;
+constexpr UINT_PTR editorWatchId = 1;
 
 }  // namespace
 
@@ -26,7 +26,7 @@ NameEditor::NameEditor(HWND list, HFONT font, const std::wstring& text, std::siz
   edit_.reset(CreateWindowExW(0, WC_EDITW, text.c_str(),
                               WS_CHILD | WS_BORDER | WS_TABSTOP | ES_AUTOHSCROLL, 0, 0, 0, 0, list,
                               nullptr, GetModuleHandleW(nullptr), nullptr));
-  if (!edit_ || !subclass::addHook(handleFrom(edit_.get()), watch, watchId,
+  if (!edit_ || !subclass::addHook(handleFrom(edit_.get()), watch, editorWatchId,
                                    std::bit_cast<std::uintptr_t>(this))) {
     throw RunTimeError(error::outOfMemory);
   }
@@ -35,7 +35,7 @@ NameEditor::NameEditor(HWND list, HFONT font, const std::wstring& text, std::siz
 
 NameEditor::~NameEditor() {
   done_ = true;
-  subclass::removeHook(handleFrom(edit_.get()), watch, watchId);
+  subclass::removeHook(handleFrom(edit_.get()), watch, editorWatchId);
   if (GetFocus() == edit_.get()) {
     SetFocus(list_);
   }
@@ -108,7 +108,7 @@ std::intptr_t NameEditor::watch(native::WindowHandle window, unsigned message, s
                                 std::intptr_t second, std::uintptr_t self) {
   auto& editor = *std::bit_cast<NameEditor*>(self);
   if (message == WM_NCDESTROY) {
-    subclass::removeHook(window, watch, watchId);
+    subclass::removeHook(window, watch, editorWatchId);
   } else if (!editor.done_ && editor.handle(message, first)) {
     return 0;
   }

@@ -219,7 +219,7 @@ void WindowPeer::loadBackground() {
   RECT client{};
   GetClientRect(window(), &client);
   backgroundBrush_.reset();
-  background_ = loadPicture(window_->picture(), dpi_,
+  background_ = loadDrawing(window_->picture(),
                             {static_cast<int>(client.right), static_cast<int>(client.bottom)});
   if (background_) {
     // Labels paint their background with it, so that the picture shows through them.

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "icons/drawing.h"
 #include "icons/icon_images.h"
 #include "icons/scaling.h"
 #include "platform/run_time_error.h"
@@ -16,7 +17,6 @@ namespace {
 constexpr std::uint32_t alphaMask = 0xFF000000U;
 constexpr std::uint32_t colourMask = 0x00FFFFFFU;
 constexpr DWORD iconVersion = 0x00030000;  // of the format, the only one that there is
-constexpr std::size_t quarters = 4;
 
 /// Rows from top to bottom, 32 bits per pixel.
 BITMAPINFO formatOf(int width, int height) {
@@ -68,28 +68,6 @@ std::optional<Picture> largerPicture(const std::wstring& name, int side) {
   const std::string_view image = resource(nameFromNumber(stored->number), RT_ICON);
   auto picture = icons::unpackedImage(image);
   return picture ? picture : unpacked(image, stored->side);
-}
-
-/// A picture that is too large for an icon, put together from its quarters, which have at least
-/// `side` pixels each. They are named `name`_1 to `name`_4, row by row. Nothing when they are
-/// missing.
-std::optional<Picture> fromQuarters(const std::wstring& name, int side) {
-  Picture whole;
-  for (std::size_t i = 0; i < quarters; ++i) {
-    const auto quarter = largerPicture(name + L"_" + std::to_wstring(i + 1), side);
-    if (!quarter) {
-      return std::nullopt;
-    }
-    const auto length = static_cast<std::size_t>(quarter->size.width);
-    whole.size = {2 * quarter->size.width, 2 * quarter->size.height};
-    whole.pixels.resize(4 * length * length);
-    for (std::size_t row = 0; row < length; ++row) {
-      const auto from = quarter->pixels.begin() + static_cast<std::ptrdiff_t>(row * length);
-      const std::size_t to = (i / 2 * length + row) * 2 * length + i % 2 * length;
-      std::copy_n(from, length, whole.pixels.begin() + static_cast<std::ptrdiff_t>(to));
-    }
-  }
-  return whole;
 }
 
 }  // namespace
@@ -186,11 +164,12 @@ bool storedAt(const std::wstring& name, int side) {
 }
 
 std::optional<Picture> storedPicture(const std::wstring& name, int side) {
-  if (auto picture = largerPicture(name, side)) {
-    return icons::scaledDown(*picture, side);
-  }
-  auto whole = fromQuarters(name, (side + 1) / 2);
-  return whole ? std::optional(icons::scaledDown(*whole, side)) : std::nullopt;
+  const auto picture = largerPicture(name, side);
+  return picture ? std::optional(icons::scaledDown(*picture, side)) : std::nullopt;
+}
+
+std::optional<Picture> drawnPicture(const std::wstring& name, Size size) {
+  return icons::painted(resource(name.c_str(), RT_RCDATA), size);
 }
 
 }  // namespace platform::win32

@@ -40,4 +40,7 @@ struct Strip {
 /// is none of that size. Nothing when all are smaller.
 [[nodiscard]] std::optional<Picture> storedPicture(const std::wstring& name, int side);
 
+/// A drawing of this program at `size` in pixels. Nothing when there is none of that name.
+[[nodiscard]] std::optional<Picture> drawnPicture(const std::wstring& name, Size size);
+
 }  // namespace platform::win32

@@ -1,7 +1,5 @@
 #include "platform/win32/pictures/image_resources.h"
 
-#include <algorithm>
-#include <array>
 #include <utility>
 #include <vector>
 
@@ -14,16 +12,7 @@ namespace platform::win32 {
 namespace {
 
 constexpr int growth = 16;  // pictures added to the capacity of a full native image list
-constexpr std::array picturePercents{100, 125, 150, 175, 200, 250, 300, 400};
-
 HMODULE program() { return GetModuleHandleW(nullptr); }
-
-int percentFor(int dpi) {
-  const int wanted = dpi * 100 / designDpi;
-  const auto* const found = std::find_if(picturePercents.begin(), picturePercents.end(),
-                                         [wanted](int percent) { return percent >= wanted; });
-  return found == picturePercents.end() ? picturePercents.back() : *found;
-}
 
 [[noreturn]] void refused() { throw RunTimeError(error::outOfMemory); }
 
@@ -66,31 +55,14 @@ Icon loadIcon(const std::wstring& name, Size size) {
   return systemIcon(name.c_str(), size);
 }
 
-BitmapHandle loadPicture(const std::wstring& name, int dpi, Size size) {
-  const std::wstring resource = name + L"_" + std::to_wstring(percentFor(dpi));
-  BitmapHandle loaded(
-      static_cast<HBITMAP>(LoadImageW(program(), resource.c_str(), IMAGE_BITMAP, 0, 0, 0)));
-  BITMAP facts{};
-  if (!loaded || GetObjectW(loaded.get(), sizeof facts, &facts) == 0) {
-    return {};
-  }
-  if (facts.bmWidth == size.width && facts.bmHeight == size.height) {
-    return loaded;
-  }
-  const WindowDc screen(nullptr);
-  const MemoryDc from(CreateCompatibleDC(screen.get()));
-  const MemoryDc into(CreateCompatibleDC(screen.get()));
-  BitmapHandle fitted(CreateCompatibleBitmap(screen.get(), size.width, size.height));
-  if (!from || !into || !fitted) {
-    refused();
-  }
-  const Selection source(from.get(), loaded.get());
-  const Selection target(into.get(), fitted.get());
-  SetStretchBltMode(into.get(), HALFTONE);
-  SetBrushOrgEx(into.get(), 0, 0, nullptr);
-  StretchBlt(into.get(), 0, 0, size.width, size.height, from.get(), 0, 0, facts.bmWidth,
-             facts.bmHeight, SRCCOPY);
-  return fitted;
+BitmapHandle loadDrawing(const std::wstring& name, Size size) {
+  const auto picture = drawnPicture(name, size);
+  return picture ? stripOf({*picture}).colours : BitmapHandle();
+}
+
+Icon loadDrawingWithHoles(const std::wstring& name, Size size) {
+  const auto picture = drawnPicture(name, size);
+  return picture ? iconFromPicture(*picture) : Icon();
 }
 
 void ImageCache::append(HIMAGELIST list, const controls::ImageList& source, std::size_t from) {

@@ -21,9 +21,12 @@ namespace platform::win32 {
 /// system refuses to make an icon of the smaller picture.
 [[nodiscard]] Icon loadIcon(const std::wstring& name, Size size);
 
-/// Loads the picture resource `name`_100 ... `name`_400 that suits `dpi` and draws it into a bitmap
-/// of exactly `size` pixels (unscaled when the size is the same). Empty when there is none.
-[[nodiscard]] BitmapHandle loadPicture(const std::wstring& name, int dpi, Size size);
+/// Paints a drawing of the program into a bitmap of `size` pixels. Empty when there is none of that
+/// name. Raises `error::outOfMemory` when the system refuses.
+[[nodiscard]] BitmapHandle loadDrawing(const std::wstring& name, Size size);
+
+/// The same as an icon, through which one sees where the drawing leaves pixels free.
+[[nodiscard]] Icon loadDrawingWithHoles(const std::wstring& name, Size size);
 
 /// The native copy of an image list at one dpi.
 class ImageCache {

@@ -10,6 +10,7 @@ set(platform_sources
   src/platform/explorer.cpp
   src/platform/folder_walk.cpp
   src/platform/link_bytes.cpp
+  src/platform/long_work.cpp
   src/platform/processes.cpp
   src/platform/run_time_error.cpp
   src/platform/transfer_format.cpp
@@ -142,7 +143,8 @@ set(win32_files_sources
   src/platform/win32/files/files.cpp
   src/platform/win32/files/folder_contents.cpp
   src/platform/win32/files/open_files.cpp
-  src/platform/win32/files/paths.cpp)
+  src/platform/win32/files/paths.cpp
+  src/platform/win32/files/turn.cpp)
 set(win32_pictures_sources
   src/platform/win32/pictures/icon_pictures.cpp
   src/platform/win32/pictures/image_resources.cpp

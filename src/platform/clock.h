@@ -1,6 +1,7 @@
 // The date and time, and dates as the user's locale writes them.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -25,6 +26,9 @@ struct Moment {
 };
 /// The present one.
 [[nodiscard]] Moment localNow();
+
+/// Milliseconds since some moment, which no change of the date or the time moves.
+[[nodiscard]] std::uint64_t milliseconds();
 
 /// Today as the user's short date, without a time.
 [[nodiscard]] std::wstring todayText();

@@ -1,8 +1,10 @@
 // A temporary file that replaces another file: the order of the steps, which is the same on every
 // system.
+#include <algorithm>
 #include <array>
 #include <utility>
 
+#include "platform/clock.h"
 #include "platform/draft_steps.h"
 #include "platform/files.h"
 #include "platform/run_time_error.h"
@@ -31,12 +33,31 @@ int pauseAfter(std::uint64_t waited) {
   return 1;
 }
 
-/// Calls `attempt` again and again while the file is in use, for as long as a draft is waited for.
+/// For how long a draft has been waited for.
+class Patience {
+ public:
+  /// More between two looks means that the machine itself stood still, and those who are waited for
+  /// with it. Only this much of it counts, so that nobody gives up who has hardly waited.
+  static constexpr std::uint64_t longestLook = 500;
+
+  /// Milliseconds from the beginning until now.
+  [[nodiscard]] std::uint64_t waited() {
+    const std::uint64_t now = clock::milliseconds();
+    waited_ += std::min(now - last_, longestLook);
+    last_ = now;
+    return waited_;
+  }
+
+ private:
+  std::uint64_t last_ = clock::milliseconds();
+  std::uint64_t waited_ = 0;
+};
+
+/// Calls `attempt` again and again while the file is in use and there is patience left.
 template <class Attempt>
-void untilFree(Attempt attempt) {
-  const std::uint64_t begin = steps::milliseconds();
+void untilFree(Attempt attempt, Patience patience = {}) {
   while (attempt() == Step::inUse) {
-    const std::uint64_t waited = steps::milliseconds() - begin;
+    const std::uint64_t waited = patience.waited();
     if (waited >= patienceMilliseconds) throw RunTimeError(error::permissionDenied);
     steps::wait(pauseAfter(waited));
   }
@@ -64,7 +85,7 @@ Step whileInUse(Attempt attempt) {
 /// a guard, for which the next draft waits. The guard is held, too: it goes with its program.
 class SecondName {
  public:
-  SecondName(const std::wstring& file, const std::wstring& draft) : name_(draft + L".old") {
+  SecondName(const std::wstring& file, const std::wstring& draft) : name_(nameOf(draft)) {
     if (!holds(guardOf(draft))) return;
     made_ = link(file);
     // One that was left behind by a program that ended in between.
@@ -81,6 +102,11 @@ class SecondName {
   }
 
   [[nodiscard]] static std::wstring guardOf(const std::wstring& draft) { return draft + L".busy"; }
+  [[nodiscard]] static std::wstring nameOf(const std::wstring& draft) { return draft + L".old"; }
+
+  /// The name stays for the next try. It could not be removed while somebody has the file open, or
+  /// would go when it is closed, in the middle of that try. False when there is none.
+  [[nodiscard]] bool leave() { return std::exchange(made_, false); }
 
   /// Whether the file is certain to have changed by now.
   [[nodiscard]] bool changedFrom(const Stamp& expected, const std::string* bytes) const {
@@ -125,16 +151,27 @@ class SecondName {
 }  // namespace
 
 struct Draft::State {
-  explicit State(std::wstring given) : path(std::move(given)) {}
+  explicit State(std::wstring given) : path(std::move(given)), turn(path) {}
+  State(const State&) = delete;
+  State& operator=(const State&) = delete;
+  /// While the draft is still held.
+  ~State() {
+    if (secondNameLeft) steps::removeName(SecondName::nameOf(path));
+  }
 
   std::wstring path;
+  /// From before the draft is made until it is in place or given up.
+  steps::Turn turn;
   steps::HeldFile file;
   /// The file that is to be replaced, while others are kept from writing to it.
   steps::Target kept;
   /// The stamp that the file got when it was made.
   std::optional<Stamp> made;
+  /// Whether the second name of the file that is to be replaced is still there.
+  bool secondNameLeft = false;
 
-  void create();
+  void queue(Patience& patience);
+  void create(Patience patience);
   [[nodiscard]] Step createAnew();
   [[nodiscard]] Step replaceOnce(const std::wstring& to, const Stamp& expected,
                                  const std::string* bytes);
@@ -147,11 +184,19 @@ Step Draft::State::createAnew() {
   return file.create(path) == Step::done ? Step::done : Step::inUse;
 }
 
-void Draft::State::create() {
+void Draft::State::queue(Patience& patience) {
+  std::uint64_t waited = 0;
+  while (waited < patienceMilliseconds &&
+         !turn.comes(std::min(Patience::longestLook, patienceMilliseconds - waited))) {
+    waited = patience.waited();
+  }
+}
+
+void Draft::State::create(Patience patience) {
   // The path is set here, because the draft may be created again during a replacement, where errors
   // would get the target's path.
-  concerning(path, [this] {
-    untilFree([this] { return createAnew(); });
+  concerning(path, [&] {
+    untilFree([this] { return createAnew(); }, patience);
     untilFree([this] { return steps::discard(SecondName::guardOf(path)); });
     made = file.stamp();
   });
@@ -173,16 +218,26 @@ Step Draft::State::replaceOnce(const std::wstring& to, const Stamp& expected,
   // the replacement writes to the old file, which the second name still refers to. Without second
   // names that write is lost, so nothing is done in between.
   SecondName old(to, path);
+  secondNameLeft = false;
   target.close();
-  if (file.renameOverClosed(to) == Step::inUse) return Step::inUse;
+  if (file.renameOverClosed(to) == Step::inUse) {
+    secondNameLeft = old.leave();
+    return Step::inUse;
+  }
   file.close();
   if (!old.changedFrom(expected, bytes) || old.bringOver(to, expected)) return Step::done;
   old.putBack(to);
-  create();
+  create({});
   return Step::changed;
 }
 
-Draft::Draft(const std::wstring& path) : state_(std::make_unique<State>(path)) { state_->create(); }
+Draft::Draft(const std::wstring& path) {
+  Patience patience;
+  state_ = std::make_unique<State>(path);
+  state_->queue(patience);
+  // Who comes to the front at the last moment still asks once.
+  state_->create(patience);
+}
 
 Draft::~Draft() = default;
 
@@ -208,7 +263,6 @@ Replaced Draft::replace(const std::wstring& to, const Stamp& expected, const std
       return expected.present ? state_->replaceOnce(to, expected, bytes)
                               : state_->file.renameToFree(to);
     });
-    state_->kept.close();
     if (result != Step::done) return Replaced::changedSince;
     state_->file.close();
     return Replaced::yes;

@@ -23,6 +23,26 @@ enum class Step {
   notOffered,  ///< The file system does not do this.
 };
 
+/// A place in the queue of the copies of this program on one machine, of whichever user, that want
+/// to make the same file. Only the first of them asks for the file, so nobody is overtaken, and
+/// twenty that ask all the time do not slow down the one that has it. It is a courtesy: copies on
+/// other machines are in no queue, and where there is none, everybody asks at once.
+class Turn {
+ public:
+  explicit Turn(const std::wstring& path);
+  Turn(const Turn&) = delete;
+  Turn& operator=(const Turn&) = delete;
+  ~Turn();
+
+  /// Waits for those who came before, at most `milliseconds`. True when they are done, or when
+  /// there is no queue.
+  [[nodiscard]] bool comes(std::uint64_t milliseconds) noexcept;
+
+ private:
+  struct State;
+  std::unique_ptr<State> state_;
+};
+
 /// A file that this program has made and holds: others may read it, and nobody else can write,
 /// delete or replace it. Whatever ends the program lets go of it.
 class HeldFile {
@@ -82,8 +102,8 @@ class Target {
 /// none) or `inUse`. Raises `error::pathFileAccess` for a read-only file and for a folder.
 [[nodiscard]] Step discard(const std::wstring& path);
 
-/// Gives a file a second name, which stays with it when it is replaced: `done` or `notOffered`
-/// (also when something has that name).
+/// Gives a file a second name, which stays with it when it is replaced: `done` (also when it has
+/// that name already) or `notOffered` (also when something else has it).
 [[nodiscard]] Step addName(const std::wstring& file, const std::wstring& name);
 
 /// Whether the file of that name is still as expected: `done`, or `changed` if it is certain that
@@ -108,8 +128,5 @@ void removeName(const std::wstring& name) noexcept;
 
 /// Waits for that many milliseconds.
 void wait(int milliseconds);
-
-/// Milliseconds since some moment.
-[[nodiscard]] std::uint64_t milliseconds();
 
 }  // namespace platform::files::steps

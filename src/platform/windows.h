@@ -31,6 +31,10 @@ void runModal(controls::Window& window);
 /// The program's main loop: processes messages until `mainWindow` is no longer loaded.
 void run(controls::Window& mainWindow);
 
+/// Paints what is waiting to be painted in the program's windows. Nothing else is processed: what
+/// the user types and clicks stays where it is, in its order.
+void paintPending();
+
 /// A text style of the program's windows.
 struct Font {
   int pointSize = 9;

@@ -1,11 +1,15 @@
 #include "shortcuts/shortcut_list.h"
 
+#include <exception>
 #include <map>
 #include <optional>
+#include <utility>
+#include <vector>
 
 #include "catalogue/tool_command.h"
 #include "platform/files.h"
 #include "platform/geometry.h"
+#include "platform/long_work.h"
 #include "platform/pictures.h"
 #include "platform/shell_links.h"
 #include "shortcuts/shortcut_file.h"
@@ -37,7 +41,6 @@ Picture drawn(controls::PictureBox& surface, const std::optional<Picture>& icon,
 }
 
 void clearImages(ShortcutList& shortcuts) {
-  shortcuts.slowIcons.forget();
   for (std::size_t i = 0; i < iconSides.size(); ++i) {
     shortcuts.imgShortCut.at(i).clear();
     shortcuts.imgShortCut.at(i).setImageSize({iconSides.at(i), iconSides.at(i)});
@@ -60,54 +63,111 @@ void showSlowIcons(ShortcutList& shortcuts, const std::wstring& key, const Icons
   attachImages(shortcuts);
 }
 
-/// The pictures of one rebuild by their program: many shortcuts may start the same one, and its
-/// icon is read once. The next rebuild reads it again, because the program may be another one by
-/// then.
-using Pictures = std::map<std::wstring, std::array<Picture, 2>>;
+Sizes sidesAt(int dpi) {
+  return {platform::scaled(iconSides.front(), dpi), platform::scaled(iconSides.back(), dpi)};
+}
 
-void addImages(ShortcutList& shortcuts, const std::wstring& key, const std::wstring& target,
-               Pictures& pictures) {
-  const Sizes sides{platform::scaled(iconSides.front(), shortcuts.dpi),
-                    platform::scaled(iconSides.back(), shortcuts.dpi)};
-  const bool later = shortcuts.slowIcons.mustWaitFor(target);
-  const auto [known, added] = pictures.try_emplace(target);
-  if (added) {
-    const Icons icons = later ? Icons{} : platform::pictures::programIcons(target, sides);
-    for (std::size_t i = 0; i < sides.size(); ++i) {
-      known->second.at(i) = drawn(shortcuts.picShortCuts, icons.at(i), sides.at(i));
+/// The icons of the programs that the shortcuts of one rebuild start. Many may start the same
+/// program, and its icon is read and drawn once. The next rebuild reads it again, because the
+/// program may be another one by then.
+class ProgramIcons {
+ public:
+  explicit ProgramIcons(ShortcutList& shortcuts)
+      : shortcuts_(shortcuts), sides_(sidesAt(shortcuts.dpi)) {
+    shortcuts_.slowIcons.forget();
+  }
+
+  /// Reads the icons of a program, unless that may take long.
+  void read(const std::wstring& program) {
+    const auto [known, added] = programs_.try_emplace(program);
+    known->second.later = shortcuts_.slowIcons.mustWaitFor(program);
+    if (added && !known->second.later) {
+      known->second.icons = platform::pictures::programIcons(program, sides_);
     }
   }
-  for (std::size_t i = 0; i < sides.size(); ++i) {
-    shortcuts.imgShortCut.at(i).add(key, known->second.at(i));
+
+  /// Adds the images of a shortcut to a program that has been read.
+  void addImages(const std::wstring& key, const std::wstring& program) {
+    Program& its = programs_.at(program);
+    if (!its.drawn) {
+      its.drawn.emplace();
+      for (std::size_t i = 0; i < sides_.size(); ++i) {
+        its.drawn->at(i) = drawn(shortcuts_.picShortCuts, its.icons.at(i), sides_.at(i));
+      }
+    }
+    for (std::size_t i = 0; i < sides_.size(); ++i) {
+      shortcuts_.imgShortCut.at(i).add(key, its.drawn->at(i));
+    }
+    if (its.later) {
+      shortcuts_.slowIcons.ask(key, program, sides_,
+                               [&shortcuts = shortcuts_, sides = sides_](
+                                   const std::wstring& shortcut, const Icons& read) {
+                                 showSlowIcons(shortcuts, shortcut, read, sides);
+                               });
+    }
   }
-  if (later) {
-    shortcuts.slowIcons.ask(key, target, sides,
-                            [&shortcuts, sides](const std::wstring& shortcut, const Icons& read) {
-                              showSlowIcons(shortcuts, shortcut, read, sides);
-                            });
+
+ private:
+  struct Program {
+    bool later = false;
+    Icons icons;
+    std::optional<std::array<Picture, 2>> drawn;
+  };
+
+  ShortcutList& shortcuts_;
+  Sizes sides_;
+  std::map<std::wstring, Program> programs_;
+};
+
+/// A shortcut of the folder.
+struct Shortcut {
+  std::wstring fileName;
+  std::wstring link;
+  std::wstring target;
+};
+
+/// Reads the shortcuts and the icons of their programs, in the order of the folder. An error ends
+/// the reading; what was read before it is in `shortcuts` then.
+void readShortcuts(std::vector<Shortcut>& shortcuts, ProgramIcons& icons) {
+  platform::LongWork reading;
+  for (const files::Entry& file : files::search(ShortCutsFolder + L"\\*.lnk")) {
+    Shortcut shortcut{file.name, ShortCutsFolder + L"\\" + file.name, L""};
+    GetShortcutTarget(shortcut.link, shortcut.target);
+    icons.read(shortcut.target);
+    shortcuts.push_back(std::move(shortcut));
+    reading.stepDone();
   }
 }
 
-void addShortcut(ShortcutList& shortcuts, const std::wstring& fileName, Pictures& pictures) {
-  const std::wstring link = ShortCutsFolder + L"\\" + fileName;
-  std::wstring target;
-  GetShortcutTarget(link, target);
-  addImages(shortcuts, fileName, target, pictures);
+void addShortcut(ShortcutList& shortcuts, const Shortcut& shortcut, ProgramIcons& icons) {
+  icons.addImages(shortcut.fileName, shortcut.target);
   attachImages(shortcuts);
-  const std::wstring text = fileName.substr(0, fileName.find(L'.'));
-  shortcuts.list.add(text, fileName, {L"", link, target});
+  const std::wstring text = shortcut.fileName.substr(0, shortcut.fileName.find(L'.'));
+  shortcuts.list.add(text, shortcut.fileName, {L"", shortcut.link, shortcut.target});
 }
 
 }  // namespace
 
 void LoadShortcutList(ShortcutList& shortcuts) {
-  shortcuts.list.rebuild(shortcut_column::entry, [&shortcuts] {
+  // All of it is read before the list changes: the windows are painted meanwhile, and the list with
+  // them.
+  ProgramIcons icons(shortcuts);
+  std::vector<Shortcut> read;
+  std::exception_ptr failure;
+  try {
+    readShortcuts(read, icons);
+  } catch (...) {
+    failure = std::current_exception();
+  }
+  shortcuts.list.rebuild(shortcut_column::entry, [&] {
     shortcuts.list.clear();
     shortcuts.list.setImages(nullptr, nullptr);
     clearImages(shortcuts);
-    Pictures pictures;
-    for (const files::Entry& file : files::search(ShortCutsFolder + L"\\*.lnk")) {
-      addShortcut(shortcuts, file.name, pictures);
+    for (const Shortcut& shortcut : read) {
+      addShortcut(shortcuts, shortcut, icons);
+    }
+    if (failure) {
+      std::rethrow_exception(failure);
     }
     shortcuts.list.setView(controls::iconView);
   });
@@ -117,11 +177,16 @@ void redrawShortcutIcons(ShortcutList& shortcuts) {
   if (shortcuts.list.count() == 0) {
     return;
   }
-  clearImages(shortcuts);
-  Pictures pictures;
+  const auto targetOf = [&shortcuts](std::size_t index) {
+    return shortcuts.list.subItem(index, shortcut_column::target);
+  };
+  ProgramIcons icons(shortcuts);
   for (std::size_t index = 0; index < shortcuts.list.count(); ++index) {
-    addImages(shortcuts, shortcuts.list.icon(index),
-              shortcuts.list.subItem(index, shortcut_column::target), pictures);
+    icons.read(targetOf(index));
+  }
+  clearImages(shortcuts);
+  for (std::size_t index = 0; index < shortcuts.list.count(); ++index) {
+    icons.addImages(shortcuts.list.icon(index), targetOf(index));
   }
   attachImages(shortcuts);
 }

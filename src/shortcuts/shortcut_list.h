@@ -38,8 +38,9 @@ struct ShortcutList {
 };
 
 /// Rebuilds the list and both image lists from the shortcuts folder, and shows large icons. Icons
-/// of programs on network drives and removable ones are blank at first. An error stops the rebuild
-/// and goes to the caller; the items added before it stay.
+/// of programs on network drives and removable ones are blank at first. While many are read the
+/// windows are painted, with the list as it was. An error stops the rebuild and goes to the caller;
+/// the items added before it stay.
 void LoadShortcutList(ShortcutList& shortcuts);
 
 /// Draws the icons of all listed shortcuts again, after `dpi` has changed.

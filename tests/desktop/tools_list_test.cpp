@@ -156,6 +156,34 @@ TEST_F(ToolsList, AReloadKeepsTheSelectedShortcut) {
                          ::testing::Eq()));
 }
 
+/// What a window above leaves behind is painted while they are read, with the list as it was; what
+/// is sent to the window is answered; and what the user types comes afterwards, in its order.
+TEST_F(ToolsList, HundredsOfShortcutsAreReadWithTheWindowAlive) {
+  // What may be a variable is left to the shell's object, which takes longer.
+  addLink(L"One.lnk", L"C:\\tools\\100%.exe");
+  app->startToMain();
+  constexpr int many = 1000;
+  for (int n = 1; n < many; ++n) {
+    harness::copyFile(link(L"One.lnk"), link(L"Link " + std::to_wstring(n) + L".lnk"));
+  }
+  focusList();
+  for (const int key : {VK_F5, VK_HOME, VK_F2}) {
+    harness::pressKey(static_cast<WORD>(key));
+  }
+  HWND const window = list().window();
+  int painted = 0;
+  while (list().count() == 1) {
+    InvalidateRect(window, nullptr, FALSE);
+    ASSERT_TRUE(harness::waitFor([&] { return GetUpdateRect(window, nullptr, FALSE) == 0; }));
+    painted += list().count() == 1 ? 1 : 0;
+  }
+  EXPECT_GE(painted, 3);
+  harness::waitUntil("the box for the name of the first shortcut",
+                     [&] { return FindWindowExW(window, nullptr, L"Edit", nullptr) != nullptr; });
+  EXPECT_EQ(list().count(), many);
+  harness::pressKey(VK_ESCAPE);
+}
+
 TEST_F(ToolsList, AnEmptyListHasNothingToRenameDeleteOrStart) {
   app->startToMain();
   ASSERT_EQ(list().count(), 0);

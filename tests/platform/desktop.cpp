@@ -73,6 +73,8 @@ void Desktop::reset() {
   onReplace = nullptr;
   onStep = nullptr;
   onWait = nullptr;
+  onTurn = nullptr;
+  onPaint = nullptr;
   *faults_ = {};
   journal_.clear();
   formatDate = shortDate;

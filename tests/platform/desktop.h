@@ -169,6 +169,11 @@ class Desktop {
   std::function<void()> onStep;
   /// Called instead of waiting; without it, only the waiting of drafts counts the time.
   std::function<void(int milliseconds)> onWait;
+  /// Called when a copy waits in the queue for a file, with the time that it waits at most; true
+  /// when its turn has come.
+  std::function<bool(const std::wstring& path, std::uint64_t milliseconds)> onTurn;
+  /// Called when the program paints in the middle of its work.
+  std::function<void()> onPaint;
 
   // --- the journal ---
 

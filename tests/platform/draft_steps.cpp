@@ -30,6 +30,18 @@ Step unlessInUse(const std::function<void()>& step) {
 
 }  // namespace
 
+struct Turn::State {
+  std::wstring path;
+};
+
+Turn::Turn(const std::wstring& path) : state_(std::make_unique<State>(State{path})) {}
+
+bool Turn::comes(std::uint64_t milliseconds) noexcept {
+  return !desktop().onTurn || desktop().onTurn(state_->path, milliseconds);
+}
+
+Turn::~Turn() = default;
+
 struct HeldFile::State {
   std::wstring path;
   FileSystem::Handle handle = 0;
@@ -258,7 +270,5 @@ void removeName(const std::wstring& name) noexcept {
 }
 
 void wait(int milliseconds) { desktop().wait(milliseconds); }
-
-std::uint64_t milliseconds() { return desktop().waitedUntil(); }
 
 }  // namespace platform::files::steps

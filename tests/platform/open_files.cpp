@@ -182,6 +182,9 @@ bool FileSystem::renameToFree(Handle handle, const std::wstring& to) {
 bool FileSystem::addName(const std::wstring& file, const std::wstring& name) {
   Node* const first = locate(file).node;
   const Place place = locate(name);
+  if (first != nullptr && place.node != nullptr && place.node->secondOf == first) {
+    return true;
+  }
   if (first == nullptr || place.node != nullptr || place.folder == nullptr) {
     return false;
   }
@@ -215,10 +218,16 @@ bool FileSystem::putBack(const std::wstring& name, const std::wstring& to) {
 
 void FileSystem::removeName(const std::wstring& name) {
   const Node* const node = locate(name).node;
-  if (node != nullptr && !node->folder && !node->readOnly) {
-    changing(*node->parent, node->name);
-    node->parent->drop(*node);
+  if (node == nullptr || node->folder || node->readOnly) {
+    return;
   }
+  // A file that somebody holds keeps all its names.
+  if (std::any_of(opens_.begin(), opens_.end(),
+                  [node](const Open& open) { return open.file == node->content().id; })) {
+    return;
+  }
+  changing(*node->parent, node->name);
+  node->parent->drop(*node);
 }
 
 std::optional<FileSystem::FileTime> FileSystem::modifiedByOpening(const std::wstring& path) {

@@ -146,6 +146,8 @@ namespace clock {
 
 DateForm dateForm() { return desktop().dateForm; }
 
+std::uint64_t milliseconds() { return desktop().waitedUntil(); }
+
 Moment localNow() {
   const auto now = ::memory::dateTime(desktop().now());
   return now ? Moment{now->year, now->month, now->day, now->hour, now->minute, now->second}

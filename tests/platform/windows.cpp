@@ -203,6 +203,12 @@ void run(controls::Window& mainWindow) {
   memory::desktop().runUntilUnloaded(mainWindow);
 }
 
+void paintPending() {
+  if (memory::desktop().onPaint) {
+    memory::desktop().onPaint();
+  }
+}
+
 Size textSize(const std::wstring& text, const Font& font, int dpi) {
   // All characters have the same width: at 9 points and 96 dpi, 7 pixels wide and 15 high.
   constexpr int basePoints = 9;

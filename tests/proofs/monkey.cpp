@@ -121,6 +121,7 @@ void Monkey::clickSomewhere(HWND window, bool twice) {
   const bool right = random_.oneIn(10);
   note((right ? "right click at " : "click at ") + std::to_string(place.x) + ", " +
        std::to_string(place.y) + (twice ? ", twice" : ""));
+  waitForInput();
   SetCursorPos(place.x, place.y);
   for (int click = 0; click < (twice ? 2 : 1); ++click) {
     mouse(right ? MOUSEEVENTF_RIGHTDOWN : MOUSEEVENTF_LEFTDOWN);
@@ -279,13 +280,18 @@ void Monkey::inDialog(HWND open) {
   }
 }
 
-HWND Monkey::menuOwner() const {
+void Monkey::waitForInput() const {
   // Sent messages are processed before input, and after each one the program processes one piece of
-  // input. After these, a menu that the last event opened is open.
+  // input.
   constexpr int pieces = 8;
   for (int sent = 0; sent < pieces; ++sent) {
     SendMessageTimeoutW(app_.main(), WM_NULL, 0, 0, SMTO_NORMAL, longestAnswerMs, nullptr);
   }
+}
+
+HWND Monkey::menuOwner() const {
+  // After this, a menu that the last event opened is open.
+  waitForInput();
   GUITHREADINFO facts{};
   facts.cbSize = sizeof facts;
   return GetGUIThreadInfo(GetWindowThreadProcessId(app_.main(), nullptr), &facts) != FALSE &&

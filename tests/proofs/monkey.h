@@ -47,7 +47,7 @@ class Monkey {
   /// Puts something on the clipboard that can be pasted, or leaves what is there.
   void copySomething();
   void inMain(int kind);
-  void inDialog(HWND dialog);
+  void inDialog(HWND open);
   /// Types in the find box, or empties it.
   void inFindBox();
   /// Edits the name of the selected entry in the list itself.
@@ -60,7 +60,12 @@ class Monkey {
   void restart();
   [[nodiscard]] std::wstring settingsPath() const { return app_.folder() + L"\\gateway3.ini"; }
   void note(const std::string& event);
+  /// Clicks when the program has processed what came before: Wine's file dialog asks where the
+  /// pointer is when it processes a click into its tree of folders, and crashes when it is beside
+  /// them by then.
   void clickSomewhere(HWND window, bool twice);
+  /// Waits until the program has processed the input of the last event.
+  void waitForInput() const;
   /// The window that owns the open menu; null when none is open.
   [[nodiscard]] HWND menuOwner() const;
   /// Closes an open menu. Messages posted to a dialog work even while its menu is open, which no
@@ -70,7 +75,7 @@ class Monkey {
   /// Whether a user could give the main window a command now. Under Wine a dialog that opens while
   /// a menu is open gets no input.
   [[nodiscard]] bool takesCommands() const;
-  void press(WORD key, WORD held = 0);
+  void press(WORD code, WORD held = 0);
   [[nodiscard]] std::wstring someText();
   [[nodiscard]] HWND dialog() const;
 

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "platform/win32/native_handle.h"
+#include "test_window.h"
 
 namespace {
 
@@ -51,13 +52,7 @@ LRESULT CALLBACK windowItself(HWND window, UINT code, WPARAM first, LPARAM secon
 class Hooks : public testing::Test {
  protected:
   Hooks() {
-    WNDCLASSW description{};
-    description.lpfnWndProc = windowItself;
-    description.hInstance = GetModuleHandleW(nullptr);
-    description.lpszClassName = L"HooksTest";
-    RegisterClassW(&description);
-    window = CreateWindowExW(0, description.lpszClassName, L"", WS_POPUP, 0, 0, 10, 10, nullptr,
-                             nullptr, description.hInstance, nullptr);
+    window = makeTestWindow(L"HooksTest", windowItself, 10);
     SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&log));
   }
   ~Hooks() override { DestroyWindow(window); }

@@ -25,6 +25,7 @@
 namespace proofs {
 
 inline constexpr int longestMessage = 256;
+inline constexpr int mostFailures = 64;
 inline constexpr int mostRecords = 1 << 16;
 
 /// Written by the worker, read by the proof. It still exists after the worker was killed.
@@ -35,6 +36,8 @@ struct Notes {
   volatile std::int64_t slowest = 0;   ///< Longest operation, in microseconds.
   volatile std::int64_t slowestFailed = 0;  ///< Longest one that failed, in microseconds.
   wchar_t lastMessage[longestMessage] = {};
+  /// When each of the first failed operations ended, in milliseconds since the machine was started.
+  volatile std::uint64_t failedAt[mostFailures] = {};
   /// For each record that a writer numbered: 1 when it must be in the file at the end.
   volatile char wanted[mostRecords] = {};
 };

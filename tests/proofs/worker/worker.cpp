@@ -5,6 +5,7 @@
 #include <objbase.h>
 
 #include <algorithm>
+#include <bit>
 #include <cwchar>
 #include <memory>
 #include <string>
@@ -42,7 +43,7 @@ void note(const wchar_t* text) {
 LRESULT CALLBACK answerMessages(int code, WPARAM window, LPARAM details) {
   // A box may be activated more than once, and other windows may be activated too.
   static HWND answered = nullptr;
-  auto* const box = reinterpret_cast<HWND>(window);
+  auto* const box = std::bit_cast<HWND>(window);
   if (code == HCBT_DESTROYWND && box == answered) {
     answered = nullptr;
   }
@@ -87,6 +88,9 @@ bool succeeds(Body body) {
   raise(notes->slowest);
   if (!done) {
     raise(notes->slowestFailed);
+    if (messagesBefore < proofs::mostFailures) {
+      notes->failedAt[messagesBefore] = GetTickCount64();
+    }
   }
   return done;
 }

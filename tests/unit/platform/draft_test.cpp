@@ -55,6 +55,79 @@ TEST_F(Drafts, AskMoreOftenTheLongerTheyHaveWaited) {
   EXPECT_NO_THROW({ const Draft draft(draftPath); });
 }
 
+TEST_F(Drafts, QueueOnceBeforeTheyAskForTheName) {
+  std::vector<std::wstring> queues;
+  desktop().onTurn = [&](const std::wstring& path, std::uint64_t /*milliseconds*/) {
+    EXPECT_EQ(desktop().journal(), std::vector<std::wstring>{});
+    queues.push_back(path);
+    return true;
+  };
+  desktop().clearJournal();
+  Draft draft(draftPath);
+  draft.write("new");
+  EXPECT_EQ(draft.replace(listPath, platform::files::readWhole(listPath).stamp),
+            platform::files::Replaced::yes);
+  EXPECT_EQ(queues, std::vector<std::wstring>{draftPath});
+}
+
+TEST_F(Drafts, CountTheTimeInTheQueue) {
+  FileSystem& disk = desktop().disk();
+  disk.machine = 1;
+  const FileSystem::Handle held = disk.make(draftPath, false);
+  disk.machine = 0;
+  std::vector<std::uint64_t> waits;
+  const auto others = [&](const std::wstring& /*path*/, std::uint64_t milliseconds) {
+    waits.push_back(milliseconds);
+    desktop().advance(static_cast<int>(milliseconds));
+    return false;
+  };
+  desktop().onTurn = others;
+  EXPECT_THROW({ const Draft draft(draftPath); }, RunTimeError);
+  EXPECT_EQ(waits, (std::vector<std::uint64_t>{500, 500, 400}));
+  EXPECT_EQ(pauses_, Pauses{});
+  // Who comes to the front at the last moment may still ask once.
+  disk.close(held);
+  EXPECT_NO_THROW({ const Draft draft(draftPath); });
+  // A turn that comes in between leaves the rest of the time.
+  desktop().take(draftPath);
+  disk.machine = 1;
+  const FileSystem::Handle again = disk.make(draftPath, false);
+  disk.machine = 0;
+  desktop().onTurn = [](const std::wstring& /*path*/, std::uint64_t /*milliseconds*/) {
+    desktop().advance(390);
+    return true;
+  };
+  EXPECT_THROW({ const Draft draft(draftPath); }, RunTimeError);
+  EXPECT_EQ(pauses_, (Pauses{{3, 70}, {1, 800}}));
+  disk.close(again);
+}
+
+TEST_F(Drafts, GiveUpOnlyAfterWaitingAndNotAfterAStandstillOfTheMachine) {
+  constexpr int sleeps = 60'000;
+  FileSystem& disk = desktop().disk();
+  disk.machine = 1;
+  FileSystem::Handle held = disk.make(draftPath, false);
+  disk.machine = 0;
+  bool slept = false;
+  desktop().onWait = [&](int milliseconds) {
+    desktop().advance(slept ? milliseconds : sleeps);
+    if (slept) {
+      disk.close(held);
+    }
+    slept = true;
+  };
+  EXPECT_NO_THROW({ const Draft draft(draftPath); });
+  EXPECT_TRUE(slept);
+  // In the queue, too.
+  int asked = 0;
+  desktop().onTurn = [&](const std::wstring& /*path*/, std::uint64_t /*milliseconds*/) {
+    desktop().advance(sleeps);
+    return ++asked == 2;
+  };
+  EXPECT_NO_THROW({ const Draft draft(draftPath); });
+  EXPECT_EQ(asked, 2);
+}
+
 TEST_F(Drafts, DoNotWaitWhereNobodyHoldsTheName) {
   Draft draft(draftPath);
   draft.write("new");

@@ -14,9 +14,9 @@ namespace {
 
 using memory::screen;
 
-constexpr unsigned message = 100;
+constexpr unsigned number = 100;
 
-/// What one hook does with `message`; it notes its name first.
+/// What one hook does with `number`; it notes its name first.
 struct Noted {
   std::string name;
   std::string* log = nullptr;
@@ -67,7 +67,7 @@ class HooksTest : public flatlook::test::FlatTest {
   [[nodiscard]] bool add(const Noted& noted, std::uintptr_t id) const {
     return addHook(window, run, id, std::bit_cast<std::uintptr_t>(&noted));
   }
-  std::intptr_t send() const { return screen().send(window, message, 0, 0); }
+  std::intptr_t send() const { return screen().send(window, number, 0, 0); }
 
   WindowHandle window = WindowHandle::none;
   std::string log;
@@ -155,8 +155,8 @@ TEST_F(HooksTest, TheWindowCanGoInTheMiddleOfItsMessage) {
 TEST_F(HooksTest, ObjectsComeBeforeAndAfterAllHooks) {
   Object before("before ", log, response::before);
   Object after("after ", log, response::after);
-  attachMessage(before, window, message);
-  attachMessage(after, window, message);
+  attachMessage(before, window, number);
+  attachMessage(after, window, number);
   ASSERT_TRUE(add(one, 1) && add(two, 2));
   EXPECT_EQ(send(), 42);
   EXPECT_EQ(log, "before 2 1 windowafter ");
@@ -169,8 +169,8 @@ TEST_F(HooksTest, ObjectsComeBeforeAndAfterAllHooks) {
 
 TEST_F(HooksTest, PassingOnOutsideAMessageReachesNobody) {
   ASSERT_TRUE(add(one, 1));
-  EXPECT_EQ(passOn(window, message, 0, 0), 0);
-  EXPECT_EQ(passOn(WindowHandle::none, message, 0, 0), 0);
+  EXPECT_EQ(passOn(window, number, 0, 0), 0);
+  EXPECT_EQ(passOn(WindowHandle::none, number, 0, 0), 0);
   EXPECT_EQ(log, "");
   removeHook(window, run, 1);
 }

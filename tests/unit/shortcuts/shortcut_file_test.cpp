@@ -12,21 +12,21 @@ namespace {
 using memory::desktop;
 using ShortcutFileTest = memory::DesktopTest;
 
-constexpr const wchar_t* file = L"C:\\Any.lnk";
+constexpr const wchar_t* anyLink = L"C:\\Any.lnk";
 
 TEST_F(ShortcutFileTest, TheWriterTakesItsPathsAsTheyAreAndIgnoresTheFourthOne) {
-  modSC::CreateToolShortcut(L"C:\\t.exe", file, L"C:\\work", L"whatever");
-  const auto link = desktop().linkAt(file);
+  modSC::CreateToolShortcut(L"C:\\t.exe", anyLink, L"C:\\work", L"whatever");
+  const auto link = desktop().linkAt(anyLink);
   ASSERT_TRUE(link);
   EXPECT_EQ(link->targetPath, L"C:\\t.exe");
-  EXPECT_EQ(link->description, file);
+  EXPECT_EQ(link->description, anyLink);
   EXPECT_EQ(link->workingDirectory, L"C:\\work");
 }
 
 TEST_F(ShortcutFileTest, TheReaderStoresTheTargetAndSavesNothing) {
-  desktop().putLink(file, linkTo(L"C:\\t.exe"));
+  desktop().putLink(anyLink, linkTo(L"C:\\t.exe"));
   std::wstring target = L"before";
-  modSC::GetShortcutTarget(file, target);
+  modSC::GetShortcutTarget(anyLink, target);
   EXPECT_EQ(target, L"C:\\t.exe");
   EXPECT_TRUE(desktop().linkWrites.empty());
   EXPECT_TRUE(desktop().journal().empty());

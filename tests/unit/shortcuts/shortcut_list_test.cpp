@@ -10,6 +10,7 @@
 
 #include "platform/faults.h"
 #include "unit/support/error_number.h"
+#include "unit/support/recording_peer.h"
 #include "unit/support/shortcuts_fixture.h"
 
 namespace {
@@ -272,6 +273,41 @@ TEST_F(ShortcutListTest, AResizeAloneDrawsNoIcons) {
   EXPECT_TRUE(desktop().iconsAsked.empty());
 }
 
+// --- many shortcuts ---
+
+TEST_F(ShortcutListTest, WhileManyAreReadTheWindowsArePaintedWithTheListAsItWas) {
+  putShortcut(L"Old.lnk");
+  LoadShortcutList(window.shortcuts);
+  constexpr int many = 100;
+  for (int n = 0; n < many; ++n) {
+    putShortcut(L"Link " + std::to_wstring(n) + L".lnk",
+                L"C:\\Tools\\tool " + std::to_wstring(n) + L".exe");
+  }
+  // Each program takes 10 ms.
+  desktop().onIcon = [](const std::wstring& /*program*/) { desktop().clock().waited += 10; };
+  std::vector<std::uint64_t> painted{desktop().clock().waited};
+  desktop().onPaint = [&] {
+    painted.push_back(desktop().clock().waited);
+    EXPECT_EQ(listed(), Texts{L"Old"});
+    EXPECT_TRUE(window.imgShortCut[0].indexOf(L"Old.lnk"));
+  };
+  LoadShortcutList(window.shortcuts);
+  EXPECT_EQ(list.count(), 101U);
+  ASSERT_GE(painted.size(), 10U);
+  for (std::size_t n = 1; n < painted.size(); ++n) {
+    EXPECT_LE(painted[n] - painted[n - 1], 70U) << n;
+  }
+}
+
+TEST_F(ShortcutListTest, AFewArePaintedWithTheWholeListOnly) {
+  putShortcut(L"One.lnk");
+  putShortcut(L"Two.lnk", L"C:\\Tools\\two.exe");
+  desktop().onIcon = [](const std::wstring& /*program*/) { desktop().clock().waited += 10; };
+  desktop().onPaint = [] { ADD_FAILURE() << "painted in between"; };
+  LoadShortcutList(window.shortcuts);
+  EXPECT_EQ(list.count(), 2U);
+}
+
 // --- the effect of a rebuild on the view ---
 
 TEST_F(ShortcutListTest, ARebuildShowsLargeIconsWhateverTheUserChose) {
@@ -320,20 +356,31 @@ TEST_F(ShortcutListTest, AFailureStopsTheRebuildAndTheItemsAddedBeforeItStay) {
   }
 }
 
+/// Puts another picture under a key as soon as the list gets the first shortcut's images.
+class KeyTaker : public RecordingListPeer {
+ public:
+  KeyTaker(controls::ListView& list, controls::ImageList& images)
+      : RecordingListPeer(list), images_(images) {}
+  void changed(controls::Change /*change*/) override {
+    if (images_.images().size() == 1 && !images_.indexOf(L"Two.lnk")) {
+      images_.addResource(L"Two.lnk", L"taken");
+    }
+  }
+
+ private:
+  controls::ImageList& images_;
+};
+
 TEST_F(ShortcutListTest, AnImageThatCannotBeAddedStopsTheRebuildWithItsError) {
   for (const wchar_t* const name : {L"One", L"Two", L"Three"}) {
     putShortcut(std::wstring(name) + L".lnk", std::wstring(L"C:\\Tools\\") + name + L".exe");
   }
-  // While the icons are read, another picture takes the key.
-  desktop().onIcon = [this](const std::wstring& /*program*/) {
-    if (window.imgShortCut[0].images().size() == 1 && !window.imgShortCut[0].indexOf(L"Two.lnk")) {
-      window.imgShortCut[0].addResource(L"Two.lnk", L"taken");
-    }
-  };
-  EXPECT_EQ(errorNumberOf([this] { LoadShortcutList(window.shortcuts); }),
-            platform::error::keyNotUnique);
+  {
+    const KeyTaker taker(list, window.imgShortCut[0]);
+    EXPECT_EQ(errorNumberOf([this] { LoadShortcutList(window.shortcuts); }),
+              platform::error::keyNotUnique);
+  }
   EXPECT_EQ(listed(), Texts{L"One"});
-  desktop().onIcon = nullptr;
   LoadShortcutList(window.shortcuts);
   EXPECT_EQ(listed(), (Texts{L"One", L"Two", L"Three"}));
 }

@@ -19,8 +19,8 @@ using modSC::LoadShortcutList;
 using Texts = std::vector<std::wstring>;
 
 constexpr std::uint32_t blank = 0;
-constexpr std::uint32_t red = 0xFFCC2211;
-constexpr std::uint32_t green = 0xFF11CC22;
+constexpr std::uint32_t darkRed = 0xFFCC2211;
+constexpr std::uint32_t darkGreen = 0xFF11CC22;
 
 const std::wstring onShare = L"\\\\server\\tools\\calc.exe";
 const std::wstring onStick = L"E:\\survey.exe";
@@ -29,9 +29,9 @@ class SlowIconsTest : public ShortcutsTest {
  protected:
   SlowIconsTest() {
     desktop().putProgram(onShare);
-    desktop().setIcon(onShare, red);
+    desktop().setIcon(onShare, darkRed);
     desktop().putProgram(onStick);
-    desktop().setIcon(onStick, green);
+    desktop().setIcon(onStick, darkGreen);
     desktop().slowDrives = {L"E:"};
     desktop().backgroundMilliseconds = 2000;
     putShortcut(L"Share.lnk", onShare);
@@ -73,7 +73,7 @@ TEST_F(SlowIconsTest, ATargetThatAnswersAfterTwoSecondsGetsItsIconThenAndTheWind
   desktop().advance(1999);
   EXPECT_EQ(pixels(L"Share.lnk"), both(blank));
   desktop().advance(1);
-  EXPECT_EQ(pixels(L"Share.lnk"), both(red));
+  EXPECT_EQ(pixels(L"Share.lnk"), both(darkRed));
   EXPECT_EQ(list.text(list.selectedItem()), L"Share");
 }
 
@@ -82,11 +82,11 @@ TEST_F(SlowIconsTest, ShortcutsToOneProgramWaitForOneReading) {
   putShortcut(L"Fourth.lnk", onStick);
   LoadShortcutList(window.shortcuts);
   desktop().advance(2000);
-  EXPECT_EQ(pixels(L"Share.lnk"), both(red));
-  EXPECT_EQ(pixels(L"Third.lnk"), both(red));
+  EXPECT_EQ(pixels(L"Share.lnk"), both(darkRed));
+  EXPECT_EQ(pixels(L"Third.lnk"), both(darkRed));
   desktop().advance(2000);
-  EXPECT_EQ(pixels(L"Stick.lnk"), both(green));
-  EXPECT_EQ(pixels(L"Fourth.lnk"), both(green));
+  EXPECT_EQ(pixels(L"Stick.lnk"), both(darkGreen));
+  EXPECT_EQ(pixels(L"Fourth.lnk"), both(darkGreen));
   EXPECT_EQ(filesAsked(), (Texts{onShare, onStick}));
   LoadShortcutList(window.shortcuts);
   desktop().advance(4000);
@@ -100,15 +100,15 @@ TEST_F(SlowIconsTest, TheyAreReadOneAtATime) {
   EXPECT_EQ(pixels(L"Stick.lnk"), both(blank));
   desktop().advance(2000);
   EXPECT_EQ(filesAsked(), (Texts{onShare, onStick}));
-  EXPECT_EQ(pixels(L"Stick.lnk"), both(green));
+  EXPECT_EQ(pixels(L"Stick.lnk"), both(darkGreen));
 }
 
 TEST_F(SlowIconsTest, ProgramsOnFixedDrivesHaveTheirIconsAtOnce) {
   desktop().putProgram(L"C:\\near.exe");
-  desktop().setIcon(L"C:\\near.exe", green);
+  desktop().setIcon(L"C:\\near.exe", darkGreen);
   putShortcut(L"Near.lnk", L"C:\\near.exe");
   LoadShortcutList(window.shortcuts);
-  EXPECT_EQ(pixels(L"Near.lnk"), both(green));
+  EXPECT_EQ(pixels(L"Near.lnk"), both(darkGreen));
 }
 
 TEST_F(SlowIconsTest, ATargetThatDoesNotAnswerKeepsItsBlankIcon) {
@@ -117,7 +117,7 @@ TEST_F(SlowIconsTest, ATargetThatDoesNotAnswerKeepsItsBlankIcon) {
   LoadShortcutList(window.shortcuts);
   desktop().advance(6000);
   EXPECT_EQ(pixels(L"Gone.lnk"), both(blank));
-  EXPECT_EQ(pixels(L"Stick.lnk"), both(green));
+  EXPECT_EQ(pixels(L"Stick.lnk"), both(darkGreen));
 }
 
 TEST_F(SlowIconsTest, AReloadForgetsWhatWasAskedForAndWaitsForTheOneThatIsBeingRead) {
@@ -131,7 +131,7 @@ TEST_F(SlowIconsTest, AReloadForgetsWhatWasAskedForAndWaitsForTheOneThatIsBeingR
   desktop().advance(1999);
   EXPECT_EQ(pixels(L"Stick.lnk"), both(blank));
   desktop().advance(1);
-  EXPECT_EQ(pixels(L"Stick.lnk"), both(green));
+  EXPECT_EQ(pixels(L"Stick.lnk"), both(darkGreen));
   EXPECT_EQ(filesAsked(), (Texts{onShare, onStick}));
 }
 
@@ -143,7 +143,7 @@ TEST_F(SlowIconsTest, AnIconOfAnEarlierListIsNotShownInThisOne) {
   desktop().advance(1000);
   EXPECT_EQ(pixels(L"Share.lnk"), both(blank));
   desktop().advance(2000);
-  EXPECT_EQ(pixels(L"Share.lnk"), both(green));
+  EXPECT_EQ(pixels(L"Share.lnk"), both(darkGreen));
 }
 
 TEST_F(SlowIconsTest, AnotherDensityReadsThemAgainInTheNewSize) {
@@ -153,7 +153,7 @@ TEST_F(SlowIconsTest, AnotherDensityReadsThemAgainInTheNewSize) {
   modSC::redrawShortcutIcons(window.shortcuts);
   EXPECT_EQ(pixels(L"Share.lnk"), both(blank));
   desktop().advance(2000);
-  EXPECT_EQ(pixels(L"Share.lnk"), both(red));
+  EXPECT_EQ(pixels(L"Share.lnk"), both(darkRed));
   EXPECT_EQ(desktop().iconsAsked.back(), (std::pair<std::wstring, int>(onShare, 32)));
   const auto& images = window.imgShortCut[0];
   EXPECT_EQ(images.images().at(*images.indexOf(L"Share.lnk")).picture.size,

@@ -133,6 +133,8 @@ std::vector<std::wstring> dateAndTimeTexts(const std::vector<files::FileTime>& m
   return texts;
 }
 
+std::uint64_t milliseconds() { return GetTickCount64(); }
+
 DateForm dateForm() {
   const auto text = [](LCTYPE which) {
     std::array<wchar_t, longestText> value{};

@@ -77,6 +77,23 @@ void run(controls::Window& mainWindow) {
   win32::countObject<MainLoop>(-1);
 }
 
+void paintPending() {
+  // A window that never has enough must not hold up the work for ever.
+  constexpr int mostPaints = 500;
+  MSG message{};
+  for (int paints = 0; paints < mostPaints; ++paints) {
+    if (PeekMessageW(&message, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE) == 0) {
+      break;
+    }
+    // This one is handed out whatever is asked for.
+    if (message.message == WM_QUIT) {
+      PostQuitMessage(static_cast<int>(message.wParam));
+      break;
+    }
+    platform::dispatch([&message] { DispatchMessageW(&message); });
+  }
+}
+
 }  // namespace platform::windows
 
 namespace platform::application {

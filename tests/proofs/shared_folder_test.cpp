@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <limits>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,16 +22,64 @@ namespace {
 
 class WritersOfOneFolder : public Writers {};
 
-/// How many moments there were at which copies gave up. If the machine stops the one that has the
-/// file, all those who wait for it give up, one shortly after the other.
-std::int64_t momentsOf(std::vector<std::uint64_t> ends) {
-  constexpr std::uint64_t shortly = 500;
-  std::sort(ends.begin(), ends.end());
-  std::int64_t moments = 0;
-  for (std::size_t n = 0; n < ends.size(); ++n) {
-    moments += n == 0 || ends[n] - ends[n - 1] > shortly ? 1 : 0;
+/// When those who share a folder got on, and when they did not.
+class Progress {
+ public:
+  void add(const Notes& notes) {
+    for (std::size_t slice = 0; slice < gotOn_.size(); ++slice) {
+      gotOn_[slice] = gotOn_[slice] || notes.gotOn[slice] != 0;
+    }
   }
-  return moments;
+  /// When somebody got on for the last time, in milliseconds; 0 if nobody ever did.
+  [[nodiscard]] std::int64_t end() const {
+    const auto last = std::find(gotOn_.rbegin(), gotOn_.rend(), true);
+    return (gotOn_.rend() - last) * sliceMs;
+  }
+  /// For how long nobody got on, at the longest between two times; in milliseconds.
+  [[nodiscard]] std::int64_t longestPause(std::int64_t from, std::int64_t to) const {
+    const auto sliceOf = [](std::int64_t time) {
+      return std::clamp<std::int64_t>(time / sliceMs, 0, mostSlices);
+    };
+    std::int64_t pause = 0;
+    std::int64_t longest = 0;
+    for (std::int64_t slice = sliceOf(from); slice < sliceOf(to); ++slice) {
+      pause = gotOn_[static_cast<std::size_t>(slice)] ? 0 : pause + sliceMs;
+      longest = std::max(longest, pause);
+    }
+    return longest;
+  }
+
+ private:
+  std::vector<bool> gotOn_ = std::vector<bool>(mostSlices);
+};
+
+/// The operations that gave up.
+struct Failures {
+  /// While others got on: those came first too often.
+  std::int64_t overtaken = 0;
+  /// While nobody got on, because the disk or the machine held up the one that had the file. All
+  /// who wait for it give up then, one shortly after the other, which is one event.
+  std::int64_t heldUp = 0;
+  std::int64_t events = 0;
+};
+
+/// `ends` says when they ended.
+Failures sorted(std::vector<std::int64_t> ends, const Progress& progress) {
+  constexpr std::int64_t waiting = 2000;
+  constexpr std::int64_t pauseOfAnEvent = 500;
+  std::sort(ends.begin(), ends.end());
+  Failures failures;
+  std::optional<std::int64_t> last;
+  for (const std::int64_t end : ends) {
+    if (progress.longestPause(end - waiting, end) < pauseOfAnEvent) {
+      ++failures.overtaken;
+      continue;
+    }
+    ++failures.heldUp;
+    failures.events += !last || end - *last > pauseOfAnEvent ? 1 : 0;
+    last = end;
+  }
+  return failures;
 }
 
 /// One folder for twenty people, each with the program open, and two tools that append.
@@ -40,6 +89,8 @@ TEST_F(WritersOfOneFolder, TwentyCopiesAndTwoAppenders) {
   const int appendPauseMs = amount(40, 250);
   constexpr std::int64_t longestWaitUs = 2'000'000;
   const int seconds = amount(12, 600);
+  // Of a busy disk, which may take seconds to write what a compiler has left.
+  const int eventsAllowed = amount(4, 40);
   // As many as fit into the time if nobody ever had to wait.
   const int appends = seconds * 1000 / appendPauseMs;
   std::vector<std::wstring> tags;
@@ -52,6 +103,14 @@ TEST_F(WritersOfOneFolder, TwentyCopiesAndTwoAppenders) {
                                                    std::to_wstring(seconds),
                                                job_));
   }
+  // The start of so many programs is not what is measured.
+  for (const auto& worker : workers) {
+    worker->waitUntilReady();
+  }
+  const std::uint64_t begin = GetTickCount64();
+  for (const auto& worker : workers) {
+    worker->notes().begin = begin;
+  }
   std::vector<std::unique_ptr<Worker>> appenders;
   for (const wchar_t* const tag : {L"left", L"right"}) {
     appenders.push_back(std::make_unique<Worker>(folder_,
@@ -60,13 +119,10 @@ TEST_F(WritersOfOneFolder, TwentyCopiesAndTwoAppenders) {
                                                      std::to_wstring(appendPauseMs),
                                                  job_));
   }
-  // The rest of the machine may stand still for seconds, which is nobody's waiting.
-  const Worker pulse(folder_, L"pulse \"" + folder_ + L"\\pulse\" " + std::to_wstring(seconds),
-                     job_);
   std::int64_t operations = 0;
-  std::int64_t gaveUp = 0;
   std::int64_t slowestFailed = 0;
-  std::vector<std::uint64_t> ends;
+  std::vector<std::int64_t> ends;
+  Progress progress;
   std::int64_t slowest = 0;
   std::int64_t fewest = std::numeric_limits<std::int64_t>::max();
   std::int64_t most = 0;
@@ -74,18 +130,18 @@ TEST_F(WritersOfOneFolder, TwentyCopiesAndTwoAppenders) {
     worker->waitUntilDone(longestRunMs);
     const Notes& notes = worker->notes();
     operations += notes.finished;
-    gaveUp += notes.messages;
     slowestFailed = std::max(slowestFailed, std::int64_t{notes.slowestFailed});
-    for (int n = 0; n < mostFailures && n < notes.messages; ++n) {
-      ends.push_back(std::uint64_t{notes.failedAt[n]});
+    EXPECT_LE(notes.failures, mostFailures);
+    for (int n = 0; n < mostFailures && n < notes.failures; ++n) {
+      ends.push_back(std::int64_t{notes.failedAt[n]});
     }
+    progress.add(notes);
     slowest = std::max(slowest, std::int64_t{notes.slowest});
     fewest = std::min(fewest, std::int64_t{notes.finished});
     most = std::max(most, std::int64_t{notes.finished});
   }
-  pulse.waitUntilDone(longestRunMs);
-  const std::int64_t still = pulse.notes().slowest;
-  EXPECT_LT(slowest - still, longestWaitUs);
+  const std::int64_t stillMs = progress.longestPause(0, progress.end());
+  EXPECT_LT(slowest - stillMs * 1000, longestWaitUs);
   for (const auto& worker : appenders) {
     worker->waitUntilDone(longestRunMs);
     EXPECT_EQ(worker->notes().messages, 0);
@@ -94,13 +150,15 @@ TEST_F(WritersOfOneFolder, TwentyCopiesAndTwoAppenders) {
   figure("writers, twenty copies, operations (fewest and most of a copy)",
          std::to_string(operations) + " (" + std::to_string(fewest) + ", " + std::to_string(most) +
              ")");
-  const std::int64_t moments = momentsOf(ends);
-  figure("writers, twenty copies, operations that gave up (moments, longest)",
-         std::to_string(gaveUp) + " (" + std::to_string(moments) + ", " +
+  const Failures failures = sorted(ends, progress);
+  figure("writers, twenty copies, operations that others overtook until they gave up",
+         failures.overtaken);
+  figure("writers, twenty copies, operations that gave up while nobody got on (events, longest)",
+         std::to_string(failures.heldUp) + " (" + std::to_string(failures.events) + ", " +
              std::to_string(slowestFailed / 1000) + " ms)");
   figure("writers, twenty copies, longest operation", std::to_string(slowest / 1000) + " ms");
-  figure("writers, twenty copies, longest standstill of the machine meanwhile",
-         std::to_string(still / 1000) + " ms");
+  figure("writers, twenty copies, longest time in which nobody got on",
+         std::to_string(stillMs) + " ms");
   figure("writers, twenty copies, lines appended beside them", std::int64_t{appends} * 2);
   for (int n = 0; n < copies; ++n) {
     expectIntact(harness::utf8(tags[n]), fateOf(catalogue, tags[n], workers[n]->notes(), records));
@@ -111,8 +169,8 @@ TEST_F(WritersOfOneFolder, TwentyCopiesAndTwoAppenders) {
   EXPECT_EQ(catalogue.paths.count(L"C:\\Kept\\1.fp3"), 1U);
   EXPECT_GT(fewest, 0);
   // One of a short run is no rate.
-  EXPECT_LE(moments, std::max<std::int64_t>(1, operations / 1000));
-  EXPECT_LT(gaveUp, copies * std::max<std::int64_t>(1, operations / 1000));
+  EXPECT_LE(failures.overtaken, std::max<std::int64_t>(1, operations / 1000));
+  EXPECT_LE(failures.events, eventsAllowed);
 }
 
 /// A copy is killed while it holds the temporary file and another one waits for that.

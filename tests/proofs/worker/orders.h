@@ -7,8 +7,8 @@
 //   worker.exe regret <tag> <count>                   drops numbered records and takes that back
 //   worker.exe undo <count>                           deletes data files and takes that back
 //   worker.exe refresh                                lists the data folder anew, as a start does
-//   worker.exe share <tag> <count> <seconds>          works on the same records for so long
-//   worker.exe pulse <file> <seconds>                 opens and closes that file for so long
+//   worker.exe share <tag> <count> <seconds>          works on the same records for so long, from
+//                                                     `Notes::begin` on
 //   worker.exe stall                                  holds the temporary file until killed
 //   worker.exe append <file> <tag> <count> [<ms>]     appends in place, like a foreign program,
 //                                                     with that pause before each line
@@ -27,6 +27,9 @@ namespace proofs {
 inline constexpr int longestMessage = 256;
 inline constexpr int mostFailures = 64;
 inline constexpr int mostRecords = 1 << 16;
+/// For how long a worker keeps notes of when it got on.
+inline constexpr int mostSlices = 1 << 14;
+inline constexpr int sliceMs = 50;
 
 /// Written by the worker, read by the proof. It still exists after the worker was killed.
 struct Notes {
@@ -36,8 +39,15 @@ struct Notes {
   volatile std::int64_t slowest = 0;   ///< Longest operation, in microseconds.
   volatile std::int64_t slowestFailed = 0;  ///< Longest one that failed, in microseconds.
   wchar_t lastMessage[longestMessage] = {};
-  /// When each of the first failed operations ended, in milliseconds since the machine was started.
-  volatile std::uint64_t failedAt[mostFailures] = {};
+  /// When those who share a folder begin, in milliseconds since the machine was started; 0 as long
+  /// as they wait for it. Written by the proof.
+  volatile std::uint64_t begin = 0;
+  /// Number of failed operations; one may show more than one message.
+  volatile std::int64_t failures = 0;
+  /// When each of the first failed operations ended, in milliseconds after `begin`.
+  volatile std::int64_t failedAt[mostFailures] = {};
+  /// 1 for each slice of time after `begin` in which an operation succeeded.
+  volatile char gotOn[mostSlices] = {};
   /// For each record that a writer numbered: 1 when it must be in the file at the end.
   volatile char wanted[mostRecords] = {};
 };

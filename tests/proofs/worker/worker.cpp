@@ -69,6 +69,9 @@ std::int64_t microseconds() {
          now.QuadPart % frequency.QuadPart * million / frequency.QuadPart;
 }
 
+/// In milliseconds. What nobody gave a beginning began when the machine was started.
+std::int64_t sinceBegin() { return static_cast<std::int64_t>(GetTickCount64() - notes->begin); }
+
 /// Runs an operation like the program's dispatcher; false when it reported a failure.
 template <class Body>
 bool succeeds(Body body) {
@@ -88,9 +91,13 @@ bool succeeds(Body body) {
   raise(notes->slowest);
   if (!done) {
     raise(notes->slowestFailed);
-    if (messagesBefore < proofs::mostFailures) {
-      notes->failedAt[messagesBefore] = GetTickCount64();
+    if (notes->failures < proofs::mostFailures) {
+      notes->failedAt[notes->failures] = sinceBegin();
     }
+    notes->failures = notes->failures + 1;
+  } else if (const std::int64_t slice = sinceBegin() / proofs::sliceMs;
+             slice < proofs::mostSlices) {
+    notes->gotOn[slice] = 1;
   }
   return done;
 }
@@ -155,11 +162,13 @@ void write(const std::wstring& tag, int count) {
 
 /// Adds, dates and removes the same records again and again for that time.
 void churnRecords(const std::wstring& tag, int count, std::int64_t seconds) {
-  constexpr std::uint64_t second = 1000;
+  constexpr std::int64_t second = 1000;
   constexpr std::int64_t removeEvery = 3;
-  const std::uint64_t end = GetTickCount64() + static_cast<std::uint64_t>(seconds) * second;
-  for (std::int64_t n = 0; GetTickCount64() < end; ++n) {
-    notes->ready = 1;
+  notes->ready = 1;
+  while (notes->begin == 0) {
+    Sleep(1);
+  }
+  for (std::int64_t n = 0; sinceBegin() < seconds * second; ++n) {
     const int number = static_cast<int>(n % count);
     const std::wstring path = proofs::pathOf(tag, number);
     if (notes->wanted[number] != 0 && n / count % removeEvery == 0) {
@@ -170,24 +179,6 @@ void churnRecords(const std::wstring& tag, int count, std::int64_t seconds) {
       notes->wanted[number] = 1;
     }
     notes->finished = n + 1;
-  }
-}
-
-/// Opens and closes a file of its own again and again for that time, which shows for how long the
-/// machine itself stands still.
-void pulse(const std::wstring& path, std::int64_t seconds) {
-  constexpr std::uint64_t second = 1000;
-  constexpr DWORD pauseMs = 20;
-  const std::uint64_t end = GetTickCount64() + static_cast<std::uint64_t>(seconds) * second;
-  while (GetTickCount64() < end) {
-    notes->ready = 1;
-    static_cast<void>(succeeds([&] {
-      const FileHandle file(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
-                                        FILE_ATTRIBUTE_NORMAL, nullptr));
-      FlushFileBuffers(file.get());
-      Sleep(pauseMs);
-    }));
-    notes->finished = notes->finished + 1;
   }
 }
 
@@ -360,8 +351,6 @@ int run(const std::vector<std::wstring>& words) {
     deleteAndUndo(static_cast<int>(number(2)));
   } else if (order == L"share") {
     churnRecords(words.at(2), static_cast<int>(number(3)), number(4));
-  } else if (order == L"pulse") {
-    pulse(words.at(2), number(3));
   } else if (order == L"stall") {
     stall();
   } else if (order == L"refresh") {

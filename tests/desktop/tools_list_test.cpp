@@ -177,11 +177,15 @@ TEST_F(ToolsList, HundredsOfShortcutsAreReadWithTheWindowAlive) {
     ASSERT_TRUE(harness::waitFor([&] { return GetUpdateRect(window, nullptr, FALSE) == 0; }));
     painted += list().count() == 1 ? 1 : 0;
   }
-  EXPECT_GE(painted, 3);
+  // F5 comes before the first painting, so without any in between this would be none.
+  EXPECT_GE(painted, 1);
+  const auto box = [&] { return FindWindowExW(window, nullptr, L"Edit", nullptr); };
   harness::waitUntil("the box for the name of the first shortcut",
-                     [&] { return FindWindowExW(window, nullptr, L"Edit", nullptr) != nullptr; });
+                     [&] { return box() != nullptr; });
   EXPECT_EQ(list().count(), many);
   harness::pressKey(VK_ESCAPE);
+  // The key would answer the question that comes with the end.
+  harness::waitUntil("the end of the box", [&] { return box() == nullptr; });
 }
 
 TEST_F(ToolsList, AnEmptyListHasNothingToRenameDeleteOrStart) {

@@ -9,11 +9,13 @@ set(traced -fsanitize-coverage=inline-8bit-counters,indirect-calls,trace-cmp,pc-
 foreach(function bcmp memcmp strncmp strcmp strncasecmp strcasecmp strstr strcasestr memmem)
   list(APPEND traced -fno-builtin-${function})
 endforeach()
-set_property(SOURCE ${portable_sources} APPEND PROPERTY COMPILE_OPTIONS ${traced})
+target_compile_options(gateway_in_memory PRIVATE ${traced})
 
 file(GLOB support_sources CONFIGURE_DEPENDS tests/fuzz/support/*.cpp)
 add_library(fuzz_support STATIC EXCLUDE_FROM_ALL ${support_sources})
 target_link_libraries(fuzz_support PUBLIC gateway_in_memory PRIVATE gateway_warnings)
+target_precompile_headers(fuzz_support PRIVATE <algorithm> <array> <cstdint> <functional> <map>
+  <memory> <optional> <set> <string> <string_view> <utility> <vector>)
 
 # One program for each file.
 add_custom_target(fuzz_programs)
@@ -23,5 +25,6 @@ foreach(source IN LISTS fuzz_sources)
   add_executable(fuzz_${name} EXCLUDE_FROM_ALL ${source})
   target_link_libraries(fuzz_${name} PRIVATE fuzz_support gateway_warnings)
   target_link_options(fuzz_${name} PRIVATE -fsanitize=fuzzer)
+  target_precompile_headers(fuzz_${name} REUSE_FROM fuzz_support)
   add_dependencies(fuzz_programs fuzz_${name})
 endforeach()

@@ -267,7 +267,8 @@ TEST_P(FindAndSee, NewestFirstIsRememberedForTheNextStart) {
   startWithFiles();
   app->command(ids::mnuNewestFirst);
   EXPECT_TRUE(eventually([&] { return shown().front(); }, L"Gone 3.bi3"));
-  EXPECT_TRUE(harness::menuEntry(app->main(), ids::mnuNewestFirst).checked);
+  const auto marked = [&] { return harness::menuEntry(app->main(), ids::mnuNewestFirst).checked; };
+  EXPECT_TRUE(eventually(marked, true));
   EXPECT_EQ(app->close(), 0U);
   app->startToMain();
   app->selectTab(Tab::open);
@@ -275,7 +276,7 @@ TEST_P(FindAndSee, NewestFirstIsRememberedForTheNextStart) {
   const RECT header = app->list(Tab::open).headerOnScreen(0);
   harness::clickAt(harness::centreOf(header), app->list(Tab::open).header());
   EXPECT_TRUE(eventually([&] { return shown().front(); }, L"South 2.fp3"));
-  EXPECT_FALSE(harness::menuEntry(app->main(), ids::mnuNewestFirst).checked);
+  EXPECT_TRUE(eventually(marked, false));
 }
 
 TEST_P(FindAndSee, FitColumnsShowsEveryNameWhole) {

@@ -280,14 +280,7 @@ void Monkey::inDialog(HWND open) {
   }
 }
 
-void Monkey::waitForInput() const {
-  // Sent messages are processed before input, and after each one the program processes one piece of
-  // input.
-  constexpr int pieces = 8;
-  for (int sent = 0; sent < pieces; ++sent) {
-    SendMessageTimeoutW(app_.main(), WM_NULL, 0, 0, SMTO_NORMAL, longestAnswerMs, nullptr);
-  }
-}
+void Monkey::waitForInput() const { harness::waitForInput(app_.main(), longestAnswerMs); }
 
 HWND Monkey::menuOwner() const {
   // After this, a menu that the last event opened is open.

@@ -191,6 +191,8 @@ std::vector<std::wstring> GatewayApp::messagesShown() const {
 }
 
 DWORD GatewayApp::close() {
+  // The last key of a test would answer the question instead.
+  waitForInput(main_);
   post(main_, WM_CLOSE);
   waitForMessage().answer(IDYES);
   return waitForExit();

@@ -79,6 +79,15 @@ POINT centreOf(const RECT& rect) {
 
 void moveTo(POINT place) { settleAt(place); }
 
+void waitForInput(HWND window, UINT boundMs) {
+  // Sent messages are processed before input, and after each one the program processes one piece of
+  // input.
+  constexpr int pieces = 8;
+  for (int sent = 0; sent < pieces; ++sent) {
+    SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_NORMAL, boundMs, nullptr);
+  }
+}
+
 void clickAt(POINT place, HWND expected) { clicks(place, expected, 1); }
 
 void rightClickAt(POINT place, HWND expected) {

@@ -13,6 +13,11 @@ void bringToFront(HWND window);
 
 [[nodiscard]] POINT centreOf(const RECT& rect);
 
+/// Waits until the program has processed the input that was sent to it, for at most `boundMs` at
+/// each piece. A message posted afterwards comes after that input, which it would overtake
+/// otherwise.
+void waitForInput(HWND window, UINT boundMs = 2000);
+
 /// Moves the pointer.
 void moveTo(POINT place);
 /// Clicks at a point of the screen. Raises `Failure` when the window there is not `expected` or one

@@ -14,8 +14,7 @@ target_compile_options(gateway_in_memory PRIVATE ${traced})
 file(GLOB support_sources CONFIGURE_DEPENDS tests/fuzz/support/*.cpp)
 add_library(fuzz_support STATIC EXCLUDE_FROM_ALL ${support_sources})
 target_link_libraries(fuzz_support PUBLIC gateway_in_memory PRIVATE gateway_warnings)
-target_precompile_headers(fuzz_support PRIVATE <algorithm> <array> <cstdint> <functional> <map>
-  <memory> <optional> <set> <string> <string_view> <utility> <vector>)
+target_precompile_headers(fuzz_support PRIVATE ${portable_headers})
 
 # One program for each file.
 add_custom_target(fuzz_programs)

@@ -38,7 +38,8 @@ endfunction()
 option(GATEWAY_QUICK "Build nothing twice for the proofs" OFF)
 
 # Compiling the product spends most of its time in the same headers. A missing include is found where
-# they are not precompiled: the portable code by the preset "windows-clang", the rest by tools/check-style.
+# they are not precompiled: that of the portable code by the preset "windows-clang", others by
+# tools/check-style.
 set(GATEWAY_COMMON_HEADERS <windows.h> <commctrl.h> <objbase.h> <oleauto.h> <shlobj.h> <algorithm>
   <array> <bit> <cstddef> <cstdint> <functional> <limits> <map> <memory> <optional> <set> <sstream>
   <stdexcept> <string> <string_view> <utility> <vector>)

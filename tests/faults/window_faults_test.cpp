@@ -163,18 +163,8 @@ TEST_P(WindowMemory, NothingIsLostWhenItRunsOut) { sweepMemory(GetParam()); }
 
 TEST_P(WindowMemory, NothingIsLostWhenAListIsRefused) { sweepPeers(GetParam()); }
 
-INSTANTIATE_TEST_SUITE_P(
-    Each, WindowMemory, ::testing::ValuesIn(operationsOnWindows()), [](const auto& tested) {
-      std::string name;
-      bool capital = true;
-      for (const char c : tested.param.name) {
-        if (c != ' ') {
-          name += capital ? static_cast<char>(std::toupper(static_cast<unsigned char>(c))) : c;
-        }
-        capital = c == ' ';
-      }
-      return name;
-    });
+INSTANTIATE_TEST_SUITE_P(Each, WindowMemory, ::testing::ValuesIn(operationsOnWindows()),
+                         nameOfTest);
 
 }  // namespace
 }  // namespace faults

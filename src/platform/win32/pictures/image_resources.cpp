@@ -12,6 +12,7 @@ namespace platform::win32 {
 namespace {
 
 constexpr int growth = 16;  // pictures added to the capacity of a full native image list
+
 HMODULE program() { return GetModuleHandleW(nullptr); }
 
 [[noreturn]] void refused() { throw RunTimeError(error::outOfMemory); }

@@ -193,12 +193,7 @@ TEST_F(EarlierLists, TheWebTabHasItsOwn) {
 
 TEST_F(EarlierLists, TheTabKeyGoesThroughTheWindowInItsOrder) {
   showLists(Tab::open);
-  const auto focus = [this] {
-    GUITHREADINFO facts{};
-    facts.cbSize = sizeof facts;
-    GetGUIThreadInfo(GetWindowThreadProcessId(window_, nullptr), &facts);
-    return GetDlgCtrlID(facts.hwndFocus);
-  };
+  const auto focus = [this] { return GetDlgCtrlID(harness::focusIn(window_)); };
   EXPECT_TRUE(eventually(focus, ids::lstCopies));
   for (const int next : {ids::lstEntries, ids::earlierShow, ids::earlierRestore, ids::earlierAdd,
                          ids::earlierClose, ids::lstCopies}) {

@@ -47,12 +47,7 @@ class FindAndSee : public GatewayTest, public ::testing::WithParamInterface<DWOR
   [[nodiscard]] std::vector<std::wstring> shown(int tab = Tab::open) const {
     return app->list(tab).texts();
   }
-  [[nodiscard]] HWND focus() const {
-    GUITHREADINFO info{};
-    info.cbSize = sizeof(info);
-    GetGUIThreadInfo(GetWindowThreadProcessId(app->main(), nullptr), &info);
-    return info.hwndFocus;
-  }
+  [[nodiscard]] HWND focus() const { return harness::focusIn(app->main()); }
   void goToBox() const {
     pressKey('F', VK_CONTROL);
     harness::waitUntil("the find box has the focus", [&] { return focus() == box(); });

@@ -39,12 +39,7 @@ class FindTyping : public GatewayTest {
   }
 
   [[nodiscard]] HWND box() const { return harness::child(app->main(), ids::txtFind); }
-  [[nodiscard]] HWND focused() const {
-    GUITHREADINFO info{};
-    info.cbSize = sizeof(info);
-    GetGUIThreadInfo(GetWindowThreadProcessId(app->main(), nullptr), &info);
-    return info.hwndFocus;
-  }
+  [[nodiscard]] HWND focused() const { return harness::focusIn(app->main()); }
   [[nodiscard]] std::wstring typed() const { return harness::text(box()); }
   [[nodiscard]] std::wstring counts() const {
     return harness::StatusBarReader(harness::child(app->main(), ids::barStatus)).part(0);

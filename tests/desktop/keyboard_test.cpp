@@ -15,10 +15,8 @@ class Keyboard : public GatewayTest {
 
   /// Control id of the window with the focus, 0 when there is none.
   [[nodiscard]] int focused() const {
-    GUITHREADINFO info{};
-    info.cbSize = sizeof(info);
-    GetGUIThreadInfo(GetWindowThreadProcessId(app->main(), nullptr), &info);
-    return info.hwndFocus == nullptr ? 0 : GetDlgCtrlID(info.hwndFocus);
+    HWND const focus = harness::focusIn(app->main());
+    return focus == nullptr ? 0 : GetDlgCtrlID(focus);
   }
   [[nodiscard]] ::testing::AssertionResult focusComesTo(int id) const {
     return eventually([&] { return focused(); }, id);

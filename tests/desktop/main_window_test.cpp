@@ -309,16 +309,10 @@ TEST_F(MainWindow, EverythingIsReachedWithTheTabKey) {
   app->selectTab(Tab::open);
   std::vector<int> reached;
   for (int press = 0; press < 8; ++press) {
-    GUITHREADINFO info{};
-    info.cbSize = sizeof(info);
-    GetGUIThreadInfo(GetWindowThreadProcessId(app->main(), nullptr), &info);
-    HWND const before = info.hwndFocus;
+    HWND const before = harness::focusIn(app->main());
     reached.push_back(before != nullptr ? GetDlgCtrlID(before) : 0);
     harness::pressKey(VK_TAB);
-    const auto focused = [&] {
-      GetGUIThreadInfo(GetWindowThreadProcessId(app->main(), nullptr), &info);
-      return info.hwndFocus;
-    };
+    const auto focused = [&] { return harness::focusIn(app->main()); };
     EXPECT_TRUE(eventually(focused, Ne(before))) << "the focus stays on control " << reached.back();
   }
   EXPECT_THAT(reached, ::testing::Contains(ids::TabMain));

@@ -39,12 +39,8 @@ class ShortcutTest : public GatewayTest {
     // Two clicks at one point would be a double-click.
     elsewhere_ = !elsewhere_;
     harness::clickAt({place.right - (elsewhere_ ? 50 : 30), place.bottom - 30}, app->main());
-    harness::waitUntil("the list gets the focus", [&] {
-      GUITHREADINFO info{};
-      info.cbSize = sizeof(info);
-      GetGUIThreadInfo(GetWindowThreadProcessId(app->main(), nullptr), &info);
-      return info.hwndFocus == window;
-    });
+    harness::waitUntil("the list gets the focus",
+                       [&] { return harness::focusIn(app->main()) == window; });
   }
   /// Reloads the list of tools until it shows `count` items.
   void reload(int count) {

@@ -13,9 +13,10 @@ void bringToFront(HWND window);
 
 [[nodiscard]] POINT centreOf(const RECT& rect);
 
-/// Waits until the program has processed the input that was sent to it, for at most `boundMs` at
-/// each piece. A message posted afterwards comes after that input, which it would overtake
-/// otherwise.
+/// Gives the program time to process the input that was sent to it, at most `boundMs` for each
+/// piece. A message posted afterwards usually comes after that input, which it would overtake
+/// otherwise. On a busy machine it still may: what must come after input is best sent as input,
+/// too.
 void waitForInput(HWND window, UINT boundMs = 2000);
 
 /// Moves the pointer.

@@ -114,6 +114,13 @@ HWND child(HWND window, int id, const std::wstring& classOfChild) {
   return nullptr;
 }
 
+HWND focusIn(HWND window) {
+  GUITHREADINFO facts{};
+  facts.cbSize = sizeof facts;
+  GetGUIThreadInfo(GetWindowThreadProcessId(window, nullptr), &facts);
+  return facts.hwndFocus;
+}
+
 RECT screenRect(HWND window) {
   RECT rect{};
   GetWindowRect(window, &rect);

@@ -43,6 +43,9 @@ void PrintTo(const NamedWindow& window, std::ostream* out);
 /// none.
 [[nodiscard]] HWND child(HWND window, int id, const std::wstring& classOfChild = L"");
 
+/// The window that gets the keys in the program of this window; null when there is none.
+[[nodiscard]] HWND focusIn(HWND window);
+
 /// Rectangle of a window on the screen.
 [[nodiscard]] RECT screenRect(HWND window);
 /// Rectangle of a window's client area on the screen.

@@ -7,7 +7,6 @@ namespace desktop_tests {
 namespace {
 
 using harness::MenuEntry;
-using ::testing::Pair;
 
 class Keyboard : public GatewayTest {
  protected:

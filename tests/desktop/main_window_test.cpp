@@ -223,7 +223,7 @@ TEST_F(MainWindow, HasItsMenus) {
     if (!entry.separator) {
       shown.push_back(std::wstring(static_cast<std::size_t>(entry.depth), L' ') + entry.caption);
       // What is not for the first tab, which has nothing selected yet.
-      EXPECT_EQ(entry.enabled, notYet.count(entry.caption) == 0) << harness::utf8(entry.caption);
+      EXPECT_EQ(entry.enabled, !notYet.contains(entry.caption)) << harness::utf8(entry.caption);
     }
   }
   EXPECT_THAT(shown,
